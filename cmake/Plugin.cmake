@@ -1,0 +1,24 @@
+# The plug-in itself, and the same thing as a program of its own.
+juce_add_plugin (Orlo
+    PRODUCT_NAME "Orlo"
+    PLUGIN_NAME "Orlo"
+    DESCRIPTION "Real-time spectrogram"
+    VERSION "${PROJECT_VERSION}"
+    COMPANY_NAME "Morlek"
+    COMPANY_WEBSITE "${ORLO_VENDOR_SITE}"
+    BUNDLE_ID "com.morlek.orlo"
+    PLUGIN_MANUFACTURER_CODE Mrlk
+    PLUGIN_CODE Orlo
+    FORMATS VST3 Standalone
+    VST3_CATEGORIES Fx Analyzer
+    EDITOR_WANTS_KEYBOARD_FOCUS FALSE
+    COPY_PLUGIN_AFTER_BUILD FALSE)
+
+target_sources (Orlo PRIVATE PluginMain.cpp)
+
+# JUCE links its plug-in client module, and through it the sources of every module that this depends on,
+# into the plug-in. They are compiled already, in orlo_juce: only the headers are wanted here.
+get_target_property (orlo_links Orlo LINK_LIBRARIES)
+list (REMOVE_ITEM orlo_links juce::juce_audio_plugin_client)
+set_property (TARGET Orlo PROPERTY LINK_LIBRARIES "${orlo_links}")
+target_link_libraries (Orlo PUBLIC orlo_product)

@@ -1,0 +1,10 @@
+# Applied to every target, JUCE included: a sanitizer that sees only half of the code reports nonsense.
+if (ORLO_SANITIZE)
+    add_compile_options (-fsanitize=${ORLO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -O1 -g1)
+    add_link_options (-fsanitize=${ORLO_SANITIZE})
+
+    if (ORLO_SANITIZE MATCHES "undefined")
+        # JUCE calls through cast function pointers and its VST3 hosting through foreign vtables.
+        add_compile_options (-fno-sanitize=vptr)
+    endif()
+endif()

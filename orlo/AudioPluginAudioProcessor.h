@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include "analysis/FFTProcessor.h"
+#include "analysis/FrameClock.h"
+#include "analysis/SpectrogramImageBuilder.h"
+#include "plugin_core/processor/PluginProcessor.h"
+#include "state/UIView.h"
+
+#include <memory>
+#include <vector>
+
+namespace mk::orlo
+{
+
+/** The product's processor: passes the audio through untouched and feeds a mono mix of it to the analysis. */
+class AudioPluginAudioProcessor final : public pluginCore::PluginProcessor
+{
+public:
+    AudioPluginAudioProcessor();
+    ~AudioPluginAudioProcessor() override;
+
+    //==============================================================================
+    void applyInitialSettings() override;
+    [[nodiscard]] juce::String getReleaseNotesUrl() const override;
+    [[nodiscard]] juce::String getProductUrl() const override;
+    void prepareInternal (int blockSize, double rate) override;
+    void processInternal (juce::AudioBuffer<float>&, juce::MidiBuffer&) override;
+    [[nodiscard]] std::unique_ptr<juce::AudioProcessorEditor> createEditorInternal() override;
+    bool setStateFromXml (const juce::XmlElement& xml, bool forSession) override;
+
+    //==============================================================================
+    /** [message thread] While suspended the audio thread spends nothing on analysis. Waking up drops
+        whatever still waits in the analysis, so that the picture never starts with old material. */
+    void setAnalysisSuspended (bool shouldBeSuspended) noexcept;
+
+    /** Any thread. The host has stopped and Auto Freeze is on. Written by the audio thread. */
+    [[nodiscard]] bool isAutoPaused() const noexcept { return autoPaused.load (std::memory_order_relaxed); }
+
+    [[nodiscard]] FFTProcessor& getFftProcessor() noexcept { return fftProcessor; }
+    [[nodiscard]] SpectrogramImageBuilder& getImageBuilder() noexcept { return imageBuilder; }
+    [[nodiscard]] FrameClock& getFrameClock() noexcept { return frameClock; }
+    [[nodiscard]] data::UIView& getUIView() noexcept { return uiView; }
+
+private:
+    void attachParameters();
+    void updateLevelRange();
+    void updateWindowLength() noexcept;
+    void updateTransport() noexcept;
+    void updatePause() noexcept;
+    [[nodiscard]] const float* mixToMono (const juce::AudioBuffer<float>& buffer) noexcept;
+
+    FFTProcessor fftProcessor;
+    FrameClock frameClock;
+    SpectrogramImageBuilder imageBuilder { fftProcessor, frameClock };
+
+    std::atomic<bool> analysisSuspended { true }; // written by the message thread, read by the audio thread
+
+    std::atomic<float>*const fftSizeParam,
+        *const freezeParam, *const autoFreezeParam, *const floorParam, *const ceilingParam, *const modeParam;
+
+    std::vector<std::unique_ptr<juce::ParameterAttachment>> attachments;
+
+    // The audio thread's own.
+    juce::AudioBuffer<float> monoBuffer { 1, 0 };
+    bool transportPlaying = false;
+
+    data::UIView uiView { getSettingsTree() };
+
+    std::atomic<bool> autoPaused { false };
+
+    JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (AudioPluginAudioProcessor)
+};
+
+} // namespace mk::orlo

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "AudioPluginAudioProcessorEditor.h"
+
+#include "Params.h"
+
+namespace mk::orlo
+{
+namespace
+{
+constexpr int defaultWidth = 1050;
+constexpr int defaultHeight = 578;
+} // namespace
+
+AudioPluginAudioProcessorEditor::AudioPluginAudioProcessorEditor (AudioPluginAudioProcessor& processorToEdit)
+    : juce::AudioProcessorEditor (processorToEdit),
+      orloProcessor (processorToEdit),
+      spectrogram (processorToEdit, processorToEdit.getFftProcessor(), processorToEdit.getImageBuilder()),
+      colourMapAttachment (*processorToEdit.getParameterState().getParameter (Params::id::colourMap),
+                           [this] (float value)
+                           { orloProcessor.getImageBuilder().setColourMap (juce::roundToInt (value)); })
+{
+    colourMapAttachment.sendInitialUpdate();
+    addAndMakeVisible (spectrogram);
+    setOpaque (true);
+    setResizable (true, false);
+    setResizeLimits (100, 100, 10000, 10000);
+    setSize (defaultWidth, defaultHeight);
+}
+
+AudioPluginAudioProcessorEditor::~AudioPluginAudioProcessorEditor() { orloProcessor.editorBeingDeleted (this); }
+
+void AudioPluginAudioProcessorEditor::resized()
+{
+    orloProcessor.pluginEditorWidth.store (getWidth(), std::memory_order_relaxed);
+    orloProcessor.pluginEditorHeight.store (getHeight(), std::memory_order_relaxed);
+    spectrogram.setBounds (getLocalBounds());
+}
+
+} // namespace mk::orlo

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "Params.h"
+
+#include "orlo/analysis/ColourTables.h"
+#include "plugin_core/parameters/FloatParameterAttributes.h"
+#include "plugin_core/processor/PluginProcessor.h"
+
+#include <array>
+
+namespace mk::orlo::Params
+{
+namespace
+{
+constexpr std::array windowLabels { 256, 512, 1024, 2048, 4096, 8192 };
+
+// Empty choices at the end hold places, so that the normalised values of the present ones never move.
+constexpr int numWindowSizeChoices = 10;
+constexpr int numFreqScaleChoices = 6;
+constexpr int numColourMapChoices = 128;
+
+// log10 (2): the middle of the control stands for a tenth of the frequency range.
+constexpr float frequencySkew = 0.30103f;
+
+[[nodiscard]] juce::StringArray paddedTo (int size, juce::StringArray choices)
+{
+    while (choices.size() < size)
+        choices.add ({});
+
+    return choices;
+}
+
+[[nodiscard]] juce::StringArray getWindowSizeChoices()
+{
+    juce::StringArray choices;
+
+    for (const auto label : windowLabels)
+        choices.add (juce::String (label));
+
+    return paddedTo (numWindowSizeChoices, choices);
+}
+
+[[nodiscard]] juce::StringArray getColourMapChoices()
+{
+    juce::StringArray choices;
+
+    for (const auto* name : colourTables::getNames())
+        choices.add (name);
+
+    return paddedTo (numColourMapChoices, choices);
+}
+
+[[nodiscard]] auto
+    makeChoice (const char* name, int hint, const char* text, juce::StringArray choices, int defaultIndex)
+{
+    return std::make_unique<juce::AudioParameterChoice> (
+        juce::ParameterID { name, hint }, text, std::move (choices), defaultIndex);
+}
+
+[[nodiscard]] auto makeBool (const char* name, int hint, const char* text)
+{
+    return std::make_unique<juce::AudioParameterBool> (juce::ParameterID { name, hint }, text, false);
+}
+
+[[nodiscard]] auto makeFloat (const char* name,
+                              int hint,
+                              const char* text,
+                              juce::NormalisableRange<float> range,
+                              float defaultValue,
+                              const juce::AudioParameterFloatAttributes& attributes = {})
+{
+    return std::make_unique<juce::AudioParameterFloat> (
+        juce::ParameterID { name, hint }, text, range, defaultValue, attributes);
+}
+} // namespace
+
+juce::AudioProcessorValueTreeState::ParameterLayout createLayout()
+{
+    const juce::NormalisableRange<float> gains (-140.0f, 0.0f, 0.0f);
+    const juce::NormalisableRange<float> frequencies (0.0f, 100.0f, 0.0f, frequencySkew);
+    const juce::NormalisableRange<float> percent (0.0f, 100.0f, 0.0f);
+    const auto speedAttributes = pluginCore::getFloatParameterAttributesWithNDecimals (0).withLabel (" % ");
+
+    return {
+        makeChoice (id::mode, 1, "Mode", { "Classic", "Enhanced" }, 1),
+        makeChoice (id::fftSize, 1, "FFT Size", getWindowSizeChoices(), 3),
+        makeChoice (id::hiDPI, 1, "HiDPI", { "Normal", "2x" }, 0),
+        makeBool (id::freeze, 1, "Freeze"),
+        makeChoice (id::drawMode, 1, "Draw Mode", { "Static", "Scroll" }, 0),
+        makeFloat (id::floor, 1, "Floor Gain", gains, -100.0f, getGainParameterAttributes()),
+        makeFloat (id::ceiling, 2, "Ceiling Gain", gains, 0.0f, getGainParameterAttributes()),
+        makeFloat (id::minFreq, 2, "Min Freq", frequencies, 0.0f),
+        makeFloat (id::maxFreq, 2, "Max Freq", frequencies, 100.0f),
+        makeFloat (id::speed, 2, "Speed", percent, 40.0f, speedAttributes),
+        makeBool (id::ruler, 2, "Show Ruler"),
+        makeChoice (id::freqScale,
+                    1,
+                    "Freq Scale",
+                    paddedTo (numFreqScaleChoices, { "Linear", "Log", "Mel", "Bark", "ERB" }),
+                    1),
+        makeBool (id::keyboard, 3, "Show Piano"),
+        makeBool (id::autoFreeze, 3, "Auto Freeze"),
+        pluginCore::PluginProcessor::createInternalParam (3),
+        makeChoice (id::colourMap, 1, "Colour Map", getColourMapChoices(), 0),
+    };
+}
+
+juce::AudioParameterFloatAttributes getGainParameterAttributes()
+{
+    return pluginCore::getFloatParameterAttributesWithNDecimals (0).withLabel (" dB").withValueFromStringFunction (
+        [] (const juce::String& text)
+        {
+            const auto value = text.getFloatValue();
+            return value > 0.0f ? -value : value;
+        });
+}
+
+int getWindowLabel (float fftSizeValue) noexcept
+{
+    return windowLabels[size_t (juce::jlimit (0, int (windowLabels.size()) - 1, juce::roundToInt (fftSizeValue)))];
+}
+
+} // namespace mk::orlo::Params

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+
+namespace mk::orlo
+{
+
+/** Which windows the worker cuts and how it transforms them. */
+struct AnalysisConfig
+{
+    int windowLength = 1023; /**< Samples. The product uses one less than a power of two. */
+    int paddingMode = 0;     /**< 0: none, 1: twice the transform, 2: four times. Others count as 0. */
+    int windowType = 2;      /**< A WindowType. */
+
+    bool operator== (const AnalysisConfig&) const noexcept = default;
+};
+
+/** An AnalysisConfig that one thread writes and others read, wait-free on both sides.
+
+    The record itself is wider than a lock-free atomic; its values are not, so they travel packed into
+    one 64-bit word: 32 bits of length and 16 bits for each of the other two.
+*/
+class AtomicAnalysisConfig
+{
+public:
+    explicit AtomicAnalysisConfig (AnalysisConfig initial) noexcept : word (pack (initial)) {}
+
+    /** Any thread. Wait-free. paddingMode and windowType must lie in 0 .. 65535. */
+    void store (AnalysisConfig config) noexcept { word.store (pack (config), std::memory_order_seq_cst); }
+
+    /** Any thread. Wait-free. */
+    [[nodiscard]] AnalysisConfig load() const noexcept { return unpack (word.load (std::memory_order_seq_cst)); }
+
+private:
+    [[nodiscard]] static constexpr std::uint64_t pack (AnalysisConfig config) noexcept
+    {
+        return (std::uint64_t (std::uint32_t (config.windowLength)) << 32)
+               | (std::uint64_t (std::uint16_t (config.paddingMode)) << 16)
+               | std::uint64_t (std::uint16_t (config.windowType));
+    }
+
+    [[nodiscard]] static constexpr AnalysisConfig unpack (std::uint64_t packed) noexcept
+    {
+        return { int (std::uint32_t (packed >> 32)), int ((packed >> 16) & 0xffff), int (packed & 0xffff) };
+    }
+
+    std::atomic<std::uint64_t> word;
+
+    static_assert (std::atomic<std::uint64_t>::is_always_lock_free);
+};
+
+} // namespace mk::orlo

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include <juce_graphics/juce_graphics.h>
+
+namespace mk::orlo
+{
+
+/** Turns a level between 0 and 1 into an opaque colour. Immutable once made, so that a map that has
+    been replaced goes on serving whoever still holds it. */
+class ColourMap
+{
+public:
+    /** Entries of every map, whatever the number of colours it is stored with. */
+    static constexpr int numEntries = 256;
+
+    /** Builds the map of that index, see getColourList(). Allocates. Any thread. */
+    explicit ColourMap (unsigned mapIndex);
+
+    /** The index the map was built from. */
+    [[nodiscard]] unsigned getMapIndex() const noexcept { return mapIndex; }
+
+    /** The 256 colours, level 0 first. */
+    [[nodiscard]] const juce::Array<juce::Colour>& getColours() const noexcept { return colours; }
+
+    /** The same as ARGB words. */
+    [[nodiscard]] const juce::Array<juce::uint32>& getPixels() const noexcept { return pixels; }
+
+    /** The ARGB word of a level above 0; levels above 1 count as 1, and a NaN as the first entry. */
+    [[nodiscard]] juce::uint32 pixelForLevel (float level) const noexcept
+    {
+        const auto position = juce::jmin (level, 1.0f) * float (numEntries - 1);
+        return position > 0.0f ? pixels.getReference (juce::roundToInt (position)) : pixels.getReference (0);
+    }
+
+    //==============================================================================
+    /** The stored colours of a map, level 0 first: 10, 256 or 2560 of them. An index from 46 up gives
+        those of magma. */
+    [[nodiscard]] static juce::Array<juce::Colour> getColourList (unsigned mapIndex);
+
+    /** The map as a linear gradient from (0, 0) to (0, 1). */
+    [[nodiscard]] static juce::ColourGradient makeGradient (unsigned mapIndex);
+
+private:
+    unsigned mapIndex;
+    juce::Array<juce::Colour> colours;
+    juce::Array<juce::uint32> pixels;
+};
+
+} // namespace mk::orlo

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "ColumnMapper.h"
+
+#include "EnhancedColumn.h"
+#include "FrequencyScale.h"
+
+#include <algorithm>
+
+namespace mk::orlo
+{
+
+void ColumnMapper::shiftHistory (const ColumnSettings& settings)
+{
+    // Every hop that a window touches, and one more for what is rounded up.
+    const auto length = (settings.windowLength + settings.hop - 1) / settings.hop + 1;
+
+    history.resize (size_t (length));
+
+    for (auto& column : history)
+        column.resize (size_t (settings.numRows));
+
+    std::rotate (history.begin(), history.begin() + 1, history.end());
+    std::fill (history.back().begin(), history.back().end(), 0.0f);
+}
+
+void ColumnMapper::map (const Frame& frame, const ColumnSettings& settings, FrequencyScale& scale, Column& column)
+{
+    scale.setRange (settings.minHz, settings.maxHz);
+    shiftHistory (settings);
+
+    if (settings.enhanced)
+        plotReassignedPoints (frame, settings, scale, history);
+    else
+        classic.fill (frame, settings, scale, history.front());
+
+    column = history.front();
+}
+
+} // namespace mk::orlo

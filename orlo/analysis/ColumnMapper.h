@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include "ClassicColumn.h"
+#include "ColumnSettings.h"
+#include "FrameBin.h"
+
+namespace mk::orlo
+{
+
+class FrequencyScale;
+
+/** Turns frames, one after the other, into columns of levels.
+
+    A reassigned point may lie anywhere in its window, so the columns of one window's span are kept as a
+    history that every frame adds to; the oldest one comes out when no later frame can reach it any more.
+    In Enhanced the picture therefore lags by about a window. One thread at a time.
+*/
+class ColumnMapper
+{
+public:
+    /** Sets the scale to the settings' range, maps the frame and writes settings.numRows levels into
+        column. Allocates only when sizes change. */
+    void map (const Frame& frame, const ColumnSettings& settings, FrequencyScale& scale, Column& column);
+
+private:
+    void shiftHistory (const ColumnSettings& settings);
+
+    ClassicColumn classic;
+    std::vector<Column> history; // oldest first
+};
+
+} // namespace mk::orlo

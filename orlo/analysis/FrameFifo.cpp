@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "FrameFifo.h"
+
+#include <utility>
+
+namespace mk::orlo
+{
+
+FrameFifo::FrameFifo (int numSlots)
+    : indices (numSlots),
+      frames (size_t (numSlots) + 2),
+      slots (size_t (numSlots)),
+      writerSpare (&frames[size_t (numSlots)]),
+      readerSpare (&frames[size_t (numSlots) + 1])
+{
+    for (size_t i = 0; i < slots.size(); ++i)
+        slots[i].store (&frames[i], std::memory_order_relaxed);
+}
+
+void FrameFifo::push (const Frame& frame)
+{
+    *writerSpare = frame;
+
+    while (indices.getNumFree() < 1)
+        indices.advanceRead (indices.getReadIndex(), 1);
+
+    auto& slot = slots[size_t (indices.getWriteIndex())];
+    writerSpare = slot.exchange (writerSpare, std::memory_order_acq_rel);
+    indices.advanceWrite (1);
+}
+
+bool FrameFifo::pop (Frame& destination) noexcept
+{
+    for (;;)
+    {
+        const auto seen = indices.getReadIndex();
+
+        if (indices.getNumReadyFrom (seen) < 1)
+            return false;
+
+        readerSpare->clear(); // an empty frame left in a slot marks it as taken
+        readerSpare = slots[size_t (seen)].exchange (readerSpare, std::memory_order_acq_rel);
+
+        // Where the advance fails the frame was dropped meanwhile; where the frame is empty, its slot
+        // was dropped and taken before. Either way the next one is due.
+        if (indices.advanceRead (seen, 1) && ! readerSpare->empty())
+        {
+            std::swap (destination, *readerSpare);
+            return true;
+        }
+    }
+}
+
+} // namespace mk::orlo

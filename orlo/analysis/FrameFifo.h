@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include "FrameBin.h"
+#include "RingIndices.h"
+
+#include <atomic>
+#include <vector>
+
+namespace mk::orlo
+{
+
+/** Single-reader, single-writer ring of frames from the analysis worker to the image builder.
+
+    Lock-free on both sides, and free of allocation once every vector in circulation has grown to the
+    size of a frame. When it is full the writer drops the oldest frame. The slots hold pointers that
+    are exchanged whole, so a frame that is dropped while it is being read stays valid for its reader.
+*/
+class FrameFifo
+{
+public:
+    /** Room for numSlots - 1 frames. Allocates. */
+    explicit FrameFifo (int numSlots);
+
+    /** [writer] Appends a copy of the frame, dropping the oldest one if there is no room. */
+    void push (const Frame& frame);
+
+    /** [reader] Takes the oldest frame into destination, whose own storage goes back into circulation.
+        False, with destination unchanged, if there is none. */
+    bool pop (Frame& destination) noexcept;
+
+    /** Any thread. */
+    [[nodiscard]] int getNumReady() const noexcept { return indices.getNumReady(); }
+
+    /** Any thread. Drops all that is ready. */
+    void discardAll() noexcept { indices.discardAll(); }
+
+private:
+    RingIndices indices;
+
+    // One frame for each slot and one spare for each side. Who holds a frame's pointer owns the frame:
+    // the slot, the writer through writerSpare, or the reader through readerSpare.
+    std::vector<Frame> frames;
+    std::vector<std::atomic<Frame*>> slots;
+    Frame* writerSpare;
+    Frame* readerSpare;
+
+    static_assert (std::atomic<Frame*>::is_always_lock_free);
+};
+
+} // namespace mk::orlo

@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include <juce_events/juce_events.h>
+
+#include <array>
+#include <atomic>
+
+namespace mk::orlo
+{
+
+/** The one place where a frequency in hertz becomes a vertical position and back.
+
+    A position runs from 0 (bottom, the lowest frequency shown) to 1 (top, the highest). The forward
+    direction reads tables, since it runs for every point of every column; the inverse computes.
+
+    Each instance has one owner thread that calls setRange() and positionForFrequency(). Any thread may
+    read the range and the type and call frequencyForPosition(); during a change of range the inverse of
+    the log scale may for one call mix old and new values.
+*/
+class FrequencyScale final : private juce::AsyncUpdater
+{
+public:
+    enum Type
+    {
+        linear = 0, /**< Proportional to hertz. */
+        log,        /**< Octaves, with a linear band below 50 Hz. */
+        mel,        /**< O'Shaughnessy (1987). */
+        bark,       /**< Traunmueller (1990). */
+        erb,        /**< ERB-rate, Glasberg and Moore (1990). */
+        numTypes
+    };
+
+    struct Listener
+    {
+        virtual ~Listener() = default;
+
+        /** [message thread] The range or the type has changed; several changes may come as one call. */
+        virtual void frequencyScaleChanged (FrequencyScale&) = 0;
+    };
+
+    /** A linear scale from 0 to 20000 Hz. */
+    FrequencyScale();
+    ~FrequencyScale() override;
+
+    //==============================================================================
+    /** [owner thread] Sets the shown range, 0 <= minHz <= maxHz. A range equal to the present one within
+        rounding is ignored and costs nothing; any other rebuilds the tables (without allocating, once
+        they have been as large before) and notifies the listeners. */
+    void setRange (float minHz, float maxHz);
+
+    /** Any thread. Sets the Type; the listeners hear of it if it is another one. */
+    void setScaleType (int newType);
+
+    [[nodiscard]] float getMinFrequency() const noexcept { return minFrequency.load (std::memory_order_relaxed); }
+    [[nodiscard]] float getMaxFrequency() const noexcept { return maxFrequency.load (std::memory_order_relaxed); }
+    [[nodiscard]] int getScaleType() const noexcept { return scaleType.load (std::memory_order_relaxed); }
+
+    /** Entries in each of the tables: one for about every hertz, at least 1000. */
+    [[nodiscard]] int getTableSize() const noexcept { return tableSize; }
+
+    //==============================================================================
+    /** [owner thread] Hertz to position 0 .. 1. */
+    [[nodiscard]] float positionForFrequency (float hz) const noexcept { return getForwardMap() (hz); }
+
+    /** Any thread. Position to hertz, within the range; the linear scale goes on beyond it. */
+    [[nodiscard]] float frequencyForPosition (float position) const noexcept;
+
+    /** The forward direction of one moment, for whoever converts many frequencies in a row. Valid on the
+        owner thread until the next setRange(). */
+    class ForwardMap
+    {
+    public:
+        [[nodiscard]] float operator() (float hz) const noexcept;
+
+    private:
+        friend class FrequencyScale;
+        float minHz, maxHz, entriesPerHertz;
+        const juce::Array<float>* table; // null for an unknown scale type
+        int tableSize;
+    };
+
+    /** [owner thread] */
+    [[nodiscard]] ForwardMap getForwardMap() const noexcept;
+
+    //==============================================================================
+    /** [message thread] */
+    void addListener (Listener* listener) { listeners.add (listener); }
+    void removeListener (Listener* listener) { listeners.remove (listener); }
+
+    /** [message thread] Sends a pending notification at once. */
+    void notifyListenersNow() { handleUpdateNowIfNeeded(); }
+
+private:
+    void handleAsyncUpdate() override;
+    void updateLogState();
+    void rebuildTables();
+
+    juce::ListenerList<Listener> listeners;
+
+    // Written by the owner thread (scaleType by any), read by all.
+    std::atomic<float> minFrequency { 0.0f }, maxFrequency { 20000.0f };
+    std::atomic<int> scaleType { linear };
+
+    // The owner thread's.
+    int tableSize = 0;
+    std::array<juce::Array<float>, numTypes> tables;
+
+    // The log scale. Written by the owner thread, read by all.
+    std::atomic<bool> hasLowBand { false };
+    std::atomic<float> lowBandFraction { 0.0f }; // share of the axis that the band below 50 Hz has
+    std::atomic<float> lowBandFractionInverse { 1.0f };
+    std::atomic<float> octaves { 0.0f }; // width of the logarithmic part
+    std::atomic<float> octavesInverse { 1.0f };
+};
+
+} // namespace mk::orlo

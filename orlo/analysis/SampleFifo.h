@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include "RingIndices.h"
+
+#include <memory>
+
+namespace mk::orlo
+{
+
+/** Single-reader, single-writer ring of samples from the audio thread to the analysis worker.
+
+    Wait-free on both sides. When there is no room the writer drops the oldest samples, so the reader
+    always gets to the newest audio; a drop shows as a skipped column. While the writer drops, the
+    reader may be copying those very samples out: it then gets a mixture of old and new ones, which
+    also costs a column and nothing else. For that overlap to be harmless, each sample is an atomic.
+*/
+class SampleFifo
+{
+public:
+    /** Room for numSamples - 1 samples. Allocates; call before audio starts. */
+    explicit SampleFifo (int numSamples);
+
+    /** [audio thread] Appends count samples, dropping the oldest if there is no room; of a block
+        larger than the whole ring only the newest samples are kept. */
+    void push (const float* samples, int count) noexcept;
+
+    /** [worker] Copies the count oldest samples out and removes them, and removes skip more behind
+        them. Both together must not exceed getNumReady(). */
+    void pop (float* destination, int count, int skip) noexcept;
+
+    /** Any thread. */
+    [[nodiscard]] int getNumReady() const noexcept { return indices.getNumReady(); }
+
+    /** Any thread. Drops all that is ready. */
+    void discardAll() noexcept { indices.discardAll(); }
+
+private:
+    RingIndices indices;
+
+    // Relaxed loads and stores: the indices order the samples wherever order is promised.
+    std::unique_ptr<std::atomic<float>[]> ring;
+
+    static_assert (std::atomic<float>::is_always_lock_free);
+};
+
+} // namespace mk::orlo

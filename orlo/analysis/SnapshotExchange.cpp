@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "SnapshotExchange.h"
+
+namespace mk::orlo
+{
+
+SnapshotExchange::SnapshotExchange() noexcept
+    : back (&holders[0]), front (&holders[2]), waiting (reinterpret_cast<std::uintptr_t> (&holders[1]))
+{
+}
+
+void SnapshotExchange::publish() noexcept
+{
+    const auto mine = reinterpret_cast<std::uintptr_t> (back) | freshBit;
+    back = reinterpret_cast<Holder*> (waiting.exchange (mine, std::memory_order_acq_rel) & ~freshBit);
+}
+
+const juce::Image& SnapshotExchange::getFront() noexcept
+{
+    // Only this side ever clears the bit, so once seen it stays.
+    if ((waiting.load (std::memory_order_relaxed) & freshBit) != 0)
+    {
+        const auto mine = reinterpret_cast<std::uintptr_t> (front);
+        front = reinterpret_cast<Holder*> (waiting.exchange (mine, std::memory_order_acq_rel) & ~freshBit);
+    }
+
+    return front->image;
+}
+
+} // namespace mk::orlo

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include <juce_graphics/juce_graphics.h>
+
+#include <array>
+#include <atomic>
+#include <cstdint>
+
+namespace mk::orlo
+{
+
+/** Hands finished pictures from the image builder to the view, wait-free on both sides.
+
+    There are three holders. At any time the builder owns one (back), the view owns one (front), and the
+    third waits in between; publishing and taking swap one's own holder for the waiting one. A picture
+    that the view did not take in time is simply replaced.
+*/
+class SnapshotExchange
+{
+public:
+    SnapshotExchange() noexcept;
+
+    /** [builder] The image to draw the next picture into. */
+    [[nodiscard]] juce::Image& getBack() noexcept { return back->image; }
+
+    /** [builder] Hands the back image over; getBack() gives another one afterwards. */
+    void publish() noexcept;
+
+    /** [view] The newest picture published, or the same as before if there is no newer one; null before
+        the first. Stays untouched until the next call. */
+    [[nodiscard]] const juce::Image& getFront() noexcept;
+
+private:
+    // On cache lines of their own, since two threads write to neighbouring holders.
+    struct alignas (128) Holder
+    {
+        juce::Image image;
+    };
+
+    static constexpr std::uintptr_t freshBit = 1;
+
+    std::array<Holder, 3> holders;
+    Holder* back;
+    Holder* front;
+    std::atomic<std::uintptr_t> waiting; // a holder's address, and freshBit if the view has not seen it
+
+    static_assert (std::atomic<std::uintptr_t>::is_always_lock_free);
+};
+
+} // namespace mk::orlo

@@ -1,0 +1,223 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "SpectrogramImageBuilder.h"
+
+#include "ColourTables.h"
+#include "FFTProcessor.h"
+
+namespace mk::orlo
+{
+namespace
+{
+// This many times the frames due waiting means that the builder has fallen behind.
+constexpr int catchUpFactor = 3;
+
+void mergeMaximum (Column& target, const Column& other) noexcept
+{
+    juce::FloatVectorOperations::max (target.data(), target.data(), other.data(), int (target.size()));
+}
+} // namespace
+
+SpectrogramImageBuilder::SpectrogramImageBuilder (FFTProcessor& processor, const FrameClock& clock)
+    : juce::Thread ("ima"), fftProcessor (processor), frameClock (clock)
+{
+}
+
+SpectrogramImageBuilder::~SpectrogramImageBuilder() { stopThread (1000); }
+
+//==============================================================================
+void SpectrogramImageBuilder::setRequestedSize (int width, int height) noexcept
+{
+    requestedWidth.store (width, std::memory_order_relaxed);
+    requestedHeight.store (height, std::memory_order_relaxed);
+}
+
+void SpectrogramImageBuilder::setLevelRange (float newFloorDb, float newCeilingDb) noexcept
+{
+    floorDb.store (newFloorDb, std::memory_order_relaxed);
+    ceilingDb.store (newCeilingDb, std::memory_order_relaxed);
+}
+
+void SpectrogramImageBuilder::setColourMap (int mapIndex)
+{
+    const auto index = juce::isPositiveAndBelow (mapIndex, int (colourTables::numMaps)) ? unsigned (mapIndex) : 0u;
+
+    if (getColourMap()->getMapIndex() != index)
+        std::atomic_store (&colourMap, std::make_shared<const ColourMap> (index));
+}
+
+//==============================================================================
+void SpectrogramImageBuilder::run()
+{
+    while (! threadShouldExit())
+    {
+        const auto tickCount = frameClock.tickCount.load (std::memory_order_acquire);
+
+        if (std::exchange (lastTickCount, tickCount) == tickCount)
+            wait (1.0);
+        else if (! processTick (frameClock.columnsPerTick.load (std::memory_order_relaxed)))
+            wait (1.0);
+    }
+}
+
+bool SpectrogramImageBuilder::processTick (float columnsPerTick)
+{
+    const auto ready = fftProcessor.getNumFramesReady();
+    const auto framesEach = juce::jmax (1, framesPerColumn.load (std::memory_order_relaxed));
+
+    tickRemainder += columnsPerTick;
+
+    if (columnsPerTick < 1.0f && tickRemainder < 1.0f)
+        return false;
+
+    const auto step = juce::jmax (1.0f, columnsPerTick);
+    tickRemainder -= step;
+
+    // After a long gap the time asks for more columns than an int may hold; there are never more frames
+    // to take than the ring has slots.
+    const auto due = step * float (framesEach);
+    const auto take = due < float (ready) ? int (due) : ready;
+
+    if (take < framesEach)
+        return false;
+
+    applyScrollMode();
+    applyRequestedSize();
+
+    const auto numFrames = take - take % framesEach;
+    const auto behind = ready >= catchUpFactor * take;
+
+    if (framesEach == 1 && ! behind)
+        collectColumns (numFrames);
+    else
+        collectMergedColumns (numFrames, framesEach, behind);
+
+    if (outputColumns.empty())
+        return false;
+
+    paintAndPublish();
+    return true;
+}
+
+void SpectrogramImageBuilder::applyScrollMode()
+{
+    const auto scroll = scrollMode.load (std::memory_order_relaxed);
+
+    if (std::exchange (lastScrollMode, scroll) && ! scroll)
+        ring.restart();
+}
+
+void SpectrogramImageBuilder::applyRequestedSize()
+{
+    const auto width = requestedWidth.load (std::memory_order_relaxed);
+    const auto height = requestedHeight.load (std::memory_order_relaxed);
+
+    if (width == currentWidth && height == currentHeight)
+        return;
+
+    currentWidth = width;
+    currentHeight = height;
+
+    if (width >= 1 && height >= 1)
+        ring.resize (width, height, lastScrollMode);
+}
+
+//==============================================================================
+void SpectrogramImageBuilder::collectColumns (int numFrames)
+{
+    outputColumns.resize (size_t (numFrames));
+
+    for (auto& column : outputColumns)
+    {
+        column.assign (size_t (currentHeight), 0.0f);
+
+        if (fftProcessor.popFrame (frameBuffer))
+            frameToColumn (frameBuffer, column);
+    }
+}
+
+void SpectrogramImageBuilder::collectMergedColumns (int numFrames, int framesInEachColumn, bool catchUp)
+{
+    mergeColumn.resize (size_t (currentHeight));
+    tempColumn.resize (size_t (currentHeight));
+    outputColumns.resize (size_t (numFrames));
+
+    size_t numColumns = 0;
+
+    for (int turn = 0; turn < numFrames; ++turn)
+    {
+        if (! mergeNextFrame())
+            continue;
+
+        ++framesInColumn;
+
+        // Two frames more than are due, at the start and half way, whose peaks are merged in as well.
+        if (catchUp && (turn == 0 || turn == numFrames / 2))
+            mergeNextFrame();
+
+        if (framesInColumn >= framesInEachColumn)
+        {
+            outputColumns[numColumns++] = mergeColumn;
+            framesInColumn = 0;
+        }
+    }
+
+    outputColumns.resize (numColumns);
+}
+
+bool SpectrogramImageBuilder::mergeNextFrame()
+{
+    if (! fftProcessor.popFrame (frameBuffer))
+        return false;
+
+    if (framesInColumn == 0)
+    {
+        frameToColumn (frameBuffer, mergeColumn);
+    }
+    else
+    {
+        frameToColumn (frameBuffer, tempColumn);
+        mergeMaximum (mergeColumn, tempColumn);
+    }
+
+    return true;
+}
+
+ColumnSettings SpectrogramImageBuilder::makeColumnSettings() const
+{
+    const auto nyquist = float (fftProcessor.getSampleRate() * 0.5);
+
+    ColumnSettings settings;
+    settings.windowLength = fftProcessor.getCurrentConfig().windowLength;
+    settings.fftSize = fftProcessor.getFftSize();
+    settings.hop = juce::jmax (1, fftProcessor.hopSize.load (std::memory_order_relaxed));
+    settings.enhanced = fftProcessor.enhanced.load (std::memory_order_relaxed);
+    settings.sampleRate = float (fftProcessor.getSampleRate());
+    settings.minHz = juce::jlimit (0.0f, nyquist, minFreqFraction.load (std::memory_order_relaxed) * nyquist);
+    settings.maxHz = juce::jlimit (settings.minHz, nyquist, maxFreqFraction.load (std::memory_order_relaxed) * nyquist);
+    settings.floorDb = floorDb.load (std::memory_order_relaxed);
+    settings.ceilingDb = ceilingDb.load (std::memory_order_relaxed);
+    settings.numRows = currentHeight;
+    return settings;
+}
+
+void SpectrogramImageBuilder::frameToColumn (const Frame& frame, Column& column)
+{
+    mapper.map (frame, makeColumnSettings(), frequencyScale, column);
+}
+
+void SpectrogramImageBuilder::paintAndPublish()
+{
+    const auto map = getColourMap();
+    const auto crossed = floorDb.load (std::memory_order_relaxed) > ceilingDb.load (std::memory_order_relaxed);
+    const auto zeroColour = crossed ? map->getPixels().getLast() : SpectrogramRing::background;
+
+    ring.paint (outputColumns, *map, zeroColour, lastScrollMode);
+
+    if (ring.getWidth() > 0)
+    {
+        ring.copyShownPart (exchange.getBack(), lastScrollMode);
+        exchange.publish();
+    }
+}
+
+} // namespace mk::orlo

@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include "ColumnMapper.h"
+#include "FrameClock.h"
+#include "FrequencyScale.h"
+#include "SnapshotExchange.h"
+#include "SpectrogramRing.h"
+
+#include <juce_core/juce_core.h>
+
+namespace mk::orlo
+{
+
+class FFTProcessor;
+
+/** Turns the worker's frames into the picture, at the pace of the display's ticks.
+
+    For every tick it takes as many frames as the elapsed time calls for, maps them to columns, paints
+    these into a ring image and publishes a snapshot of the part that is shown. The thread "ima" only
+    waits for ticks and calls processTick(), which tools, tests and benchmarks may call themselves as long
+    as the thread is not started.
+*/
+class SpectrogramImageBuilder final : public juce::Thread
+{
+public:
+    /** Both must outlive the builder. The thread is not started. */
+    SpectrogramImageBuilder (FFTProcessor& fftProcessor, const FrameClock& frameClock);
+
+    /** Stops the thread, within a second. */
+    ~SpectrogramImageBuilder() override;
+
+    //==============================================================================
+    /** [message thread] The picture's size in pixels, both at least 1; taken over with the next columns. */
+    void setRequestedSize (int width, int height) noexcept;
+
+    /** [message thread] How many frames are merged into one column, at least 1. */
+    void setFramesPerColumn (int numFrames) noexcept { framesPerColumn.store (numFrames, std::memory_order_relaxed); }
+
+    /** [message thread] The levels of 0 and of 1, in decibels; a floor above the ceiling inverts the picture. */
+    void setLevelRange (float newFloorDb, float newCeilingDb) noexcept;
+
+    /** [message thread] The shown range, each as a share 0 .. 1 of half the sample rate. */
+    void setMinFreqFraction (float fraction) noexcept { minFreqFraction.store (fraction, std::memory_order_relaxed); }
+    void setMaxFreqFraction (float fraction) noexcept { maxFreqFraction.store (fraction, std::memory_order_relaxed); }
+
+    /** [message thread] Scroll when true, Static when false. */
+    void setScrollMode (bool shouldScroll) noexcept { scrollMode.store (shouldScroll, std::memory_order_relaxed); }
+
+    /** [message thread] Takes another colour map for the columns to come; an index from 46 up means 0.
+        The map in use is left alone if it has that index already. Allocates. */
+    void setColourMap (int mapIndex);
+
+    /** Any thread. */
+    [[nodiscard]] std::shared_ptr<const ColourMap> getColourMap() const noexcept
+    {
+        return std::atomic_load (&colourMap);
+    }
+
+    //==============================================================================
+    /** [message thread] The newest picture, null before the first. Valid until the next call. */
+    [[nodiscard]] const juce::Image& getFrontImage() noexcept { return exchange.getFront(); }
+
+    /** The rows against hertz. The builder thread owns it; any thread may call its inverse. */
+    [[nodiscard]] FrequencyScale& getFrequencyScale() noexcept { return frequencyScale; }
+
+    //==============================================================================
+    /** [builder, or anybody while the thread is not started] One tick that lasted the given number of
+        columns. True if columns were painted and a picture published. */
+    bool processTick (float columnsPerTick);
+
+    /** [builder, or anybody while the thread is not started] The next column out of the next frame, with
+        the levels, range and scale of the moment; see ColumnMapper. */
+    void frameToColumn (const Frame& frame, Column& column);
+
+    /** [builder, or anybody while the thread is not started] Takes the requested size over at once, and
+        not with the next columns. */
+    void applyRequestedSize();
+
+    void run() override;
+
+    /** For tests: what has been painted so far. Only while the thread is not started. */
+    [[nodiscard]] const SpectrogramRing& getRing() const noexcept { return ring; }
+
+private:
+    void applyScrollMode();
+    [[nodiscard]] ColumnSettings makeColumnSettings() const;
+    void collectColumns (int numFrames);
+    void collectMergedColumns (int numFrames, int framesInEachColumn, bool catchUp);
+    bool mergeNextFrame();
+    void paintAndPublish();
+
+    FrequencyScale frequencyScale;
+    FFTProcessor& fftProcessor;
+    const FrameClock& frameClock;
+
+    // Written by the message thread, read by the builder.
+    std::atomic<int> framesPerColumn { 1 };
+    std::atomic<float> floorDb { 1.0e-7f }, ceilingDb { 0.0f };
+    std::atomic<float> minFreqFraction { 0.0f }, maxFreqFraction { 0.0f };
+    std::atomic<bool> scrollMode { false };
+    std::atomic<int> requestedWidth { 0 }, requestedHeight { 0 };
+
+    // Replaced by the message thread, copied by the builder, with the atomic functions of shared_ptr only.
+    std::shared_ptr<const ColourMap> colourMap = std::make_shared<const ColourMap> (0u);
+
+    // The builder's own.
+    std::uint64_t lastTickCount = 0;
+    float tickRemainder = 0.0f; // the part of a tick carried over
+    bool lastScrollMode = false;
+    int currentWidth = 0, currentHeight = 0;
+    ColumnMapper mapper;
+    Frame frameBuffer;
+    std::vector<Column> outputColumns; // those finished in this tick
+    Column mergeColumn, tempColumn;
+    int framesInColumn = 0; // merged into mergeColumn so far
+    SpectrogramRing ring;
+
+    SnapshotExchange exchange;
+
+    JUCE_DECLARE_NON_COPYABLE (SpectrogramImageBuilder)
+};
+
+} // namespace mk::orlo

@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "SpectrogramRing.h"
+
+#include <cstring>
+
+namespace mk::orlo
+{
+namespace
+{
+[[nodiscard]] juce::Image makeImage (int width, int height)
+{
+    juce::Image image (juce::Image::ARGB, width, height, false, juce::SoftwareImageType());
+    image.clear (image.getBounds(), juce::Colour (SpectrogramRing::background));
+    return image;
+}
+
+/** How many half columns an old column becomes: 4 if the width was doubled, 1 if halved, else 2.
+    In halves, so that all of it stays whole numbers. */
+[[nodiscard]] int getWidthScale2 (int oldWidth, int newWidth) noexcept
+{
+    return newWidth == 2 * oldWidth ? 4 : 2 * newWidth == oldWidth ? 1 : 2;
+}
+
+/** Draws columns of an image, from sourceX up to sourceEnd, so that the last one ends at destinationEnd,
+    stretched to the destination's height and clipped to the given stretch of it. */
+void drawColumns (juce::Image& destination,
+                  const juce::Image& source,
+                  juce::Range<int> sourceX,
+                  int destinationEnd,
+                  juce::Range<int> clip,
+                  int widthScale2)
+{
+    if (sourceX.isEmpty() || clip.isEmpty())
+        return;
+
+    // The colours are the map's and stay the map's: no blending between neighbours.
+    juce::Graphics g (destination);
+    g.setImageResamplingQuality (juce::Graphics::lowResamplingQuality);
+    g.reduceClipRegion (clip.getStart(), 0, clip.getLength(), destination.getHeight());
+
+    const auto width = sourceX.getLength() * widthScale2 / 2;
+    g.drawImage (source,
+                 destinationEnd - width,
+                 0,
+                 width,
+                 destination.getHeight(),
+                 sourceX.getStart(),
+                 0,
+                 sourceX.getLength(),
+                 source.getHeight());
+}
+} // namespace
+
+//==============================================================================
+void SpectrogramRing::resize (int width, int height, bool scroll)
+{
+    const auto old = std::exchange (image, makeImage (2 * width, height));
+
+    if (old.isNull())
+        return;
+
+    const auto widthScale2 = getWidthScale2 (old.getWidth() / 2, width);
+
+    if (scroll)
+        carryOverScrolling (old, widthScale2);
+    else
+        carryOverStatic (old, widthScale2);
+}
+
+void SpectrogramRing::carryOverScrolling (const juce::Image& old, int widthScale2)
+{
+    // The newest column ends just before the write position, all others follow to its left, and what
+    // would lie left of the ring's edge comes back in at its right, down to the write position.
+    const auto ringWidth = image.getWidth();
+    const auto oldWriteX = writeX;
+    writeX = juce::jmin (writeX, ringWidth - 1);
+
+    const juce::Range<int> newer (0, oldWriteX), older (oldWriteX, old.getWidth());
+    const auto olderEnd = writeX - newer.getLength() * widthScale2 / 2;
+
+    const juce::Range<int> leftOfWriteX (0, writeX), rightOfWriteX (writeX, ringWidth);
+    drawColumns (image, old, newer, writeX, leftOfWriteX, widthScale2);
+    drawColumns (image, old, older, olderEnd, leftOfWriteX, widthScale2);
+    drawColumns (image, old, newer, writeX + ringWidth, rightOfWriteX, widthScale2);
+    drawColumns (image, old, older, olderEnd + ringWidth, rightOfWriteX, widthScale2);
+}
+
+void SpectrogramRing::carryOverStatic (const juce::Image& old, int widthScale2)
+{
+    const auto oldWidth = old.getWidth() / 2;
+    const auto width = getWidth();
+    const auto inSecondHalf = writeX >= oldWidth;
+    const auto oldStart = inSecondHalf ? oldWidth : 0;
+    const auto start = inSecondHalf ? width : 0;
+    const juce::Range<int> half (start, start + width);
+
+    // The sweep keeps its place. In a picture that has become too narrow for it, the newest columns are
+    // kept, and the sweep goes on at the left.
+    const auto swept = (writeX - oldStart) * widthScale2 / 2;
+    const auto overhang = juce::jmax (0, swept - width);
+    drawColumns (image,
+                 old,
+                 { oldStart, oldStart + oldWidth },
+                 start - overhang + oldWidth * widthScale2 / 2,
+                 half,
+                 widthScale2);
+    writeX = start + (swept >= width ? 0 : swept);
+}
+
+void SpectrogramRing::restart()
+{
+    if (image.isNull())
+    {
+        writeX = 0;
+        return;
+    }
+
+    writeX = getHalfStart();
+    image.clear (image.getBounds(), juce::Colour (background));
+}
+
+//==============================================================================
+void SpectrogramRing::paint (const std::vector<Column>& columns,
+                             const ColourMap& map,
+                             juce::uint32 zeroColour,
+                             bool scroll)
+{
+    if (image.isNull())
+        return;
+
+    const juce::Image::BitmapData data (image, juce::Image::BitmapData::writeOnly);
+    const auto ringWidth = image.getWidth();
+    const auto numColumns = int (columns.size());
+
+    for (int i = 0; i < numColumns; ++i)
+    {
+        const auto& column = columns[size_t (i)];
+
+        if (int (column.size()) != data.height)
+            continue;
+
+        auto* pixel = data.getPixelPointer ((writeX + i) % ringWidth, 0);
+
+        for (const auto level : column)
+        {
+            // Opaque pixels are the same with and without premultiplication. A NaN goes to the map.
+            const auto colour = level <= 0.0f ? zeroColour : map.pixelForLevel (level);
+            std::memcpy (pixel, &colour, sizeof (colour));
+            pixel += data.lineStride;
+        }
+    }
+
+    const auto start = getHalfStart();
+    writeX = scroll ? (writeX + numColumns) % ringWidth : start + (writeX + numColumns) % getWidth();
+}
+
+void SpectrogramRing::copyShownPart (juce::Image& snapshot, bool scroll) const
+{
+    if (image.isNull())
+        return;
+
+    const auto width = getWidth();
+    const auto height = getHeight();
+
+    if (snapshot.getWidth() != width || snapshot.getHeight() != height)
+        snapshot = makeImage (width, height);
+
+    const auto ringWidth = 2 * width;
+    const auto startX = scroll ? (writeX + width) % ringWidth : getHalfStart();
+    const auto untilEdge = juce::jmin (width, ringWidth - startX);
+
+    const juce::Image::BitmapData source (image, juce::Image::BitmapData::readOnly);
+    const juce::Image::BitmapData destination (snapshot, juce::Image::BitmapData::writeOnly);
+
+    for (int y = 0; y < height; ++y)
+    {
+        auto* const line = destination.getLinePointer (y);
+        const auto bytesUntilEdge = size_t (untilEdge * source.pixelStride);
+        std::memcpy (line, source.getPixelPointer (startX, y), bytesUntilEdge);
+        std::memcpy (
+            line + bytesUntilEdge, source.getLinePointer (y), size_t ((width - untilEdge) * source.pixelStride));
+    }
+}
+
+} // namespace mk::orlo

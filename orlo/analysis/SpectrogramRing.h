@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include "ColourMap.h"
+#include "ColumnSettings.h"
+
+namespace mk::orlo
+{
+
+/** The picture in the making: an image twice as wide as what is shown, written column by column.
+
+    Scroll writes round the whole image and shows the newest half of it; Static sweeps inside one half
+    and shows that half. One thread at a time.
+*/
+class SpectrogramRing
+{
+public:
+    static constexpr juce::uint32 background = 0xff000000;
+
+    /** Makes the picture width by height pixels, both at least 1, and carries the old one over: columns
+        stay as wide as they were unless the width is exactly doubled or halved, rows are stretched.
+        Allocates. */
+    void resize (int width, int height, bool scroll);
+
+    /** What a change from Scroll to Static does: black, and on from the left of a half. */
+    void restart();
+
+    /** Paints the columns from the write position on and moves it. Columns of another height than the
+        picture's leave their place as it is.
+        @param zeroColour  ARGB of a level of 0 or less */
+    void paint (const std::vector<Column>& columns, const ColourMap& map, juce::uint32 zeroColour, bool scroll);
+
+    /** Copies what is to be shown into the snapshot, which is made anew if it has another size.
+        Does nothing before the first resize(). */
+    void copyShownPart (juce::Image& snapshot, bool scroll) const;
+
+    /** Of the part that is shown, in pixels; 0 before the first resize(). */
+    [[nodiscard]] int getWidth() const noexcept { return image.getWidth() / 2; }
+    [[nodiscard]] int getHeight() const noexcept { return image.getHeight(); }
+
+    /** The next column to write, 0 .. 2 * getWidth() - 1. */
+    [[nodiscard]] int getWriteX() const noexcept { return writeX; }
+
+    /** The whole ring, for tests. */
+    [[nodiscard]] const juce::Image& getImage() const noexcept { return image; }
+
+private:
+    /** The left edge of the half that the write position is in. */
+    [[nodiscard]] int getHalfStart() const noexcept { return writeX < getWidth() ? 0 : getWidth(); }
+
+    void carryOverScrolling (const juce::Image& old, int widthScale2);
+    void carryOverStatic (const juce::Image& old, int widthScale2);
+
+    juce::Image image;
+    int writeX = 0;
+};
+
+} // namespace mk::orlo

@@ -1,0 +1,250 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "SpectrogramComponent.h"
+
+#include "Crosshair.h"
+#include "orlo/AudioPluginAudioProcessor.h"
+#include "orlo/Params.h"
+#include "orlo/analysis/HopPlan.h"
+
+namespace mk::orlo
+{
+namespace
+{
+constexpr double shortestTickSeconds = 0.01;
+const juce::Colour crosshairColour { 0xff808080 };
+
+[[nodiscard]] juce::RangedAudioParameter& findParameter (AudioPluginAudioProcessor& processor, const char* id)
+{
+    return *processor.getParameterState().getParameter (id);
+}
+
+[[nodiscard]] float getValue (const juce::RangedAudioParameter& parameter)
+{
+    return parameter.convertFrom0to1 (parameter.getValue());
+}
+} // namespace
+
+SpectrogramComponent::SpectrogramComponent (AudioPluginAudioProcessor& audioProcessor,
+                                            FFTProcessor& worker,
+                                            SpectrogramImageBuilder& builder)
+    : processor (audioProcessor),
+      fftProcessor (worker),
+      imageBuilder (builder),
+      modeParameter (findParameter (audioProcessor, Params::id::mode)),
+      fftSizeParameter (findParameter (audioProcessor, Params::id::fftSize)),
+      freezeParameter (findParameter (audioProcessor, Params::id::freeze)),
+      speedParameter (findParameter (audioProcessor, Params::id::speed)),
+      modeAttachment (modeParameter, [this] (float) { recomputeHop(); }),
+      fftSizeAttachment (fftSizeParameter, [this] (float) { recomputeHop(); }),
+      freezeAttachment (freezeParameter, [] (float) {}),
+      speedAttachment (speedParameter, [this] (float) { recomputeHop(); })
+{
+    fftProcessor.onSampleRateChanged = [this] (double) { recomputeHop(); };
+    fftProcessor.discardPending();
+    recomputeHop();
+
+    setMouseCursor (juce::MouseCursor::CrosshairCursor);
+    setOpaque (true);
+
+    visibilityObserver = std::make_unique<pluginCore::GuiUtils::ComponentVisibilityObserver> (
+        *this, [this] (bool isVisible) { visibilityChanged (isVisible); });
+}
+
+SpectrogramComponent::~SpectrogramComponent()
+{
+    visibilityObserver = nullptr;
+    processor.setAnalysisSuspended (true);
+    imageBuilder.stopThread (1000);
+    fftProcessor.onSampleRateChanged = nullptr;
+    vblank = {};
+}
+
+//==============================================================================
+void SpectrogramComponent::visibilityChanged (bool isVisible)
+{
+    if (isVisible)
+    {
+        vblank = { this, [this] (double now) { tick (now); } };
+        imageBuilder.startThread (juce::Thread::Priority::high);
+        processor.setAnalysisSuspended (false);
+    }
+    else
+    {
+        processor.setAnalysisSuspended (true);
+        vblank = {};
+        imageBuilder.stopThread (1000);
+    }
+}
+
+void SpectrogramComponent::tick (double now)
+{
+    const auto elapsed = now - lastTickTime;
+
+    if (elapsed < shortestTickSeconds || secondsPerColumn <= 0.0f)
+        return;
+
+    lastTickTime = now;
+    processor.getFrameClock().tick (float (elapsed / double (secondsPerColumn)));
+    repaint();
+}
+
+void SpectrogramComponent::recomputeHop()
+{
+    const auto label = fftSizeParameter.getCurrentValueAsText().getIntValue();
+    const auto enhanced = juce::roundToInt (getValue (modeParameter)) != 0;
+    const auto plan =
+        planHop ({ label, fftProcessor.getSampleRate(), getValue (speedParameter), doubleResolution, enhanced });
+
+    secondsPerColumn = plan.secondsPerColumn;
+    samplesPerColumn = plan.samplesPerColumn;
+    hopSize = plan.hop;
+
+    if (plan.hop >= 1)
+    {
+        fftProcessor.hopSize.store (plan.hop, std::memory_order_relaxed);
+        imageBuilder.setFramesPerColumn (plan.framesPerColumn);
+    }
+}
+
+void SpectrogramComponent::setDoubleResolution (bool shouldBeDouble)
+{
+    if (std::exchange (doubleResolution, shouldBeDouble) == shouldBeDouble)
+        return;
+
+    recomputeHop();
+    requestImageSize();
+    repaint();
+}
+
+void SpectrogramComponent::requestImageSize()
+{
+    if (hopSize >= 1 && samplesPerColumn >= 1 && getWidth() >= 1 && getHeight() >= 1)
+        imageBuilder.setRequestedSize (getWidth() << int (doubleResolution), getHeight() << int (doubleResolution));
+}
+
+void SpectrogramComponent::resized() { requestImageSize(); }
+
+//==============================================================================
+void SpectrogramComponent::paint (juce::Graphics& g)
+{
+    g.setImageResamplingQuality (resamplingQuality);
+    const auto& image = imageBuilder.getFrontImage();
+
+    if (image.isNull())
+    {
+        g.fillAll (juce::Colours::black);
+        return;
+    }
+
+    juce::AffineTransform transform;
+
+    if (image.getBounds() != getLocalBounds())
+        transform = juce::AffineTransform::scale (float (getWidth()) / float (image.getWidth()),
+                                                  float (getHeight()) / float (image.getHeight()));
+
+    if (! g.isClipEmpty())
+        g.drawImageTransformed (image, transform);
+
+    if (crosshairVisible)
+    {
+        const auto lines =
+            placeCrosshair ({ cursorX, cursorY }, float (getWidth()), float (getHeight()), doubleResolution);
+        g.setColour (crosshairColour);
+        g.fillRect (lines.horizontal);
+        g.fillRect (lines.vertical);
+    }
+}
+
+float SpectrogramComponent::getFrequencyAt (float y) const
+{
+    const auto height = float (getHeight());
+    const auto position = height > 0.0f ? 1.0f - juce::jlimit (0.0f, height, y + 0.5f) / height : 0.0f;
+    return imageBuilder.getFrequencyScale().frequencyForPosition (position);
+}
+
+//==============================================================================
+void SpectrogramComponent::storeCursor (const juce::MouseEvent& event)
+{
+    cursorX = juce::jlimit (0.0f, float (getWidth()), event.position.x);
+    cursorY = event.position.y;
+}
+
+void SpectrogramComponent::callWithFrequency (const MouseCallback& callback, const juce::MouseEvent& event)
+{
+    if (callback != nullptr)
+        callback (event.withNewPosition (juce::Point { cursorX, cursorY }), getFrequencyAt (cursorY));
+}
+
+void SpectrogramComponent::mouseMove (const juce::MouseEvent& event)
+{
+    if (event.mouseWasDraggedSinceMouseDown())
+        return;
+
+    storeCursor (event);
+
+    if (! event.mods.isPopupMenu())
+        callWithFrequency (onMouseMoved, event);
+}
+
+void SpectrogramComponent::mouseEnter (const juce::MouseEvent& event)
+{
+    if (onMouseEntered != nullptr)
+        onMouseEntered (event);
+}
+
+void SpectrogramComponent::mouseExit (const juce::MouseEvent& event)
+{
+    // Moving onto a child or a popup of the view is not leaving it.
+    if (! isMouseOver (true) && onMouseExited != nullptr)
+        onMouseExited (event);
+}
+
+void SpectrogramComponent::mouseDown (const juce::MouseEvent& event)
+{
+    storeCursor (event);
+
+    if (event.mods.isPopupMenu())
+        return;
+
+    if (event.mods.isShiftDown())
+    {
+        toggleFreeze();
+        return;
+    }
+
+    if (onMouseHeld != nullptr)
+    {
+        crosshairVisible = true;
+        setMouseCursor (juce::MouseCursor::NoCursor);
+        callWithFrequency (onMouseHeld, event);
+        repaint();
+    }
+}
+
+void SpectrogramComponent::mouseDrag (const juce::MouseEvent& event)
+{
+    storeCursor (event);
+
+    if (! event.mods.isPopupMenu())
+        callWithFrequency (onMouseHeld, event);
+
+    if (crosshairVisible)
+        repaint();
+}
+
+void SpectrogramComponent::mouseUp (const juce::MouseEvent& event)
+{
+    crosshairVisible = false;
+    setMouseCursor (juce::MouseCursor::CrosshairCursor);
+    repaint();
+
+    if (onMouseReleased != nullptr)
+        onMouseReleased (event);
+}
+
+void SpectrogramComponent::toggleFreeze()
+{
+    freezeAttachment.setValueAsCompleteGesture (getValue (freezeParameter) >= 0.5f ? 0.0f : 1.0f);
+}
+
+} // namespace mk::orlo

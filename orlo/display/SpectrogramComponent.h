@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include "plugin_core/display/ComponentVisibilityObserver.h"
+
+#include <juce_audio_processors/juce_audio_processors.h>
+
+#include <array>
+#include <functional>
+
+namespace mk::orlo
+{
+
+class AudioPluginAudioProcessor;
+class FFTProcessor;
+class SpectrogramImageBuilder;
+
+/** Shows the picture and drives the whole display: each refresh of the screen is a tick for the image
+    builder, and analysis runs exactly as long as the component can be seen. [message thread] */
+class SpectrogramComponent final : public juce::Component
+{
+public:
+    /** All three must outlive the component. */
+    SpectrogramComponent (AudioPluginAudioProcessor& processor,
+                          FFTProcessor& fftProcessor,
+                          SpectrogramImageBuilder& imageBuilder);
+    ~SpectrogramComponent() override;
+
+    //==============================================================================
+    /** The float is the frequency in hertz under the cursor. */
+    std::function<void (const juce::MouseEvent&, float)> onMouseMoved;
+
+    /** Called on mouse down and on drag. Without it there is no crosshair. */
+    std::function<void (const juce::MouseEvent&, float)> onMouseHeld;
+
+    std::function<void (const juce::MouseEvent&)> onMouseReleased, onMouseEntered, onMouseExited;
+
+    //==============================================================================
+    /** The picture gets two pixels for each of the component's, in both directions. */
+    void setDoubleResolution (bool shouldBeDouble);
+    [[nodiscard]] bool isDoubleResolution() const noexcept { return doubleResolution; }
+
+    /** Works out the hop from the parameters and the sample rate and passes it on. */
+    void recomputeHop();
+
+    /** One refresh of the display, at the given time in seconds. Refreshes less than 10 ms after the last
+        one that counted are ignored. */
+    void tick (double now);
+
+    /** Hertz at a height in the component, 0 on top. */
+    [[nodiscard]] float getFrequencyAt (float y) const;
+
+    [[nodiscard]] bool isCrosshairVisible() const noexcept { return crosshairVisible; }
+
+    //==============================================================================
+    void paint (juce::Graphics&) override;
+    void resized() override;
+    void mouseMove (const juce::MouseEvent&) override;
+    void mouseEnter (const juce::MouseEvent&) override;
+    void mouseExit (const juce::MouseEvent&) override;
+    void mouseDown (const juce::MouseEvent&) override;
+    void mouseDrag (const juce::MouseEvent&) override;
+    void mouseUp (const juce::MouseEvent&) override;
+
+private:
+    using MouseCallback = std::function<void (const juce::MouseEvent&, float)>;
+
+    void visibilityChanged (bool isVisible);
+    void requestImageSize();
+    void storeCursor (const juce::MouseEvent&);
+    void callWithFrequency (const MouseCallback& callback, const juce::MouseEvent& event);
+    void toggleFreeze();
+
+    AudioPluginAudioProcessor& processor;
+    FFTProcessor& fftProcessor;
+    SpectrogramImageBuilder& imageBuilder;
+
+    bool crosshairVisible = false;
+    float cursorX = 0.0f, cursorY = 0.0f;
+
+    bool doubleResolution = false;
+    int samplesPerColumn = 0;
+    float secondsPerColumn = 0.0f;
+    int hopSize = 0;
+    juce::Graphics::ResamplingQuality resamplingQuality = juce::Graphics::lowResamplingQuality;
+
+    juce::RangedAudioParameter &modeParameter, &fftSizeParameter, &freezeParameter, &speedParameter;
+    juce::ParameterAttachment modeAttachment, fftSizeAttachment, freezeAttachment, speedAttachment;
+
+    juce::VBlankAttachment vblank; // empty while hidden
+    double lastTickTime = 0.0;     // seconds
+
+    std::unique_ptr<pluginCore::GuiUtils::ComponentVisibilityObserver> visibilityObserver;
+
+    JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (SpectrogramComponent)
+};
+
+} // namespace mk::orlo

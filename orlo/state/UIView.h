@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include <juce_data_structures/juce_data_structures.h>
+
+namespace mk::orlo::data
+{
+
+/** The state of the window that a session keeps. Lives in the processor, so that it survives the editor.
+    [message thread] */
+class UIView final : private juce::ValueTree::Listener
+{
+public:
+    /** Finds or makes the child "UIVIEW" of the parent. */
+    explicit UIView (juce::ValueTree parent);
+    ~UIView() override;
+
+    /** Finds or makes the child anew. Called when the parent's content may have been replaced; a child
+        that appears there later is found without it. */
+    void bind();
+
+    juce::CachedValue<bool> cleanViewMode;        /**< CLEAN_VIEW_MODE: Full View is on. */
+    juce::CachedValue<juce::String> cleanBounds;  /**< CLEAN_BOUNDS: the last bounds of Full View, "0 0 W H". */
+    juce::CachedValue<juce::String> normalBounds; /**< NORMAL_BOUNDS: the same of Standard View. */
+
+private:
+    void valueTreeChildAdded (juce::ValueTree&, juce::ValueTree&) override;
+
+    juce::ValueTree parent, tree;
+
+    JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (UIView)
+};
+
+} // namespace mk::orlo::data

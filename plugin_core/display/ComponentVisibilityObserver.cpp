@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "ComponentVisibilityObserver.h"
+
+namespace mk::pluginCore::GuiUtils
+{
+
+class ComponentVisibilityObserver::Pimpl final : private juce::ComponentMovementWatcher, private juce::Timer
+{
+public:
+    Pimpl (juce::Component& componentToWatch, std::function<void (bool)> callbackToUse)
+        : juce::ComponentMovementWatcher (&componentToWatch),
+          component (componentToWatch),
+          callback (std::move (callbackToUse))
+    {
+        update();
+        startTimer (pollingMs);
+    }
+
+    void update()
+    {
+        const auto wasVisible = componentShowing && peerShowing;
+        componentShowing = component.isShowing();
+        peerShowing = isPeerShowing();
+        const auto visible = componentShowing && peerShowing;
+
+        if (visible != wasVisible)
+            callback (visible);
+    }
+
+private:
+    static constexpr int pollingMs = 40;
+
+    [[nodiscard]] bool isPeerShowing() const
+    {
+        const auto* onDesktop = &component;
+
+        while (onDesktop != nullptr && ! onDesktop->isOnDesktop())
+            onDesktop = onDesktop->getParentComponent();
+
+        const auto* const peer = onDesktop != nullptr ? onDesktop->getPeer() : nullptr;
+        return peer != nullptr && peer->isShowing();
+    }
+
+    using juce::ComponentMovementWatcher::componentMovedOrResized;
+    using juce::ComponentMovementWatcher::componentVisibilityChanged;
+
+    void componentMovedOrResized (bool, bool) override {}
+    void componentPeerChanged() override { update(); }
+    void componentVisibilityChanged() override { update(); }
+    void timerCallback() override { update(); }
+
+    juce::Component& component;
+    std::function<void (bool)> callback;
+    bool componentShowing = false, peerShowing = false;
+};
+
+ComponentVisibilityObserver::ComponentVisibilityObserver (juce::Component& component,
+                                                          std::function<void (bool)> onVisibilityChanged)
+    : pimpl (std::make_unique<Pimpl> (component, std::move (onVisibilityChanged)))
+{
+}
+
+ComponentVisibilityObserver::~ComponentVisibilityObserver() = default;
+
+void ComponentVisibilityObserver::checkNow() { pimpl->update(); }
+
+} // namespace mk::pluginCore::GuiUtils

@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include "BypassDelay.h"
+#include "ProductInfo.h"
+
+#include <juce_audio_processors/juce_audio_processors.h>
+
+#include <atomic>
+
+namespace mk::pluginCore
+{
+
+/** The half of a plug-in that is the same in every product: what it answers the host, its parameters
+    and their undo, its saved state, and the wrapping of the audio callback. */
+class PluginProcessor : public juce::AudioProcessor
+{
+public:
+    PluginProcessor (const BusesProperties& buses,
+                     ProductInfo product,
+                     juce::AudioProcessorValueTreeState::ParameterLayout layout);
+    ~PluginProcessor() override;
+
+    //==============================================================================
+    [[nodiscard]] const juce::String getName() const override { return productInfo.name; }
+    void prepareToPlay (double rate, int maxBlockSize) override;
+    void releaseResources() override {}
+    void processBlock (juce::AudioBuffer<float>&, juce::MidiBuffer&) override;
+    void processBlockBypassed (juce::AudioBuffer<float>&, juce::MidiBuffer&) override;
+    using juce::AudioProcessor::processBlock;
+    using juce::AudioProcessor::processBlockBypassed;
+    [[nodiscard]] double getTailLengthSeconds() const override { return 0.0; }
+    [[nodiscard]] bool acceptsMidi() const override { return false; }
+    [[nodiscard]] bool producesMidi() const override { return false; }
+    [[nodiscard]] bool isMidiEffect() const override { return false; }
+    void reset() override {}
+    [[nodiscard]] juce::AudioProcessorEditor* createEditor() override;
+    [[nodiscard]] bool hasEditor() const override { return true; }
+    [[nodiscard]] int getNumPrograms() override { return 1; }
+    [[nodiscard]] int getCurrentProgram() override { return 0; }
+    void setCurrentProgram (int) override {}
+    [[nodiscard]] const juce::String getProgramName (int) override { return {}; }
+    void changeProgramName (int, const juce::String&) override {}
+    void getStateInformation (juce::MemoryBlock&) override;
+    void setStateInformation (const void* data, int size) override;
+    [[nodiscard]] bool isBusesLayoutSupported (const BusesLayout&) const override;
+
+    //==============================================================================
+    /** [message thread] Fills a fresh instance from the user's defaults. Called once, after construction. */
+    virtual void applyInitialSettings();
+
+    [[nodiscard]] virtual juce::String getReleaseNotesUrl() const = 0;
+    [[nodiscard]] virtual juce::String getProductUrl() const = 0;
+
+    /** [host or message thread] The product's part of prepareToPlay(). */
+    virtual void prepareInternal (int blockSize, double rate) = 0;
+
+    /** [audio thread] The state was replaced since the last block. */
+    virtual void onResetRequested() { reset(); }
+
+    /** [audio thread] The product's audio callback. */
+    virtual void processInternal (juce::AudioBuffer<float>&, juce::MidiBuffer&) = 0;
+
+    [[nodiscard]] virtual int getReleaseYear() const { return productInfo.releaseYear; }
+
+    /** Wrapper and version, "VST3 - v1.2.1 (x64)". */
+    [[nodiscard]] virtual juce::String getVersionText() const;
+
+    /** [message thread] Makes the product's editor. */
+    [[nodiscard]] virtual std::unique_ptr<juce::AudioProcessorEditor> createEditorInternal() = 0;
+
+    /** Any thread. The state as XML; without what belongs to a session alone if not forSession. */
+    [[nodiscard]] virtual std::unique_ptr<juce::XmlElement> getStateXml (bool forSession);
+
+    /** Any thread. Takes a document of getStateXml() over. False, with nothing changed, if it is another
+        product's. What the document lacks keeps or gets its default; unknown entries are ignored. */
+    virtual bool setStateFromXml (const juce::XmlElement& xml, bool forSession);
+
+    //==============================================================================
+    [[nodiscard]] const ProductInfo& getProductInfo() const noexcept { return productInfo; }
+    [[nodiscard]] juce::AudioProcessorValueTreeState& getParameterState() noexcept { return parameterState; }
+    [[nodiscard]] juce::UndoManager& getUndoManager() noexcept { return undoManager; }
+
+    /** The hidden parameter that is nudged so that the host sees a change of state that no other
+        parameter holds. Reaper saves nothing for a parameter that cannot be automated. */
+    [[nodiscard]] static std::unique_ptr<juce::AudioParameterFloat> createInternalParam (int versionHint);
+
+    /** [message thread] The editor's last size in pixels, not above 0 if there is none. */
+    std::atomic<int> pluginEditorWidth { 0 }, pluginEditorHeight { 0 };
+
+protected:
+    /** The state that outlives the editor; a session holds it, a preset does not. */
+    [[nodiscard]] juce::ValueTree& getSettingsTree() noexcept { return settingsTree; }
+
+    /** [audio thread] What a bypassed block goes through. */
+    void delayByLatency (juce::AudioBuffer<float>& buffer) noexcept
+    {
+        bypassDelay.process (buffer, getLatencySamples());
+    }
+
+    /** Hertz; written by prepareToPlay(), read by the audio thread. */
+    std::atomic<double> sampleRate { 0.0 };
+
+private:
+    const ProductInfo productInfo;
+    juce::UndoManager undoManager;
+    juce::AudioProcessorValueTreeState parameterState;
+
+    BypassDelay bypassDelay;
+    std::atomic<bool> resetRequested { false }; // set with the state, cleared by the audio thread
+
+    juce::ValueTree dataTree { "Data" }, settingsTree { "Settings" };
+
+    JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (PluginProcessor)
+};
+
+} // namespace mk::pluginCore
