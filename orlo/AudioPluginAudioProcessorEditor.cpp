@@ -31,8 +31,9 @@ AudioPluginAudioProcessorEditor::~AudioPluginAudioProcessorEditor() { orloProces
 
 void AudioPluginAudioProcessorEditor::resized()
 {
-    orloProcessor.pluginEditorWidth.store (getWidth(), std::memory_order_relaxed);
-    orloProcessor.pluginEditorHeight.store (getHeight(), std::memory_order_relaxed);
+    auto& state = orloProcessor.getSessionState();
+    state.pluginEditorWidth.store (getWidth(), std::memory_order_relaxed);
+    state.pluginEditorHeight.store (getHeight(), std::memory_order_relaxed);
     spectrogram.setBounds (getLocalBounds());
 }
 
