@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "PluginGlobalSettings.h"
 
+#include "plugin_core/files/FileReplacement.h"
+#include "plugin_core/files/UntrustedXml.h"
+
 namespace mk::pluginCore
 {
 namespace
@@ -30,6 +33,37 @@ struct SharedInstance
     shared.instance = created;
     return created;
 }
+
+/** The file, once nothing lies there that the properties file must not read: its parser takes the host
+    down for some broken files. Those are set aside, where a slip of the hand can still be repaired. A file
+    that cannot be moved is neither read nor written. */
+[[nodiscard]] juce::File withoutBrokenContent (const juce::File& file)
+{
+    if (! file.existsAsFile() || parseUntrustedXml (file) != nullptr)
+        return file;
+
+    return file.moveFileTo (file.withFileExtension ("broken")) ? file : juce::File();
+}
+
+/** The document that juce::PropertiesFile reads. */
+[[nodiscard]] juce::String createDocument (const juce::StringPairArray& properties)
+{
+    juce::XmlElement document ("PROPERTIES");
+
+    for (const auto& key : properties.getAllKeys())
+    {
+        auto* const value = document.createNewChildElement ("VALUE");
+        value->setAttribute ("name", key);
+
+        // A value that is XML stands as an element, so that the file can be read and edited.
+        if (auto xml = juce::parseXML (properties[key]))
+            value->addChildElement (xml.release());
+        else
+            value->setAttribute ("val", properties[key]);
+    }
+
+    return document.toString();
+}
 } // namespace
 
 //==============================================================================
@@ -47,9 +81,11 @@ juce::ValueTree PluginGlobalSettings::getSettings() const { return innerData->ge
 
 //==============================================================================
 PluginGlobalSettings::InnerData::InnerData (const juce::File& fileToUse)
-    : juce::PropertiesFile (fileToUse, getOptions())
+    : juce::PropertiesFile (withoutBrokenContent (fileToUse), getOptions())
 {
-    if (const auto xml = getXmlValue (SettingsIds::settings))
+    const auto text = getValue (SettingsIds::settings);
+
+    if (const auto xml = parseUntrustedXml (text.toRawUTF8(), text.getNumBytesAsUTF8()))
         settings.copyPropertiesAndChildrenFrom (juce::ValueTree::fromXml (*xml), nullptr);
 }
 
@@ -63,9 +99,10 @@ PluginGlobalSettings::InnerData::~InnerData()
     if (! containsKey (SettingsIds::settings) || getValue (SettingsIds::settings) != text)
         setValue (SettingsIds::settings, text);
 
-    saveIfNeeded();
+    if (needsToBeSaved())
+        replaceFileContent (getFile(), createDocument (getAllProperties()));
 
-    // The base class would try a failed write a second time.
+    // The base class would try a failed write again, and without looking at how much of it succeeded.
     setNeedsToBeSaved (false);
 }
 

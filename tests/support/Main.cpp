@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
+#include "TemporaryHome.h"
+
 #include <gtest/gtest.h>
 #include <juce_events/juce_events.h>
 
 int main (int argc, char** argv)
 {
     testing::InitGoogleTest (&argc, argv);
+    const mk::orlo::test::TemporaryHome home;
 
     // The thread that runs the tests is the message thread.
     const juce::ScopedJuceInitialiser_GUI juce;
