@@ -92,7 +92,7 @@ void AudioPluginAudioProcessor::applyPreferredColourMap()
 {
     // The setting counts from 1; a missing or broken one reads as 0, and stands for the first map.
     const auto text = getGlobalSettings()[pluginCore::SettingsIds::preferedMap].toString();
-    const auto index = pluginCore::parseInteger (text).value_or (0) - 1.0f;
+    const auto index = float (pluginCore::parseInteger (text).value_or (0)) - 1.0f;
     auto& parameter = *getParameterState().getParameter (Params::id::colourMap);
 
     if (const auto value = parameter.convertTo0to1 (index); ! juce::approximatelyEqual (value, parameter.getValue()))

@@ -4,6 +4,7 @@
 #include "LoadPresetFileAction.h"
 #include "PresetReference.h"
 
+#include "plugin_core/files/FileReplacement.h"
 #include "plugin_core/files/UntrustedXml.h"
 #include "plugin_core/processor/PluginProcessor.h"
 
@@ -84,7 +85,7 @@ void PresetsManager::goBackTo (const juce::File& previousFile, const juce::XmlEl
 void PresetsManager::savePresetFile (const juce::File& file, bool reloadAfterSaving)
 {
     setCurrentPresetFile (file);
-    processor.getStateXml (false)->writeTo (file);
+    replaceFileContent (file, processor.getStateXml (false)->toString());
 
     if (reloadAfterSaving)
         loadPresetFile (file, &processor.getUndoManager());

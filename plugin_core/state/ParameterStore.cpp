@@ -37,10 +37,11 @@ std::unique_ptr<juce::XmlElement> ParameterStore::createXml() const
 
     for (size_t i = 0; i < parameters.size(); ++i)
     {
-        const auto announced = arriving.empty() ? std::nullopt : arriving[i];
+        const auto isArriving = ! arriving.empty() && arriving[i].has_value();
+        const auto value = isArriving ? *arriving[i] : getCurrentValue (i);
         auto* const child = xml->createNewChildElement (parameterTag);
         child->setAttribute (idAttribute, parameters[i]->getParameterID());
-        child->setAttribute (valueAttribute, double (announced.value_or (getCurrentValue (i))));
+        child->setAttribute (valueAttribute, double (value));
     }
 
     return xml;

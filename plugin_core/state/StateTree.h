@@ -21,8 +21,8 @@ public:
     explicit StateTree (const juce::Identifier& type);
     ~StateTree() override;
 
-    /** [message thread] The tree to listen to and to change. It stays the same object for life. */
-    [[nodiscard]] const juce::ValueTree& getTree() const noexcept { return tree; }
+    /** [message thread] The tree to listen to and to change. It stays the same tree for life. */
+    [[nodiscard]] juce::ValueTree getTree() const { return tree; }
 
     /** Any thread. The newest content, replacements that the tree has not followed yet included. */
     [[nodiscard]] std::unique_ptr<juce::XmlElement> createXml() const;

@@ -13,22 +13,35 @@ constexpr auto homeVariable = "CFFIXED_USER_HOME";
 constexpr auto homeVariable = "HOME";
 #endif
 
-void setHome ([[maybe_unused]] const juce::String& path)
+// Where Linux looks for the files that an installation has put there for all users.
+constexpr auto dataVariable = "XDG_DATA_DIRS";
+
+void setVariable ([[maybe_unused]] const char* name, [[maybe_unused]] const juce::String& value)
 {
 #if ! JUCE_WINDOWS
-    if (path.isEmpty())
-        unsetenv (homeVariable);
+    if (value.isEmpty())
+        unsetenv (name);
     else
-        setenv (homeVariable, path.toRawUTF8(), 1);
+        setenv (name, value.toRawUTF8(), 1);
 #endif
 }
 } // namespace
 
-TemporaryHome::TemporaryHome() : formerHome (juce::SystemStats::getEnvironmentVariable (homeVariable, {}))
+TemporaryHome::TemporaryHome()
+    : formerHome (juce::SystemStats::getEnvironmentVariable (homeVariable, {})),
+      formerData (juce::SystemStats::getEnvironmentVariable (dataVariable, {}))
 {
-    setHome (folder.get().getFullPathName());
+    setVariable (homeVariable, folder.get().getFullPathName());
+    setVariable (dataVariable, systemData.get().getFullPathName());
+
+    // Only a folder with the product's files in it is taken for the installation's.
+    systemData.get().getChildFile ("Morlek/Orlo/presets").createDirectory();
 }
 
-TemporaryHome::~TemporaryHome() { setHome (formerHome); }
+TemporaryHome::~TemporaryHome()
+{
+    setVariable (homeVariable, formerHome);
+    setVariable (dataVariable, formerData);
+}
 
 } // namespace mk::orlo::test
