@@ -38,6 +38,7 @@ AudioPluginAudioProcessor::AudioPluginAudioProcessor (pluginCore::PresetFolders 
       ceilingParam (getParameterState().getRawParameterValue (Params::id::ceiling)),
       modeParam (getParameterState().getRawParameterValue (Params::id::mode))
 {
+    localisedStrings.chooseLanguage();
     getSessionState().getSettings().onReplaced = [this] { uiView.bind(); };
     attachParameters();
     fftProcessor.startThread (juce::Thread::Priority::highest);

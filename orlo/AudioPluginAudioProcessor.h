@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
+#include "LocalisedStringsManager.h"
+
 #include "analysis/FFTProcessor.h"
 #include "analysis/FrameClock.h"
 #include "analysis/SpectrogramImageBuilder.h"
@@ -54,6 +56,7 @@ private:
     void updatePause() noexcept;
     [[nodiscard]] const float* mixToMono (const juce::AudioBuffer<float>& buffer) noexcept;
 
+    LocalisedStringsManager localisedStrings;
     FFTProcessor fftProcessor;
     FrameClock frameClock;
     SpectrogramImageBuilder imageBuilder { fftProcessor, frameClock };

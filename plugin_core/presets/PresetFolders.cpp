@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "PresetFolders.h"
 
+#include "PresetBases.h"
+
 #include "plugin_core/processor/ProductInfo.h"
 
 namespace mk::pluginCore
@@ -33,7 +35,7 @@ std::array<juce::File, 3> PresetFolders::getRoots() const { return { factoryFold
 
 PresetFolders makePresetFolders (const ProductInfo& product)
 {
-    return makePresetFolders (product, getSystemPresetBase (product), getUserPresetBase());
+    return makePresetFolders (product, getSystemPresetBase (product.company + "/" + product.name), getUserPresetBase());
 }
 
 PresetFolders makePresetFolders (const ProductInfo& product, const juce::File& systemBase, const juce::File& userBase)
@@ -47,45 +49,5 @@ PresetFolders makePresetFolders (const ProductInfo& product, const juce::File& s
              factoryFolder.getChildFile (juce::String (initName) + extension).getFullPathName(),
              extension };
 }
-
-//==============================================================================
-#if JUCE_MAC
-
-juce::File getSystemPresetBase (const ProductInfo&) { return juce::File ("/Library/Application Support"); }
-juce::File getUserPresetBase() { return juce::File ("~/Library/Application Support"); }
-
-#elif JUCE_WINDOWS
-
-juce::File getSystemPresetBase (const ProductInfo&)
-{
-    return juce::File::getSpecialLocation (juce::File::commonApplicationDataDirectory);
-}
-
-juce::File getUserPresetBase() { return juce::File::getSpecialLocation (juce::File::userApplicationDataDirectory); }
-
-#else
-
-juce::File getSystemPresetBase (const ProductInfo& product)
-{
-    const auto folders = juce::SystemStats::getEnvironmentVariable ("XDG_DATA_DIRS", "/usr/local/share:/usr/share");
-
-    for (const auto& path : juce::StringArray::fromTokens (folders, ":", ""))
-    {
-        // Relative paths have no meaning there.
-        if (! juce::File::isAbsolutePath (path))
-            continue;
-
-        const juce::File folder (path);
-
-        if (folder.getChildFile (product.company).getChildFile (product.name).getChildFile (presetsName).isDirectory())
-            return folder;
-    }
-
-    return juce::File (PLUGIN_CORE_DATA_FOLDER);
-}
-
-juce::File getUserPresetBase() { return juce::File::getSpecialLocation (juce::File::userApplicationDataDirectory); }
-
-#endif
 
 } // namespace mk::pluginCore

@@ -30,12 +30,4 @@ struct PresetFolders
 [[nodiscard]] PresetFolders
     makePresetFolders (const ProductInfo& product, const juce::File& systemBase, const juce::File& userBase);
 
-/** The folder that holds all users' application data for the product. On Linux the first of the system's
-    data folders (XDG_DATA_DIRS) where the product's presets are installed, else the data folder of this
-    build's install prefix. */
-[[nodiscard]] juce::File getSystemPresetBase (const ProductInfo& product);
-
-/** The folder that holds the user's application data. */
-[[nodiscard]] juce::File getUserPresetBase();
-
 } // namespace mk::pluginCore

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "plugin_core/presets/PresetFolders.h"
 
+#include "plugin_core/presets/PresetBases.h"
 #include "plugin_core/processor/ProductInfo.h"
 #include "tests/support/FailingDisk.h"
 #include "tests/support/TemporaryHome.h"
@@ -59,11 +60,11 @@ TEST (PresetFolders, OnLinuxAreTheUsersConfigurationAndTheInstalledData)
                home.getSystemDataFolder().getChildFile ("Morlek/Orlo/presets").getFullPathName());
 }
 
-TEST (PresetFolders, OnLinuxADataFolderWithoutThePresetsIsPassedBy)
+TEST (PresetFolders, OnLinuxADataFolderWithoutTheProductIsPassedBy)
 {
     const orlo::test::TemporaryHome home;
     ASSERT_TRUE (home.getSystemDataFolder().getChildFile ("Morlek").deleteRecursively());
-    EXPECT_NE (getSystemPresetBase (product), home.getSystemDataFolder());
+    EXPECT_NE (getSystemPresetBase ("Morlek/Orlo"), home.getSystemDataFolder());
 }
 #endif
 
