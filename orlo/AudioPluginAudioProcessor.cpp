@@ -34,8 +34,6 @@ AudioPluginAudioProcessor::AudioPluginAudioProcessor (pluginCore::PresetFolders 
       fftSizeParam (getParameterState().getRawParameterValue (Params::id::fftSize)),
       freezeParam (getParameterState().getRawParameterValue (Params::id::freeze)),
       autoFreezeParam (getParameterState().getRawParameterValue (Params::id::autoFreeze)),
-      floorParam (getParameterState().getRawParameterValue (Params::id::floor)),
-      ceilingParam (getParameterState().getRawParameterValue (Params::id::ceiling)),
       modeParam (getParameterState().getRawParameterValue (Params::id::mode))
 {
     localisedStrings.chooseLanguage();
@@ -66,8 +64,16 @@ void AudioPluginAudioProcessor::attachParameters()
 
 void AudioPluginAudioProcessor::updateLevelRange()
 {
-    const auto floorDb = floorParam->load (std::memory_order_relaxed);
-    const auto ceilingDb = ceilingParam->load (std::memory_order_relaxed);
+    // From the parameters themselves: the cached raw values are updated only after the attachments have
+    // been called.
+    const auto valueOf = [this] (const char* parameterId)
+    {
+        const auto& parameter = *getParameterState().getParameter (parameterId);
+        return parameter.convertFrom0to1 (parameter.getValue());
+    };
+
+    const auto floorDb = valueOf (Params::id::floor);
+    const auto ceilingDb = valueOf (Params::id::ceiling);
 
     // The two may cross, which inverts the picture. The threshold below which bins count as silence is
     // the lower one all the same.

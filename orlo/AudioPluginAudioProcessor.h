@@ -63,8 +63,11 @@ private:
 
     std::atomic<bool> analysisSuspended { true }; // written by the message thread, read by the audio thread
 
-    std::atomic<float>*const fftSizeParam,
-        *const freezeParam, *const autoFreezeParam, *const floorParam, *const ceilingParam, *const modeParam;
+    // What the audio thread polls, once a block.
+    std::atomic<float>* const fftSizeParam;
+    std::atomic<float>* const freezeParam;
+    std::atomic<float>* const autoFreezeParam;
+    std::atomic<float>* const modeParam;
 
     std::vector<std::unique_ptr<juce::ParameterAttachment>> attachments;
 
