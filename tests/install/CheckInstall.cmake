@@ -1,4 +1,5 @@
-# Installs one component of BUILD_DIR into a fresh folder and looks for the files named by EXPECTED.
+# Installs one component of BUILD_DIR into a fresh folder and looks for the files named by EXPECTED,
+# separated by "|".
 file (REMOVE_RECURSE "${PREFIX}")
 
 if (NEEDED AND NOT EXISTS "${NEEDED}")
@@ -14,6 +15,8 @@ execute_process (
 if (NOT result EQUAL 0)
     message (FATAL_ERROR "The installation failed")
 endif()
+
+string (REPLACE "|" ";" EXPECTED "${EXPECTED}")
 
 foreach (path IN LISTS EXPECTED)
     if (NOT EXISTS "${PREFIX}/${path}")
