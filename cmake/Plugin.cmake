@@ -1,4 +1,10 @@
 # The plug-in itself, and the same thing as a program of its own.
+if (CMAKE_SYSTEM_NAME STREQUAL "Linux")
+    set (use_juce_manifest_step FALSE)
+else()
+    set (use_juce_manifest_step TRUE)
+endif()
+
 juce_add_plugin (Orlo
     PRODUCT_NAME "Orlo"
     PLUGIN_NAME "Orlo"
@@ -11,6 +17,7 @@ juce_add_plugin (Orlo
     PLUGIN_CODE Orlo
     FORMATS VST3 Standalone
     VST3_CATEGORIES Fx Analyzer
+    VST3_AUTO_MANIFEST ${use_juce_manifest_step}
     EDITOR_WANTS_KEYBOARD_FOCUS FALSE
     COPY_PLUGIN_AFTER_BUILD FALSE)
 
@@ -22,3 +29,21 @@ get_target_property (orlo_links Orlo LINK_LIBRARIES)
 list (REMOVE_ITEM orlo_links juce::juce_audio_plugin_client)
 set_property (TARGET Orlo PROPERTY LINK_LIBRARIES "${orlo_links}")
 target_link_libraries (Orlo PUBLIC orlo_product)
+
+# The build loads the new bundle to write its description down. The folders that an instance makes for its
+# presets must not land in the home and the system of whoever builds, so JUCE's own step, which has no say
+# in the environment, is left out there.
+if (CMAKE_SYSTEM_NAME STREQUAL "Linux")
+    set (build_home "${PROJECT_BINARY_DIR}/home")
+    get_target_property (bundle Orlo_VST3 JUCE_PLUGIN_ARTEFACT_FILE)
+    file (MAKE_DIRECTORY "${build_home}/share/Morlek/Orlo")
+
+    _juce_add_vst3_manifest_helper_target()
+    add_dependencies (Orlo_VST3 juce_vst3_helper)
+    add_custom_command (TARGET Orlo_VST3 POST_BUILD
+        COMMAND "${CMAKE_COMMAND}" -E make_directory "${bundle}/Contents/Resources"
+        COMMAND "${CMAKE_COMMAND}" -E env "HOME=${build_home}" "XDG_DATA_DIRS=${build_home}/share"
+            "$<TARGET_FILE:juce_vst3_helper>" -create -version "${PROJECT_VERSION}"
+            -path "${bundle}" -output "${bundle}/Contents/Resources/moduleinfo.json"
+        VERBATIM)
+endif()
