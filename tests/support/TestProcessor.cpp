@@ -37,12 +37,22 @@ void addParameters (juce::XmlElement& xml, std::initializer_list<std::pair<const
 class EmptyEditor final : public juce::AudioProcessorEditor
 {
 public:
-    explicit EmptyEditor (juce::AudioProcessor& processorToEdit) : juce::AudioProcessorEditor (processorToEdit)
+    explicit EmptyEditor (TestProcessor& processorToEdit)
+        : juce::AudioProcessorEditor (processorToEdit), state (processorToEdit.getSessionState())
     {
         setResizable (true, false);
         setResizeLimits (10, 10, 3000, 2000);
         setSize (20, 20);
     }
+
+    void resized() override
+    {
+        state.pluginEditorWidth = getWidth();
+        state.pluginEditorHeight = getHeight();
+    }
+
+private:
+    pluginCore::SessionState& state;
 };
 } // namespace
 

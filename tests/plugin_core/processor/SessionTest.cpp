@@ -332,6 +332,8 @@ TEST_F (SessionTest, WithoutASizeTheEditorOpensAtTheUsersAndElseAtTheFirstOne)
 {
     const auto openEditor = [this]
     {
+        state.pluginEditorWidth = 0;
+        state.pluginEditorHeight = -1;
         const std::unique_ptr<juce::AudioProcessorEditor> editor (processor.createEditor());
         processor.editorBeingDeleted (editor.get());
         return editor->getLocalBounds();
