@@ -144,7 +144,7 @@ void AudioPluginAudioProcessor::processInternal (juce::AudioBuffer<float>& buffe
     updateTransport();
     updatePause();
 
-    if (! fftProcessor.paused.load (std::memory_order_relaxed))
+    if (! fftProcessor.paused.load (std::memory_order_relaxed) && buffer.getNumSamples() > 0)
         fftProcessor.pushSamples (mixToMono (buffer), buffer.getNumSamples());
 }
 
