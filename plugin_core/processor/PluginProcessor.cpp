@@ -95,9 +95,10 @@ juce::String PluginProcessor::getVersionText() const
 
 juce::AudioProcessorEditor* PluginProcessor::createEditor()
 {
-    auto editor = createEditorInternal();
+    // Read first: an editor sizes itself while it is made, and that is remembered too.
     const auto width = pluginEditorWidth.load (std::memory_order_relaxed);
     const auto height = pluginEditorHeight.load (std::memory_order_relaxed);
+    auto editor = createEditorInternal();
 
     if (width > 0 && height > 0)
         editor->setSize (width, height);
