@@ -9,8 +9,8 @@ namespace
 {
 // A batch must fit into the worker's rings: 163839 samples, 49 frames.
 constexpr int mostSamplesInBatch = 131072;
-constexpr int mostFramesInBatch = 32;
-constexpr size_t numBatches = 4;
+constexpr int mostFramesInBatch = 48;
+constexpr size_t numBatches = 3;
 } // namespace
 
 FrameProducer::FrameProducer (AudioSource& audio, FFTProcessor& worker, const RenderPlan& renderPlan)

@@ -3,7 +3,7 @@
 
 #include "NpyWriter.h"
 #include "OutputFile.h"
-#include "PictureWriter.h"
+#include "PngWriter.h"
 #include "RenderError.h"
 #include "orlo/Params.h"
 
