@@ -81,7 +81,8 @@ void ClassicColumn::fillMagnitudes (const Frame& frame,
         for (int bin = row.firstPeakBin; bin < row.endPeakBin; ++bin)
             loudest = juce::jmax (loudest, frame[size_t (bin)].magnitude);
 
-        column[y] = loudest;
+        // What is not a number counts as silence.
+        column[y] = loudest > 0.0f ? loudest : 0.0f;
     }
 }
 

@@ -18,7 +18,7 @@ public:
         settings' range. Allocates only when rows or range have changed since the last call. */
     void fill (const Frame& frame, const ColumnSettings& settings, const FrequencyScale& scale, Column& column);
 
-    /** The first half of fill(): what is loudest in each row, as linear magnitudes.
+    /** The first half of fill(): what is loudest in each row, as linear magnitudes of 0 or more.
 
         The louder of two magnitudes has the higher level, as long as the floor is below the ceiling. Whoever
         merges many columns by maximum can merge magnitudes, and take the logarithms of the result alone. */
