@@ -125,7 +125,8 @@ private:
         if (path.isEmpty())
             throw usageError ("a file name is empty");
 
-        return juce::File::getCurrentWorkingDirectory().getChildFile (path);
+        // To the shell a tilde is somebody's home; what it leaves of one is a name like any other.
+        return juce::File::getCurrentWorkingDirectory().getChildFile (path.startsWithChar ('~') ? "./" + path : path);
     }
 
     void addFile (const juce::String& path)

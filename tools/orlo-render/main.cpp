@@ -73,7 +73,8 @@ void runCommand (const CommandLine& command)
 
 [[nodiscard]] int fail (const char* line, int exitCode)
 {
-    std::cerr << "orlo-render: " << line << std::endl;
+    // A file's name may hold anything, but an error is one line.
+    std::cerr << "orlo-render: " << juce::String::fromUTF8 (line).replaceCharacters ("\r\n", "  ") << std::endl;
     return exitCode;
 }
 } // namespace

@@ -86,6 +86,12 @@ TEST (CommandLine, BehindTwoDashesAllAreFiles)
     EXPECT_EQ (command.options.picture, inWorkingDirectory ("--help"));
 }
 
+TEST (CommandLine, ATildeIsPartOfAName)
+{
+    EXPECT_EQ (parseCommandLine ({ "~in.wav", "out.png" }).options.input.getFullPathName(),
+               juce::File::getCurrentWorkingDirectory().getFullPathName() + "/~in.wav");
+}
+
 TEST (CommandLine, HelpAndVersionNeedNoFiles)
 {
     EXPECT_EQ (parseCommandLine ({ "--help" }).action, CommandLine::Action::showHelp);
