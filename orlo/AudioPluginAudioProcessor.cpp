@@ -5,6 +5,8 @@
 #include "Params.h"
 #include "Product.h"
 
+#include "plugin_core/state/NumberText.h"
+
 namespace mk::orlo
 {
 namespace
@@ -16,17 +18,20 @@ namespace
 }
 } // namespace
 
-AudioPluginAudioProcessor::AudioPluginAudioProcessor()
+AudioPluginAudioProcessor::AudioPluginAudioProcessor (pluginCore::PresetFolders presetFolders)
     : PluginProcessor (BusesProperties()
                            .withInput ("Input", juce::AudioChannelSet::stereo(), true)
                            .withOutput ("Output", juce::AudioChannelSet::stereo(), true),
                        makeProductInfo(),
-                       Params::createLayout()),
+                       Params::createLayout(),
+                       std::move (presetFolders)),
       fftSizeParam (getParameterState().getRawParameterValue (Params::id::fftSize)),
       freezeParam (getParameterState().getRawParameterValue (Params::id::freeze)),
       autoFreezeParam (getParameterState().getRawParameterValue (Params::id::autoFreeze)),
       modeParam (getParameterState().getRawParameterValue (Params::id::mode))
 {
+    localisedStrings.chooseLanguage();
+    getSessionState().getSettings().onReplaced = [this] { uiView.bind(); };
     attachParameters();
     fftProcessor.startThread (juce::Thread::Priority::highest);
 }
@@ -72,7 +77,28 @@ void AudioPluginAudioProcessor::updateLevelRange()
 }
 
 //==============================================================================
-void AudioPluginAudioProcessor::applyInitialSettings() { PluginProcessor::applyInitialSettings(); }
+pluginCore::PresetFolders AudioPluginAudioProcessor::getDefaultPresetFolders()
+{
+    return pluginCore::makePresetFolders (makeProductInfo());
+}
+
+void AudioPluginAudioProcessor::applyInitialSettings()
+{
+    PluginProcessor::applyInitialSettings();
+    applyPreferredColourMap();
+    getSessionState().forgetUndoHistory();
+}
+
+void AudioPluginAudioProcessor::applyPreferredColourMap()
+{
+    // The setting counts from 1; a missing or broken one reads as 0, and stands for the first map.
+    const auto text = getGlobalSettings()[pluginCore::SettingsIds::preferedMap].toString();
+    const auto index = float (pluginCore::parseInteger (text).value_or (0)) - 1.0f;
+    auto& parameter = *getParameterState().getParameter (Params::id::colourMap);
+
+    if (const auto value = parameter.convertTo0to1 (index); ! juce::approximatelyEqual (value, parameter.getValue()))
+        parameter.setValueNotifyingHost (value);
+}
 
 juce::String AudioPluginAudioProcessor::getReleaseNotesUrl() const
 {
@@ -84,13 +110,6 @@ juce::String AudioPluginAudioProcessor::getProductUrl() const { return juce::Str
 std::unique_ptr<juce::AudioProcessorEditor> AudioPluginAudioProcessor::createEditorInternal()
 {
     return std::make_unique<AudioPluginAudioProcessorEditor> (*this);
-}
-
-bool AudioPluginAudioProcessor::setStateFromXml (const juce::XmlElement& xml, bool forSession)
-{
-    const auto applied = PluginProcessor::setStateFromXml (xml, forSession);
-    uiView.bind();
-    return applied;
 }
 
 void AudioPluginAudioProcessor::setAnalysisSuspended (bool shouldBeSuspended) noexcept

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
+#include "TemporaryHome.h"
+
 #include <gtest/gtest.h>
 #include <juce_events/juce_events.h>
 
@@ -23,6 +25,7 @@ struct AssertionLogger final : juce::Logger
 int main (int argc, char** argv)
 {
     testing::InitGoogleTest (&argc, argv);
+    const mk::orlo::test::TemporaryHome home;
 
     const AssertionLogger logger;
 
