@@ -38,7 +38,12 @@ target_compile_options (orlo_juce PRIVATE -w -ffunction-sections -fdata-sections
 add_library (orlo_link_options INTERFACE)
 
 if (CMAKE_SYSTEM_NAME STREQUAL "Linux")
-    target_link_options (orlo_link_options INTERFACE LINKER:--exclude-libs,ALL LINKER:--gc-sections LINKER:--as-needed)
+    target_link_options (orlo_link_options INTERFACE LINKER:--gc-sections LINKER:--as-needed)
+
+    # A sanitizer's static runtime works by taking over malloc for the whole process.
+    if (NOT ORLO_SANITIZE)
+        target_link_options (orlo_link_options INTERFACE LINKER:--exclude-libs,ALL)
+    endif()
 endif()
 
 target_link_libraries (orlo_juce INTERFACE orlo_link_options)

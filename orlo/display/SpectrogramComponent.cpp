@@ -47,7 +47,7 @@ SpectrogramComponent::SpectrogramComponent (AudioPluginAudioProcessor& audioProc
     setOpaque (true);
 
     visibilityObserver = std::make_unique<pluginCore::GuiUtils::ComponentVisibilityObserver> (
-        *this, [this] (bool isVisible) { visibilityChanged (isVisible); });
+        *this, [this] (bool isVisible) { onVisibilityChanged (isVisible); });
 }
 
 SpectrogramComponent::~SpectrogramComponent()
@@ -60,7 +60,7 @@ SpectrogramComponent::~SpectrogramComponent()
 }
 
 //==============================================================================
-void SpectrogramComponent::visibilityChanged (bool isVisible)
+void SpectrogramComponent::onVisibilityChanged (bool isVisible)
 {
     if (isVisible)
     {

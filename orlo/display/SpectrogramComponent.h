@@ -65,7 +65,7 @@ public:
 private:
     using MouseCallback = std::function<void (const juce::MouseEvent&, float)>;
 
-    void visibilityChanged (bool isVisible);
+    void onVisibilityChanged (bool isVisible);
     void requestImageSize();
     void storeCursor (const juce::MouseEvent&);
     void callWithFrequency (const MouseCallback& callback, const juce::MouseEvent& event);

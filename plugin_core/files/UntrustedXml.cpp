@@ -1,114 +1,269 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "UntrustedXml.h"
 
+#include "Utf8.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace mk::pluginCore
 {
 namespace
 {
 constexpr size_t maxBytes = 4 * 1024 * 1024;
-constexpr int maxTags = 500;
+constexpr size_t maxDepth = 100;
+constexpr int maxElements = 2000;
+constexpr int maxAttributes = 4000;
 
-/** The text as far as the first null byte. */
-[[nodiscard]] std::string_view upToNull (const void* text, size_t numBytes) noexcept
+[[nodiscard]] juce::String toString (std::string_view text)
 {
-    const std::string_view all (static_cast<const char*> (text), numBytes);
-    return all.substr (0, all.find ('\0'));
+    return juce::String::fromUTF8 (text.data(), int (text.size()));
 }
 
-/** Whether the digits, all of them, are the number of a character. */
-[[nodiscard]] bool isCharacterNumber (std::string_view digits, int base) noexcept
+/** The character that a reference means, which stands between "&" and ";", as UTF-8; empty if it is none. */
+[[nodiscard]] std::string resolveReference (std::string_view reference)
 {
-    juce::uint32 number = 0;
+    static constexpr std::array<std::pair<std::string_view, const char*>, 5> named {
+        { { "amp", "&" }, { "quot", "\"" }, { "apos", "'" }, { "lt", "<" }, { "gt", ">" } }
+    };
+
+    for (const auto& [name, character] : named)
+        if (reference == name)
+            return character;
+
+    if (! reference.starts_with ('#'))
+        return {};
+
+    const auto isHex = reference.starts_with ("#x") || reference.starts_with ("#X");
+    const auto digits = reference.substr (isHex ? 2 : 1);
     const auto* const end = digits.data() + digits.size();
-    const auto [stoppedAt, error] = std::from_chars (digits.data(), end, number, base);
-    const auto isSurrogate = number >= 0xd800 && number <= 0xdfff;
-    return error == std::errc() && stoppedAt == end && number > 0 && number <= 0x10ffff && ! isSurrogate;
+    juce::uint32 number = 0;
+    const auto [stoppedAt, error] = std::from_chars (digits.data(), end, number, isHex ? 16 : 10);
+
+    if (error != std::errc() || stoppedAt != end || number == 0 || ! isCharacter (number))
+        return {};
+
+    return juce::String::charToString (juce::juce_wchar (number)).toStdString();
 }
 
-/** Whether the text, which follows an ampersand, names a character. */
-[[nodiscard]] bool startsWithCharacterName (std::string_view text) noexcept
+/** Goes through a text of valid UTF-8 once. Each function that takes something moves on behind it, and
+    leaves the reader useless if the text holds something else. */
+class Reader
 {
-    constexpr size_t longestName = 10;
-    const auto length = text.substr (0, longestName).find (';');
+public:
+    explicit Reader (std::string_view text) : rest (text) {}
 
-    if (length == std::string_view::npos)
-        return false;
+    [[nodiscard]] std::unique_ptr<juce::XmlElement> readDocument()
+    {
+        do
+        {
+            if (! skipBetweenElements() || ! (take ("</") ? closeElement() : take ("<") && openElement()))
+                return nullptr;
+        } while (! openElements.empty());
 
-    const auto name = text.substr (0, length);
+        return skipBetweenElements() && rest.empty() ? std::move (root) : nullptr;
+    }
 
-    if (name.starts_with ("#x") || name.starts_with ("#X"))
-        return isCharacterNumber (name.substr (2), 16);
+private:
+    [[nodiscard]] bool take (std::string_view token)
+    {
+        const auto found = rest.starts_with (token);
 
-    if (name.starts_with ('#'))
-        return isCharacterNumber (name.substr (1), 10);
+        if (found)
+            rest.remove_prefix (token.size());
 
-    static constexpr std::array<std::string_view, 5> known { "amp", "quot", "apos", "lt", "gt" };
-    return std::find (known.begin(), known.end(), name) != known.end();
-}
+        return found;
+    }
 
-/** Whether the text, which follows a "<", opens no declaration. */
-[[nodiscard]] bool declaresNothing (std::string_view text) noexcept
-{
-    return ! text.starts_with ('!') || text.starts_with ("!--") || text.starts_with ("![CDATA[");
-}
+    /** Takes everything up to the token, and the token. */
+    [[nodiscard]] bool takeThrough (std::string_view token, std::string_view& taken)
+    {
+        const auto length = rest.find (token);
 
-/** The file's bytes, as long as they are few enough to be looked at. */
-[[nodiscard]] bool readFile (const juce::File& file, juce::MemoryBlock& content)
-{
-    return file.existsAsFile() && file.getSize() <= juce::int64 (maxBytes) && file.loadFileAsData (content);
-}
+        if (length == std::string_view::npos)
+            return false;
+
+        taken = rest.substr (0, length);
+        rest.remove_prefix (length + token.size());
+        return true;
+    }
+
+    bool skipSpace()
+    {
+        const auto length = std::min (rest.find_first_not_of (" \t\r\n"), rest.size());
+        rest.remove_prefix (length);
+        return length > 0;
+    }
+
+    /** False if a comment or an instruction has no end. */
+    [[nodiscard]] bool skipBetweenElements()
+    {
+        std::string_view skipped;
+
+        for (;;)
+        {
+            skipSpace();
+
+            if (take ("<!--"))
+            {
+                if (! takeThrough ("-->", skipped))
+                    return false;
+            }
+            else if (take ("<?"))
+            {
+                if (! takeThrough ("?>", skipped))
+                    return false;
+            }
+            else
+            {
+                return true;
+            }
+        }
+    }
+
+    /** Empty if there is no name. */
+    [[nodiscard]] std::string_view takeName()
+    {
+        static constexpr std::string_view starting = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz_";
+        static constexpr std::string_view following =
+            "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz_0123456789-:";
+
+        if (rest.empty() || starting.find (rest.front()) == std::string_view::npos)
+            return {};
+
+        const auto name = rest.substr (0, rest.find_first_not_of (following));
+        rest.remove_prefix (name.size());
+        return name;
+    }
+
+    [[nodiscard]] bool openElement()
+    {
+        const auto name = takeName();
+
+        if (name.empty() || openElements.size() >= maxDepth || ++numElements > maxElements)
+            return false;
+
+        auto element = std::make_unique<juce::XmlElement> (toString (name));
+        auto& opened = *element;
+
+        if (openElements.empty())
+            root = std::move (element);
+        else
+            openElements.back()->addChildElement (element.release());
+
+        for (;;)
+        {
+            const auto hasSpace = skipSpace();
+
+            if (take ("/>"))
+                return true;
+
+            if (take (">"))
+            {
+                openElements.push_back (&opened);
+                return true;
+            }
+
+            if (! hasSpace || ! readAttribute (opened))
+                return false;
+        }
+    }
+
+    [[nodiscard]] bool closeElement()
+    {
+        const auto name = takeName();
+        skipSpace();
+
+        if (openElements.empty() || toString (name) != openElements.back()->getTagName() || ! take (">"))
+            return false;
+
+        openElements.pop_back();
+        return true;
+    }
+
+    [[nodiscard]] bool readAttribute (juce::XmlElement& element)
+    {
+        const auto name = toString (takeName());
+        skipSpace();
+
+        if (name.isEmpty() || element.hasAttribute (name) || ++numAttributes > maxAttributes || ! take ("="))
+            return false;
+
+        skipSpace();
+        std::string_view raw;
+        std::string value;
+
+        if (! (take ("\"") ? takeThrough ("\"", raw) : take ("'") && takeThrough ("'", raw))
+            || ! resolveReferences (raw, value))
+            return false;
+
+        element.setAttribute (name, toString (value));
+        return true;
+    }
+
+    [[nodiscard]] static bool resolveReferences (std::string_view raw, std::string& value)
+    {
+        for (;;)
+        {
+            const auto length = std::min (raw.find_first_of ("&<"), raw.size());
+            value += raw.substr (0, length);
+            raw.remove_prefix (length);
+
+            if (raw.empty())
+                return true;
+
+            const auto end = raw.find (';');
+
+            if (raw.front() == '<' || end == std::string_view::npos)
+                return false;
+
+            const auto character = resolveReference (raw.substr (1, end - 1));
+
+            if (character.empty())
+                return false;
+
+            value += character;
+            raw.remove_prefix (end + 1);
+        }
+    }
+
+    std::string_view rest;
+    std::unique_ptr<juce::XmlElement> root;
+    std::vector<juce::XmlElement*> openElements; // all inside the root
+    int numElements = 0, numAttributes = 0;
+};
 } // namespace
 
 //==============================================================================
-bool isSafeXml (const void* data, size_t numBytes) noexcept
-{
-    const auto text = upToNull (data, std::min (numBytes, maxBytes + 1));
-
-    if (text.size() > maxBytes || ! juce::CharPointer_UTF8::isValidString (text.data(), int (text.size())))
-        return false;
-
-    int numTags = 0;
-
-    for (size_t i = 0; i < text.size(); ++i)
-    {
-        const auto rest = text.substr (i + 1);
-
-        if (text[i] == '<' && (++numTags > maxTags || ! declaresNothing (rest)))
-            return false;
-
-        if (text[i] == '&' && ! startsWithCharacterName (rest))
-            return false;
-    }
-
-    return true;
-}
-
 std::unique_ptr<juce::XmlElement> parseUntrustedXml (const void* data, size_t numBytes)
 {
-    if (! isSafeXml (data, numBytes))
-        return nullptr;
+    std::string_view text (static_cast<const char*> (data), std::min (numBytes, maxBytes + 1));
+    text = text.substr (0, text.find ('\0'));
 
-    const auto text = upToNull (data, numBytes);
-    return juce::parseXML (juce::String::fromUTF8 (text.data(), int (text.size())));
+    if (text.starts_with ("\xef\xbb\xbf"))
+        text.remove_prefix (3);
+
+    return text.size() <= maxBytes && isUtf8 (text) ? Reader (text).readDocument() : nullptr;
+}
+
+std::unique_ptr<juce::XmlElement> parseUntrustedXml (const juce::String& text)
+{
+    return parseUntrustedXml (text.toRawUTF8(), text.getNumBytesAsUTF8());
 }
 
 std::unique_ptr<juce::XmlElement> parseUntrustedXml (const juce::File& file)
 {
     juce::MemoryBlock content;
 
-    if (! readFile (file, content))
+    if (! file.existsAsFile() || file.getSize() > juce::int64 (maxBytes) || ! file.loadFileAsData (content))
         return nullptr;
 
-    constexpr size_t markSize = 3;
-    const auto* const bytes = static_cast<const char*> (content.getData());
-    const auto numSkipped =
-        content.getSize() >= markSize && juce::CharPointer_UTF8::isByteOrderMark (bytes) ? markSize : 0;
-    return parseUntrustedXml (bytes + numSkipped, content.getSize() - numSkipped);
+    return parseUntrustedXml (content.getData(), content.getSize());
 }
 
 } // namespace mk::pluginCore

@@ -8,21 +8,24 @@
 namespace mk::pluginCore
 {
 
-/** Whether juce::XmlDocument may be given this text. It trusts its input: it recurses once per level, it
-    expands the entities that a document declares, into themselves too, and a truncated character reference
-    or broken UTF-8 leads it past the end of the text. Bytes that a user, a host or a failing disk gives us
-    would take the host down with us.
+/** Reads XML that a user, a host or a failing disk gives us. juce::XmlDocument is not made for that: broken
+    text leads it past the end or round for ever, entities are expanded into themselves, every level costs
+    stack, and text between elements crashes its writer. This reader takes what our documents are made of and
+    nothing else, in time that grows with the text; and what it takes, juce::XmlDocument reads alike.
 
-    Safe is UTF-8 of at most 4 MB that declares nothing, refers to characters only in full, and has no more
-    than 500 "<", which bounds the depth whatever the tags are. The text ends at the first null byte, if any.
-    Says nothing about whether the text is XML. Any thread. */
-[[nodiscard]] bool isSafeXml (const void* text, size_t numBytes) noexcept;
+    Taken are elements with attributes, nested at most 100 deep, at most 2000 of them with 4000 attributes in
+    all; names of ASCII letters, digits, "_", "-" and ":"; references to characters by number or by the five
+    common names; comments and processing instructions, which are skipped; space between elements. Refused is
+    all else: declarations, text between elements, what is not UTF-8, more than 4 MB. The text ends at the
+    first null byte, if any; a byte order mark is skipped.
 
-/** The text as XML; null if it is not safe or not XML. Any thread. */
+    Null for a text that is refused. Any thread. */
 [[nodiscard]] std::unique_ptr<juce::XmlElement> parseUntrustedXml (const void* text, size_t numBytes);
 
-/** The file's content as XML; null if it cannot be read, is not safe or not XML. A byte order mark of UTF-8
-    is skipped. Any thread. */
+/** The same for a text that is a string already. */
+[[nodiscard]] std::unique_ptr<juce::XmlElement> parseUntrustedXml (const juce::String& text);
+
+/** The same for a file's content; null too if it cannot be read. */
 [[nodiscard]] std::unique_ptr<juce::XmlElement> parseUntrustedXml (const juce::File& file);
 
 } // namespace mk::pluginCore

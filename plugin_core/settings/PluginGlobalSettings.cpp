@@ -34,8 +34,8 @@ struct SharedInstance
     return created;
 }
 
-/** The file, once nothing lies there that the properties file must not read: its parser takes the host
-    down for some broken files. Those are set aside, where a slip of the hand can still be repaired. A file
+/** The file, once nothing lies there that the properties file must not read: some broken files would make
+    it take the host down. Those are set aside, where a slip of the hand can still be repaired. A file
     that cannot be moved is neither read nor written. */
 [[nodiscard]] juce::File withoutBrokenContent (const juce::File& file)
 {
@@ -56,7 +56,7 @@ struct SharedInstance
         value->setAttribute ("name", key);
 
         // A value that is XML stands as an element, so that the file can be read and edited.
-        if (auto xml = juce::parseXML (properties[key]))
+        if (auto xml = parseUntrustedXml (properties[key]))
             value->addChildElement (xml.release());
         else
             value->setAttribute ("val", properties[key]);
@@ -83,9 +83,7 @@ juce::ValueTree PluginGlobalSettings::getSettings() const { return innerData->ge
 PluginGlobalSettings::InnerData::InnerData (const juce::File& fileToUse)
     : juce::PropertiesFile (withoutBrokenContent (fileToUse), getOptions())
 {
-    const auto text = getValue (SettingsIds::settings);
-
-    if (const auto xml = parseUntrustedXml (text.toRawUTF8(), text.getNumBytesAsUTF8()))
+    if (const auto xml = parseUntrustedXml (getValue (SettingsIds::settings)))
         settings.copyPropertiesAndChildrenFrom (juce::ValueTree::fromXml (*xml), nullptr);
 }
 

@@ -47,8 +47,9 @@ private:
 class PluginGlobalSettings::InnerData final : public juce::PropertiesFile
 {
 public:
-    /** Reads the tree from the file; a missing or unreadable file leaves the tree empty. A file that is no
-        XML is renamed to the suffix ".broken", and a new one takes its place in the end. Any thread. */
+    /** Reads the tree from the file; a missing or unreadable file leaves the tree empty. A file that
+        parseUntrustedXml() refuses is renamed to the suffix ".broken", and a new one takes its place in the
+        end. Any thread. */
     explicit InnerData (const juce::File& fileToUse = getOptions().getDefaultFile());
 
     /** Writes the tree to the file. A half-written file never takes the place of the former one. */

@@ -17,7 +17,7 @@ namespace
 
 PluginMoveDetector::System PluginMoveDetector::System::makeReal()
 {
-    return { [] (const juce::Component& component) { return pluginCore::isApplicationActive (component); },
+    return { [] (const juce::Component& watched) { return pluginCore::isApplicationActive (watched); },
              [] { return juce::Desktop::getInstance().getDisplays().displays; } };
 }
 

@@ -31,6 +31,17 @@ void expectRun (const juce::File& file, const juce::String& expectedWidth, const
     return folder.getNumberOfChildFiles (juce::File::findFilesAndDirectories);
 }
 
+/** Elements within elements, deeper than any stack. */
+[[nodiscard]] std::string nestDeeply()
+{
+    std::string text = "<PROPERTIES>";
+
+    for (int i = 0; i < 200000; ++i)
+        text += "<VALUE name=\"settings\">";
+
+    return text;
+}
+
 class BrokenSettings : public testing::TestWithParam<std::string>
 {
 };
@@ -63,6 +74,10 @@ INSTANTIATE_TEST_SUITE_P (
                      std::string ("PROP\x01\0\0\0settings\0<a>&#x\0", 26),
                      std::string ("CPRP\x01\0\0\0", 8),
                      std::string ("\xff\xfe\xfd"),
+                     std::string ("<PROPERTIES><VALUE name=\"settings\" val=\"&lt;a>&amp;#x\"/></PROPERTIES>"),
+                     std::string ("<PROPERTIES><VALUE name=\"other\" val=\"&lt;a>&amp;#x\"/></PROPERTIES>"),
+                     std::string ("<PROPERTIES><VALUE name=\"settings\"><a>text<b><c/></b></a></VALUE></PROPERTIES>"),
+                     nestDeeply(),
                      std::string (100000, '\0'),
                      std::string (100000, '<'),
                      std::string (5000000, ' ')));
