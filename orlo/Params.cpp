@@ -56,9 +56,23 @@ constexpr float frequencySkew = 0.30103f;
         juce::ParameterID { name, hint }, text, std::move (choices), defaultIndex);
 }
 
+/** The framework's own reading of a switch depends on the user's language; a host's automation must not. */
+[[nodiscard]] bool parseSwitch (const juce::String& text)
+{
+    for (const auto* const word : { "on", "yes", "true" })
+        if (text.trim().equalsIgnoreCase (word))
+            return true;
+
+    return text.getIntValue() != 0;
+}
+
 [[nodiscard]] auto makeBool (const char* name, int hint, const char* text)
 {
-    return std::make_unique<juce::AudioParameterBool> (juce::ParameterID { name, hint }, text, false);
+    return std::make_unique<juce::AudioParameterBool> (
+        juce::ParameterID { name, hint },
+        text,
+        false,
+        juce::AudioParameterBoolAttributes().withValueFromStringFunction (parseSwitch));
 }
 
 [[nodiscard]] auto makeFloat (const char* name,

@@ -112,10 +112,10 @@ TEST_F (HostPicture, GoesOnUnderAutoFreezeBecauseTheTransportPlays)
 
 TEST_F (HostPicture, HasTheSizeThatTheEditorWasGiven)
 {
-    const auto picture = takePicture ({ "--seconds", "1.5", "--size", "701x333" });
+    const auto picture = takePicture ({ "--seconds", "1.5", "--size", "701x386" });
     EXPECT_EQ (picture.getWidth(), 701);
-    EXPECT_EQ (picture.getHeight(), 333);
-    EXPECT_GT (picture.countPaintedColumns (0, 333), 100);
+    EXPECT_EQ (picture.getHeight(), 386);
+    EXPECT_GT (picture.countPaintedColumns (0, 386), 100);
 }
 
 TEST_F (HostPicture, ShowsAnAudioFileAtItsOwnRate)
@@ -144,7 +144,7 @@ TEST_F (HostPicture, IsRefusedIfTheEditorIsLargerThanTheScreen)
 {
     const auto result =
         runHostOn (display.getName(),
-                   { "--seconds", "0.2", "--size", "5000x400", "--screenshot", scratch.getPath ("picture.png") });
+                   { "--seconds", "0.2", "--size", "5000x2750", "--screenshot", scratch.getPath ("picture.png") });
     EXPECT_NE (result.exitCode, 0);
     EXPECT_EQ (result.errors, "orlo-host: no picture can be taken of an editor that is not wholly on the screen\n");
     EXPECT_FALSE (scratch.getFile ("picture.png").exists());

@@ -115,10 +115,10 @@ TEST_F (HostState, KeepsTheSizeOfTheWindow)
     };
 
     ASSERT_EQ (runHostOn (display.getName(),
-                          { "--seconds", "0.5", "--size", "640x360", "--state-out", scratch.getPath ("first") })
+                          { "--seconds", "0.5", "--size", "640x352", "--state-out", scratch.getPath ("first") })
                    .exitCode,
                0);
-    EXPECT_EQ (size ("first"), (juce::Point { 640, 360 }));
+    EXPECT_EQ (size ("first"), (juce::Point { 640, 352 }));
 
     // The next window opens with it.
     ASSERT_EQ (
