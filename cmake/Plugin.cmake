@@ -30,10 +30,14 @@ list (REMOVE_ITEM orlo_links juce::juce_audio_plugin_client)
 set_property (TARGET Orlo PROPERTY LINK_LIBRARIES "${orlo_links}")
 target_link_libraries (Orlo PUBLIC orlo_product)
 
-# The build loads the new bundle to write its description down. The folders that an instance makes for its
-# presets must not land in the home and the system of whoever builds, so JUCE's own step, which has no say
-# in the environment, is left out there.
 if (CMAKE_SYSTEM_NAME STREQUAL "Linux")
+    set (vst3_exports "${CMAKE_CURRENT_LIST_DIR}/Vst3Exports.map")
+    target_link_options (Orlo_VST3 PRIVATE "LINKER:--version-script=${vst3_exports}")
+    set_property (TARGET Orlo_VST3 APPEND PROPERTY LINK_DEPENDS "${vst3_exports}")
+
+    # The build loads the new bundle to write its description down. The folders that an instance makes for
+    # its presets must not land in the home and the system of whoever builds, so JUCE's own step, which has
+    # no say in the environment, is left out here.
     set (build_home "${PROJECT_BINARY_DIR}/home")
     get_target_property (bundle Orlo_VST3 JUCE_PLUGIN_ARTEFACT_FILE)
     file (MAKE_DIRECTORY "${build_home}/share/Morlek/Orlo")

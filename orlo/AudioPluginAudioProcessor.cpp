@@ -16,12 +16,6 @@ namespace
 {
     return parameter.load (std::memory_order_relaxed) >= 0.5f;
 }
-
-/** Decibels to linear amplitude; the lowest value of the gain parameters means none at all. */
-[[nodiscard]] float gainForParameter (float dB) noexcept
-{
-    return dB > silenceDb ? std::pow (10.0f, dB * 0.05f) : 0.0f;
-}
 } // namespace
 
 AudioPluginAudioProcessor::AudioPluginAudioProcessor (pluginCore::PresetFolders presetFolders)
@@ -77,7 +71,7 @@ void AudioPluginAudioProcessor::updateLevelRange()
 
     // The two may cross, which inverts the picture. The threshold below which bins count as silence is
     // the lower one all the same.
-    fftProcessor.magnitudeThreshold.store (gainForParameter (juce::jmin (floorDb, ceilingDb)),
+    fftProcessor.magnitudeThreshold.store (magnitudeForDecibels (juce::jmin (floorDb, ceilingDb)),
                                            std::memory_order_relaxed);
     imageBuilder.setLevelRange (floorDb, ceilingDb);
 }
@@ -163,7 +157,7 @@ void AudioPluginAudioProcessor::processInternal (juce::AudioBuffer<float>& buffe
     updateTransport();
     updatePause();
 
-    if (! fftProcessor.paused.load (std::memory_order_relaxed))
+    if (! fftProcessor.paused.load (std::memory_order_relaxed) && buffer.getNumSamples() > 0)
         fftProcessor.pushSamples (mixToMono (buffer), buffer.getNumSamples());
 }
 

@@ -56,9 +56,23 @@ constexpr float frequencySkew = 0.30103f;
         juce::ParameterID { name, hint }, text, std::move (choices), defaultIndex);
 }
 
+/** The framework's own reading of a switch depends on the user's language; a host's automation must not. */
+[[nodiscard]] bool parseSwitch (const juce::String& text)
+{
+    for (const auto* const word : { "on", "yes", "true" })
+        if (text.trim().equalsIgnoreCase (word))
+            return true;
+
+    return text.getIntValue() != 0;
+}
+
 [[nodiscard]] auto makeBool (const char* name, int hint, const char* text)
 {
-    return std::make_unique<juce::AudioParameterBool> (juce::ParameterID { name, hint }, text, false);
+    return std::make_unique<juce::AudioParameterBool> (
+        juce::ParameterID { name, hint },
+        text,
+        false,
+        juce::AudioParameterBoolAttributes().withValueFromStringFunction (parseSwitch));
 }
 
 [[nodiscard]] auto makeFloat (const char* name,
@@ -73,35 +87,38 @@ constexpr float frequencySkew = 0.30103f;
 }
 } // namespace
 
-juce::AudioProcessorValueTreeState::ParameterLayout createLayout()
+std::vector<std::unique_ptr<juce::RangedAudioParameter>> createParameters()
 {
     const juce::NormalisableRange<float> gains (-140.0f, 0.0f, 0.0f);
     const juce::NormalisableRange<float> frequencies (0.0f, 100.0f, 0.0f, frequencySkew);
     const juce::NormalisableRange<float> percent (0.0f, 100.0f, 0.0f);
     const auto speedAttributes = pluginCore::getFloatParameterAttributesWithNDecimals (0).withLabel (" % ");
 
-    return {
-        makeChoice (id::mode, 1, "Mode", { "Classic", "Enhanced" }, 1),
-        makeChoice (id::fftSize, 1, "FFT Size", getWindowSizeChoices(), 3),
-        makeChoice (id::hiDPI, 1, "HiDPI", { "Normal", "2x" }, 0),
-        makeBool (id::freeze, 1, "Freeze"),
-        makeChoice (id::drawMode, 1, "Draw Mode", { "Static", "Scroll" }, 0),
-        makeFloat (id::floor, 1, "Floor Gain", gains, -100.0f, getGainParameterAttributes()),
-        makeFloat (id::ceiling, 2, "Ceiling Gain", gains, 0.0f, getGainParameterAttributes()),
-        makeFloat (id::minFreq, 2, "Min Freq", frequencies, 0.0f),
-        makeFloat (id::maxFreq, 2, "Max Freq", frequencies, 100.0f),
-        makeFloat (id::speed, 2, "Speed", percent, 40.0f, speedAttributes),
-        makeBool (id::ruler, 2, "Show Ruler"),
-        makeChoice (id::freqScale,
-                    1,
-                    "Freq Scale",
-                    paddedTo (numFreqScaleChoices, { "Linear", "Log", "Mel", "Bark", "ERB" }),
-                    1),
-        makeBool (id::keyboard, 3, "Show Piano"),
-        makeBool (id::autoFreeze, 3, "Auto Freeze"),
-        pluginCore::PluginProcessor::createInternalParam (3),
-        makeChoice (id::colourMap, 1, "Colour Map", getColourMapChoices(), 0),
-    };
+    std::vector<std::unique_ptr<juce::RangedAudioParameter>> all;
+    all.push_back (makeChoice (id::mode, 1, "Mode", { "Classic", "Enhanced" }, 1));
+    all.push_back (makeChoice (id::fftSize, 1, "FFT Size", getWindowSizeChoices(), 3));
+    all.push_back (makeChoice (id::hiDPI, 1, "HiDPI", { "Normal", "2x" }, 0));
+    all.push_back (makeBool (id::freeze, 1, "Freeze"));
+    all.push_back (makeChoice (id::drawMode, 1, "Draw Mode", { "Static", "Scroll" }, 0));
+    all.push_back (makeFloat (id::floor, 1, "Floor Gain", gains, -100.0f, getGainParameterAttributes()));
+    all.push_back (makeFloat (id::ceiling, 2, "Ceiling Gain", gains, 0.0f, getGainParameterAttributes()));
+    all.push_back (makeFloat (id::minFreq, 2, "Min Freq", frequencies, 0.0f));
+    all.push_back (makeFloat (id::maxFreq, 2, "Max Freq", frequencies, 100.0f));
+    all.push_back (makeFloat (id::speed, 2, "Speed", percent, 40.0f, speedAttributes));
+    all.push_back (makeBool (id::ruler, 2, "Show Ruler"));
+    all.push_back (makeChoice (
+        id::freqScale, 1, "Freq Scale", paddedTo (numFreqScaleChoices, { "Linear", "Log", "Mel", "Bark", "ERB" }), 1));
+    all.push_back (makeBool (id::keyboard, 3, "Show Piano"));
+    all.push_back (makeBool (id::autoFreeze, 3, "Auto Freeze"));
+    all.push_back (pluginCore::PluginProcessor::createInternalParam (3));
+    all.push_back (makeChoice (id::colourMap, 1, "Colour Map", getColourMapChoices(), 0));
+    return all;
+}
+
+juce::AudioProcessorValueTreeState::ParameterLayout createLayout()
+{
+    auto parameters = createParameters();
+    return { parameters.begin(), parameters.end() };
 }
 
 juce::AudioParameterFloatAttributes getGainParameterAttributes()

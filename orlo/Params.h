@@ -3,6 +3,9 @@
 
 #include <juce_audio_processors/juce_audio_processors.h>
 
+#include <memory>
+#include <vector>
+
 /** The parameters of the product. Their identifiers, version hints, order and choices are what saved
     sessions, presets and host automation refer to: they never change, only grow. */
 namespace mk::orlo::Params
@@ -28,7 +31,11 @@ inline constexpr auto internal = "internal";
 inline constexpr auto colourMap = "colourMap";
 } // namespace id
 
-/** All sixteen, in the order that hosts see. */
+/** All sixteen, in the order that hosts see. For whoever needs their ranges, choices and texts but has no
+    processor to put them into. */
+[[nodiscard]] std::vector<std::unique_ptr<juce::RangedAudioParameter>> createParameters();
+
+/** The same, as a processor takes them. */
 [[nodiscard]] juce::AudioProcessorValueTreeState::ParameterLayout createLayout();
 
 /** Whole decibels; a positive number typed by the user is taken as negative. */

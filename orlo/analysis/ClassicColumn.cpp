@@ -53,8 +53,17 @@ void ClassicColumn::fill (const Frame& frame,
                           const FrequencyScale& scale,
                           Column& column)
 {
+    fillMagnitudes (frame, settings, scale, column);
+    magnitudesToLevels (settings, column);
+}
+
+void ClassicColumn::fillMagnitudes (const Frame& frame,
+                                    const ColumnSettings& settings,
+                                    const FrequencyScale& scale,
+                                    Column& column)
+{
     const auto numBins = int (frame.size());
-    const auto maxBin = juce::jmin (numBins - 1, settings.fftSize / 2);
+    const auto maxBin = juce::jmax (0, juce::jmin (numBins - 1, settings.fftSize / 2));
 
     updateRows (
         { settings.numRows, maxBin, scale.getScaleType(), settings.getBinWidth(), settings.minHz, settings.maxHz },
@@ -72,8 +81,15 @@ void ClassicColumn::fill (const Frame& frame,
         for (int bin = row.firstPeakBin; bin < row.endPeakBin; ++bin)
             loudest = juce::jmax (loudest, frame[size_t (bin)].magnitude);
 
-        column[y] = settings.levelForDecibels (decibelsForMagnitude (loudest));
+        // What is not a number counts as silence.
+        column[y] = loudest > 0.0f ? loudest : 0.0f;
     }
+}
+
+void ClassicColumn::magnitudesToLevels (const ColumnSettings& settings, Column& column) noexcept
+{
+    for (auto& value : column)
+        value = settings.levelForDecibels (decibelsForMagnitude (value));
 }
 
 } // namespace mk::orlo

@@ -18,6 +18,18 @@ public:
         settings' range. Allocates only when rows or range have changed since the last call. */
     void fill (const Frame& frame, const ColumnSettings& settings, const FrequencyScale& scale, Column& column);
 
+    /** The first half of fill(): what is loudest in each row, as linear magnitudes of 0 or more.
+
+        The louder of two magnitudes has the higher level, as long as the floor is below the ceiling. Whoever
+        merges many columns by maximum can merge magnitudes, and take the logarithms of the result alone. */
+    void fillMagnitudes (const Frame& frame,
+                         const ColumnSettings& settings,
+                         const FrequencyScale& scale,
+                         Column& column);
+
+    /** The second half of fill(): turns magnitudes into levels, in place. */
+    static void magnitudesToLevels (const ColumnSettings& settings, Column& column) noexcept;
+
 private:
     /** Which bins a row shows. Fixed by the geometry, so worked out once and not for every column. */
     struct Row

@@ -26,11 +26,17 @@ public:
     /** The same as ARGB words. */
     [[nodiscard]] const juce::Array<juce::uint32>& getPixels() const noexcept { return pixels; }
 
-    /** The ARGB word of a level above 0; levels above 1 count as 1, and a NaN as the first entry. */
-    [[nodiscard]] juce::uint32 pixelForLevel (float level) const noexcept
+    /** Which of the entries shows a level above 0; levels above 1 count as 1, and a NaN is the first. */
+    [[nodiscard]] static int entryForLevel (float level) noexcept
     {
         const auto position = juce::jmin (level, 1.0f) * float (numEntries - 1);
-        return position > 0.0f ? pixels.getReference (juce::roundToInt (position)) : pixels.getReference (0);
+        return position > 0.0f ? juce::roundToInt (position) : 0;
+    }
+
+    /** The ARGB word of that entry. */
+    [[nodiscard]] juce::uint32 pixelForLevel (float level) const noexcept
+    {
+        return pixels.getReference (entryForLevel (level));
     }
 
     //==============================================================================

@@ -45,4 +45,10 @@ inline constexpr float silenceDb = -140.0f;
     return magnitude > 0.0f ? juce::jmax (silenceDb, 20.0f * std::log10 (magnitude)) : silenceDb;
 }
 
+/** Decibels to linear amplitude; silenceDb and less mean none at all. */
+[[nodiscard]] inline float magnitudeForDecibels (float dB) noexcept
+{
+    return dB > silenceDb ? std::pow (10.0f, dB * 0.05f) : 0.0f;
+}
+
 } // namespace mk::orlo

@@ -73,6 +73,9 @@ public:
         the levels, range and scale of the moment; see ColumnMapper. */
     void frameToColumn (const Frame& frame, Column& column);
 
+    /** [builder, or anybody while the thread is not started] What frameToColumn() would work with now. */
+    [[nodiscard]] ColumnSettings makeColumnSettings() const;
+
     /** [builder, or anybody while the thread is not started] Takes the requested size over at once, and
         not with the next columns. */
     void applyRequestedSize();
@@ -84,7 +87,6 @@ public:
 
 private:
     void applyScrollMode();
-    [[nodiscard]] ColumnSettings makeColumnSettings() const;
     void collectColumns (int numFrames);
     void collectMergedColumns (int numFrames, int framesInEachColumn, bool catchUp);
     bool mergeNextFrame();

@@ -165,10 +165,11 @@ juce::AudioProcessorEditor* PluginProcessor::createEditor()
                                           fallbackEditorHeight);
 
     auto editor = createEditorInternal();
-    auto* const constrainer = editor->getConstrainer();
-    const auto maxWidth = constrainer != nullptr ? constrainer->getMaximumWidth() : width;
-    const auto maxHeight = constrainer != nullptr ? constrainer->getMaximumHeight() : height;
-    editor->setSize (juce::jmin (width, maxWidth), juce::jmin (height, maxHeight));
+    editor->setSize (width, height);
+
+    // In a second step, from the size just set: the constrainer keeps the width and corrects the height.
+    if (auto* const constrainer = editor->getConstrainer())
+        constrainer->setBoundsForComponent (editor.get(), editor->getBounds(), false, false, false, false);
 
     // The framework's interface wants the caller to own a plain pointer.
     return editor.release();

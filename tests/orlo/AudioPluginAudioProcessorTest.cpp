@@ -67,7 +67,7 @@ protected:
     juce::AudioBuffer<float> buffer (numChannels, numSamples);
     const auto noise = makeReferenceSignal ("noise", numChannels * numSamples, 48000.0);
 
-    for (int channel = 0; channel < numChannels; ++channel)
+    for (int channel = 0; channel < numChannels && numSamples > 0; ++channel)
         buffer.copyFrom (channel, 0, noise.data() + channel * numSamples, numSamples);
 
     return buffer;

@@ -137,6 +137,19 @@ TEST_F (ParamsTest, GainsAndSpeedAreStraightAndFrequenciesBentByTheLogOfTwo)
     EXPECT_FLOAT_EQ (find ("maxFreq").convertFrom0to1 (1.0f), 100.0f);
 }
 
+TEST_F (ParamsTest, SwitchesReadTheSameWordsInEveryLanguage)
+{
+    juce::LocalisedStrings::setCurrentMappings (new juce::LocalisedStrings ("\"Yes\" = \"Oui\"", true));
+
+    for (const auto* const word : { "on", "Yes", "TRUE", " 1 " })
+        EXPECT_EQ (valueOf ("freeze", word), 1.0f) << word;
+
+    for (const auto* const word : { "off", "no", "0", "" })
+        EXPECT_EQ (valueOf ("freeze", word), 0.0f) << word;
+
+    juce::LocalisedStrings::setCurrentMappings (nullptr);
+}
+
 TEST_F (ParamsTest, TheInternalParameterSaysNothingAndCannotBeAutomated)
 {
     for (const auto value : { 0.0f, 0.01f, 1.0f })

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "orlo/analysis/ColumnMapper.h"
 
-#include "orlo/analysis/EnhancedColumn.h"
 #include "orlo/analysis/FrequencyScale.h"
 
 #include <gtest/gtest.h>
@@ -177,7 +176,7 @@ TEST (ClassicColumn, RowsFollowARangeThatChanges)
     FrequencyScale scale;
     scale.setRange (settings.minHz, settings.maxHz);
     std::vector<Column> columns (numColumns, Column (size_t (settings.numRows), 0.0f));
-    plotReassignedPoints (frame, settings, scale, columns);
+    EnhancedColumn().plot (frame, settings, scale, columns);
     return columns;
 }
 

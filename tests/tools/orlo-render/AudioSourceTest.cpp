@@ -1,0 +1,266 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "tools/orlo-render/AudioSource.h"
+
+#include "AudioFiles.h"
+#include "TemporaryFolder.h"
+#include "tools/orlo-render/RenderError.h"
+
+#include <gmock/gmock.h>
+
+#include <numeric>
+
+namespace mk::orlo::test
+{
+namespace
+{
+using namespace render;
+using testing::HasSubstr;
+
+constexpr double rate = 44100.0;
+
+struct Format
+{
+    const char* extension;
+    int bits;
+    float tolerance; // of the mean against what was written
+};
+
+void PrintTo (const Format& format, std::ostream* stream) { *stream << format.extension << " " << format.bits; }
+
+[[nodiscard]] Samples readAll (AudioSource& source, int blockSize = 1000)
+{
+    Samples samples (size_t (source.getLength()));
+
+    for (size_t start = 0; start < samples.size(); start += size_t (blockSize))
+        source.read (juce::int64 (start),
+                     std::span (samples).subspan (start, std::min (size_t (blockSize), samples.size() - start)));
+
+    return samples;
+}
+
+[[nodiscard]] float largestDifference (const Samples& a, const Samples& b)
+{
+    return std::transform_reduce (
+        a.begin(),
+        a.end(),
+        b.begin(),
+        0.0f,
+        [] (float x, float y) { return std::max (x, y); },
+        [] (float x, float y) { return std::abs (x - y); });
+}
+
+class AudioSourceFormats : public testing::TestWithParam<std::tuple<Format, int>>
+{
+};
+
+TEST_P (AudioSourceFormats, GiveTheMeanOfTheirChannels)
+{
+    const auto& [format, numChannels] = GetParam();
+    constexpr int length = 30000;
+
+    Channels channels;
+    Samples mean (length);
+
+    for (int i = 0; i < numChannels; ++i)
+    {
+        channels.push_back (makeSine (200.0 + 130.0 * i, 0.4f, length, rate));
+
+        for (size_t n = 0; n < length; ++n)
+            mean[n] += channels.back()[n] / float (numChannels);
+    }
+
+    const TemporaryFolder folder;
+    const auto file = folder.getFile (juce::String ("a.") + format.extension);
+    writeAudioFile (file, channels, rate, format.bits);
+
+    AudioSource source (file);
+    EXPECT_EQ (source.getSampleRate(), rate);
+    ASSERT_EQ (source.getLength(), length);
+    EXPECT_LE (largestDifference (readAll (source), mean), format.tolerance);
+}
+
+INSTANTIATE_TEST_SUITE_P (All,
+                          AudioSourceFormats,
+                          testing::Combine (testing::Values (Format { "wav", 8, 1.0e-2f },
+                                                             Format { "wav", 16, 5.0e-5f },
+                                                             Format { "wav", 24, 1.0e-6f },
+                                                             Format { "wav", 32, 1.0e-6f },
+                                                             Format { "aiff", 16, 5.0e-5f },
+                                                             Format { "aiff", 24, 1.0e-6f },
+                                                             Format { "flac", 16, 5.0e-5f },
+                                                             Format { "flac", 24, 1.0e-6f },
+                                                             Format { "ogg", 16, 1.0e-1f }),
+                                            testing::Values (1, 2, 6)));
+
+[[nodiscard]] std::string complaintAbout (const juce::File& file)
+{
+    try
+    {
+        AudioSource source (file);
+        juce::ignoreUnused (readAll (source));
+        return {};
+    }
+    catch (const RenderError& error)
+    {
+        EXPECT_EQ (error.getExitCode(), RenderError::failure);
+        return error.what();
+    }
+}
+
+TEST (AudioSource, ThereIsSilenceBeforeTheStartAndBehindTheEnd)
+{
+    const TemporaryFolder folder;
+    const auto file = folder.getFile ("a.wav");
+    writeAudioFile (file, { Samples (100, 0.5f) }, rate, 32);
+
+    AudioSource source (file);
+    Samples samples (120, 9.0f);
+    source.read (-10, samples);
+
+    for (size_t i = 0; i < samples.size(); ++i)
+        EXPECT_EQ (samples[i], i >= 10 && i < 110 ? 0.5f : 0.0f) << i;
+
+    for (const auto position : { -1000, 1000 })
+    {
+        std::fill (samples.begin(), samples.end(), 9.0f);
+        source.read (position, samples);
+        EXPECT_EQ (samples, Samples (120)) << position;
+    }
+}
+
+TEST (AudioSource, ASectionIsTheSameInEveryFormat)
+{
+    const TemporaryFolder folder;
+    const auto signal = makeNoise (200000);
+    Samples section (1000);
+
+    for (const auto* const extension : { "wav", "aiff", "flac" })
+    {
+        const auto file = folder.getFile (juce::String ("a.") + extension);
+        writeAudioFile (file, { signal }, rate, 24);
+        AudioSource source (file);
+        source.read (150123, section);
+
+        for (size_t i = 0; i < section.size(); ++i)
+            ASSERT_NEAR (section[i], signal[150123 + i], 1.0e-6f) << extension;
+    }
+}
+
+TEST (AudioSource, AFormatIsKnownByItsContentAndNotByItsName)
+{
+    const TemporaryFolder folder;
+    writeAudioFile (folder.getFile ("a.flac"), { makeNoise (1000) }, rate);
+    const auto renamed = folder.getFile ("a.wav");
+    ASSERT_TRUE (folder.getFile ("a.flac").moveFileTo (renamed));
+    EXPECT_EQ (complaintAbout (renamed), "");
+}
+
+TEST (AudioSource, WhatIsNoAudioIsRefused)
+{
+    const TemporaryFolder folder;
+    EXPECT_EQ (complaintAbout (folder.getFile ("none.wav")), "'none.wav' does not exist");
+    EXPECT_THAT (complaintAbout (folder.getFile ("")), HasSubstr ("is a folder"));
+
+    const auto file = folder.getFile ("x.wav");
+    ASSERT_TRUE (file.create());
+    EXPECT_EQ (complaintAbout (file), "'x.wav' is empty");
+
+    ASSERT_TRUE (file.replaceWithText (juce::String::repeatedString ("This is a text. ", 5000)));
+    EXPECT_THAT (complaintAbout (file), HasSubstr ("is not audio that can be read"));
+}
+
+TEST (AudioSource, AFileWithoutASampleIsRefused)
+{
+    const TemporaryFolder folder;
+
+    for (const auto* const extension : { "wav", "aiff" })
+    {
+        const auto file = folder.getFile (juce::String ("a.") + extension);
+        writeAudioFile (file, { Samples() }, rate);
+        EXPECT_THAT (complaintAbout (file), HasSubstr ("holds no audio")) << extension;
+    }
+}
+
+TEST (AudioSource, ATruncatedFileIsRefusedWhereverItIsCut)
+{
+    const TemporaryFolder folder;
+
+    for (const auto* const extension : { "wav", "aiff", "flac", "ogg" })
+    {
+        for (const auto share : { 0.999, 0.9, 0.5, 0.2 })
+        {
+            const auto file = folder.getFile (juce::String ("a.") + extension);
+            writeAudioFile (file, { makeNoise (100000), makeNoise (100000, 2) }, rate);
+            EXPECT_EQ (complaintAbout (file), "") << extension;
+
+            truncateFile (file, juce::int64 (double (file.getSize()) * share));
+            EXPECT_THAT (complaintAbout (file), HasSubstr ("is truncated")) << extension << " " << share;
+            file.deleteFile();
+        }
+    }
+}
+
+TEST (AudioSource, AFileCutWithinItsHeaderIsRefused)
+{
+    const TemporaryFolder folder;
+
+    for (const auto* const extension : { "wav", "aiff", "flac", "ogg" })
+    {
+        const auto file = folder.getFile (juce::String ("a.") + extension);
+
+        for (const auto size : { 1, 4, 10, 20, 40 })
+        {
+            writeAudioFile (file, { makeNoise (1000) }, rate);
+            truncateFile (file, size);
+            EXPECT_NE (complaintAbout (file), "") << extension << " " << size;
+            file.deleteFile();
+        }
+    }
+}
+
+/** A file of 100 stereo frames with a header of our own making. */
+void writeWav (const juce::File& file, int format, int numChannels, int sampleRate, int bits, int dataSize)
+{
+    juce::FileOutputStream stream (file);
+    stream.write ("RIFF", 4);
+    stream.writeInt (36 + dataSize);
+    stream.write ("WAVEfmt ", 8);
+    stream.writeInt (16);
+    stream.writeShort (short (format));
+    stream.writeShort (short (numChannels));
+    stream.writeInt (sampleRate);
+    stream.writeInt (sampleRate * numChannels * bits / 8);
+    stream.writeShort (short (numChannels * bits / 8));
+    stream.writeShort (short (bits));
+    stream.write ("data", 4);
+    stream.writeInt (dataSize);
+    stream.writeRepeatedByte (1, 400);
+}
+
+TEST (AudioSource, HeadersThatCannotBeTrueAreRefused)
+{
+    const TemporaryFolder folder;
+    const auto file = folder.getFile ("a.wav");
+
+    const auto complaint = [&] (int format, int numChannels, int sampleRate, int bits, int dataSize)
+    {
+        file.deleteFile();
+        writeWav (file, format, numChannels, sampleRate, bits, dataSize);
+        return complaintAbout (file);
+    };
+
+    EXPECT_EQ (complaint (1, 2, 44100, 16, 400), "");
+    EXPECT_THAT (complaint (1, 2, 44100, 16, 404), HasSubstr ("is truncated"));
+    EXPECT_THAT (complaint (1, 2, 44100, 16, -1), HasSubstr ("is truncated"));
+    EXPECT_THAT (complaint (1, 2, 44100, 16, 0), HasSubstr ("holds no audio"));
+    EXPECT_THAT (complaint (1, 0, 44100, 16, 400), HasSubstr ("not audio that can be read"));
+    EXPECT_THAT (complaint (1, 2000, 44100, 16, 4000000), HasSubstr ("2000 channels"));
+    EXPECT_THAT (complaint (1, 2, 0, 16, 400), HasSubstr ("not audio that can be read"));
+    EXPECT_THAT (complaint (1, 2, 2000000000, 16, 400), HasSubstr ("sample rate of"));
+    EXPECT_THAT (complaint (1, 2, 44100, 12, 300), HasSubstr ("12 bits"));
+    EXPECT_THAT (complaint (3, 2, 44100, 64, 400), HasSubstr ("not audio that can be read"));
+    EXPECT_THAT (complaint (6, 2, 44100, 8, 400), HasSubstr ("not audio that can be read"));
+}
+
+} // namespace
+} // namespace mk::orlo::test

@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "tools/orlo-render/CommandLine.h"
+
+#include "orlo/Params.h"
+#include "tools/orlo-render/RenderError.h"
+
+#include <gmock/gmock.h>
+
+namespace mk::orlo::test
+{
+namespace
+{
+using namespace render;
+using testing::HasSubstr;
+
+[[nodiscard]] std::string complaintAbout (const juce::StringArray& arguments)
+{
+    try
+    {
+        juce::ignoreUnused (parseCommandLine (arguments));
+        return {};
+    }
+    catch (const RenderError& error)
+    {
+        EXPECT_EQ (error.getExitCode(), RenderError::usage);
+        return error.what();
+    }
+}
+
+[[nodiscard]] juce::File inWorkingDirectory (const char* name)
+{
+    return juce::File::getCurrentWorkingDirectory().getChildFile (name);
+}
+} // namespace
+
+TEST (CommandLine, TwoFilesAreEnough)
+{
+    const auto command = parseCommandLine ({ "in.wav", "out.png" });
+    EXPECT_EQ (command.action, CommandLine::Action::render);
+    EXPECT_EQ (command.options.input, inWorkingDirectory ("in.wav"));
+    EXPECT_EQ (command.options.picture, inWorkingDirectory ("out.png"));
+    EXPECT_EQ (command.options.levels, juce::File());
+    EXPECT_EQ (command.options.height, 1024);
+    EXPECT_EQ (command.options.width, 0);
+    EXPECT_EQ (command.options.startSeconds, 0.0);
+    EXPECT_FALSE (command.options.durationSeconds);
+}
+
+TEST (CommandLine, OptionsMayStandAnywhereAndTakeTheirValueEitherWay)
+{
+    const auto command = parseCommandLine ({ "--height",
+                                             "300",
+                                             "in.wav",
+                                             "--width=200",
+                                             "--floor",
+                                             "-90",
+                                             "out.png",
+                                             "--start=1.5",
+                                             "--duration",
+                                             "2s",
+                                             "--levels",
+                                             "l.npy",
+                                             "--mode=Classic" });
+
+    const auto& options = command.options;
+    EXPECT_EQ (options.height, 300);
+    EXPECT_EQ (options.width, 200);
+    EXPECT_EQ (options.startSeconds, 1.5);
+    EXPECT_EQ (options.durationSeconds, 2.0);
+    EXPECT_EQ (options.levels, inWorkingDirectory ("l.npy"));
+    EXPECT_NEAR (options.parameters.get (Params::id::floor), -90.0f, 1.0e-4f);
+    EXPECT_EQ (options.parameters.get (Params::id::mode), 0.0f);
+}
+
+TEST (CommandLine, TheLastOfTwoValuesCounts)
+{
+    const auto command = parseCommandLine ({ "--minFreq=200Hz", "--minFreq=10", "--height=5", "--height=6", "i", "o" });
+    EXPECT_EQ (command.options.height, 6);
+    EXPECT_NEAR (command.options.parameters.getFrequencyFraction ("minFreq", 44100.0), 0.1f, 1.0e-5f);
+}
+
+TEST (CommandLine, BehindTwoDashesAllAreFiles)
+{
+    const auto command = parseCommandLine ({ "--", "--in.wav", "--help" });
+    EXPECT_EQ (command.options.input, inWorkingDirectory ("--in.wav"));
+    EXPECT_EQ (command.options.picture, inWorkingDirectory ("--help"));
+}
+
+TEST (CommandLine, ATildeIsPartOfAName)
+{
+    EXPECT_EQ (parseCommandLine ({ "~in.wav", "out.png" }).options.input.getFullPathName(),
+               juce::File::getCurrentWorkingDirectory().getFullPathName() + "/~in.wav");
+}
+
+TEST (CommandLine, HelpAndVersionNeedNoFiles)
+{
+    EXPECT_EQ (parseCommandLine ({ "--help" }).action, CommandLine::Action::showHelp);
+    EXPECT_EQ (parseCommandLine ({ "in.wav", "-h" }).action, CommandLine::Action::showHelp);
+    EXPECT_EQ (parseCommandLine ({ "--version" }).action, CommandLine::Action::showVersion);
+}
+
+TEST (CommandLine, WhatMakesNoSenseIsRefused)
+{
+    EXPECT_THAT (complaintAbout ({}), HasSubstr ("are needed"));
+    EXPECT_THAT (complaintAbout ({ "in.wav" }), HasSubstr ("are needed"));
+    EXPECT_THAT (complaintAbout ({ "a", "b", "c" }), HasSubstr ("one file too many: 'c'"));
+    EXPECT_THAT (complaintAbout ({ "a", "" }), HasSubstr ("empty"));
+    EXPECT_THAT (complaintAbout ({ "a", "b", "--Mode", "Classic" }), HasSubstr ("unknown option '--Mode'"));
+    EXPECT_THAT (complaintAbout ({ "a", "b", "-mode", "Classic" }), HasSubstr ("unknown option '-mode'"));
+    EXPECT_THAT (complaintAbout ({ "a", "b", "--mode" }), HasSubstr ("--mode needs a value"));
+    EXPECT_THAT (complaintAbout ({ "a", "b", "--width", "0" }), HasSubstr ("from 1 to 32767"));
+    EXPECT_THAT (complaintAbout ({ "a", "b", "--height", "32768" }), HasSubstr ("from 1 to 32767"));
+    EXPECT_THAT (complaintAbout ({ "a", "b", "--height", "tall" }), HasSubstr ("'tall' is not a whole number"));
+    EXPECT_THAT (complaintAbout ({ "a", "b", "--start", "-1" }), HasSubstr ("is not a number of seconds"));
+    EXPECT_THAT (complaintAbout ({ "a", "b", "--duration", "0" }), HasSubstr ("longer than nothing"));
+    EXPECT_THAT (complaintAbout ({ "a", "b", "--levels=" }), HasSubstr ("empty"));
+}
+
+TEST (CommandLine, NoFileServesTwoEnds)
+{
+    EXPECT_THAT (complaintAbout ({ "a.wav", "a.wav" }), HasSubstr ("both read and written"));
+    EXPECT_THAT (complaintAbout ({ "a.wav", "b", "--levels", "./a.wav" }), HasSubstr ("both read and written"));
+    EXPECT_THAT (complaintAbout ({ "a.wav", "b", "--levels", "b" }), HasSubstr ("the same file"));
+}
+
+TEST (CommandLine, TheHelpNamesEveryOption)
+{
+    const auto help = getHelpText().toStdString();
+
+    for (const auto* const option :
+         { "--height",  "--width", "--start",     "--duration", "--levels",     "--help",     "--version",  "--mode",
+           "--fftSize", "--hiDPI", "--freeze",    "--drawMode", "--floor",      "--ceiling",  "--minFreq",  "--maxFreq",
+           "--speed",   "--ruler", "--freqScale", "--keyboard", "--autoFreeze", "--internal", "--colourMap" })
+        EXPECT_THAT (help, HasSubstr (option));
+
+    EXPECT_THAT (help, HasSubstr ("change\nnothing in a still picture"));
+}
+
+} // namespace mk::orlo::test

@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "AudioSource.h"
+
+#include "OggTail.h"
+#include "RenderError.h"
+
+#include <algorithm>
+
+namespace mk::orlo::render
+{
+namespace
+{
+// The readers of uncompressed files work through a buffer of 5760 bytes, in which a sample of every channel
+// must have a place.
+constexpr unsigned mostChannels = 256;
+
+constexpr double highestSampleRate = 1.0e6;
+constexpr int skipBlockSize = 65536;
+
+[[nodiscard]] bool isUncompressed (const juce::AudioFormatReader& reader)
+{
+    return reader.getFormatName() == juce::WavAudioFormat().getFormatName()
+           || reader.getFormatName() == juce::AiffAudioFormat().getFormatName();
+}
+
+[[nodiscard]] bool isOgg (const juce::AudioFormatReader& reader)
+{
+    return reader.getFormatName() == juce::OggVorbisAudioFormat().getFormatName();
+}
+} // namespace
+
+AudioSource::AudioSource (const juce::File& file) : name (file.getFileName())
+{
+    if (file.isDirectory())
+        fail ("is a folder");
+
+    if (! file.exists())
+        fail ("does not exist");
+
+    auto input = std::make_unique<juce::FileInputStream> (file);
+
+    if (input->failedToOpen())
+        fail ("cannot be opened: " + input->getStatus().getErrorMessage());
+
+    if (input->getTotalLength() == 0)
+        fail ("is empty");
+
+    auto watched = std::make_unique<WatchedInputStream> (std::move (input));
+    stream = watched.get();
+
+    juce::AudioFormatManager formats;
+    formats.registerBasicFormats();
+    reader.reset (formats.createReaderFor (std::move (watched)));
+
+    if (reader == nullptr)
+        fail ("is not audio that can be read (WAV, AIFF, FLAC or Ogg Vorbis)");
+
+    checkFormat();
+    checkEnd();
+    stream->forget(); // reading headers and looking for the end is no reading of audio
+}
+
+AudioSource::~AudioSource() = default;
+
+void AudioSource::fail (const juce::String& what) const { throw RenderError ("'" + name + "' " + what); }
+
+void AudioSource::checkFormat() const
+{
+    const auto bits = reader->bitsPerSample;
+
+    if (reader->numChannels < 1 || reader->numChannels > mostChannels)
+        fail ("has " + juce::String (reader->numChannels) + " channels; 1 to " + juce::String (mostChannels)
+              + " can be read");
+
+    if (! (reader->sampleRate > 0.0 && reader->sampleRate <= highestSampleRate))
+        fail ("has a sample rate of " + juce::String (reader->sampleRate) + " Hz; up to "
+              + juce::String (highestSampleRate) + " Hz can be read");
+
+    if (isUncompressed (*reader) && bits != 8 && bits != 16 && bits != 24 && bits != 32)
+        fail ("has samples of " + juce::String (bits) + " bits; 8, 16, 24 or 32 can be read");
+
+    if (reader->lengthInSamples < 1)
+        fail ("holds no audio");
+}
+
+void AudioSource::checkEnd()
+{
+    if (isOgg (*reader))
+    {
+        if (! endsWithLastPage (*stream))
+            fail ("is truncated");
+
+        return;
+    }
+
+    if (! isUncompressed (*reader))
+        return; // tells while it is read
+
+    stream->forget();
+    channels.setSize (int (reader->numChannels), 1);
+    reader->read (channels.getArrayOfWritePointers(), channels.getNumChannels(), reader->lengthInSamples - 1, 1);
+
+    if (stream->wasReadShort())
+        fail ("is truncated");
+}
+
+//==============================================================================
+void AudioSource::read (juce::int64 position, std::span<float> destination)
+{
+    const auto count = juce::int64 (destination.size());
+    const auto silenceBefore = std::clamp<juce::int64> (-position, 0, count);
+    const auto end = std::clamp<juce::int64> (getLength() - position, silenceBefore, count);
+
+    std::fill_n (destination.data(), silenceBefore, 0.0f);
+
+    if (end > silenceBefore)
+    {
+        skipTo (position + silenceBefore);
+        readMono (position + silenceBefore, destination.data() + silenceBefore, int (end - silenceBefore));
+    }
+
+    std::fill (destination.begin() + end, destination.end(), 0.0f);
+}
+
+void AudioSource::skipTo (juce::int64 position)
+{
+    // A seek in FLAC may run into the end of an intact file while it searches, and after one there would be
+    // no telling a truncated file. So what lies before is decoded, and thrown away.
+    if (! isUncompressed (*reader) && ! isOgg (*reader))
+    {
+        std::vector<float> scrap (skipBlockSize);
+
+        while (nextPosition < position)
+            readMono (nextPosition, scrap.data(), int (std::min<juce::int64> (skipBlockSize, position - nextPosition)));
+    }
+}
+
+void AudioSource::readMono (juce::int64 position, float* destination, int count)
+{
+    const auto numChannels = int (reader->numChannels);
+    channels.setSize (numChannels, count, false, false, true);
+
+    if (! reader->read (channels.getArrayOfWritePointers(), numChannels, position, count))
+        fail ("cannot be read");
+
+    if (isUncompressed (*reader) ? stream->wasReadShort() : ! isOgg (*reader) && stream->wasFoundExhausted())
+        fail ("is truncated");
+
+    mixChannels (destination, count);
+    nextPosition = position + count;
+}
+
+void AudioSource::mixChannels (float* destination, int count) const
+{
+    using Vector = juce::FloatVectorOperations;
+    const auto numChannels = channels.getNumChannels();
+
+    Vector::copy (destination, channels.getReadPointer (0), count);
+
+    for (int channel = 1; channel < numChannels; ++channel)
+        Vector::add (destination, channels.getReadPointer (channel), count);
+
+    if (numChannels > 1)
+        Vector::multiply (destination, 1.0f / float (numChannels), count);
+}
+
+} // namespace mk::orlo::render

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include "WatchedInputStream.h"
+
+#include <juce_audio_formats/juce_audio_formats.h>
+
+#include <span>
+
+namespace mk::orlo::render
+{
+
+/** The audio of a file as one endless mono signal: the mean of its channels, with silence before its start
+    and behind its end. One thread at a time. */
+class AudioSource
+{
+public:
+    /** Opens the file. Throws RenderError if it is not there, is no audio that can be read, is empty, or
+        holds less than its header promises as far as that can be told from its ends. */
+    explicit AudioSource (const juce::File& file);
+    ~AudioSource();
+
+    /** Hertz. */
+    [[nodiscard]] double getSampleRate() const noexcept { return reader->sampleRate; }
+
+    /** Samples in each channel of the file. */
+    [[nodiscard]] juce::int64 getLength() const noexcept { return reader->lengthInSamples; }
+
+    /** Fills the destination with the samples from a position on, which may lie before the start and may
+        not lie before the end of what was read last. Allocates only for blocks larger than any before.
+        Throws RenderError if the file holds less than its header promises. */
+    void read (juce::int64 position, std::span<float> destination);
+
+private:
+    void checkFormat() const;
+    void checkEnd();
+    void skipTo (juce::int64 position);
+    void readMono (juce::int64 position, float* destination, int count);
+    void mixChannels (float* destination, int count) const;
+    [[noreturn]] void fail (const juce::String& what) const;
+
+    const juce::String name;
+    WatchedInputStream* stream = nullptr; // the reader owns it
+    std::unique_ptr<juce::AudioFormatReader> reader;
+    juce::int64 nextPosition = 0;
+    juce::AudioBuffer<float> channels;
+};
+
+} // namespace mk::orlo::render

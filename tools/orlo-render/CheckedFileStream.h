@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include <juce_core/juce_core.h>
+
+#include <cstdio>
+#include <memory>
+
+namespace mk::orlo::render
+{
+
+/** A file being written that never forgets a failure.
+
+    Image writers do not look at what becomes of what they write; with this stream it is enough to look once,
+    at the end. Unlike JUCE's own it notices writes that were cut short by a full disk, and does not wait for
+    the disk when it is closed. */
+class CheckedFileStream final : public juce::OutputStream
+{
+public:
+    /** Creates the file, or empties it; see getResult(). */
+    explicit CheckedFileStream (const juce::File& file);
+
+    /** Writes out what is left in the buffer and closes the file. Whether that, and all before it, went well. */
+    [[nodiscard]] juce::Result close();
+
+    /** Whether all went well so far. */
+    [[nodiscard]] juce::Result getResult() const { return result; }
+
+    void flush() override;
+    bool setPosition (juce::int64 newPosition) override;
+    juce::int64 getPosition() override { return position; }
+    bool write (const void* data, size_t size) override;
+
+private:
+    bool check (bool succeeded);
+
+    struct Closer
+    {
+        void operator() (std::FILE* toClose) const noexcept { std::fclose (toClose); }
+    };
+
+    std::unique_ptr<std::FILE, Closer> handle;
+    juce::int64 position = 0;
+    juce::Result result = juce::Result::ok();
+};
+
+} // namespace mk::orlo::render

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include "ParameterValues.h"
+
+#include <optional>
+
+namespace mk::orlo::render
+{
+
+/** The widest and the highest picture, in pixels. */
+inline constexpr int largestSide = 32767;
+
+/** Everything that the user asked for. */
+struct RenderOptions
+{
+    juce::File input, picture;
+    juce::File levels; /**< Where the levels go; none if it is no file. */
+    ParameterValues parameters;
+    int height = 1024;                     /**< Pixels. */
+    int width = 0;                         /**< Pixels; 0: one for each column. */
+    double startSeconds = 0.0;             /**< Where in the file the picture starts. */
+    std::optional<double> durationSeconds; /**< Up to the file's end if there is none. */
+};
+
+/** What a command line comes to. */
+struct CommandLine
+{
+    enum class Action
+    {
+        render,
+        showHelp,
+        showVersion
+    };
+
+    Action action = Action::render;
+    RenderOptions options;
+};
+
+/** Reads the arguments, without the program's name. Throws RenderError for what it does not understand;
+    looks at no file. */
+[[nodiscard]] CommandLine parseCommandLine (const juce::StringArray& arguments);
+
+/** What --help prints. */
+[[nodiscard]] juce::String getHelpText();
+
+} // namespace mk::orlo::render

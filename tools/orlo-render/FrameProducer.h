@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include "AudioSource.h"
+#include "RenderPlan.h"
+#include "orlo/analysis/FFTProcessor.h"
+
+#include <array>
+#include <condition_variable>
+#include <deque>
+#include <exception>
+#include <mutex>
+#include <thread>
+
+namespace mk::orlo::render
+{
+
+/** Reads the audio and runs the transforms on a thread of its own, so that the frames of the next batch are in
+    the making while those of the last one become columns. The frames are in order and are the same whatever
+    the threads' timing. */
+class FrameProducer
+{
+public:
+    /** Starts at once. Until it is destroyed, the source and the processor (prepared, with its thread not
+        started) are the producer's. */
+    FrameProducer (AudioSource& source, FFTProcessor& processor, const RenderPlan& plan);
+
+    /** Stops, within the time of a batch. */
+    ~FrameProducer();
+
+    /** [consumer] Waits for the next frames and swaps them into the batch, whose old content is reused. False
+        when there are no more. Throws what the reading threw. */
+    bool next (std::vector<Frame>& batch);
+
+private:
+    void run();
+    void fill (std::vector<Frame>& batch, std::int64_t position, int numFrames);
+    [[nodiscard]] bool waitForSpare (std::vector<Frame>& batch);
+    void deliver (std::vector<Frame>& batch);
+    void finish (std::exception_ptr failure);
+
+    AudioSource& source;
+    FFTProcessor& processor;
+    const RenderPlan plan;
+    const int framesPerBatch;
+    std::vector<float> samples;
+
+    std::mutex mutex; // guards all that follows
+    std::condition_variable changed;
+    std::deque<std::vector<Frame>> ready, spare;
+    bool finished = false, stopRequested = false;
+    std::exception_ptr error;
+
+    std::thread thread;
+};
+
+} // namespace mk::orlo::render

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <span>
+#include <vector>
+
+namespace mk::orlo::render
+{
+
+/** The levels of a whole picture, column by column; row 0 is the topmost. */
+class LevelGrid
+{
+public:
+    /** All zero. */
+    LevelGrid (int gridWidth, int gridHeight)
+        : width (gridWidth), height (gridHeight), levels (size_t (gridWidth) * size_t (gridHeight))
+    {
+    }
+
+    [[nodiscard]] int getWidth() const noexcept { return width; }
+    [[nodiscard]] int getHeight() const noexcept { return height; }
+
+    [[nodiscard]] float get (int x, int y) const noexcept { return levels[getStart (x) + size_t (y)]; }
+
+    /** Copies getHeight() levels into column x. */
+    void setColumn (int x, std::span<const float> column) noexcept
+    {
+        std::copy_n (column.begin(), height, levels.begin() + std::ptrdiff_t (getStart (x)));
+    }
+
+private:
+    [[nodiscard]] size_t getStart (int x) const noexcept { return size_t (x) * size_t (height); }
+
+    int width, height;
+    std::vector<float> levels;
+};
+
+} // namespace mk::orlo::render

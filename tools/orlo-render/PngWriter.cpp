@@ -1,0 +1,178 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "PngWriter.h"
+
+#include <array>
+
+namespace mk::orlo::render
+{
+namespace
+{
+constexpr juce::uint8 trueColour = 2, palette = 3;
+constexpr juce::uint8 filterUp = 2;
+constexpr int compressionLevel = 1;
+constexpr size_t largestPalette = 256;
+
+/** The remainders of the CRC-32 that every chunk ends with. */
+[[nodiscard]] constexpr std::array<juce::uint32, 256> makeCrcTable()
+{
+    std::array<juce::uint32, 256> table {};
+
+    for (juce::uint32 byte = 0; byte < table.size(); ++byte)
+    {
+        auto remainder = byte;
+
+        for (int bit = 0; bit < 8; ++bit)
+            remainder = (remainder & 1) != 0 ? 0xedb88320u ^ (remainder >> 1) : remainder >> 1;
+
+        table[byte] = remainder;
+    }
+
+    return table;
+}
+
+[[nodiscard]] juce::uint32 getCrc (const juce::MemoryOutputStream& bytes)
+{
+    static constexpr auto table = makeCrcTable();
+    auto crc = 0xffffffffu;
+
+    for (size_t i = 0; i < bytes.getDataSize(); ++i)
+        crc = table[(crc ^ static_cast<const juce::uint8*> (bytes.getData())[i]) & 0xff] ^ (crc >> 8);
+
+    return ~crc;
+}
+
+/** A chunk: what is written to it goes out, with length and checksum, when it is destroyed. */
+class Chunk
+{
+public:
+    Chunk (juce::OutputStream& destination, const char* type) : stream (destination) { content.write (type, typeSize); }
+
+    ~Chunk()
+    {
+        stream.writeIntBigEndian (int (content.getDataSize() - typeSize));
+        stream.write (content.getData(), content.getDataSize());
+        stream.writeIntBigEndian (int (getCrc (content)));
+    }
+
+    [[nodiscard]] juce::MemoryOutputStream& get() noexcept { return content; }
+
+private:
+    static constexpr size_t typeSize = 4;
+
+    juce::OutputStream& stream;
+    juce::MemoryOutputStream content;
+
+    JUCE_DECLARE_NON_COPYABLE (Chunk)
+};
+
+/** What a row is made of: one byte a pixel with a palette, three without. */
+class RowFormat
+{
+public:
+    explicit RowFormat (const IndexedPicture& picture)
+    {
+        std::vector<bool> isUsed (picture.colours.size());
+
+        for (const auto pixel : picture.pixels)
+            isUsed[pixel] = true;
+
+        for (size_t i = 0; i < isUsed.size(); ++i)
+        {
+            entries.push_back (juce::uint8 (used.size()));
+            colours.push_back (picture.colours[i]);
+
+            if (isUsed[i])
+                used.push_back (picture.colours[i]);
+        }
+    }
+
+    [[nodiscard]] bool hasPalette() const noexcept { return used.size() <= largestPalette; }
+    [[nodiscard]] const std::vector<juce::Colour>& getPalette() const noexcept { return used; }
+    [[nodiscard]] size_t getBytesPerPixel() const noexcept { return hasPalette() ? 1 : 3; }
+
+    /** Writes a row's bytes; destination has room for width * getBytesPerPixel() of them. */
+    void convert (const std::uint16_t* pixels, size_t width, juce::uint8* destination) const noexcept
+    {
+        if (hasPalette())
+        {
+            for (size_t x = 0; x < width; ++x)
+                destination[x] = entries[pixels[x]];
+
+            return;
+        }
+
+        for (size_t x = 0; x < width; ++x)
+        {
+            const auto colour = colours[pixels[x]];
+            destination[3 * x] = colour.getRed();
+            destination[3 * x + 1] = colour.getGreen();
+            destination[3 * x + 2] = colour.getBlue();
+        }
+    }
+
+private:
+    std::vector<juce::uint8> entries; // of the palette, for each of the picture's colours
+    std::vector<juce::Colour> colours, used;
+};
+
+void writeHeader (const IndexedPicture& picture, const RowFormat& format, juce::OutputStream& stream)
+{
+    Chunk chunk (stream, "IHDR");
+    auto& content = chunk.get();
+    content.writeIntBigEndian (picture.width);
+    content.writeIntBigEndian (picture.height);
+
+    constexpr juce::uint8 bitsPerSample = 8, deflate = 0, adaptiveFilter = 0, notInterlaced = 0;
+
+    for (const auto byte :
+         { bitsPerSample, format.hasPalette() ? palette : trueColour, deflate, adaptiveFilter, notInterlaced })
+        content.writeByte (char (byte));
+}
+
+void writePalette (const RowFormat& format, juce::OutputStream& stream)
+{
+    Chunk chunk (stream, "PLTE");
+
+    for (const auto colour : format.getPalette())
+        for (const auto byte : { colour.getRed(), colour.getGreen(), colour.getBlue() })
+            chunk.get().writeByte (char (byte));
+}
+
+void writeRows (const IndexedPicture& picture, const RowFormat& format, juce::OutputStream& stream)
+{
+    Chunk chunk (stream, "IDAT");
+    juce::GZIPCompressorOutputStream compressor (chunk.get(), compressionLevel);
+
+    const auto width = size_t (picture.width);
+    const auto rowSize = width * format.getBytesPerPixel();
+    std::vector<juce::uint8> above (rowSize), row (rowSize), filtered (rowSize + 1);
+    filtered[0] = filterUp;
+
+    for (int y = 0; y < picture.height; ++y)
+    {
+        format.convert (picture.pixels.data() + size_t (y) * width, width, row.data());
+
+        for (size_t i = 0; i < rowSize; ++i)
+            filtered[i + 1] = juce::uint8 (row[i] - above[i]);
+
+        compressor.write (filtered.data(), filtered.size());
+        std::swap (row, above);
+    }
+}
+} // namespace
+
+void writePng (const IndexedPicture& picture, juce::OutputStream& stream)
+{
+    stream.write ("\x89PNG\r\n\x1a\n", 8);
+
+    const RowFormat format (picture);
+    writeHeader (picture, format, stream);
+
+    if (format.hasPalette())
+        writePalette (format, stream);
+
+    writeRows (picture, format, stream);
+    const Chunk end (stream, "IEND");
+}
+
+} // namespace mk::orlo::render

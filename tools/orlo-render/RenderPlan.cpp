@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "RenderPlan.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace mk::orlo::render
+{
+namespace
+{
+[[nodiscard]] std::int64_t divideUp (std::int64_t value, std::int64_t by) noexcept { return (value + by - 1) / by; }
+} // namespace
+
+RenderPlan makePlan (const PlanRequest& request) noexcept
+{
+    RenderPlan plan;
+    plan.hop = planHop (request.hop);
+
+    if (plan.hop.hop < 1)
+        return plan;
+
+    const std::int64_t hop = plan.hop.hop;
+    plan.windowLength = request.hop.windowLabel - 1;
+    plan.samplesPerColumn = hop * plan.hop.framesPerColumn;
+    plan.numColumns = divideUp (request.length, plan.samplesPerColumn);
+
+    if (request.width > 0)
+        plan.width = int (std::min<std::int64_t> (plan.numColumns, request.width));
+    else if (plan.numColumns <= std::numeric_limits<int>::max())
+        plan.width = int (plan.numColumns);
+
+    // A window ends with its hop, and its last sample stays empty. A hop longer than the window has the window
+    // at its start.
+    const std::int64_t half = plan.windowLength / 2;
+    const auto centreInHop = std::min (hop, 2 * half) - half;
+    const auto hopsInWindow = divideUp (plan.windowLength, hop);
+
+    // What comes out after a frame shows the time of the frame's centre, in Enhanced that of half a window
+    // before it: until then later frames may add to it.
+    const auto lag = request.hop.enhanced ? half : 0;
+    plan.leadFrames = request.hop.enhanced ? 2 * hopsInWindow : hopsInWindow;
+    plan.feedStart = request.start + hop / 2 - centreInHop + lag - plan.leadFrames * hop;
+
+    return plan;
+}
+
+} // namespace mk::orlo::render
