@@ -229,7 +229,7 @@ void writeWav (const juce::File& file, int format, int numChannels, int sampleRa
     stream.writeShort (short (format));
     stream.writeShort (short (numChannels));
     stream.writeInt (sampleRate);
-    stream.writeInt (sampleRate * numChannels * bits / 8);
+    stream.writeInt (int (juce::uint32 (sampleRate) * juce::uint32 (numChannels * bits / 8)));
     stream.writeShort (short (numChannels * bits / 8));
     stream.writeShort (short (bits));
     stream.write ("data", 4);
