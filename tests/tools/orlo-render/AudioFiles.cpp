@@ -6,7 +6,7 @@
 
 #ifdef __SANITIZE_ADDRESS__
 // The Vorbis encoder forgets a block of its own when it is set up for 5.1 channels.
-extern "C" const char* __lsan_default_suppressions();
+extern "C" __attribute__ ((visibility ("default"))) const char* __lsan_default_suppressions();
 extern "C" const char* __lsan_default_suppressions() { return "leak:vorbis_encode_setup_init\n"; }
 #endif
 
