@@ -21,6 +21,7 @@ target_compile_definitions (orlo_juce
     PUBLIC
         JUCE_DISABLE_JUCE_VERSION_PRINTING=1
         JUCE_JACK=0
+        $<$<CONFIG:Debug>:JUCE_LOG_ASSERTIONS=1>
         JUCE_PLUGINHOST_VST3=1
         JUCE_REPORT_APP_USAGE=0
         JUCE_STRICT_REFCOUNTEDPOINTER=1

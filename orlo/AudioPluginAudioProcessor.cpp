@@ -5,6 +5,8 @@
 #include "Params.h"
 #include "Product.h"
 
+#include "plugin_core/state/NumberText.h"
+
 namespace mk::orlo
 {
 namespace
@@ -16,19 +18,20 @@ namespace
 }
 } // namespace
 
-AudioPluginAudioProcessor::AudioPluginAudioProcessor()
+AudioPluginAudioProcessor::AudioPluginAudioProcessor (pluginCore::PresetFolders presetFolders)
     : PluginProcessor (BusesProperties()
                            .withInput ("Input", juce::AudioChannelSet::stereo(), true)
                            .withOutput ("Output", juce::AudioChannelSet::stereo(), true),
                        makeProductInfo(),
-                       Params::createLayout()),
+                       Params::createLayout(),
+                       std::move (presetFolders)),
       fftSizeParam (getParameterState().getRawParameterValue (Params::id::fftSize)),
       freezeParam (getParameterState().getRawParameterValue (Params::id::freeze)),
       autoFreezeParam (getParameterState().getRawParameterValue (Params::id::autoFreeze)),
-      floorParam (getParameterState().getRawParameterValue (Params::id::floor)),
-      ceilingParam (getParameterState().getRawParameterValue (Params::id::ceiling)),
       modeParam (getParameterState().getRawParameterValue (Params::id::mode))
 {
+    localisedStrings.chooseLanguage();
+    getSessionState().getSettings().onReplaced = [this] { uiView.bind(); };
     attachParameters();
     fftProcessor.startThread (juce::Thread::Priority::highest);
 }
@@ -55,8 +58,16 @@ void AudioPluginAudioProcessor::attachParameters()
 
 void AudioPluginAudioProcessor::updateLevelRange()
 {
-    const auto floorDb = floorParam->load (std::memory_order_relaxed);
-    const auto ceilingDb = ceilingParam->load (std::memory_order_relaxed);
+    // From the parameters themselves: the cached raw values are updated only after the attachments have
+    // been called.
+    const auto valueOf = [this] (const char* parameterId)
+    {
+        const auto& parameter = *getParameterState().getParameter (parameterId);
+        return parameter.convertFrom0to1 (parameter.getValue());
+    };
+
+    const auto floorDb = valueOf (Params::id::floor);
+    const auto ceilingDb = valueOf (Params::id::ceiling);
 
     // The two may cross, which inverts the picture. The threshold below which bins count as silence is
     // the lower one all the same.
@@ -66,7 +77,28 @@ void AudioPluginAudioProcessor::updateLevelRange()
 }
 
 //==============================================================================
-void AudioPluginAudioProcessor::applyInitialSettings() { PluginProcessor::applyInitialSettings(); }
+pluginCore::PresetFolders AudioPluginAudioProcessor::getDefaultPresetFolders()
+{
+    return pluginCore::makePresetFolders (makeProductInfo());
+}
+
+void AudioPluginAudioProcessor::applyInitialSettings()
+{
+    PluginProcessor::applyInitialSettings();
+    applyPreferredColourMap();
+    getSessionState().forgetUndoHistory();
+}
+
+void AudioPluginAudioProcessor::applyPreferredColourMap()
+{
+    // The setting counts from 1; a missing or broken one reads as 0, and stands for the first map.
+    const auto text = getGlobalSettings()[pluginCore::SettingsIds::preferedMap].toString();
+    const auto index = float (pluginCore::parseInteger (text).value_or (0)) - 1.0f;
+    auto& parameter = *getParameterState().getParameter (Params::id::colourMap);
+
+    if (const auto value = parameter.convertTo0to1 (index); ! juce::approximatelyEqual (value, parameter.getValue()))
+        parameter.setValueNotifyingHost (value);
+}
 
 juce::String AudioPluginAudioProcessor::getReleaseNotesUrl() const
 {
@@ -78,13 +110,6 @@ juce::String AudioPluginAudioProcessor::getProductUrl() const { return juce::Str
 std::unique_ptr<juce::AudioProcessorEditor> AudioPluginAudioProcessor::createEditorInternal()
 {
     return std::make_unique<AudioPluginAudioProcessorEditor> (*this);
-}
-
-bool AudioPluginAudioProcessor::setStateFromXml (const juce::XmlElement& xml, bool forSession)
-{
-    const auto applied = PluginProcessor::setStateFromXml (xml, forSession);
-    uiView.bind();
-    return applied;
 }
 
 void AudioPluginAudioProcessor::setAnalysisSuspended (bool shouldBeSuspended) noexcept
@@ -132,7 +157,7 @@ void AudioPluginAudioProcessor::processInternal (juce::AudioBuffer<float>& buffe
     updateTransport();
     updatePause();
 
-    if (! fftProcessor.paused.load (std::memory_order_relaxed))
+    if (! fftProcessor.paused.load (std::memory_order_relaxed) && buffer.getNumSamples() > 0)
         fftProcessor.pushSamples (mixToMono (buffer), buffer.getNumSamples());
 }
 

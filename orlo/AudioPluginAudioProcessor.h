@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
+#include "LocalisedStringsManager.h"
+
 #include "analysis/FFTProcessor.h"
 #include "analysis/FrameClock.h"
 #include "analysis/SpectrogramImageBuilder.h"
@@ -17,7 +19,8 @@ namespace mk::orlo
 class AudioPluginAudioProcessor final : public pluginCore::PluginProcessor
 {
 public:
-    AudioPluginAudioProcessor();
+    /** [message thread] */
+    explicit AudioPluginAudioProcessor (pluginCore::PresetFolders presetFolders = getDefaultPresetFolders());
     ~AudioPluginAudioProcessor() override;
 
     //==============================================================================
@@ -27,7 +30,6 @@ public:
     void prepareInternal (int blockSize, double rate) override;
     void processInternal (juce::AudioBuffer<float>&, juce::MidiBuffer&) override;
     [[nodiscard]] std::unique_ptr<juce::AudioProcessorEditor> createEditorInternal() override;
-    bool setStateFromXml (const juce::XmlElement& xml, bool forSession) override;
 
     //==============================================================================
     /** [message thread] While suspended the audio thread spends nothing on analysis. Waking up drops
@@ -37,6 +39,9 @@ public:
     /** Any thread. The host has stopped and Auto Freeze is on. Written by the audio thread. */
     [[nodiscard]] bool isAutoPaused() const noexcept { return autoPaused.load (std::memory_order_relaxed); }
 
+    /** Where the product's presets lie on this system. */
+    [[nodiscard]] static pluginCore::PresetFolders getDefaultPresetFolders();
+
     [[nodiscard]] FFTProcessor& getFftProcessor() noexcept { return fftProcessor; }
     [[nodiscard]] SpectrogramImageBuilder& getImageBuilder() noexcept { return imageBuilder; }
     [[nodiscard]] FrameClock& getFrameClock() noexcept { return frameClock; }
@@ -44,20 +49,25 @@ public:
 
 private:
     void attachParameters();
+    void applyPreferredColourMap();
     void updateLevelRange();
     void updateWindowLength() noexcept;
     void updateTransport() noexcept;
     void updatePause() noexcept;
     [[nodiscard]] const float* mixToMono (const juce::AudioBuffer<float>& buffer) noexcept;
 
+    LocalisedStringsManager localisedStrings;
     FFTProcessor fftProcessor;
     FrameClock frameClock;
     SpectrogramImageBuilder imageBuilder { fftProcessor, frameClock };
 
     std::atomic<bool> analysisSuspended { true }; // written by the message thread, read by the audio thread
 
-    std::atomic<float>*const fftSizeParam,
-        *const freezeParam, *const autoFreezeParam, *const floorParam, *const ceilingParam, *const modeParam;
+    // What the audio thread polls, once a block.
+    std::atomic<float>* const fftSizeParam;
+    std::atomic<float>* const freezeParam;
+    std::atomic<float>* const autoFreezeParam;
+    std::atomic<float>* const modeParam;
 
     std::vector<std::unique_ptr<juce::ParameterAttachment>> attachments;
 
@@ -65,7 +75,7 @@ private:
     juce::AudioBuffer<float> monoBuffer { 1, 0 };
     bool transportPlaying = false;
 
-    data::UIView uiView { getSettingsTree() };
+    data::UIView uiView { getSessionState().getSettings().getTree() };
 
     std::atomic<bool> autoPaused { false };
 

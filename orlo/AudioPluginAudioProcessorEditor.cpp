@@ -7,8 +7,10 @@ namespace mk::orlo
 {
 namespace
 {
-constexpr int defaultWidth = 1050;
-constexpr int defaultHeight = 578;
+// 1050 by 578 at the width that a window opens with.
+constexpr auto aspectRatio = 1.818f;
+constexpr int smallestSide = 100;
+constexpr int largestSide = 10000;
 } // namespace
 
 AudioPluginAudioProcessorEditor::AudioPluginAudioProcessorEditor (AudioPluginAudioProcessor& processorToEdit)
@@ -23,16 +25,17 @@ AudioPluginAudioProcessorEditor::AudioPluginAudioProcessorEditor (AudioPluginAud
     addAndMakeVisible (spectrogram);
     setOpaque (true);
     setResizable (true, false);
-    setResizeLimits (100, 100, 10000, 10000);
-    setSize (defaultWidth, defaultHeight);
+    setResizeLimits (smallestSide, smallestSide, largestSide, largestSide);
+    getConstrainer()->setFixedAspectRatio (double (aspectRatio));
 }
 
 AudioPluginAudioProcessorEditor::~AudioPluginAudioProcessorEditor() { orloProcessor.editorBeingDeleted (this); }
 
 void AudioPluginAudioProcessorEditor::resized()
 {
-    orloProcessor.pluginEditorWidth.store (getWidth(), std::memory_order_relaxed);
-    orloProcessor.pluginEditorHeight.store (getHeight(), std::memory_order_relaxed);
+    auto& state = orloProcessor.getSessionState();
+    state.pluginEditorWidth.store (getWidth(), std::memory_order_relaxed);
+    state.pluginEditorHeight.store (getHeight(), std::memory_order_relaxed);
     spectrogram.setBounds (getLocalBounds());
 }
 

@@ -63,7 +63,7 @@ void ClassicColumn::fillMagnitudes (const Frame& frame,
                                     Column& column)
 {
     const auto numBins = int (frame.size());
-    const auto maxBin = juce::jmin (numBins - 1, settings.fftSize / 2);
+    const auto maxBin = juce::jmax (0, juce::jmin (numBins - 1, settings.fftSize / 2));
 
     updateRows (
         { settings.numRows, maxBin, scale.getScaleType(), settings.getBinWidth(), settings.minHz, settings.maxHz },

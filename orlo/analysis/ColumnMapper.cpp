@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "ColumnMapper.h"
 
-#include "EnhancedColumn.h"
 #include "FrequencyScale.h"
 
 #include <algorithm>
@@ -29,7 +28,7 @@ void ColumnMapper::map (const Frame& frame, const ColumnSettings& settings, Freq
     shiftHistory (settings);
 
     if (settings.enhanced)
-        plotReassignedPoints (frame, settings, scale, history);
+        enhanced.plot (frame, settings, scale, history);
     else
         classic.fill (frame, settings, scale, history.front());
 

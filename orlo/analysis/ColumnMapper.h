@@ -3,6 +3,7 @@
 
 #include "ClassicColumn.h"
 #include "ColumnSettings.h"
+#include "EnhancedColumn.h"
 #include "FrameBin.h"
 
 namespace mk::orlo
@@ -27,6 +28,7 @@ private:
     void shiftHistory (const ColumnSettings& settings);
 
     ClassicColumn classic;
+    EnhancedColumn enhanced;
     std::vector<Column> history; // oldest first
 };
 

@@ -11,49 +11,98 @@ namespace
 constexpr float smallestPlottedMagnitude = 1.0e-7f;
 } // namespace
 
-void plotReassignedPoints (const Frame& frame,
+void EnhancedColumn::plot (const Frame& frame,
                            const ColumnSettings& settings,
                            const FrequencyScale& scale,
-                           std::vector<Column>& columns) noexcept
+                           std::vector<Column>& columns)
 {
     if (settings.numRows < 1)
         return;
 
-    const auto positionOf = scale.getForwardMap();
-    const auto half = float (settings.windowLength / 2);
-    const auto hop = float (settings.hop);
-    const auto binWidth = settings.getBinWidth();
-    const auto lastRow = float (settings.numRows - 1);
-    const auto numColumns = long (columns.size());
+    selectPoints (frame, settings);
+    placePoints (settings, scale, columns);
+    computeLevels (settings);
 
-    // All comparisons are written so that a NaN fails them. The logarithm comes last, since most of what
-    // is left out can be told without it. DC has no frequency to move.
+    // Levels start at 0, so one that is not above 0, or not a number, changes nothing.
+    for (size_t i = 0; i < points.count; ++i)
+        *points.pixel[i] = points.level[i] > *points.pixel[i] ? points.level[i] : *points.pixel[i];
+}
+
+void EnhancedColumn::selectPoints (const Frame& frame, const ColumnSettings& settings)
+{
+    const auto half = float (settings.windowLength / 2);
+    const auto binWidth = settings.getBinWidth();
+
+    if (points.magnitude.size() < frame.size())
+    {
+        points.magnitude.resize (frame.size());
+        points.delay.resize (frame.size());
+        points.hz.resize (frame.size());
+        points.level.resize (frame.size());
+        points.pixel.resize (frame.size());
+    }
+
+    // Copies, since the compiler must assume that a float written may be one of the settings.
+    const auto minHz = settings.minHz;
+    const auto maxHz = settings.maxHz;
+    auto* const magnitudes = points.magnitude.data();
+    auto* const delays = points.delay.data();
+    auto* const frequencies = points.hz.data();
+    size_t count = 0;
+
+    // DC has no frequency to move. All comparisons are written so that a NaN fails them. Which bins pass is
+    // as good as random in noise, so every bin is written down and the count decides which ones stay.
     for (size_t k = 1; k < frame.size(); ++k)
     {
         const auto& bin = frame[k];
+        const auto hz = bin.freqShift + binWidth * float (int (k));
+        magnitudes[count] = bin.magnitude;
+        delays[count] = bin.timeShift + half;
+        frequencies[count] = hz;
 
-        if (! (bin.magnitude > smallestPlottedMagnitude))
-            continue;
-
-        if (! (bin.timeShift >= -half && bin.timeShift <= half && bin.freqShift > -binWidth
-               && bin.freqShift < binWidth))
-            continue;
-
-        const auto column = std::lrint ((bin.timeShift + half) / hop);
-        const auto hz = bin.freqShift + binWidth * float (k);
-
-        if (column >= numColumns || ! (hz > settings.minHz && hz < settings.maxHz))
-            continue;
-
-        const auto level = settings.levelForDecibels (decibelsForMagnitude (bin.magnitude));
-
-        if (! (level > 0.0f))
-            continue;
-
-        const auto row = std::lrint ((1.0f - positionOf (hz)) * lastRow);
-        auto& pixel = columns[size_t (column)][size_t (row)];
-        pixel = juce::jmax (pixel, level);
+        const auto isAudible = int (bin.magnitude > smallestPlottedMagnitude);
+        const auto isInWindow = int (std::abs (bin.timeShift) <= half);
+        const auto isNearItsBin = int (std::abs (bin.freqShift) < binWidth);
+        const auto isInRange = int (hz > minHz) & int (hz < maxHz);
+        count += size_t (isAudible & isInWindow & isNearItsBin & isInRange);
     }
+
+    points.count = count;
+}
+
+void EnhancedColumn::placePoints (const ColumnSettings& settings,
+                                  const FrequencyScale& scale,
+                                  std::vector<Column>& columns)
+{
+    const auto positionOf = scale.getForwardMap();
+    const auto hop = float (settings.hop);
+    const auto lastRow = float (settings.numRows - 1);
+    const auto numColumns = long (columns.size());
+    size_t count = 0;
+
+    for (size_t i = 0; i < points.count; ++i)
+    {
+        const auto column = std::lrint (points.delay[i] / hop);
+
+        if (column >= numColumns)
+            continue;
+
+        const auto row = std::lrint ((1.0f - positionOf (points.hz[i])) * lastRow);
+        points.pixel[count] = &columns[size_t (column)][size_t (row)];
+        points.magnitude[count] = points.magnitude[i];
+        ++count;
+    }
+
+    points.count = count;
+}
+
+void EnhancedColumn::computeLevels (const ColumnSettings& settings)
+{
+    for (size_t i = 0; i < points.count; ++i)
+        points.level[i] = std::log10 (points.magnitude[i]);
+
+    for (size_t i = 0; i < points.count; ++i)
+        points.level[i] = settings.levelForDecibels (juce::jmax (silenceDb, 20.0f * points.level[i]));
 }
 
 } // namespace mk::orlo

@@ -143,32 +143,9 @@ FrequencyScale::ForwardMap FrequencyScale::getForwardMap() const noexcept
     map.minHz = getMinFrequency();
     map.maxHz = getMaxFrequency();
     map.entriesPerHertz = float (tableSize - 1) / (map.maxHz - map.minHz);
-    map.table = juce::isPositiveAndBelow (type, int (numTypes)) ? &tables[size_t (type)] : nullptr;
+    map.table = juce::isPositiveAndBelow (type, int (numTypes)) ? tables[size_t (type)].data() : nullptr;
     map.tableSize = tableSize;
     return map;
-}
-
-float FrequencyScale::ForwardMap::operator() (float hz) const noexcept
-{
-    // Written so that a NaN counts as below the range.
-    if (minHz >= maxHz || ! (hz > minHz))
-        return 0.0f;
-
-    if (hz >= maxHz)
-        return 1.0f;
-
-    // The table starts at the whole hertz below the minimum while this index starts at the minimum
-    // itself: with a fractional range the two are apart by less than a hertz, which no picture shows.
-    const auto x = (hz - minHz) * entriesPerHertz;
-    const auto index = int (x);
-
-    if (index >= tableSize - 1)
-        return 1.0f;
-
-    if (table == nullptr)
-        return 0.0f;
-
-    return std::lerp (table->getUnchecked (index), table->getUnchecked (index + 1), x - float (index));
 }
 
 float FrequencyScale::frequencyForPosition (float position) const noexcept

@@ -71,12 +71,38 @@ public:
     class ForwardMap
     {
     public:
-        [[nodiscard]] float operator() (float hz) const noexcept;
+        [[nodiscard]] float operator() (float hz) const noexcept
+        {
+            // Written so that a NaN counts as below the range.
+            if (minHz >= maxHz || ! (hz > minHz))
+                return 0.0f;
+
+            if (hz >= maxHz)
+                return 1.0f;
+
+            // The table starts at the whole hertz below the minimum while this index starts at the minimum
+            // itself: with a fractional range the two are apart by less than a hertz, which no picture shows.
+            const auto x = (hz - minHz) * entriesPerHertz;
+            const auto index = int (x);
+
+            if (index >= tableSize - 1)
+                return 1.0f;
+
+            return table != nullptr ? lerp (table[index], table[index + 1], x - float (index)) : 0.0f;
+        }
 
     private:
+        /** std::lerp for what the tables hold: positions are not negative, and t lies in 0 .. 1. Exact at
+            the ends and monotonic all the same, without the branches for opposite signs. */
+        [[nodiscard]] static float lerp (float a, float b, float t) noexcept
+        {
+            const auto x = a + t * (b - a);
+            return b > a ? juce::jmin (x, b) : juce::jmax (x, b);
+        }
+
         friend class FrequencyScale;
         float minHz, maxHz, entriesPerHertz;
-        const juce::Array<float>* table; // null for an unknown scale type
+        const float* table; // null for an unknown scale type
         int tableSize;
     };
 

@@ -9,6 +9,9 @@ const juce::Identifier viewType { "UIVIEW" };
 const juce::Identifier cleanViewModeId { "CLEAN_VIEW_MODE" };
 const juce::Identifier cleanBoundsId { "CLEAN_BOUNDS" };
 const juce::Identifier normalBoundsId { "NORMAL_BOUNDS" };
+
+/** Whether a stored value is what a true one is written as. */
+[[nodiscard]] bool isTrue (const juce::var& value) { return value.isBool() ? bool (value) : value.toString() == "1"; }
 } // namespace
 
 UIView::UIView (juce::ValueTree parentTree) : parent (std::move (parentTree))
@@ -22,6 +25,11 @@ UIView::~UIView() { parent.removeListener (this); }
 void UIView::bind()
 {
     tree = parent.getOrCreateChildWithName (viewType, nullptr);
+
+    // A session may hold any text there, and the reader of a cached boolean is not made for any text.
+    if (tree.hasProperty (cleanViewModeId))
+        tree.setProperty (cleanViewModeId, isTrue (tree[cleanViewModeId]), nullptr);
+
     cleanViewMode.referTo (tree, cleanViewModeId, nullptr, false);
     cleanBounds.referTo (tree, cleanBoundsId, nullptr, {});
     normalBounds.referTo (tree, normalBoundsId, nullptr, {});

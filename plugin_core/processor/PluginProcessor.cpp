@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "PluginProcessor.h"
 
+#include "plugin_core/files/UntrustedXml.h"
 #include "plugin_core/parameters/NonAutomatableParameter.h"
+#include "plugin_core/presets/PresetReference.h"
+#include "plugin_core/state/NumberText.h"
+#include "plugin_core/state/StateBlob.h"
 
 namespace mk::pluginCore
 {
@@ -11,38 +15,61 @@ constexpr int undoUnits = 30000;
 constexpr int undoTransactions = 30;
 constexpr auto parameterTreeType = "PARAMS";
 
-namespace attribute
-{
-constexpr auto version = "version";
-constexpr auto editorWidth = "pluginEditorWidth";
-constexpr auto editorHeight = "pluginEditorHeight";
-} // namespace attribute
+constexpr auto lastPresetTag = "lastPreset";
+constexpr auto versionAttribute = "version";
+constexpr auto companyAttribute = "company";
 
-void addIfAboveZero (juce::XmlElement& xml, const char* name, int value)
-{
-    if (value > 0)
-        xml.setAttribute (name, value);
-}
+constexpr int fallbackEditorWidth = 1050;
+constexpr int fallbackEditorHeight = 900;
 
-/** Replaces a tree's content and keeps the tree itself, which others hold on to. */
-void replaceContent (juce::ValueTree& tree, const juce::XmlElement* xml)
+/** Counts up while it lives. */
+class ScopedCount
 {
-    if (xml != nullptr)
-        tree.copyPropertiesAndChildrenFrom (juce::ValueTree::fromXml (*xml), nullptr);
+public:
+    explicit ScopedCount (std::atomic<int>& countToRaise) noexcept : count (countToRaise)
+    {
+        count.fetch_add (1, std::memory_order_acq_rel);
+    }
+
+    ~ScopedCount() { count.fetch_sub (1, std::memory_order_acq_rel); }
+
+private:
+    std::atomic<int>& count;
+
+    JUCE_DECLARE_NON_COPYABLE (ScopedCount)
+};
+
+/** The session's size if there is one, else the user's, else that of a first start. */
+[[nodiscard]] int
+    chooseEditorSize (int sessionSize, const juce::ValueTree& settings, const juce::Identifier& key, int fallback)
+{
+    if (sessionSize > 0)
+        return sessionSize;
+
+    const auto userSize = parseInteger (settings[key].toString()).value_or (-1);
+    return userSize > 0 ? userSize : fallback;
 }
 } // namespace
 
 PluginProcessor::PluginProcessor (const BusesProperties& buses,
                                   ProductInfo product,
-                                  juce::AudioProcessorValueTreeState::ParameterLayout layout)
+                                  juce::AudioProcessorValueTreeState::ParameterLayout layout,
+                                  PresetFolders presetFolders)
     : juce::AudioProcessor (buses),
       productInfo (std::move (product)),
       undoManager (undoUnits, undoTransactions),
-      parameterState (*this, &undoManager, parameterTreeType, std::move (layout))
+      parameterState (*this, &undoManager, parameterTreeType, std::move (layout)),
+      state (parameterState, undoManager),
+      presets (*this, std::move (presetFolders))
 {
 }
 
-PluginProcessor::~PluginProcessor() = default;
+PluginProcessor::~PluginProcessor()
+{
+    for (const auto* parameter : getParameters())
+        if (const auto* const withId = dynamic_cast<const juce::AudioProcessorParameterWithID*> (parameter))
+            parameterState.removeParameterListener (withId->getParameterID(), this);
+}
 
 //==============================================================================
 void PluginProcessor::prepareToPlay (double rate, int maxBlockSize)
@@ -79,7 +106,38 @@ bool PluginProcessor::isBusesLayoutSupported (const BusesLayout& layout) const
 }
 
 //==============================================================================
-void PluginProcessor::applyInitialSettings() {}
+void PluginProcessor::applyInitialSettings()
+{
+    loadDefaultPreset();
+
+    for (auto* const parameter : getParameters())
+    {
+        if (const auto* const withId = dynamic_cast<const juce::AudioProcessorParameterWithID*> (parameter))
+        {
+            // The parameter state passes the first message on whether the value has changed or not.
+            parameter->sendValueChangedMessageToListeners (parameter->getValue());
+            parameterState.addParameterListener (withId->getParameterID(), this);
+        }
+    }
+
+    state.forgetUndoHistory();
+}
+
+void PluginProcessor::loadDefaultPreset()
+{
+    const auto text = getGlobalSettings()[SettingsIds::defaultPreset].toString();
+
+    if (const auto xml = parseUntrustedXml (text.toRawUTF8(), text.getNumBytesAsUTF8()))
+        if (const auto file = PresetReference::fromXml (*xml).resolve (presets.getFolders());
+            presets.isPresetFile (file))
+            presets.loadPresetFile (file, nullptr);
+}
+
+void PluginProcessor::parameterChanged (const juce::String&, float)
+{
+    if (! isLoadingState() && ! presets.isLoading())
+        setDirty();
+}
 
 juce::String PluginProcessor::getVersionText() const
 {
@@ -95,12 +153,23 @@ juce::String PluginProcessor::getVersionText() const
 
 juce::AudioProcessorEditor* PluginProcessor::createEditor()
 {
-    auto editor = createEditorInternal();
-    const auto width = pluginEditorWidth.load (std::memory_order_relaxed);
-    const auto height = pluginEditorHeight.load (std::memory_order_relaxed);
+    // Before there is an editor: its own resizing writes the size into the state.
+    const auto settings = getGlobalSettings();
+    const auto width = chooseEditorSize (state.pluginEditorWidth.load (std::memory_order_relaxed),
+                                         settings,
+                                         SettingsIds::defaultWidth,
+                                         fallbackEditorWidth);
+    const auto height = chooseEditorSize (state.pluginEditorHeight.load (std::memory_order_relaxed),
+                                          settings,
+                                          SettingsIds::defaultHeight,
+                                          fallbackEditorHeight);
 
-    if (width > 0 && height > 0)
-        editor->setSize (width, height);
+    auto editor = createEditorInternal();
+    editor->setSize (width, height);
+
+    // In a second step, from the size just set: the constrainer keeps the width and corrects the height.
+    if (auto* const constrainer = editor->getConstrainer())
+        constrainer->setBoundsForComponent (editor.get(), editor->getBounds(), false, false, false, false);
 
     // The framework's interface wants the caller to own a plain pointer.
     return editor.release();
@@ -126,34 +195,44 @@ std::unique_ptr<juce::AudioParameterFloat> PluginProcessor::createInternalParam 
 //==============================================================================
 void PluginProcessor::getStateInformation (juce::MemoryBlock& destination)
 {
-    copyXmlToBinary (*getStateXml (true), destination);
+    destination = writeStateBlob (*getStateXml (true));
 }
 
 void PluginProcessor::setStateInformation (const void* data, int size)
 {
-    if (const auto xml = getXmlFromBinary (data, size))
-        setStateFromXml (*xml, true);
+    const ScopedCount restoring (numRestoring);
+    const auto xml = readStateBlob (data, size);
+
+    if (xml != nullptr)
+        restoreSession (*xml);
+
+    stateRestored.store (true, std::memory_order_release);
+    state.setStateCopies (xml.get(), *getStateXml (false));
+}
+
+void PluginProcessor::restoreSession (const juce::XmlElement& xml)
+{
+    const auto* const lastPreset = xml.getChildByName (lastPresetTag);
+
+    if (lastPreset != nullptr)
+        presets.setCurrentPresetFromXml (*lastPreset);
+
+    setStateFromXml (xml, true);
+
+    if (lastPreset != nullptr)
+        presets.setDirtyFromXml (*lastPreset);
+
+    // Last, since the parameters locked so far keep their values through a session too.
+    state.readLockedParams (xml);
+    presets.sendLockedParamsChanged();
+    state.forgetUndoHistory();
 }
 
 std::unique_ptr<juce::XmlElement> PluginProcessor::getStateXml (bool forSession)
 {
     auto xml = std::make_unique<juce::XmlElement> (productInfo.getXmlTag());
-    xml->setAttribute (attribute::version, productInfo.version);
-
-    if (forSession)
-    {
-        addIfAboveZero (*xml, attribute::editorWidth, pluginEditorWidth.load (std::memory_order_relaxed));
-        addIfAboveZero (*xml, attribute::editorHeight, pluginEditorHeight.load (std::memory_order_relaxed));
-    }
-
-    xml->addChildElement (parameterState.copyState().createXml().release());
-
-    if (forSession)
-        xml->addChildElement (settingsTree.createXml().release());
-
-    if (dataTree.getNumProperties() > 0 || dataTree.getNumChildren() > 0)
-        xml->addChildElement (dataTree.createXml().release());
-
+    xml->setAttribute (versionAttribute, productInfo.version);
+    state.writeTo (*xml, forSession, forSession ? presets.createLastPresetXml() : nullptr);
     return xml;
 }
 
@@ -162,22 +241,30 @@ bool PluginProcessor::setStateFromXml (const juce::XmlElement& xml, bool forSess
     if (! xml.hasTagName (productInfo.getXmlTag()))
         return false;
 
-    if (forSession)
-    {
-        pluginEditorWidth.store (xml.getIntAttribute (attribute::editorWidth, -1), std::memory_order_relaxed);
-        pluginEditorHeight.store (xml.getIntAttribute (attribute::editorHeight, -1), std::memory_order_relaxed);
-    }
-
-    if (const auto* const parameters = xml.getChildByName (parameterTreeType))
-        parameterState.replaceState (juce::ValueTree::fromXml (*parameters));
-
-    replaceContent (dataTree, xml.getChildByName (dataTree.getType()));
-
-    if (forSession)
-        replaceContent (settingsTree, xml.getChildByName (settingsTree.getType()));
-
+    state.readFrom (xml, forSession);
     resetRequested.store (true, std::memory_order_release);
+    stateRestored.store (true, std::memory_order_release);
     return true;
+}
+
+void PluginProcessor::setDirty()
+{
+    if (! dirtyLocked.load (std::memory_order_acquire))
+        presets.setDirty (true);
+}
+
+void PluginProcessor::refreshStateCopies()
+{
+    const auto xml = getStateXml (false);
+    state.setStateCopies (xml.get(), *xml);
+}
+
+std::unique_ptr<juce::XmlElement> PluginProcessor::createPresetHeaderXml() const
+{
+    auto xml = std::make_unique<juce::XmlElement> (productInfo.getXmlTag());
+    xml->setAttribute (companyAttribute, productInfo.company);
+    xml->setAttribute (versionAttribute, productInfo.version);
+    return xml;
 }
 
 } // namespace mk::pluginCore

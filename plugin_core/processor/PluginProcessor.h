@@ -4,6 +4,10 @@
 #include "BypassDelay.h"
 #include "ProductInfo.h"
 
+#include "plugin_core/presets/PresetsManager.h"
+#include "plugin_core/settings/PluginGlobalSettings.h"
+#include "plugin_core/state/SessionState.h"
+
 #include <juce_audio_processors/juce_audio_processors.h>
 
 #include <atomic>
@@ -13,12 +17,13 @@ namespace mk::pluginCore
 
 /** The half of a plug-in that is the same in every product: what it answers the host, its parameters
     and their undo, its saved state, and the wrapping of the audio callback. */
-class PluginProcessor : public juce::AudioProcessor
+class PluginProcessor : public juce::AudioProcessor, private juce::AudioProcessorValueTreeState::Listener
 {
 public:
     PluginProcessor (const BusesProperties& buses,
                      ProductInfo product,
-                     juce::AudioProcessorValueTreeState::ParameterLayout layout);
+                     juce::AudioProcessorValueTreeState::ParameterLayout layout,
+                     PresetFolders presetFolders);
     ~PluginProcessor() override;
 
     //==============================================================================
@@ -46,7 +51,8 @@ public:
     [[nodiscard]] bool isBusesLayoutSupported (const BusesLayout&) const override;
 
     //==============================================================================
-    /** [message thread] Fills a fresh instance from the user's defaults. Called once, after construction. */
+    /** [message thread] Fills a fresh instance from the user's defaults. Called once, after construction.
+        From here on a moved parameter makes the current preset dirty. */
     virtual void applyInitialSettings();
 
     [[nodiscard]] virtual juce::String getReleaseNotesUrl() const = 0;
@@ -73,24 +79,50 @@ public:
     [[nodiscard]] virtual std::unique_ptr<juce::XmlElement> getStateXml (bool forSession);
 
     /** Any thread. Takes a document of getStateXml() over. False, with nothing changed, if it is another
-        product's. What the document lacks keeps or gets its default; unknown entries are ignored. */
+        product's. What the document lacks keeps or gets its default; unknown entries are ignored. Parameters
+        and state answer with the new values at once; what the message thread listens to follows later if
+        this is another thread. */
     virtual bool setStateFromXml (const juce::XmlElement& xml, bool forSession);
+
+    /** Any thread, wait-free as long as there is no preset listener. The state has moved away from the
+        current preset. Does nothing while the flag is locked. */
+    virtual void setDirty();
+
+    //==============================================================================
+    /** The root element of a file about the product's presets, with its company and version. */
+    [[nodiscard]] std::unique_ptr<juce::XmlElement> createPresetHeaderXml() const;
+
+    /** Any thread, wait-free. While it is locked, nothing sets the dirty flag. */
+    void setDirtyLocked (bool shouldBeLocked) noexcept
+    {
+        dirtyLocked.store (shouldBeLocked, std::memory_order_release);
+    }
+
+    /** Any thread, wait-free. Whether a host is giving the session back at this moment, on any thread. */
+    [[nodiscard]] bool isLoadingState() const noexcept { return numRestoring.load (std::memory_order_acquire) > 0; }
+
+    /** Any thread, wait-free. Whether a session or a preset has ever been given to this instance. */
+    [[nodiscard]] bool isStateRestored() const noexcept { return stateRestored.load (std::memory_order_acquire); }
+
+    /** Any thread. Makes the present state the one that the kept copies show. */
+    void refreshStateCopies();
 
     //==============================================================================
     [[nodiscard]] const ProductInfo& getProductInfo() const noexcept { return productInfo; }
     [[nodiscard]] juce::AudioProcessorValueTreeState& getParameterState() noexcept { return parameterState; }
+    [[nodiscard]] PresetsManager& getPresetsManager() noexcept { return presets; }
+    [[nodiscard]] SessionState& getSessionState() noexcept { return state; }
+
+    /** [message thread] What a preset and the parameters' controls record into. */
     [[nodiscard]] juce::UndoManager& getUndoManager() noexcept { return undoManager; }
 
     /** The hidden parameter that is nudged so that the host sees a change of state that no other
         parameter holds. Reaper saves nothing for a parameter that cannot be automated. */
     [[nodiscard]] static std::unique_ptr<juce::AudioParameterFloat> createInternalParam (int versionHint);
 
-    /** [message thread] The editor's last size in pixels, not above 0 if there is none. */
-    std::atomic<int> pluginEditorWidth { 0 }, pluginEditorHeight { 0 };
-
 protected:
-    /** The state that outlives the editor; a session holds it, a preset does not. */
-    [[nodiscard]] juce::ValueTree& getSettingsTree() noexcept { return settingsTree; }
+    /** [message thread] The per-user settings that all instances share. */
+    [[nodiscard]] juce::ValueTree getGlobalSettings() const { return globalSettings.getSettings(); }
 
     /** [audio thread] What a bypassed block goes through. */
     void delayByLatency (juce::AudioBuffer<float>& buffer) noexcept
@@ -102,14 +134,23 @@ protected:
     std::atomic<double> sampleRate { 0.0 };
 
 private:
+    void parameterChanged (const juce::String&, float) override;
+    void loadDefaultPreset();
+    void restoreSession (const juce::XmlElement& xml);
+
     const ProductInfo productInfo;
+    const PluginGlobalSettings globalSettings;
     juce::UndoManager undoManager;
     juce::AudioProcessorValueTreeState parameterState;
+    SessionState state;
+    PresetsManager presets;
 
     BypassDelay bypassDelay;
     std::atomic<bool> resetRequested { false }; // set with the state, cleared by the audio thread
 
-    juce::ValueTree dataTree { "Data" }, settingsTree { "Settings" };
+    // Written and read by any thread.
+    std::atomic<bool> dirtyLocked { false }, stateRestored { false };
+    std::atomic<int> numRestoring { 0 };
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (PluginProcessor)
 };

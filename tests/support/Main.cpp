@@ -1,10 +1,33 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
+#include "TemporaryHome.h"
+
 #include <gtest/gtest.h>
 #include <juce_events/juce_events.h>
+
+namespace
+{
+
+/** Turns JUCE's assertions, which a debug build only logs, into failures of the test that runs. */
+struct AssertionLogger final : juce::Logger
+{
+    AssertionLogger() { setCurrentLogger (this); }
+    ~AssertionLogger() override { setCurrentLogger (nullptr); }
+
+    void logMessage (const juce::String& message) override
+    {
+        if (message.startsWith ("JUCE Assertion failure"))
+            ADD_FAILURE() << message;
+    }
+};
+
+} // namespace
 
 int main (int argc, char** argv)
 {
     testing::InitGoogleTest (&argc, argv);
+    const mk::orlo::test::TemporaryHome home;
+
+    const AssertionLogger logger;
 
     // The thread that runs the tests is the message thread.
     const juce::ScopedJuceInitialiser_GUI juce;

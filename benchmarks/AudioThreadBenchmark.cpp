@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+// What a block costs the audio thread, against the same work done by hand.
+#include "orlo/AudioPluginAudioProcessor.h"
+
+#include "benchmarks/support/Measure.h"
+
+#include <cstring>
+
+namespace mk::orlo::bench
+{
+namespace
+{
+
+constexpr int blockSize = 512;
+
+/** A processor with its worker asleep: the benchmark takes the samples out itself, by discarding them. */
+struct Plugin
+{
+    explicit Plugin (bool suspended)
+    {
+        processor.prepareToPlay (48000.0, blockSize);
+        processor.setAnalysisSuspended (suspended);
+        buffer.clear();
+    }
+
+    AudioPluginAudioProcessor processor;
+    juce::AudioBuffer<float> buffer { 2, blockSize };
+    juce::MidiBuffer midi;
+};
+
+/** A thread that sleeps as the worker does and has nothing to do when woken. */
+struct Sleeper final : juce::Thread
+{
+    Sleeper() : juce::Thread ("sleeper") { startThread (juce::Thread::Priority::highest); }
+    ~Sleeper() override { stopThread (1000); }
+
+    void run() override
+    {
+        while (! threadShouldExit())
+            wait (-1.0);
+    }
+};
+
+void measureAnalysing()
+{
+    auto plugin = std::make_shared<Plugin> (false);
+
+    measure ("processBlock, stereo 512, analysing",
+             [plugin] { plugin->processor.processBlock (plugin->buffer, plugin->midi); });
+
+    auto sleeper = std::make_shared<Sleeper>();
+    auto ring = std::make_shared<std::vector<float>> (163840);
+    auto mono = std::make_shared<std::vector<float>> (blockSize);
+
+    measure ("processBlock, stereo 512, analysing/limit",
+             [plugin, sleeper, ring, mono, position = size_t (0)]() mutable
+             {
+                 using Vector = juce::FloatVectorOperations;
+                 Vector::copy (mono->data(), plugin->buffer.getReadPointer (0), blockSize);
+                 Vector::add (mono->data(), plugin->buffer.getReadPointer (1), blockSize);
+                 Vector::multiply (mono->data(), 0.5f, blockSize);
+                 std::memcpy (ring->data() + position, mono->data(), blockSize * sizeof (float));
+                 position = (position + blockSize) % ring->size();
+                 sleeper->notify();
+             });
+}
+
+void measureSuspended()
+{
+    auto plugin = std::make_shared<Plugin> (true);
+    auto copy = std::make_shared<juce::AudioBuffer<float>> (2, blockSize);
+
+    measure ("processBlock, stereo 512, suspended",
+             [plugin] { plugin->processor.processBlock (plugin->buffer, plugin->midi); });
+
+    measure ("processBlock, stereo 512, suspended/limit",
+             [plugin, copy]
+             {
+                 for (int channel = 0; channel < 2; ++channel)
+                     copy->copyFrom (channel, 0, plugin->buffer, channel, 0, blockSize);
+
+                 benchmark::ClobberMemory();
+             });
+}
+
+} // namespace
+
+void registerBenchmarks()
+{
+    measureAnalysing();
+    measureSuspended();
+}
+
+} // namespace mk::orlo::bench

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "Measure.h"
+#include "RatioReporter.h"
+
+#include <juce_events/juce_events.h>
+
+int main (int argc, char** argv)
+{
+    benchmark::Initialize (&argc, argv);
+
+    if (benchmark::ReportUnrecognizedArguments (argc, argv))
+        return 1;
+
+    const juce::ScopedJuceInitialiser_GUI juce;
+    mk::orlo::bench::registerBenchmarks();
+    mk::orlo::bench::RatioReporter reporter;
+    benchmark::RunSpecifiedBenchmarks (&reporter);
+    return 0;
+}

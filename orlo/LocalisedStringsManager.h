@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include "plugin_core/localisation/LocalisedStringsManager.h"
+
+namespace mk::orlo
+{
+
+/** Adds this product's texts to the framework's; its wording wins where both have a key. */
+class LocalisedStringsManager final : public pluginCore::LocalisedStringsManager
+{
+public:
+    bool addProductStrings (const juce::String& code) override;
+};
+
+} // namespace mk::orlo

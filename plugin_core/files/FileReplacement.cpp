@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "FileReplacement.h"
+
+namespace mk::pluginCore
+{
+namespace
+{
+[[nodiscard]] bool writeWhole (const juce::File& file, const juce::String& text)
+{
+    // With hardly any buffer the stream tells how much it could write.
+    constexpr size_t bufferSize = 16;
+    juce::FileOutputStream stream (file, bufferSize);
+
+    if (! stream.openedOk() || ! stream.write (text.toRawUTF8(), text.getNumBytesAsUTF8()))
+        return false;
+
+    stream.flush();
+    return stream.getStatus().wasOk() && file.getSize() == juce::int64 (text.getNumBytesAsUTF8());
+}
+} // namespace
+
+bool replaceFileContent (const juce::File& file, const juce::String& text)
+{
+    if (file == juce::File() || file.isDirectory() || file.getParentDirectory().createDirectory().failed())
+        return false;
+
+    const juce::TemporaryFile temporary (file);
+    return writeWhole (temporary.getFile(), text) && temporary.overwriteTargetFileWithTemporary();
+}
+
+} // namespace mk::pluginCore

@@ -1,0 +1,207 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "PresetsManager.h"
+
+#include "LoadPresetFileAction.h"
+#include "PresetReference.h"
+
+#include "plugin_core/files/FileReplacement.h"
+#include "plugin_core/files/UntrustedXml.h"
+#include "plugin_core/processor/PluginProcessor.h"
+
+namespace mk::pluginCore
+{
+namespace
+{
+constexpr auto lastPresetTag = "lastPreset";
+constexpr auto dirtyAttribute = "dirty";
+
+/** True while it lives. */
+class ScopedFlag
+{
+public:
+    explicit ScopedFlag (std::atomic<bool>& flagToSet) noexcept : flag (flagToSet)
+    {
+        flag.store (true, std::memory_order_release);
+    }
+
+    ~ScopedFlag() { flag.store (false, std::memory_order_release); }
+
+private:
+    std::atomic<bool>& flag;
+
+    JUCE_DECLARE_NON_COPYABLE (ScopedFlag)
+};
+} // namespace
+
+PresetsManager::PresetsManager (PluginProcessor& processorToUse, PresetFolders foldersToUse)
+    : processor (processorToUse), folders (std::move (foldersToUse))
+{
+}
+
+//==============================================================================
+bool PresetsManager::isPresetFile (const juce::File& file) const
+{
+    return file != juce::File() && file.existsAsFile() && ! file.isHidden()
+           && file.hasFileExtension (folders.fileExtension);
+}
+
+bool PresetsManager::loadPresetFile (const juce::File& file, juce::UndoManager* undoManager)
+{
+    if (undoManager == nullptr)
+        return applyPresetFile (file);
+
+    // What the user has moved so far belongs to the step before.
+    processor.getParameterState().copyState();
+    undoManager->beginNewTransaction();
+    return undoManager->perform (new LoadPresetFileAction (processor, *this, file));
+}
+
+bool PresetsManager::applyPresetFile (const juce::File& file)
+{
+    const ScopedFlag scopedLoading (loading);
+
+    // A pipe or a device has no size, and reading it might never end.
+    const auto xml = file.getSize() > 0 ? parseUntrustedXml (file) : nullptr;
+
+    if (xml == nullptr)
+        return false;
+
+    setCurrentPresetFile (file);
+    processor.setStateFromXml (*xml, false);
+    setDirty (false);
+    callListeners ([this, &file] (Listener& listener) { listener.presetFileLoaded (*this, file); });
+    return true;
+}
+
+void PresetsManager::goBackTo (const juce::File& previousFile, const juce::XmlElement& snapshot)
+{
+    const ScopedFlag scopedLoading (loading);
+    setCurrentPresetFile (previousFile);
+    processor.setStateFromXml (snapshot, false);
+    processor.refreshStateCopies();
+}
+
+//==============================================================================
+void PresetsManager::savePresetFile (const juce::File& file, bool reloadAfterSaving)
+{
+    setCurrentPresetFile (file);
+    replaceFileContent (file, processor.getStateXml (false)->toString());
+
+    if (reloadAfterSaving)
+        loadPresetFile (file, &processor.getUndoManager());
+    else
+        setDirty (false);
+}
+
+void PresetsManager::savePresetAs (bool reloadAfterSaving)
+{
+    constexpr auto flags = juce::FileBrowserComponent::saveMode | juce::FileBrowserComponent::canSelectFiles
+                           | juce::FileBrowserComponent::warnAboutOverwriting;
+
+    fileChooser = std::make_unique<juce::FileChooser> ("save...", getFolderToSaveIn(), "*" + folders.fileExtension);
+    fileChooser->launchAsync (flags,
+                              [this, reloadAfterSaving] (const juce::FileChooser& chooser)
+                              { saveChosenFile (chooser.getResult(), reloadAfterSaving); });
+}
+
+juce::File PresetsManager::getFolderToSaveIn() const
+{
+    if (lastSaveFolder.isDirectory())
+        return lastSaveFolder;
+
+    const auto current = getCurrentPresetFile();
+
+    if (current.existsAsFile() && current.isAChildOf (getUserFolder()))
+        return current.getParentDirectory();
+
+    return getUserFolder();
+}
+
+void PresetsManager::saveChosenFile (const juce::File& chosenFile, bool reloadAfterSaving)
+{
+    if (chosenFile == juce::File())
+        return;
+
+    auto file = chosenFile;
+
+    // Without the extension the menu would never show the preset again.
+    if (! file.hasFileExtension (folders.fileExtension))
+        file = juce::File (file.getFullPathName() + folders.fileExtension).getNonexistentSibling();
+
+    if (file.isAChildOf (getUserFolder()))
+        lastSaveFolder = file.getParentDirectory();
+
+    savePresetFile (file, reloadAfterSaving);
+}
+
+//==============================================================================
+juce::File PresetsManager::getCurrentPresetFile() const
+{
+    const juce::ScopedLock scopedLock (lock);
+    return currentPresetFile;
+}
+
+void PresetsManager::setCurrentPresetFile (const juce::File& file)
+{
+    auto copy = file;
+    const juce::ScopedLock scopedLock (lock);
+    std::swap (currentPresetFile, copy);
+}
+
+void PresetsManager::setDirty (bool shouldBeDirty)
+{
+    if (dirty.exchange (shouldBeDirty, std::memory_order_relaxed) != shouldBeDirty)
+        callListeners ([this, shouldBeDirty] (Listener& listener)
+                       { listener.presetDirtyChanged (*this, shouldBeDirty); });
+}
+
+//==============================================================================
+std::unique_ptr<juce::XmlElement> PresetsManager::createLastPresetXml() const
+{
+    const auto current = getCurrentPresetFile();
+
+    if (current == juce::File())
+        return nullptr;
+
+    auto xml = std::make_unique<juce::XmlElement> (lastPresetTag);
+    PresetReference::fromFile (current, folders).writeTo (*xml);
+    xml->setAttribute (dirtyAttribute, isDirty() ? 1 : 0);
+    return xml;
+}
+
+void PresetsManager::setCurrentPresetFromXml (const juce::XmlElement& lastPreset)
+{
+    setCurrentPresetFile (PresetReference::fromXml (lastPreset).resolve (folders));
+}
+
+void PresetsManager::setDirtyFromXml (const juce::XmlElement& lastPreset)
+{
+    setDirty (lastPreset.getBoolAttribute (dirtyAttribute));
+}
+
+void PresetsManager::sendLockedParamsChanged()
+{
+    callListeners ([this] (Listener& listener) { listener.lockedParamsChanged (*this); });
+}
+
+//==============================================================================
+void PresetsManager::addListener (Listener* listener)
+{
+    listeners.add (listener);
+    numListeners.store (listeners.size(), std::memory_order_release);
+}
+
+void PresetsManager::removeListener (Listener* listener)
+{
+    listeners.remove (listener);
+    numListeners.store (listeners.size(), std::memory_order_release);
+}
+
+template <typename Callback>
+void PresetsManager::callListeners (Callback&& callback)
+{
+    if (numListeners.load (std::memory_order_acquire) > 0)
+        listeners.call (std::forward<Callback> (callback));
+}
+
+} // namespace mk::pluginCore

@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include "PresetFolders.h"
+
+#include <juce_data_structures/juce_data_structures.h>
+#include <juce_gui_basics/juce_gui_basics.h>
+
+#include <atomic>
+#include <memory>
+
+namespace mk::pluginCore
+{
+
+class PluginProcessor;
+
+/** Stores and recalls a plug-in's settings as files, and knows which file the session is on and whether the
+    parameters have moved away from it. Message thread, but for what says otherwise. No failure is reported:
+    what cannot be read or written is left as it is. */
+class PresetsManager
+{
+public:
+    /** Called on the thread that caused the event, which for the dirty flag may be any, the audio thread
+        under automation included. Listeners may be added and removed on any thread. */
+    class Listener
+    {
+    public:
+        virtual ~Listener() = default;
+
+        virtual void presetFileLoaded (PresetsManager& manager, const juce::File& file) = 0;
+        virtual void presetDirtyChanged (PresetsManager& manager, bool isDirty) = 0;
+
+        /** A session has set the list of parameters that a preset must not change. */
+        virtual void lockedParamsChanged (PresetsManager&) {}
+    };
+
+    PresetsManager (PluginProcessor& processor, PresetFolders folders);
+
+    //==============================================================================
+    /** Any thread. Whether the file exists, is no folder, is not hidden and has the presets' extension. */
+    [[nodiscard]] bool isPresetFile (const juce::File& file) const;
+
+    /** Applies a preset, with an undo manager as a new transaction of its history. False, with nothing
+        changed, if the file cannot be read or is not XML. The preset of another product becomes the current
+        file, but moves no parameter. */
+    bool loadPresetFile (const juce::File& file, juce::UndoManager* undoManager);
+
+    /** Writes the state and makes the file the current one, whether the write succeeds or not. Reloading
+        puts the new file at once into the processor's undo history. */
+    void savePresetFile (const juce::File& file, bool reloadAfterSaving);
+
+    /** Opens a dialog, and saves where the user says. */
+    void savePresetAs (bool reloadAfterSaving);
+
+    /** The folder that the dialog opens at. */
+    [[nodiscard]] juce::File getFolderToSaveIn() const;
+
+    /** What the dialog does with the user's choice; nothing if it is no file. A name without the presets'
+        extension gets it, and a number if there is a preset of that name, which the dialog has not asked
+        about. */
+    void saveChosenFile (const juce::File& file, bool reloadAfterSaving);
+
+    //==============================================================================
+    /** Any thread. The preset the session is on; an empty file if there is none. */
+    [[nodiscard]] juce::File getCurrentPresetFile() const;
+
+    /** Any thread. Makes the file the current one without loading it. */
+    void setCurrentPresetFile (const juce::File& file);
+
+    /** Any thread, wait-free. Whether the parameters differ from the current preset. */
+    [[nodiscard]] bool isDirty() const noexcept { return dirty.load (std::memory_order_relaxed); }
+
+    /** Any thread. Stores the flag, and tells the listeners if it changes. */
+    void setDirty (bool shouldBeDirty);
+
+    /** Any thread, wait-free. Whether a file is being applied, or taken back by an undo. */
+    [[nodiscard]] bool isLoading() const noexcept { return loading.load (std::memory_order_acquire); }
+
+    //==============================================================================
+    /** Any thread. The element "lastPreset" of a session; null without a current preset. */
+    [[nodiscard]] std::unique_ptr<juce::XmlElement> createLastPresetXml() const;
+
+    /** Any thread. Makes the preset that the element refers to the current one, without loading it. */
+    void setCurrentPresetFromXml (const juce::XmlElement& lastPreset);
+
+    /** Any thread. Takes the flag from the element. */
+    void setDirtyFromXml (const juce::XmlElement& lastPreset);
+
+    /** Any thread. */
+    void sendLockedParamsChanged();
+
+    //==============================================================================
+    [[nodiscard]] const PresetFolders& getFolders() const noexcept { return folders; }
+    [[nodiscard]] juce::File getFactoryFolder() const { return folders.factoryFolder; }
+    [[nodiscard]] juce::File getUserFolder() const { return folders.userFolder; }
+    [[nodiscard]] juce::File getDesignersFolder() const { return folders.designersFolder; }
+    [[nodiscard]] juce::File getInitFile() const { return folders.initFile; }
+    [[nodiscard]] const juce::String& getFileExtension() const noexcept { return folders.fileExtension; }
+
+    void addListener (Listener* listener);
+    void removeListener (Listener* listener);
+
+private:
+    class LoadPresetFileAction;
+
+    [[nodiscard]] bool applyPresetFile (const juce::File& file);
+    void goBackTo (const juce::File& previousFile, const juce::XmlElement& snapshot);
+
+    template <typename Callback>
+    void callListeners (Callback&& callback);
+
+    std::unique_ptr<juce::FileChooser> fileChooser;
+    juce::ThreadSafeListenerList<Listener> listeners;
+    std::atomic<int> numListeners { 0 }; // lets the audio thread pass by an empty list without its lock
+    PluginProcessor& processor;
+    const PresetFolders folders;
+
+    mutable juce::CriticalSection lock;
+    juce::File currentPresetFile; // guarded by the lock
+
+    std::atomic<bool> dirty { false };
+    juce::File lastSaveFolder;
+    std::atomic<bool> loading { false }; // written by the message thread, read by any
+
+    JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (PresetsManager)
+};
+
+} // namespace mk::pluginCore

@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "orlo/AudioPluginAudioProcessor.h"
+#include "orlo/Params.h"
+#include "tests/hosts/support/HostProcess.h"
+#include "tests/hosts/support/ScratchFolder.h"
+#include "tests/hosts/support/VirtualDisplay.h"
+
+#include <gtest/gtest.h>
+
+namespace mk::orlo::test
+{
+namespace
+{
+[[nodiscard]] juce::MemoryBlock bytesOf (const juce::File& file)
+{
+    juce::MemoryBlock bytes;
+    file.loadFileAsData (bytes);
+    return bytes;
+}
+
+/** The plug-in's own document inside the host's container. */
+[[nodiscard]] std::unique_ptr<juce::XmlElement> openContainer (const juce::MemoryBlock& bytes)
+{
+    const auto container = juce::AudioProcessor::getXmlFromBinary (bytes.getData(), int (bytes.getSize()));
+    juce::MemoryBlock component;
+
+    if (container == nullptr
+        || ! component.fromBase64Encoding (container->getChildElementAllSubText ("IComponent", {})))
+        return nullptr;
+
+    return juce::AudioProcessor::getXmlFromBinary (component.getData(), int (component.getSize()));
+}
+
+class HostState : public testing::Test
+{
+protected:
+    void save (const juce::String& name, juce::StringArray arguments)
+    {
+        arguments.addArray ({ "--no-window", "--seconds", "0", "--state-out", scratch.getPath (name) });
+        const auto result = runHost (arguments);
+        ASSERT_EQ (result.exitCode, 0) << result.errors;
+        ASSERT_GT (scratch.getFile (name).getSize(), 0);
+    }
+
+    /** The value of a parameter in a saved state. */
+    [[nodiscard]] float getSaved (const juce::String& name, const char* parameterId)
+    {
+        const auto xml = openContainer (bytesOf (scratch.getFile (name)));
+
+        if (xml == nullptr)
+            return std::numeric_limits<float>::quiet_NaN();
+
+        AudioPluginAudioProcessor processor;
+        processor.setStateFromXml (*xml, true);
+        return processor.getParameterState().getRawParameterValue (parameterId)->load();
+    }
+
+    const ScratchFolder scratch;
+};
+
+TEST_F (HostState, ComesBackTheSameFromAnotherProcess)
+{
+    save ("first",
+          { "--set",
+            "mode=Classic",
+            "--set",
+            "floor=-61",
+            "--set",
+            "ceiling=-12",
+            "--set",
+            "freeze=on",
+            "--set",
+            "fftSize=4096",
+            "--set",
+            "speed=25",
+            "--set",
+            "maxFreq=50",
+            "--set",
+            "colourMap=magma" });
+    save ("second", { "--state-in", scratch.getPath ("first") });
+    save ("untouched", {});
+
+    const auto first = bytesOf (scratch.getFile ("first"));
+    EXPECT_EQ (first, bytesOf (scratch.getFile ("second")));
+    EXPECT_NE (first, bytesOf (scratch.getFile ("untouched")));
+
+    EXPECT_EQ (getSaved ("second", Params::id::mode), 0.0f);
+    EXPECT_NEAR (getSaved ("second", Params::id::floor), -61.0f, 1.0e-4f);
+    EXPECT_NEAR (getSaved ("second", Params::id::ceiling), -12.0f, 1.0e-4f);
+    EXPECT_EQ (getSaved ("second", Params::id::freeze), 1.0f);
+    EXPECT_EQ (getSaved ("second", Params::id::fftSize), 4.0f);
+    EXPECT_NEAR (getSaved ("second", Params::id::speed), 25.0f, 1.0e-4f);
+    EXPECT_NEAR (getSaved ("second", Params::id::maxFreq), 50.0f, 1.0e-3f);
+    EXPECT_EQ (getSaved ("second", Params::id::colourMap), 5.0f);
+}
+
+TEST_F (HostState, TakesSettingsOverTheLoadedOnes)
+{
+    save ("first", { "--set", "floor=-61", "--set", "speed=25" });
+    save ("second", { "--set", "floor=-75", "--state-in", scratch.getPath ("first") });
+
+    EXPECT_NEAR (getSaved ("second", Params::id::floor), -75.0f, 1.0e-4f);
+    EXPECT_NEAR (getSaved ("second", Params::id::speed), 25.0f, 1.0e-4f);
+}
+
+TEST_F (HostState, KeepsTheSizeOfTheWindow)
+{
+    const VirtualDisplay display;
+    const auto size = [&] (const juce::String& name)
+    {
+        const auto xml = openContainer (bytesOf (scratch.getFile (name)));
+        return xml != nullptr ? juce::Point { xml->getIntAttribute ("pluginEditorWidth"),
+                                              xml->getIntAttribute ("pluginEditorHeight") }
+                              : juce::Point<int>();
+    };
+
+    ASSERT_EQ (runHostOn (display.getName(),
+                          { "--seconds", "0.5", "--size", "640x360", "--state-out", scratch.getPath ("first") })
+                   .exitCode,
+               0);
+    EXPECT_EQ (size ("first"), (juce::Point { 640, 360 }));
+
+    // The next window opens with it.
+    ASSERT_EQ (
+        runHostOn (
+            display.getName(),
+            { "--seconds", "0.5", "--state-in", scratch.getPath ("first"), "--state-out", scratch.getPath ("second") })
+            .exitCode,
+        0);
+    EXPECT_EQ (bytesOf (scratch.getFile ("second")), bytesOf (scratch.getFile ("first")));
+}
+
+TEST_F (HostState, IsWrittenWhenTheHostIsToldToEnd)
+{
+    for (const auto* const signal : { "INT", "TERM" })
+    {
+        const auto file = scratch.getFile (signal);
+        juce::StringArray command { "timeout", "--preserve-status", "--signal", signal, "2" };
+        command.addArray (getHostCommandLine ({ "--no-window", "--state-out", file.getFullPathName() }));
+
+        const auto result = runProcess (command);
+        EXPECT_EQ (result.exitCode, 0) << signal;
+        EXPECT_EQ (result.errors, "") << signal;
+        EXPECT_GT (file.getSize(), 0) << signal;
+    }
+}
+} // namespace
+} // namespace mk::orlo::test

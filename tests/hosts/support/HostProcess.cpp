@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "HostProcess.h"
+
+#include "ScratchFolder.h"
+
+#include <iostream>
+
+namespace mk::orlo::test
+{
+namespace
+{
+constexpr auto timeLimitSeconds = "60";
+constexpr int endingMs = 10000;
+
+[[nodiscard]] juce::StringArray concatenate (juce::StringArray first, const juce::StringArray& second)
+{
+    first.addArray (second);
+    return first;
+}
+} // namespace
+
+ProcessResult runProcess (const juce::StringArray& commandLine)
+{
+    // A pipe for one stream and a file for the other: read one after the other, two pipes may block.
+    const ScratchFolder scratch;
+    const auto errorFile = scratch.getFile ("errors");
+    const juce::StringArray shell { "sh",
+                                    "-c",
+                                    "errors=$1; shift; exec timeout --kill-after=5 " + juce::String (timeLimitSeconds)
+                                        + " \"$@\" 2> \"$errors\"",
+                                    "sh",
+                                    errorFile.getFullPathName() };
+
+    juce::ChildProcess process;
+
+    if (! process.start (concatenate (shell, commandLine), juce::ChildProcess::wantStdOut))
+    {
+        std::cerr << "Cannot start " << commandLine.joinIntoString (" ") << std::endl;
+        std::abort();
+    }
+
+    ProcessResult result;
+    result.output = process.readAllProcessOutput();
+    process.waitForProcessToFinish (endingMs);
+    result.exitCode = int (process.getExitCode());
+    result.errors = errorFile.loadFileAsString();
+    return result;
+}
+
+juce::StringArray getHostCommandLine (const juce::StringArray& arguments)
+{
+    // A name that is none: without any, the first display of the machine would be tried.
+    return concatenate ({ "env", "DISPLAY=none", ORLO_HOST_PROGRAM, "--no-sound" }, arguments);
+}
+
+ProcessResult runHost (const juce::StringArray& arguments) { return runProcess (getHostCommandLine (arguments)); }
+
+ProcessResult runHostOn (const juce::String& display, const juce::StringArray& arguments)
+{
+    return runProcess (concatenate ({ "env", "DISPLAY=" + display, ORLO_HOST_PROGRAM, "--no-sound" }, arguments));
+}
+
+} // namespace mk::orlo::test

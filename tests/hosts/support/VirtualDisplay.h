@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include <juce_core/juce_core.h>
+
+namespace mk::orlo::test
+{
+
+/** A display of the test's own: windows of tests that run at the same time would cover each other, and
+    what is covered is not in a picture of the screen. */
+class VirtualDisplay
+{
+public:
+    /** Starts Xvfb. */
+    VirtualDisplay();
+
+    /** Stops it. */
+    ~VirtualDisplay();
+
+    /** As in the environment, ":1". Empty if Xvfb does not start. */
+    [[nodiscard]] const juce::String& getName() const noexcept { return name; }
+
+private:
+    juce::ChildProcess server;
+    juce::String name;
+
+    JUCE_DECLARE_NON_COPYABLE (VirtualDisplay)
+};
+
+} // namespace mk::orlo::test

@@ -1,0 +1,349 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "orlo/analysis/FFTProcessor.h"
+
+#include "tests/support/MessageLoop.h"
+#include "tests/support/Signals.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace mk::orlo::test
+{
+namespace
+{
+
+/** A worker without its thread. */
+class FFTProcessorTest : public testing::Test
+{
+protected:
+    void configure (int windowLength, int hop, int paddingMode = 0, WindowType type = WindowType::hann)
+    {
+        worker.setPendingConfig ({ windowLength, paddingMode, int (type) });
+        worker.hopSize = hop;
+        worker.processAvailable();
+    }
+
+    /** Everything that comes out of the samples, in blocks small enough for the ring of frames. */
+    [[nodiscard]] std::vector<Frame> analyse (const Samples& samples, int blockSize = 512)
+    {
+        std::vector<Frame> frames;
+
+        for (size_t start = 0; start < samples.size(); start += size_t (blockSize))
+        {
+            worker.pushSamples (samples.data() + start, int (std::min (size_t (blockSize), samples.size() - start)));
+            worker.processAvailable();
+
+            for (Frame frame; worker.popFrame (frame);)
+                frames.push_back (frame);
+        }
+
+        return frames;
+    }
+
+    FFTProcessor worker;
+};
+
+[[nodiscard]] size_t loudestBin (const Frame& frame)
+{
+    const auto louder = [] (const FrameBin& a, const FrameBin& b) { return a.magnitude < b.magnitude; };
+    return size_t (std::max_element (frame.begin(), frame.end(), louder) - frame.begin());
+}
+
+void expectSilent (const Frame& frame)
+{
+    for (const auto& bin : frame)
+        EXPECT_EQ (bin.magnitude, 0.0f);
+}
+
+TEST_F (FFTProcessorTest, StartsWithAHannWindowOf1023)
+{
+    EXPECT_EQ (worker.getCurrentConfig(), (AnalysisConfig { 1023, 0, 2 }));
+    EXPECT_EQ (worker.getFftSize(), 1024);
+    EXPECT_EQ (worker.getSampleRate(), 44100.0);
+    EXPECT_EQ (worker.getNumFramesReady(), 0);
+}
+
+TEST_F (FFTProcessorTest, AWindowOneShortOfAPowerOfTwoUsesThatPower)
+{
+    for (const auto label : { 256, 512, 1024, 2048, 4096, 8192 })
+    {
+        configure (label - 1, 64);
+        EXPECT_EQ (worker.getFftSize(), label);
+        const auto frames = analyse (Samples (64, 0.0f));
+        ASSERT_EQ (frames.size(), 1u);
+        EXPECT_EQ (frames[0].size(), size_t (label / 2 + 1));
+    }
+}
+
+TEST_F (FFTProcessorTest, PaddingDoublesOrQuadruplesTheTransform)
+{
+    configure (255, 64, 1);
+    EXPECT_EQ (worker.getFftSize(), 512);
+    configure (511, 64, 2);
+    EXPECT_EQ (worker.getFftSize(), 2048);
+    configure (255, 64, 7);
+    EXPECT_EQ (worker.getFftSize(), 256);
+}
+
+TEST_F (FFTProcessorTest, OnlyAnotherWindowLengthIsTakenOver)
+{
+    configure (255, 64);
+    worker.setPendingConfig ({ 255, 2, int (WindowType::blackman) });
+    worker.processAvailable();
+    EXPECT_EQ (worker.getCurrentConfig(), (AnalysisConfig { 255, 0, int (WindowType::hann) }));
+}
+
+TEST_F (FFTProcessorTest, WithoutAHopNothingIsAnalysed)
+{
+    const auto frames = analyse (Samples (5000, 0.5f));
+    EXPECT_TRUE (frames.empty());
+    EXPECT_EQ (worker.getNumSamplesReady(), 5000);
+}
+
+TEST_F (FFTProcessorTest, EveryCompleteHopGivesOneFrame)
+{
+    configure (1023, 100);
+    EXPECT_EQ (analyse (Samples (1050, 0.1f)).size(), 10u);
+    EXPECT_EQ (worker.getNumSamplesReady(), 50);
+    EXPECT_EQ (analyse (Samples (50, 0.1f)).size(), 1u);
+}
+
+TEST_F (FFTProcessorTest, AFullScaleSineReadsOneInAnyWindow)
+{
+    for (int type = 0; type < int (WindowType::gaussian); ++type)
+    {
+        // Exactly on bin 64 of 1024.
+        configure (type % 2 == 0 ? 1023 : 511, 256, 0, WindowType (type));
+        const auto size = worker.getFftSize();
+        const auto frames = analyse (makeSine (44100.0 * 64 / size, 1.0f, 4096, 44100.0));
+        EXPECT_EQ (loudestBin (frames.back()), 64u);
+        EXPECT_NEAR (frames.back()[64].magnitude, 1.0f, 0.01f) << type;
+    }
+}
+
+TEST_F (FFTProcessorTest, DCReadsItsOwnLevel)
+{
+    configure (1023, 256, 0, WindowType::hann);
+    const auto frames = analyse (Samples (4096, 0.5f));
+    EXPECT_NEAR (frames.back()[0].magnitude, 0.5f, 1.0e-3f);
+}
+
+TEST_F (FFTProcessorTest, TheNyquistBinStaysSilent)
+{
+    configure (255, 64);
+    Samples alternating (1024);
+
+    for (size_t i = 0; i < alternating.size(); ++i)
+        alternating[i] = i % 2 == 0 ? 0.5f : -0.5f;
+
+    const auto frames = analyse (alternating);
+    EXPECT_EQ (frames.back()[128].magnitude, 0.0f);
+    EXPECT_GT (frames.back()[127].magnitude, 0.1f);
+}
+
+TEST_F (FFTProcessorTest, SilenceUnderAThresholdIsZeroEverywhere)
+{
+    configure (1023, 256);
+    worker.magnitudeThreshold = 1.0e-7f;
+
+    for (const auto& frame : analyse (Samples (4096, 0.0f)))
+        expectSilent (frame);
+}
+
+TEST_F (FFTProcessorTest, BinsNotAboveTheThresholdReadZero)
+{
+    configure (1023, 256);
+    worker.magnitudeThreshold = 0.3f;
+    const auto frames = analyse (makeSine (44100.0 * 64 / 1024, 0.5f, 4096, 44100.0));
+
+    for (size_t k = 0; k < frames.back().size(); ++k)
+        EXPECT_EQ (frames.back()[k].magnitude > 0.0f, k == 64u) << k;
+}
+
+TEST_F (FFTProcessorTest, AHopLongerThanTheWindowSeesOnlyItsFirstSamples)
+{
+    configure (255, 1000);
+
+    // Loud only where no window looks.
+    Samples samples (5000, 0.0f);
+
+    for (size_t i = 0; i < samples.size(); ++i)
+        if (i % 1000 >= 255)
+            samples[i] = 1.0f;
+
+    const auto frames = analyse (samples);
+    ASSERT_EQ (frames.size(), 5u);
+
+    for (const auto& frame : frames)
+        expectSilent (frame);
+
+    EXPECT_EQ (worker.getNumSamplesReady(), 0);
+}
+
+TEST_F (FFTProcessorTest, AHopLongerThanTheBuffersOfAShortWindowIsRead)
+{
+    // Window 255 at 192 kHz and speed 0: 3072 samples a hop.
+    worker.prepareToPlay (192000.0);
+    configure (255, 3072);
+    const auto frames = analyse (makeSine (192000.0 * 32 / 256, 1.0f, 3072 * 10, 192000.0));
+    ASSERT_EQ (frames.size(), 10u);
+    EXPECT_EQ (loudestBin (frames.back()), 32u);
+    EXPECT_NEAR (frames.back()[32].magnitude, 1.0f, 0.01f);
+}
+
+TEST_F (FFTProcessorTest, TheLastSampleOfTheWindowStaysZeroAfterEveryChangeOfHop)
+{
+    // A rectangular window would show it. The long hop fills the window to its end.
+    configure (255, 1000, 0, WindowType::rectangular);
+    ASSERT_FALSE (analyse (Samples (2000, 1.0f)).empty());
+
+    worker.hopSize = 64;
+    const auto frames = analyse (Samples (1024, 0.0f), 64);
+    expectSilent (frames.back());
+}
+
+TEST_F (FFTProcessorTest, ANaNLeavesWithTheSamplesAroundItWhateverChangesMeanwhile)
+{
+    constexpr auto nan = std::numeric_limits<float>::quiet_NaN();
+
+    configure (2047, 163);
+    ASSERT_FALSE (analyse (Samples (4000, nan)).empty());
+    configure (255, 700);
+    ASSERT_FALSE (analyse (Samples (4000, nan)).empty());
+    configure (1023, 100);
+
+    const auto frames = analyse (makeSine (44100.0 * 64 / 1024, 0.5f, 8000, 44100.0));
+    EXPECT_NEAR (frames.back()[64].magnitude, 0.5f, 0.01f);
+
+    for (const auto& bin : frames.back())
+        EXPECT_TRUE (std::isfinite (bin.magnitude));
+}
+
+TEST_F (FFTProcessorTest, NaNsReadAsSilence)
+{
+    configure (1023, 256);
+
+    for (const auto& frame : analyse (Samples (2048, std::numeric_limits<float>::quiet_NaN())))
+        expectSilent (frame);
+}
+
+TEST_F (FFTProcessorTest, FramesDoNotDependOnTheSizeOfTheBlocks)
+{
+    const auto signal = makeReferenceSignal ("noise", 20000, 44100.0);
+    std::vector<std::vector<Frame>> results;
+
+    for (const auto blockSize : { 1, 7, 512, 3000 })
+    {
+        FFTProcessor fresh;
+        fresh.enhanced = true;
+        fresh.hopSize = 128;
+        std::vector<Frame> frames;
+
+        for (int start = 0; start < 20000; start += blockSize)
+        {
+            fresh.pushSamples (signal.data() + start, std::min (blockSize, 20000 - start));
+            fresh.processAvailable();
+
+            for (Frame frame; fresh.popFrame (frame);)
+                frames.push_back (frame);
+        }
+
+        results.push_back (frames);
+    }
+
+    for (const auto& frames : results)
+    {
+        ASSERT_EQ (frames.size(), results[0].size());
+
+        for (size_t i = 0; i < frames.size(); ++i)
+            for (size_t k = 0; k < frames[i].size(); ++k)
+            {
+                ASSERT_EQ (frames[i][k].magnitude, results[0][i][k].magnitude);
+                ASSERT_EQ (frames[i][k].timeShift, results[0][i][k].timeShift);
+                ASSERT_EQ (frames[i][k].freqShift, results[0][i][k].freqShift);
+            }
+    }
+}
+
+TEST_F (FFTProcessorTest, TheOldestFramesGoWhenNobodyTakesThem)
+{
+    configure (255, 10);
+    const Samples samples (1000, 0.0f);
+    worker.pushSamples (samples.data(), 1000);
+    worker.processAvailable();
+    EXPECT_EQ (worker.getNumFramesReady(), 49);
+}
+
+TEST_F (FFTProcessorTest, DiscardingEmptiesBothRings)
+{
+    configure (255, 100);
+    const Samples samples (250, 0.0f);
+    worker.pushSamples (samples.data(), 250);
+    worker.processAvailable();
+    worker.discardPending();
+    EXPECT_EQ (worker.getNumFramesReady(), 0);
+    EXPECT_EQ (worker.getNumSamplesReady(), 0);
+}
+
+TEST_F (FFTProcessorTest, TheSampleRingHoldsAlmost163840Samples)
+{
+    const Samples samples (100000, 0.0f);
+    worker.pushSamples (samples.data(), 100000);
+    worker.pushSamples (samples.data(), 63839);
+    EXPECT_EQ (worker.getNumSamplesReady(), 163839);
+    worker.pushSamples (samples.data(), 10);
+    EXPECT_EQ (worker.getNumSamplesReady(), 163839);
+}
+
+TEST_F (FFTProcessorTest, ANewRateIsReportedOnTheMessageThreadAndTheSameOneIsNot)
+{
+    std::vector<double> rates;
+    worker.onSampleRateChanged = [&] (double rate) { rates.push_back (rate); };
+
+    worker.prepareToPlay (48000.0);
+    EXPECT_TRUE (rates.empty());
+    pumpPending();
+    EXPECT_EQ (rates, std::vector<double> { 48000.0 });
+
+    worker.prepareToPlay (48000.0);
+    pumpPending();
+    EXPECT_EQ (rates.size(), 1u);
+}
+
+TEST_F (FFTProcessorTest, ARateReportedAfterTheWorkerHasGoneReachesNobody)
+{
+    auto called = false;
+    auto shortLived = std::make_unique<FFTProcessor>();
+    shortLived->onSampleRateChanged = [&] (double) { called = true; };
+    shortLived->prepareToPlay (96000.0);
+    shortLived = nullptr;
+    pumpPending();
+    EXPECT_FALSE (called);
+}
+
+TEST_F (FFTProcessorTest, ClassicLeavesTheShiftsAlone)
+{
+    configure (1023, 256);
+    const auto frames = analyse (makeReferenceSignal ("noise", 4096, 44100.0));
+
+    for (const auto& bin : frames.back())
+    {
+        EXPECT_EQ (bin.timeShift, 0.0f);
+        EXPECT_EQ (bin.freqShift, 0.0f);
+    }
+}
+
+TEST_F (FFTProcessorTest, TheThreadAnalysesWhatIsPushed)
+{
+    worker.hopSize = 128;
+    worker.startThread();
+    const auto signal = makeSine (1000.0, 0.5f, 4096, 44100.0);
+    worker.pushSamples (signal.data(), 4096);
+    EXPECT_TRUE (pumpUntil ([this] { return worker.getNumFramesReady() == 32; }));
+    EXPECT_TRUE (worker.stopThread (1000));
+}
+
+} // namespace
+} // namespace mk::orlo::test

@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "tests/support/TranslationFile.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <regex>
+#include <set>
+#include <utility>
+#include <vector>
+
+namespace mk::orlo::test
+{
+namespace
+{
+[[nodiscard]] std::set<juce::String> toSet (const juce::StringArray& strings)
+{
+    return { strings.begin(), strings.end() };
+}
+
+[[nodiscard]] int count (const juce::String& text, const juce::String& part)
+{
+    return (text.length() - text.replace (part, {}).length()) / part.length();
+}
+
+/** Runs the check on each of the ten texts. */
+template <typename Check>
+void forEachText (Check check)
+{
+    for (const auto& set : getTranslationSets())
+    {
+        for (const auto& code : getLanguageCodes())
+        {
+            SCOPED_TRACE ((set + " " + code).toStdString());
+            check (set, code, TranslationFile (set, code));
+        }
+    }
+}
+} // namespace
+
+TEST (TranslationTexts, NameTheirLanguageAndItsCountry)
+{
+    const std::map<juce::String, juce::String> names {
+        { "en", "english" }, { "fr", "french" }, { "es", "spanish" }, { "pt", "portuguese (br)" }, { "it", "italian" }
+    };
+
+    forEachText (
+        [&names] (const juce::String&, const juce::String& code, const TranslationFile& text)
+        {
+            EXPECT_EQ (text.language, names.at (code));
+            EXPECT_EQ (text.countries, code);
+        });
+}
+
+TEST (TranslationTexts, HaveTheKeysOfTheEnglishOneInItsOrder)
+{
+    forEachText (
+        [] (const juce::String& set, const juce::String&, const TranslationFile& text)
+        {
+            EXPECT_FALSE (text.pairs.empty());
+            EXPECT_EQ (text.getKeys().joinIntoString ("\n"),
+                       TranslationFile (set, "en").getKeys().joinIntoString ("\n"));
+        });
+}
+
+TEST (TranslationTexts, HaveEachKeyOnce)
+{
+    forEachText (
+        [] (const juce::String&, const juce::String&, const TranslationFile& text)
+        {
+            auto keys = text.getKeys();
+            keys.removeDuplicates (false);
+            EXPECT_EQ (size_t (keys.size()), text.pairs.size());
+        });
+}
+
+TEST (TranslationTexts, HaveEnglishValuesEqualToTheirKeys)
+{
+    for (const auto& set : getTranslationSets())
+        for (const auto& [key, value] : TranslationFile (set, "en").pairs)
+            EXPECT_EQ (key, value);
+}
+
+TEST (TranslationTexts, HaveNoEmptyOrPaddedValue)
+{
+    forEachText (
+        [] (const juce::String&, const juce::String&, const TranslationFile& text)
+        {
+            for (const auto& [key, value] : text.pairs)
+            {
+                EXPECT_TRUE (value.isNotEmpty()) << key;
+                EXPECT_EQ (value, value.trim()) << key;
+            }
+        });
+}
+
+TEST (TranslationTexts, KeepPlaceholdersDotsAndTheNamesOfScales)
+{
+    forEachText (
+        [] (const juce::String&, const juce::String&, const TranslationFile& text)
+        {
+            for (const auto& [key, value] : text.pairs)
+                for (const auto* const part : { "FLNM", "\\n", "...", "**", "(Linear, Log, Mel, Bark, ERB)" })
+                    EXPECT_EQ (count (key, part), count (value, part)) << key << ": " << part;
+        });
+}
+
+TEST (TranslationTexts, AreWrittenWithLettersThatTheFontsHave)
+{
+    // Latin-1: nothing of these five languages needs more, and every text font has it.
+    forEachText (
+        [] (const juce::String&, const juce::String&, const TranslationFile& text)
+        {
+            for (const auto& [key, value] : text.pairs)
+                for (auto p = value.getCharPointer(); ! p.isEmpty(); ++p)
+                    EXPECT_LT (*p, juce::juce_wchar (0x100)) << value;
+        });
+}
+
+TEST (TranslationTexts, DifferFromOneLanguageToTheNext)
+{
+    for (const auto& set : getTranslationSets())
+    {
+        std::set<juce::String> contents;
+
+        for (const auto& code : getLanguageCodes())
+        {
+            juce::String content;
+
+            for (const auto& [key, value] : TranslationFile (set, code).pairs)
+                content << value << "\n";
+
+            EXPECT_TRUE (contents.insert (content).second) << set << " " << code;
+        }
+    }
+}
+
+//==============================================================================
+namespace
+{
+/** The literals that the sources give to juce::translate, by the file that they stand in. Adjacent literals
+    are one, as for the compiler. */
+[[nodiscard]] std::vector<std::pair<juce::String, juce::String>> collectLiterals (const juce::String& source,
+                                                                                  const juce::String& file)
+{
+    static const std::regex call ("(?:\\btranslate|\\bTRANS) *\\( *((?:\"(?:[^\"\\\\]|\\\\.)*\"\\s*)+)");
+    static const std::regex literal ("\"((?:[^\"\\\\]|\\\\.)*)\"");
+
+    std::vector<std::pair<juce::String, juce::String>> literals;
+    const auto text = source.toStdString();
+
+    for (std::sregex_iterator match (text.begin(), text.end(), call), end; match != end; ++match)
+    {
+        const auto run = match->str (1);
+        juce::String joined;
+
+        for (std::sregex_iterator part (run.begin(), run.end(), literal); part != end; ++part)
+            joined += juce::String::fromUTF8 (part->str (1).c_str());
+
+        literals.emplace_back (joined, file);
+    }
+
+    return literals;
+}
+} // namespace
+
+TEST (TranslationTexts, AreCollectedFromTheSourcesAsTheCompilerReadsThem)
+{
+    const auto literals = collectLiterals ("a (juce::translate (\"One\")); b (TRANS (\"Two \"\n    \"halves\"));\n"
+                                           "translate (text); translate(\"Thr\\\"ee\"); mistranslate (\"no\");",
+                                           "x");
+    ASSERT_EQ (literals.size(), 3u);
+    EXPECT_EQ (literals[0].first, "One");
+    EXPECT_EQ (literals[1].first, "Two halves");
+    EXPECT_EQ (literals[2].first, "Thr\\\"ee");
+}
+
+TEST (TranslationTexts, HoldEveryLiteralThatTheSourcesTranslate)
+{
+    const auto frameworkKeys = toSet (TranslationFile ("framework", "en").getKeys());
+    const auto productKeys = toSet (TranslationFile ("product", "en").getKeys());
+    int numSources = 0;
+
+    for (const auto* const folder : { "plugin_core", "orlo" })
+    {
+        const auto sources = juce::File (ORLO_SOURCE_DIR)
+                                 .getChildFile (folder)
+                                 .findChildFiles (juce::File::findFiles, true, "*.h;*.cpp;*.mm");
+        numSources += sources.size();
+
+        for (const auto& source : sources)
+            for (const auto& [literal, file] : collectLiterals (source.loadFileAsString(), source.getFileName()))
+                EXPECT_TRUE (frameworkKeys.contains (literal) || productKeys.contains (literal))
+                    << file << ": \"" << literal << "\" is in no English translation text";
+    }
+
+    EXPECT_GT (numSources, 50);
+}
+
+} // namespace mk::orlo::test

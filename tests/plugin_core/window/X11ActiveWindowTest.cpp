@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include <juce_core/juce_core.h>
+
+#if JUCE_LINUX
+
+    #include "plugin_core/window/X11ActiveWindow.h"
+
+    #include "tests/support/XServer.h"
+
+    #include <gtest/gtest.h>
+
+    #include <unistd.h>
+
+namespace mk::pluginCore
+{
+namespace
+{
+/** A server of the test's own, where the test plays the window manager. */
+class ActiveWindow : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        if (! server.isRunning())
+            GTEST_SKIP() << "needs Xvfb";
+    }
+
+    orlo::test::XServer server;
+};
+
+constexpr std::uint32_t anotherProcess = 1;
+} // namespace
+
+TEST_F (ActiveWindow, BelongsToUsIfNoWindowManagerTells)
+{
+    const X11ActiveWindow active (server.getDisplayName());
+    EXPECT_TRUE (active.belongsTo (nullptr));
+}
+
+TEST_F (ActiveWindow, BelongsToUsIfItIsAWindowOfOurProcess)
+{
+    const X11ActiveWindow active (server.getDisplayName());
+    server.setActiveWindow (server.createWindow (std::uint32_t (getpid())));
+    EXPECT_TRUE (active.belongsTo (nullptr));
+
+    server.setActiveWindow (server.createWindow (anotherProcess));
+    EXPECT_FALSE (active.belongsTo (nullptr));
+}
+
+TEST_F (ActiveWindow, BelongsToUsIfOurWindowLiesInIt)
+{
+    const X11ActiveWindow active (server.getDisplayName());
+    const auto host = server.createWindow (anotherProcess);
+    const auto inner = server.createWindow (anotherProcess, server.createWindow (anotherProcess, host));
+    const auto other = server.createWindow (anotherProcess);
+
+    server.setActiveWindow (host);
+    EXPECT_TRUE (active.belongsTo (orlo::test::XServer::toHandle (inner)));
+    EXPECT_TRUE (active.belongsTo (orlo::test::XServer::toHandle (host)));
+    EXPECT_FALSE (active.belongsTo (orlo::test::XServer::toHandle (other)));
+
+    server.setActiveWindow (other);
+    EXPECT_FALSE (active.belongsTo (orlo::test::XServer::toHandle (inner)));
+}
+
+TEST_F (ActiveWindow, BelongsToNobodyIfThereIsNone)
+{
+    const X11ActiveWindow active (server.getDisplayName());
+    server.setActiveWindow (0);
+    EXPECT_FALSE (active.belongsTo (nullptr));
+}
+
+TEST_F (ActiveWindow, MayCloseAtAnyMoment)
+{
+    const X11ActiveWindow active (server.getDisplayName());
+    const auto window = server.createWindow (std::uint32_t (getpid()));
+    server.setActiveWindow (window);
+    server.destroyWindow (window);
+    EXPECT_FALSE (active.belongsTo (nullptr));
+    EXPECT_FALSE (active.belongsTo (orlo::test::XServer::toHandle (0x7fffff)));
+}
+
+TEST_F (ActiveWindow, BelongsToUsOnceTheServerHasGone)
+{
+    const X11ActiveWindow active (server.getDisplayName());
+    server.setActiveWindow (server.createWindow (anotherProcess));
+    ASSERT_FALSE (active.belongsTo (nullptr));
+    server.stop();
+    EXPECT_TRUE (active.belongsTo (nullptr));
+}
+
+TEST (ActiveWindowWithoutServer, BelongsToUs)
+{
+    const X11ActiveWindow active (":4711");
+    EXPECT_TRUE (active.belongsTo (nullptr));
+}
+
+} // namespace mk::pluginCore
+
+#endif

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include <juce_graphics/juce_graphics.h>
+
+#include <string>
+
+namespace mk::orlo::test
+{
+
+/** A small picture as text, a line a row: '.' is opaque black, 'x' another opaque black-and-not-white
+    colour by its brightness as a digit 1 .. 9, '#' white, '?' anything that is not opaque. */
+[[nodiscard]] inline std::string toAscii (const juce::Image& image)
+{
+    std::string text;
+
+    for (int y = 0; y < image.getHeight(); ++y)
+    {
+        for (int x = 0; x < image.getWidth(); ++x)
+        {
+            const auto pixel = image.getPixelAt (x, y);
+
+            if (pixel.getAlpha() != 0xff)
+                text += '?';
+            else if (pixel == juce::Colours::black)
+                text += '.';
+            else if (pixel == juce::Colours::white)
+                text += '#';
+            else
+                text += char ('0' + juce::jlimit (1, 9, juce::roundToInt (pixel.getBrightness() * 10.0f)));
+        }
+
+        text += '\n';
+    }
+
+    return text;
+}
+
+} // namespace mk::orlo::test

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include <juce_gui_basics/juce_gui_basics.h>
+
+namespace mk::orlo::test
+{
+
+/** A component on a desktop that exists only in the test: its window lies where it is put, and no display
+    server is asked. */
+class FakeWindow : public juce::Component
+{
+public:
+    FakeWindow();
+    ~FakeWindow() override;
+
+    /** Moves the window without any message, as a host does with the window around a plug-in. */
+    void moveSilently (juce::Point<float> screenPosition);
+
+private:
+    class Peer;
+
+    juce::ComponentPeer* createNewPeer (int styleFlags, void*) override;
+
+    JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (FakeWindow)
+};
+
+} // namespace mk::orlo::test

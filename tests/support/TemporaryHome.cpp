@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "TemporaryHome.h"
+
+#include <cstdlib>
+
+namespace mk::orlo::test
+{
+namespace
+{
+#if JUCE_MAC
+constexpr auto homeVariable = "CFFIXED_USER_HOME";
+#else
+constexpr auto homeVariable = "HOME";
+#endif
+
+// Where Linux looks for the files that an installation has put there for all users.
+constexpr auto dataVariable = "XDG_DATA_DIRS";
+
+void setVariable ([[maybe_unused]] const char* name, [[maybe_unused]] const juce::String& value)
+{
+#if ! JUCE_WINDOWS
+    if (value.isEmpty())
+        unsetenv (name);
+    else
+        setenv (name, value.toRawUTF8(), 1);
+#endif
+}
+} // namespace
+
+TemporaryHome::TemporaryHome()
+    : formerHome (juce::SystemStats::getEnvironmentVariable (homeVariable, {})),
+      formerData (juce::SystemStats::getEnvironmentVariable (dataVariable, {}))
+{
+    setVariable (homeVariable, folder.get().getFullPathName());
+    setVariable (dataVariable, systemData.get().getFullPathName());
+
+    // Only a folder with the product's files in it is taken for the installation's.
+    systemData.get().getChildFile ("Morlek/Orlo/presets").createDirectory();
+}
+
+TemporaryHome::~TemporaryHome()
+{
+    setVariable (homeVariable, formerHome);
+    setVariable (dataVariable, formerData);
+}
+
+} // namespace mk::orlo::test

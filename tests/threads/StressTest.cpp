@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+// All threads of the product at work while every parameter changes. Worth most under ThreadSanitizer.
+#include "orlo/AudioPluginAudioProcessor.h"
+
+#include "tests/support/MessageLoop.h"
+#include "tests/support/Signals.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cmath>
+#include <thread>
+
+namespace mk::orlo::test
+{
+namespace
+{
+
+using Clock = std::chrono::steady_clock;
+
+/** Blocks as fast as they go, in ever changing sizes. */
+void playAudio (AudioPluginAudioProcessor& processor, const std::atomic<bool>& done, std::atomic<int>& numBlocks)
+{
+    const auto noise = makeReferenceSignal ("noise", 8192, 44100.0);
+    juce::AudioBuffer<float> buffer (2, 4096);
+    juce::MidiBuffer midi;
+
+    for (int i = 0; ! done.load (std::memory_order_acquire); ++i)
+    {
+        buffer.setSize (2, 1 + (i * 97) % 4096, false, false, true);
+
+        for (int channel = 0; channel < 2; ++channel)
+            buffer.copyFrom (channel, 0, noise.data() + 100 * channel, buffer.getNumSamples());
+
+        processor.processBlock (buffer, midi);
+        numBlocks.fetch_add (1, std::memory_order_relaxed);
+    }
+}
+
+/** Host automation: every parameter, from a thread of its own. */
+void automate (AudioPluginAudioProcessor& processor, const std::atomic<bool>& done)
+{
+    juce::Random random (1);
+
+    while (! done.load (std::memory_order_acquire))
+    {
+        const auto& parameters = processor.getParameters();
+        auto& parameter = *parameters[random.nextInt (parameters.size())];
+
+        // Frozen now and then, but not for good.
+        const auto isFreeze = parameter.getName (20).containsIgnoreCase ("freeze");
+        parameter.setValueNotifyingHost (isFreeze && random.nextInt (4) != 0 ? 0.0f : random.nextFloat());
+        std::this_thread::sleep_for (std::chrono::microseconds (500));
+    }
+}
+
+TEST (AllThreads, RunForHalfAMinuteWhileEverythingChanges)
+{
+    AudioPluginAudioProcessor processor;
+    auto& builder = processor.getImageBuilder();
+    processor.prepareToPlay (44100.0, 4096);
+    processor.getFftProcessor().hopSize = 163;
+    builder.setRequestedSize (300, 200);
+    builder.startThread();
+    processor.setAnalysisSuspended (false);
+
+    std::atomic<bool> done { false };
+    std::atomic<int> numBlocks { 0 };
+    std::thread audio ([&] { playAudio (processor, done, numBlocks); });
+    std::thread host ([&] { automate (processor, done); });
+
+    // This thread is the view: ticks, sizes, suspending, reading the picture and the scale.
+    const auto end = Clock::now() + std::chrono::seconds (30);
+    int numPictures = 0;
+    const void* lastPixels = nullptr;
+
+    for (int i = 0; Clock::now() < end; ++i)
+    {
+        processor.getFrameClock().tick (float (i % 7) * 0.7f);
+        processor.getFftProcessor().hopSize.store (40 + (i * 31) % 700, std::memory_order_relaxed);
+        builder.setFramesPerColumn (1 + i % 5);
+        builder.setColourMap (i % 46);
+
+        if (i % 50 == 0)
+            builder.setRequestedSize (100 + (i * 13) % 500, 1 + (i * 7) % 300);
+
+        if (i % 200 == 199)
+        {
+            processor.setAnalysisSuspended (true);
+            processor.setAnalysisSuspended (false);
+
+            // The worker's rate alone: hosts do not prepare a processor while it plays.
+            processor.getFftProcessor().prepareToPlay (i % 400 == 199 ? 48000.0 : 44100.0);
+        }
+
+        const auto& image = builder.getFrontImage();
+
+        if (! image.isNull())
+        {
+            const void* const pixels = image.getPixelData().get();
+            numPictures += pixels != lastPixels ? 1 : 0;
+            lastPixels = pixels;
+        }
+
+        EXPECT_TRUE (std::isfinite (builder.getFrequencyScale().frequencyForPosition (0.3f)));
+        pumpPending();
+        std::this_thread::sleep_for (std::chrono::milliseconds (5));
+    }
+
+    done.store (true, std::memory_order_release);
+    audio.join();
+    host.join();
+    EXPECT_TRUE (builder.stopThread (1000));
+    EXPECT_GT (numBlocks.load(), 1000);
+    EXPECT_GT (numPictures, 100);
+}
+
+} // namespace
+} // namespace mk::orlo::test

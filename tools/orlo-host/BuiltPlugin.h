@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include <juce_core/juce_core.h>
+
+namespace mk::orlo::host
+{
+
+/** The bundle that was built together with this program, found from where the program lies. */
+[[nodiscard]] juce::File getBuiltPlugin();
+
+} // namespace mk::orlo::host

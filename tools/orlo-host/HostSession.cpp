@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "HostSession.h"
+
+#include "BuiltPlugin.h"
+#include "PluginLoader.h"
+#include "PluginParameters.h"
+#include "PluginState.h"
+#include "ScreenCapture.h"
+
+namespace mk::orlo::host
+{
+
+HostSession::HostSession (HostOptions optionsToUse) : options (std::move (optionsToUse))
+{
+    // The audio first: what is wrong with it shows at once, while loading a plug-in takes its time.
+    auto track = options.audio ? openTrack (*options.audio) : makeDemoTrack();
+    plugin = loadPlugin (options.plugin.value_or (getBuiltPlugin()), track.sampleRate, loadingBlockSize);
+
+    if (options.stateIn)
+        loadState (*plugin, *options.stateIn);
+
+    for (const auto& setting : options.settings)
+        setParameter (*plugin, setting);
+
+    player.emplace (*plugin, std::move (track));
+
+    if (options.showWindow)
+    {
+        window = std::make_unique<EditorWindow> (*plugin);
+        window->onClose = [this] { finish(); };
+
+        if (options.editorSize)
+            window->setEditorSize (*options.editorSize);
+    }
+
+    startOutput();
+
+    if (options.seconds)
+        startTimer (juce::jmax (1, juce::roundToInt (*options.seconds * 1000.0)));
+}
+
+HostSession::~HostSession()
+{
+    stopTimer();
+    timedOutput = nullptr;
+    soundCard = nullptr;
+    window = nullptr;
+}
+
+void HostSession::startOutput()
+{
+    if (options.useSoundCard)
+    {
+        soundCard = std::make_unique<SoundCardOutput> (*player);
+
+        if (soundCard->getDeviceName().isNotEmpty())
+        {
+            soundCard->start();
+            return;
+        }
+
+        soundCard = nullptr;
+    }
+
+    timedOutput = std::make_unique<TimedOutput> (*player);
+}
+
+juce::String HostSession::describe() const
+{
+    return "Playing " + player->getTrackName() + " through " + plugin->getName() + ", "
+           + (soundCard != nullptr ? "on " + soundCard->getDeviceName() : juce::String ("without a sound card"));
+}
+
+void HostSession::writeResults()
+{
+    if (options.screenshot)
+        writePng (captureFromScreen (window->getEditor()), *options.screenshot);
+
+    if (options.stateOut)
+        saveState (*plugin, *options.stateOut);
+}
+
+void HostSession::timerCallback()
+{
+    stopTimer();
+    finish();
+}
+
+void HostSession::finish()
+{
+    if (onFinished != nullptr)
+        onFinished();
+}
+
+} // namespace mk::orlo::host

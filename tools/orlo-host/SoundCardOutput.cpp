@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "SoundCardOutput.h"
+
+#if JUCE_LINUX
+    #include <alsa/asoundlib.h>
+#endif
+
+namespace mk::orlo::host
+{
+#if JUCE_LINUX
+namespace
+{
+void ignoreError (const char*, int, const char*, int, const char*, ...) {}
+} // namespace
+
+SoundCardOutput::QuietSystem::QuietSystem() { snd_lib_error_set_handler (ignoreError); }
+#else
+SoundCardOutput::QuietSystem::QuietSystem() = default;
+#endif
+
+SoundCardOutput::SoundCardOutput (PluginPlayer& playerToDrive) : player (playerToDrive)
+{
+    juce::AudioDeviceManager::AudioDeviceSetup wanted;
+    wanted.sampleRate = player.getTrackRate();
+    devices.initialise (0, 2, nullptr, true, {}, &wanted);
+
+    // Some cards refuse every rate but their own.
+    if (devices.getCurrentAudioDevice() == nullptr)
+        devices.initialiseWithDefaultDevices (0, 2);
+}
+
+SoundCardOutput::~SoundCardOutput()
+{
+    devices.removeAudioCallback (this);
+    devices.closeAudioDevice();
+}
+
+juce::String SoundCardOutput::getDeviceName() const
+{
+    const auto* const device = devices.getCurrentAudioDevice();
+    return device != nullptr ? device->getName() : juce::String();
+}
+
+void SoundCardOutput::start() { devices.addAudioCallback (this); }
+
+void SoundCardOutput::audioDeviceAboutToStart (juce::AudioIODevice* device)
+{
+    player.prepare (device->getCurrentSampleRate(), device->getCurrentBufferSizeSamples());
+}
+
+void SoundCardOutput::audioDeviceStopped() { player.release(); }
+
+void SoundCardOutput::audioDeviceIOCallbackWithContext (const float* const*,
+                                                        int,
+                                                        float* const* outputs,
+                                                        int numOutputs,
+                                                        int numSamples,
+                                                        const juce::AudioIODeviceCallbackContext&)
+{
+    player.process (outputs, numOutputs, numSamples);
+}
+
+} // namespace mk::orlo::host

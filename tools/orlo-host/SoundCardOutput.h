@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include "PluginPlayer.h"
+
+namespace mk::orlo::host
+{
+
+/** Plays the player through the sound card. [message thread] */
+class SoundCardOutput final : private juce::AudioIODeviceCallback
+{
+public:
+    /** Opens the default device. The player must outlive the output. */
+    explicit SoundCardOutput (PluginPlayer& player);
+
+    /** Stops the device. */
+    ~SoundCardOutput() override;
+
+    /** The device that plays, empty if there is none that can be opened. */
+    [[nodiscard]] juce::String getDeviceName() const;
+
+    /** Prepares the player for the device and starts. Only where there is a device. */
+    void start();
+
+private:
+    void audioDeviceAboutToStart (juce::AudioIODevice*) override;
+    void audioDeviceStopped() override;
+    void audioDeviceIOCallbackWithContext (const float* const* inputs,
+                                           int numInputs,
+                                           float* const* outputs,
+                                           int numOutputs,
+                                           int numSamples,
+                                           const juce::AudioIODeviceCallbackContext&) override;
+
+    /** Where there is no card, or another program holds it, ALSA prints lines that help nobody. */
+    struct QuietSystem
+    {
+        QuietSystem();
+    };
+
+    PluginPlayer& player;
+    QuietSystem quietSystem; // before the devices, whose constructor looks for some
+    juce::AudioDeviceManager devices;
+
+    JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (SoundCardOutput)
+};
+
+} // namespace mk::orlo::host
