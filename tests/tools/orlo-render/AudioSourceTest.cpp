@@ -2,7 +2,7 @@
 #include "tools/orlo-render/AudioSource.h"
 
 #include "AudioFiles.h"
-#include "TemporaryFolder.h"
+#include "FileFolder.h"
 #include "tools/orlo-render/RenderError.h"
 
 #include <gmock/gmock.h>
@@ -69,7 +69,7 @@ TEST_P (AudioSourceFormats, GiveTheMeanOfTheirChannels)
             mean[n] += channels.back()[n] / float (numChannels);
     }
 
-    const TemporaryFolder folder;
+    const FileFolder folder;
     const auto file = folder.getFile (juce::String ("a.") + format.extension);
     writeAudioFile (file, channels, rate, format.bits);
 
@@ -109,7 +109,7 @@ INSTANTIATE_TEST_SUITE_P (All,
 
 TEST (AudioSource, ThereIsSilenceBeforeTheStartAndBehindTheEnd)
 {
-    const TemporaryFolder folder;
+    const FileFolder folder;
     const auto file = folder.getFile ("a.wav");
     writeAudioFile (file, { Samples (100, 0.5f) }, rate, 32);
 
@@ -130,7 +130,7 @@ TEST (AudioSource, ThereIsSilenceBeforeTheStartAndBehindTheEnd)
 
 TEST (AudioSource, ASectionIsTheSameInEveryFormat)
 {
-    const TemporaryFolder folder;
+    const FileFolder folder;
     const auto signal = makeNoise (200000);
     Samples section (1000);
 
@@ -148,7 +148,7 @@ TEST (AudioSource, ASectionIsTheSameInEveryFormat)
 
 TEST (AudioSource, AFormatIsKnownByItsContentAndNotByItsName)
 {
-    const TemporaryFolder folder;
+    const FileFolder folder;
     writeAudioFile (folder.getFile ("a.flac"), { makeNoise (1000) }, rate);
     const auto renamed = folder.getFile ("a.wav");
     ASSERT_TRUE (folder.getFile ("a.flac").moveFileTo (renamed));
@@ -157,7 +157,7 @@ TEST (AudioSource, AFormatIsKnownByItsContentAndNotByItsName)
 
 TEST (AudioSource, WhatIsNoAudioIsRefused)
 {
-    const TemporaryFolder folder;
+    const FileFolder folder;
     EXPECT_EQ (complaintAbout (folder.getFile ("none.wav")), "'none.wav' does not exist");
     EXPECT_THAT (complaintAbout (folder.getFile ("")), HasSubstr ("is a folder"));
 
@@ -171,7 +171,7 @@ TEST (AudioSource, WhatIsNoAudioIsRefused)
 
 TEST (AudioSource, AFileWithoutASampleIsRefused)
 {
-    const TemporaryFolder folder;
+    const FileFolder folder;
 
     for (const auto* const extension : { "wav", "aiff" })
     {
@@ -183,7 +183,7 @@ TEST (AudioSource, AFileWithoutASampleIsRefused)
 
 TEST (AudioSource, ATruncatedFileIsRefusedWhereverItIsCut)
 {
-    const TemporaryFolder folder;
+    const FileFolder folder;
 
     for (const auto* const extension : { "wav", "aiff", "flac", "ogg" })
     {
@@ -202,7 +202,7 @@ TEST (AudioSource, ATruncatedFileIsRefusedWhereverItIsCut)
 
 TEST (AudioSource, AFileCutWithinItsHeaderIsRefused)
 {
-    const TemporaryFolder folder;
+    const FileFolder folder;
 
     for (const auto* const extension : { "wav", "aiff", "flac", "ogg" })
     {
@@ -229,7 +229,7 @@ void writeWav (const juce::File& file, int format, int numChannels, int sampleRa
     stream.writeShort (short (format));
     stream.writeShort (short (numChannels));
     stream.writeInt (sampleRate);
-    stream.writeInt (sampleRate * numChannels * bits / 8);
+    stream.writeInt (int (juce::uint32 (sampleRate) * juce::uint32 (numChannels * bits / 8)));
     stream.writeShort (short (numChannels * bits / 8));
     stream.writeShort (short (bits));
     stream.write ("data", 4);
@@ -239,7 +239,7 @@ void writeWav (const juce::File& file, int format, int numChannels, int sampleRa
 
 TEST (AudioSource, HeadersThatCannotBeTrueAreRefused)
 {
-    const TemporaryFolder folder;
+    const FileFolder folder;
     const auto file = folder.getFile ("a.wav");
 
     const auto complaint = [&] (int format, int numChannels, int sampleRate, int bits, int dataSize)

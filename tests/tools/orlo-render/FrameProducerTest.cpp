@@ -2,7 +2,7 @@
 #include "tools/orlo-render/FrameProducer.h"
 
 #include "AudioFiles.h"
-#include "TemporaryFolder.h"
+#include "FileFolder.h"
 #include "tools/orlo-render/RenderError.h"
 
 #include <gtest/gtest.h>
@@ -33,7 +33,7 @@ protected:
         prepare (processor, plan);
     }
 
-    const TemporaryFolder folder;
+    const FileFolder folder;
     const juce::File file = folder.getFile ("a.wav");
     const Samples signal = makeNoise (length);
     const RenderPlan plan = makePlan ({ { 1024, rate, 90.0f, false, true }, 0, length, 0 });

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 // The program itself, as a user runs it.
 #include "AudioFiles.h"
+#include "FileFolder.h"
 #include "Pictures.h"
-#include "TemporaryFolder.h"
 
 #include "orlo/analysis/ColourMap.h"
 
@@ -76,7 +76,7 @@ protected:
         writeAudioFile (folder.getFile (name), channels, rate, bits);
     }
 
-    const TemporaryFolder folder;
+    const FileFolder folder;
     const juce::File input = folder.getFile ("in.wav"), picture = folder.getFile ("out.png"),
                      levels = folder.getFile ("out.npy");
 };

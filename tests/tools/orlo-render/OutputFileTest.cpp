@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "tools/orlo-render/OutputFile.h"
 
-#include "TemporaryFolder.h"
+#include "FileFolder.h"
 #include "tools/orlo-render/RenderError.h"
 
 #include <gmock/gmock.h>
@@ -29,7 +29,7 @@ using testing::HasSubstr;
 
 TEST (OutputFile, IsInItsPlaceOnlyWhenItIsComplete)
 {
-    const TemporaryFolder folder;
+    const FileFolder folder;
     const auto target = folder.getFile ("a.png");
 
     OutputFile file (target);
@@ -43,7 +43,7 @@ TEST (OutputFile, IsInItsPlaceOnlyWhenItIsComplete)
 
 TEST (OutputFile, LeavesNothingBehindWithoutACommit)
 {
-    const TemporaryFolder folder;
+    const FileFolder folder;
     {
         OutputFile file (folder.getFile ("a.png"));
         file.getStream().writeText ("half", false, false, nullptr);
@@ -54,7 +54,7 @@ TEST (OutputFile, LeavesNothingBehindWithoutACommit)
 
 TEST (OutputFile, WhatWasThereBeforeStaysUntilTheCommit)
 {
-    const TemporaryFolder folder;
+    const FileFolder folder;
     const auto target = folder.getFile ("a.png");
     ASSERT_TRUE (target.replaceWithText ("old"));
     {
@@ -71,7 +71,7 @@ TEST (OutputFile, WhatWasThereBeforeStaysUntilTheCommit)
 
 TEST (OutputFile, ALinkStaysALinkAndItsFileIsReplaced)
 {
-    const TemporaryFolder folder;
+    const FileFolder folder;
     const auto target = folder.getFile ("real.png");
     const auto link = folder.getFile ("link.png");
     ASSERT_TRUE (target.replaceWithText ("old"));
@@ -86,7 +86,7 @@ TEST (OutputFile, ALinkStaysALinkAndItsFileIsReplaced)
 
 TEST (OutputFile, APlaceThatCannotBeWrittenIsRefusedAtOnce)
 {
-    const TemporaryFolder folder;
+    const FileFolder folder;
     EXPECT_THAT (complaintAbout (folder.getFile ("none/a.png")), HasSubstr ("there is no folder"));
 
     ASSERT_TRUE (folder.getFile ("folder").createDirectory());

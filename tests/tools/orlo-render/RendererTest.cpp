@@ -2,7 +2,7 @@
 #include "tools/orlo-render/Renderer.h"
 
 #include "AudioFiles.h"
-#include "TemporaryFolder.h"
+#include "FileFolder.h"
 #include "orlo/analysis/FFTProcessor.h"
 #include "orlo/analysis/SpectrogramImageBuilder.h"
 #include "tools/orlo-render/RenderError.h"
@@ -82,7 +82,7 @@ protected:
         return columns;
     }
 
-    const TemporaryFolder folder;
+    const FileFolder folder;
     const juce::File file = folder.getFile ("a.wav");
     Samples signal = makeNoise (20000);
     RenderSettings settings;
