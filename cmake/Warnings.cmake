@@ -15,5 +15,9 @@ else()
     if (CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
         # False alarms inside the standard library's own inlined code in optimised builds.
         target_compile_options (orlo_warnings INTERFACE -Wno-null-dereference)
+
+        if (ORLO_SANITIZE)
+            target_compile_options (orlo_warnings INTERFACE -Wno-maybe-uninitialized)
+        endif()
     endif()
 endif()
