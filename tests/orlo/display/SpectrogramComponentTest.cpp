@@ -1,0 +1,315 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+// The live view in a real window; needs a display.
+#include "orlo/display/SpectrogramComponent.h"
+
+#include "orlo/AudioPluginAudioProcessor.h"
+#include "orlo/Params.h"
+#include "orlo/display/Crosshair.h"
+#include "tests/support/MessageLoop.h"
+#include "tests/support/Signals.h"
+
+#include <gtest/gtest.h>
+
+namespace mk::orlo::test
+{
+namespace
+{
+
+using Modifiers = juce::ModifierKeys;
+
+class SpectrogramComponentTest : public testing::Test
+{
+protected:
+    SpectrogramComponentTest()
+    {
+        processor.prepareToPlay (44100.0, 512);
+        view.setBounds (0, 0, 400, 200);
+        view.onMouseMoved = [this] (const juce::MouseEvent& event, float hz) {
+            moved.push_back ({ event.position, hz });
+        };
+        view.onMouseHeld = [this] (const juce::MouseEvent& event, float hz) {
+            held.push_back ({ event.position, hz });
+        };
+        view.onMouseReleased = [this] (const juce::MouseEvent&) { ++numReleased; };
+        view.onMouseEntered = [this] (const juce::MouseEvent&) { ++numEntered; };
+        view.onMouseExited = [this] (const juce::MouseEvent&) { ++numExited; };
+    }
+
+    void show()
+    {
+        view.addToDesktop (0);
+        view.setVisible (true);
+        ASSERT_NE (view.getPeer(), nullptr) << "There is no display";
+    }
+
+    /** What the window system tells of the mouse. Later in time than the last, so that no two make a double click. */
+    void mouse (float x, float y, Modifiers modifiers = {})
+    {
+        time += 1000;
+        Modifiers::currentModifiers = modifiers; // where JUCE takes the keys from
+        view.getPeer()->handleMouseEvent (juce::MouseInputSource::InputSourceType::mouse,
+                                          { x, y },
+                                          modifiers,
+                                          juce::MouseInputSource::defaultPressure,
+                                          juce::MouseInputSource::defaultOrientation,
+                                          time);
+    }
+
+    [[nodiscard]] float valueOf (const char* id)
+    {
+        const auto& parameter = *processor.getParameterState().getParameter (id);
+        return parameter.convertFrom0to1 (parameter.getValue());
+    }
+
+    void set (const char* id, float value)
+    {
+        auto& parameter = *processor.getParameterState().getParameter (id);
+        parameter.setValueNotifyingHost (parameter.convertTo0to1 (value));
+    }
+
+    void playNoise (int numBlocks)
+    {
+        juce::MidiBuffer midi;
+        juce::AudioBuffer<float> buffer (2, 512);
+        const auto noise = makeReferenceSignal ("noise", 512, 44100.0);
+
+        for (int i = 0; i < numBlocks; ++i)
+        {
+            for (int channel = 0; channel < 2; ++channel)
+                buffer.copyFrom (channel, 0, noise.data(), 512);
+
+            processor.processBlock (buffer, midi);
+        }
+    }
+
+    ~SpectrogramComponentTest() override { Modifiers::currentModifiers = {}; }
+
+    [[nodiscard]] juce::Image paintView() { return view.createComponentSnapshot (view.getLocalBounds(), true, 1.0f); }
+
+    struct Cursor
+    {
+        juce::Point<float> position;
+        float hz;
+    };
+
+    AudioPluginAudioProcessor processor;
+    FFTProcessor& worker = processor.getFftProcessor();
+    SpectrogramImageBuilder& builder = processor.getImageBuilder();
+    SpectrogramComponent view { processor, worker, builder };
+    std::vector<Cursor> moved, held;
+    int numReleased = 0, numEntered = 0, numExited = 0;
+    juce::int64 time = 1000000;
+};
+
+TEST_F (SpectrogramComponentTest, AnalysesOnlyWhileItCanBeSeen)
+{
+    playNoise (4);
+    EXPECT_EQ (worker.getNumSamplesReady(), 0);
+    EXPECT_FALSE (builder.isThreadRunning());
+
+    show();
+    EXPECT_TRUE (builder.isThreadRunning());
+    playNoise (20);
+    EXPECT_TRUE (pumpUntil ([this] { return worker.getNumFramesReady() > 0 || ! builder.getFrontImage().isNull(); }));
+
+    view.setVisible (false);
+    EXPECT_FALSE (builder.isThreadRunning());
+    EXPECT_TRUE (pumpUntil ([this] { return worker.getNumSamplesReady() < worker.hopSize; }));
+    const auto ready = worker.getNumSamplesReady();
+    playNoise (4);
+    EXPECT_EQ (worker.getNumSamplesReady(), ready);
+
+    view.setVisible (true);
+    EXPECT_TRUE (builder.isThreadRunning());
+    view.removeFromDesktop();
+    EXPECT_TRUE (pumpUntil ([this] { return ! builder.isThreadRunning(); }));
+}
+
+TEST_F (SpectrogramComponentTest, TheViewIsBlackUntilThePictureAppearsAtItsSize)
+{
+    EXPECT_EQ (paintView().getPixelAt (10, 10), juce::Colours::black);
+
+    show();
+    EXPECT_TRUE (pumpUntil (
+        [this]
+        {
+            playNoise (2);
+            return ! builder.getFrontImage().isNull();
+        }));
+
+    const auto& image = builder.getFrontImage();
+    EXPECT_EQ (image.getWidth(), 400);
+    EXPECT_EQ (image.getHeight(), 200);
+}
+
+TEST_F (SpectrogramComponentTest, ADisplayRefreshIsATickInColumns)
+{
+    auto& clock = processor.getFrameClock();
+    const auto count = clock.tickCount.load();
+    view.tick (100.0);
+    view.tick (100.005); // too soon
+    EXPECT_EQ (clock.tickCount.load(), count + 1);
+
+    view.tick (100.1);
+    EXPECT_EQ (clock.tickCount.load(), count + 2);
+    EXPECT_NEAR (clock.columnsPerTick.load(), 0.1f / 0.0036894f, 0.3f);
+
+    // A window that was dragged: one long tick.
+    view.tick (160.1);
+    EXPECT_GT (clock.columnsPerTick.load(), 10000.0f);
+}
+
+TEST_F (SpectrogramComponentTest, TheHopFollowsParametersRateAndResolution)
+{
+    EXPECT_EQ (worker.hopSize.load(), 163);
+    set (Params::id::speed, 100.0f);
+    EXPECT_EQ (worker.hopSize.load(), 110);
+    set (Params::id::fftSize, 0.0f);
+    EXPECT_EQ (worker.hopSize.load(), 52);
+    set (Params::id::mode, 0.0f);
+    EXPECT_EQ (worker.hopSize.load(), 110);
+
+    worker.prepareToPlay (96000.0);
+    EXPECT_TRUE (pumpUntil ([this] { return worker.hopSize.load() == 240; }));
+    view.setDoubleResolution (true);
+    EXPECT_EQ (worker.hopSize.load(), 120);
+}
+
+TEST_F (SpectrogramComponentTest, AReservedWindowSizeStillGivesAHop)
+{
+    set (Params::id::fftSize, 8.0f);
+    EXPECT_GE (worker.hopSize.load(), 64);
+}
+
+TEST_F (SpectrogramComponentTest, ReadsTheFrequencyUnderACursor)
+{
+    EXPECT_NEAR (
+        view.getFrequencyAt (0.0f), builder.getFrequencyScale().frequencyForPosition (1.0f - 0.5f / 200.0f), 1.0e-3f);
+    EXPECT_EQ (view.getFrequencyAt (-50.0f), builder.getFrequencyScale().getMaxFrequency());
+    EXPECT_EQ (view.getFrequencyAt (500.0f), builder.getFrequencyScale().getMinFrequency());
+}
+
+TEST_F (SpectrogramComponentTest, MovingTheMouseTellsTheFrequency)
+{
+    show();
+    mouse (100.0f, 50.0f);
+    EXPECT_GE (numEntered, 1);
+    ASSERT_FALSE (moved.empty());
+    EXPECT_EQ (moved.back().position, juce::Point (100.0f, 50.0f));
+    EXPECT_EQ (moved.back().hz, view.getFrequencyAt (50.0f));
+    EXPECT_FALSE (view.isCrosshairVisible());
+    EXPECT_TRUE (held.empty());
+}
+
+TEST_F (SpectrogramComponentTest, HoldingTheButtonShowsTheCrosshair)
+{
+    show();
+    ASSERT_TRUE (pumpUntil (
+        [this]
+        {
+            playNoise (2);
+            return ! builder.getFrontImage().isNull();
+        }));
+
+    mouse (100.0f, 50.0f);
+    mouse (100.0f, 50.0f, Modifiers::leftButtonModifier);
+    EXPECT_TRUE (view.isCrosshairVisible());
+    ASSERT_EQ (held.size(), 1u);
+
+    const auto picture = paintView();
+    EXPECT_EQ (picture.getPixelAt (3, 50).getARGB(), 0xff808080);
+    EXPECT_EQ (picture.getPixelAt (100, 190).getARGB(), 0xff808080);
+    EXPECT_NE (picture.getPixelAt (3, 51).getARGB(), 0xff808080);
+
+    // Off the right and the lower edge: the crosshair stays on the edge, the reading on the lowest frequency.
+    mouse (900.0f, 700.0f, Modifiers::leftButtonModifier);
+    ASSERT_EQ (held.size(), 2u);
+    EXPECT_EQ (held.back().position.x, 400.0f);
+    EXPECT_EQ (held.back().hz, builder.getFrequencyScale().getMinFrequency());
+
+    mouse (900.0f, 700.0f);
+    EXPECT_FALSE (view.isCrosshairVisible());
+    EXPECT_EQ (numReleased, 1);
+}
+
+TEST_F (SpectrogramComponentTest, ShiftClickFreezesAndShowsNoCrosshair)
+{
+    show();
+    mouse (100.0f, 50.0f);
+
+    for (const auto expected : { 1.0f, 0.0f })
+    {
+        mouse (100.0f, 50.0f, Modifiers::leftButtonModifier | Modifiers::shiftModifier);
+        EXPECT_EQ (valueOf (Params::id::freeze), expected);
+        EXPECT_FALSE (view.isCrosshairVisible());
+        mouse (100.0f, 50.0f, Modifiers::shiftModifier);
+    }
+
+    EXPECT_TRUE (held.empty());
+}
+
+TEST_F (SpectrogramComponentTest, ARightClickIsLeftToTheMenu)
+{
+    show();
+    mouse (100.0f, 50.0f);
+    mouse (100.0f, 50.0f, Modifiers::rightButtonModifier);
+    mouse (120.0f, 60.0f, Modifiers::rightButtonModifier);
+    EXPECT_FALSE (view.isCrosshairVisible());
+    EXPECT_TRUE (held.empty());
+    mouse (120.0f, 60.0f);
+}
+
+TEST_F (SpectrogramComponentTest, LeavingTheViewIsReported)
+{
+    show();
+    mouse (100.0f, 50.0f);
+    mouse (-20.0f, -20.0f);
+    EXPECT_EQ (numExited, 1);
+}
+
+TEST_F (SpectrogramComponentTest, AskingForDoubleResolutionDoublesThePicture)
+{
+    show();
+    view.setDoubleResolution (true);
+    EXPECT_TRUE (pumpUntil (
+        [this]
+        {
+            playNoise (2);
+            return builder.getFrontImage().getWidth() == 800;
+        }));
+    EXPECT_EQ (builder.getFrontImage().getHeight(), 400);
+    EXPECT_EQ (paintView().getWidth(), 400);
+}
+
+TEST_F (SpectrogramComponentTest, DestroyingTheViewLeavesTheProcessorAtRest)
+{
+    AudioPluginAudioProcessor other;
+    other.prepareToPlay (44100.0, 512);
+
+    for (int i = 0; i < 20; ++i)
+    {
+        SpectrogramComponent shortLived (other, other.getFftProcessor(), other.getImageBuilder());
+        shortLived.setBounds (0, 0, 100, 100);
+        shortLived.addToDesktop (0);
+        shortLived.setVisible (true);
+        EXPECT_TRUE (other.getImageBuilder().isThreadRunning());
+    }
+
+    EXPECT_FALSE (other.getImageBuilder().isThreadRunning());
+    EXPECT_EQ (other.getFftProcessor().onSampleRateChanged, nullptr);
+}
+
+//==============================================================================
+TEST (Crosshair, LiesOnWholePixelsOrAtDoubleResolutionOnHalfOnes)
+{
+    const auto normal = placeCrosshair ({ 10.4f, 20.6f }, 100.0f, 50.0f, false);
+    EXPECT_EQ (normal.horizontal, juce::Rectangle (0.0f, 21.0f, 100.0f, 1.0f));
+    EXPECT_EQ (normal.vertical, juce::Rectangle (10.0f, 0.0f, 1.0f, 50.0f));
+
+    const auto fine = placeCrosshair ({ 10.4f, 20.6f }, 100.0f, 50.0f, true);
+    EXPECT_EQ (fine.horizontal, juce::Rectangle (0.0f, 20.5f, 100.0f, 0.5f));
+    EXPECT_EQ (fine.vertical, juce::Rectangle (10.5f, 0.0f, 0.5f, 50.0f));
+}
+
+} // namespace
+} // namespace mk::orlo::test
