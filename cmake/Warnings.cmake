@@ -16,6 +16,7 @@ else()
         # False alarms inside the standard library's own inlined code in optimised builds.
         target_compile_options (orlo_warnings INTERFACE -Wno-null-dereference)
 
+        # And in code that a sanitizer has been woven into.
         if (ORLO_SANITIZE)
             target_compile_options (orlo_warnings INTERFACE -Wno-maybe-uninitialized)
         endif()

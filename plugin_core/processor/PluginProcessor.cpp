@@ -127,7 +127,7 @@ void PluginProcessor::loadDefaultPreset()
 {
     const auto text = getGlobalSettings()[SettingsIds::defaultPreset].toString();
 
-    if (const auto xml = parseUntrustedXml (text.toRawUTF8(), text.getNumBytesAsUTF8()))
+    if (const auto xml = parseUntrustedXml (text))
         if (const auto file = PresetReference::fromXml (*xml).resolve (presets.getFolders());
             presets.isPresetFile (file))
             presets.loadPresetFile (file, nullptr);

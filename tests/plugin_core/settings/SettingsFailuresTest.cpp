@@ -71,7 +71,7 @@ INSTANTIATE_TEST_SUITE_P (
                      std::string ("<OTHER><VALUE name=\"settings\"><settings defaultWidth=\"5\"/></VALUE></OTHER>"),
                      std::string ("<!DOCTYPE a [<!ENTITY e \"<b>&e;</b>\">]><PROPERTIES>&e;</PROPERTIES>"),
                      std::string ("<PROPERTIES>&#x"),
-                     std::string ("PROP\x01\0\0\0settings\0<a>&#x\0", 26),
+                     std::string ("PROP\x01\0\0\0settings\0<a>&#x\0", 25),
                      std::string ("CPRP\x01\0\0\0", 8),
                      std::string ("\xff\xfe\xfd"),
                      std::string ("<PROPERTIES><VALUE name=\"settings\" val=\"&lt;a>&amp;#x\"/></PROPERTIES>"),
