@@ -92,16 +92,17 @@ PluginGlobalSettings::InnerData::~InnerData()
     const auto xml = settings.createXml();
     const auto text = xml != nullptr ? xml->toString() : juce::String();
 
+    // Past the base class, which would start its saving timer, try a failed write again, and not look at how
+    // much of it succeeded. The last handle may go on any thread.
     const juce::ScopedLock scopedLock (getLock());
+    auto contents = getAllProperties();
+    const auto key = SettingsIds::settings.toString();
 
-    if (! containsKey (SettingsIds::settings) || getValue (SettingsIds::settings) != text)
-        setValue (SettingsIds::settings, text);
+    if (contents.containsKey (key) && contents[key] == text)
+        return;
 
-    if (needsToBeSaved())
-        replaceFileContent (getFile(), createDocument (getAllProperties()));
-
-    // The base class would try a failed write again, and without looking at how much of it succeeded.
-    setNeedsToBeSaved (false);
+    contents.set (key, text);
+    replaceFileContent (getFile(), createDocument (contents));
 }
 
 juce::PropertiesFile::Options PluginGlobalSettings::InnerData::getOptions()

@@ -119,7 +119,8 @@ TEST_F (Languages, ShowTheProductsWordingWhereBothHaveAKey)
     public:
         bool addProductStrings (const juce::String&) override
         {
-            addToInstalledStrings ("language: [french]\n\"close\" = \"quitter\"\n\"new\" = \"nouveau\"");
+            addToInstalledStrings (
+                "language: [french]\ncountries: [fr]\n\"close\" = \"quitter\"\n\"new\" = \"nouveau\"");
             return true;
         }
     };
