@@ -3,7 +3,6 @@
 
 #include <cstdlib>
 #include <iostream>
-#endif
 
 namespace mk::orlo::test
 {
