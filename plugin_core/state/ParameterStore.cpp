@@ -155,7 +155,7 @@ void ParameterStore::updateTree()
     for (size_t i = 0; i < parameters.size(); ++i)
         if (auto child = state.state.getChildWithProperty (idAttribute, parameters[i]->getParameterID());
             child.isValid())
-            child.setProperty (valueAttribute, getCurrentValue (i), nullptr);
+            child.setProperty (valueAttribute, double (getCurrentValue (i)), nullptr);
 }
 
 } // namespace mk::pluginCore
