@@ -7,7 +7,7 @@ namespace mk::pluginCore
 {
 
 /** A button whose face is one filled path, drawn by the look and feel. [message thread] */
-class FilledPathButton final : public juce::Button
+class FilledPathButton : public juce::Button
 {
 public:
     /** What a look and feel offers that draws these buttons. */

@@ -10,7 +10,7 @@ namespace mk::pluginCore
 namespace
 {
 // How much of the smaller side of a path button its path takes.
-constexpr float pathShare = 0.5f;
+constexpr float pathShare = 0.66f;
 
 // The parts of a dialog, as proportions of its width and height.
 constexpr float margin = 0.02f;

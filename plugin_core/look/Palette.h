@@ -28,6 +28,7 @@ inline constexpr juce::uint32 text = 0xFFEEEEEE;       /**< text and icons */
 inline constexpr juce::uint32 brightText = 0xFFF2F2F2; /**< what stands out in a text */
 inline constexpr juce::uint32 accent = 0xFF7DB9CB;     /**< focus, ticks, chosen entries */
 inline constexpr juce::uint32 accentDeep = 0xFF2C4A54; /**< filled areas under text: chosen buttons */
+inline constexpr juce::uint32 accentMid = 0xFF5F8795;  /**< marks that text may lie over: the knob of a slider */
 inline constexpr juce::uint32 accentFill = 0xFF33525D; /**< the bar of a slider */
 } // namespace palette
 

@@ -5,6 +5,7 @@
 
 #include <juce_audio_processors/juce_audio_processors.h>
 
+#include <algorithm>
 #include <array>
 
 namespace mk::pluginCore::scaleRule
@@ -15,6 +16,7 @@ constexpr float radiusPerWidth = 0.00550055f;
 constexpr float radiusWithoutEditor = 10.0f;
 constexpr std::array categoryHeights { 55.0f, 40.0f, 33.0f, 33.0f, 25.0f };
 constexpr float otherCategoryHeight = 36.0f;
+constexpr float leastLegibleHeight = 15.0f;
 } // namespace
 
 std::optional<int> editorWidthAbove (const juce::Component& component)
@@ -52,6 +54,11 @@ float textHeight (const juce::Component& component)
 {
     const double fontScale = component.getProperties().getWithDefault (styleProperty::fontScale, 1.0);
     return textHeight (categoryOf (component), fontScale, editorWidthAbove (component));
+}
+
+float legibleTextHeight (const juce::Component& component)
+{
+    return std::min (std::max (textHeight (component), leastLegibleHeight), float (component.getHeight()));
 }
 
 int categoryOf (const juce::Component& component)

@@ -34,6 +34,9 @@ inline constexpr int defaultCategory = 2;
 /** The same by the properties cat (2 if absent) and fontScale (1 if absent) of the component. */
 [[nodiscard]] float textHeight (const juce::Component& component);
 
+/** The same, at least 15 pixels so that it can be read, but never more than the component is high. */
+[[nodiscard]] float legibleTextHeight (const juce::Component& component);
+
 /** The size class of a component's text. */
 [[nodiscard]] int categoryOf (const juce::Component& component);
 

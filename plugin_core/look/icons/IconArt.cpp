@@ -25,13 +25,20 @@ template <typename... Values>
     return mark<Kind::diagonal> (values...);
 }
 
-constexpr std::array settings { line (3, 6, 11, 6),  mark<Kind::circle> (14, 6, 3),  line (17, 6, 21, 6),
-                                line (3, 18, 7, 18), mark<Kind::circle> (10, 18, 3), line (13, 18, 21, 18) };
+constexpr std::array settings { line (3, 7, 11, 7),  mark<Kind::circle> (14, 7, 3),  line (17, 7, 21, 7),
+                                line (3, 17, 7, 17), mark<Kind::circle> (10, 17, 3), line (13, 17, 21, 17) };
 
-// The side arms stand at 60 degrees to the upright one, each with its two small branches.
+// Six arms at 60 degrees to each other, each with two small branches.
 constexpr std::array freeze {
-    line (12, 3, 12, 21),      diagonal (4.2, 7.5, 19.8, 16.5), diagonal (19.8, 7.5, 4.2, 16.5),
-    line (9, 4, 12, 7, 15, 4), line (9, 20, 12, 17, 15, 20),
+    line (12, 3, 12, 21),
+    diagonal (4.2, 7.5, 19.8, 16.5),
+    diagonal (19.8, 7.5, 4.2, 16.5),
+    diagonal (9.5, 4.4, 12, 6.6, 14.5, 4.4),
+    diagonal (9.5, 19.6, 12, 17.4, 14.5, 19.6),
+    diagonal (17.35, 6.05, 16.7, 9.3, 19.85, 10.35),
+    diagonal (6.65, 6.05, 7.3, 9.3, 4.15, 10.35),
+    diagonal (17.35, 17.95, 16.7, 14.7, 19.85, 13.65),
+    diagonal (6.65, 17.95, 7.3, 14.7, 4.15, 13.65),
 };
 
 constexpr std::array exportPicture { line (12, 15, 12, 4),
@@ -55,10 +62,10 @@ constexpr std::array arrowRight { line (9, 6, 15, 12, 9, 18) };
 constexpr std::array arrowUp { line (6, 15, 12, 9, 18, 15) };
 constexpr std::array arrowDown { line (6, 9, 12, 15, 18, 9) };
 
-constexpr std::array ruler { mark<Kind::box> (7, 2, 10, 20, 2),
-                             line (17, 7, 14, 7),
-                             line (17, 12, 12, 12),
-                             line (17, 17, 14, 17) };
+constexpr std::array ruler { mark<Kind::box> (6, 2, 12, 20, 2),
+                             line (6, 7, 10, 7),
+                             line (6, 12, 12, 12),
+                             line (6, 17, 10, 17) };
 
 constexpr std::array keyboard { mark<Kind::box> (3, 4, 18, 16, 2),
                                 line (9, 13, 9, 20),
@@ -66,10 +73,7 @@ constexpr std::array keyboard { mark<Kind::box> (3, 4, 18, 16, 2),
                                 mark<Kind::block> (7.5, 4, 3, 9),
                                 mark<Kind::block> (13.5, 4, 3, 9) };
 
-constexpr std::array autoPause { mark<Kind::arc> (12, 12, 9, 60, 390),
-                                 line (21, 3, 21, 8, 16, 8),
-                                 line (10, 9, 10, 15),
-                                 line (14, 9, 14, 15) };
+constexpr std::array autoPause { mark<Kind::circle> (12, 12, 9), line (10, 9, 10, 15), line (14, 9, 14, 15) };
 
 constexpr std::array folder { mark<Kind::polygon> (3, 5, 9, 5, 12, 8, 21, 8, 21, 19, 3, 19) };
 constexpr std::array document { mark<Kind::box> (5, 3, 14, 18, 2), line (9, 9, 15, 9), line (9, 13, 15, 13) };

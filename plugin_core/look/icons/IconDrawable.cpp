@@ -55,6 +55,7 @@ void setIcon (juce::DrawableButton& button, Icon icon, std::optional<Icon> iconW
 {
     const juce::Colour colour (palette::text);
     const IconDrawable normal (icon, colour);
+    button.setMouseClickGrabsKeyboardFocus (false);
 
     if (iconWhenOn.has_value())
     {

@@ -32,7 +32,8 @@ private:
 };
 
 /** Gives the button its icon in the palette's text colour; with a second icon that one stands while the
-    button is toggled on. The image is fitted into the button's square less its edge indent. */
+    button is toggled on. The button's style should be ImageFitted, its edge indent the margin around the
+    icon. A click then no longer gives it the keyboard focus, which shows as a frame: only keys do. */
 void setIcon (juce::DrawableButton& button, Icon icon, std::optional<Icon> iconWhenOn = std::nullopt);
 
 } // namespace mk::pluginCore
