@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-#include "orlo/look/OrloColours.h"
 #include "orlo/look/PluginLookAndFeel.h"
-#include "plugin_core/look/StyleProperties.h"
 #include "tests/support/StyledWindow.h"
 
 #include <gtest/gtest.h>
@@ -13,8 +11,6 @@ namespace
 using test::distance;
 using test::drawnImage;
 using test::findInk;
-using test::snapshotOf;
-namespace styleProperty = pluginCore::styleProperty;
 
 [[nodiscard]] juce::Rectangle<int>
     idealSize (PluginLookAndFeel& style, const juce::String& text, bool isSeparator, int height)
@@ -200,105 +196,6 @@ TEST (MenuDrawingTest, AHeaderIsABandWithItsTextOnIt)
         hasText = image.getPixelAt (x, 20) == style.findColour (juce::PopupMenu::textColourId);
 
     EXPECT_TRUE (hasText);
-}
-
-//==============================================================================
-class ComboBoxDrawingTest : public testing::Test
-{
-protected:
-    ComboBoxDrawingTest()
-    {
-        box.addItem ("2048", 1);
-        box.setSelectedId (1, juce::dontSendNotification);
-        window.add (box, { 0, 0, 169, 56 });
-    }
-
-    [[nodiscard]] juce::Label& label() { return *dynamic_cast<juce::Label*> (box.getChildComponent (0)); }
-
-    test::StyledWindow<PluginLookAndFeel> window { 1818, 1000 };
-    juce::ComboBox box;
-};
-
-TEST_F (ComboBoxDrawingTest, TheFaceIsTheRaisedBackgroundWithAnOutlineTwoPixelsWide)
-{
-    const auto image = snapshotOf (box);
-    const auto outline = window.style.findColour (juce::ComboBox::outlineColourId);
-    EXPECT_EQ (image.getPixelAt (80, 5).getARGB(), 0xFF2F2F2Fu);
-    EXPECT_LE (distance (image.getPixelAt (80, 0), outline), 1);
-    EXPECT_LE (distance (image.getPixelAt (80, 1), outline), 1);
-    EXPECT_EQ (image.getPixelAt (80, 2).getARGB(), 0xFF2F2F2Fu);
-    EXPECT_EQ (image.getPixelAt (1, 1).getAlpha(), 0) << "round corners";
-}
-
-TEST_F (ComboBoxDrawingTest, ADisabledBoxIsHalfTransparent)
-{
-    box.setEnabled (false);
-    EXPECT_NEAR (int (snapshotOf (box).getPixelAt (80, 5).getAlpha()), 128, 1);
-}
-
-TEST_F (ComboBoxDrawingTest, TextFollowsTheWindowAndFitsBesideTheArrow)
-{
-    EXPECT_FLOAT_EQ (window.style.getComboBoxFont (box).getHeight(), 33.0f);
-    EXPECT_LT (label().getRight(), 130);
-
-    window.window.setSize (909, 500);
-    box.setSize (84, 28);
-    EXPECT_FLOAT_EQ (window.style.getComboBoxFont (box).getHeight(), 16.5f);
-
-    box.getProperties().set (styleProperty::fontScale, 0.8);
-    EXPECT_FLOAT_EQ (window.style.getComboBoxFont (box).getHeight(), 13.2f);
-
-    box.setSize (84, 10);
-    EXPECT_FLOAT_EQ (window.style.getComboBoxFont (box).getHeight(), 8.0f);
-}
-
-TEST_F (ComboBoxDrawingTest, ItsMenusEntriesAreAsHighAsMostOfTheBox)
-{
-    EXPECT_EQ (window.style.getOptionsForComboBoxPopupMenu (box, label()).getStandardItemHeight(), 48);
-    box.setSize (169, 41);
-    EXPECT_EQ (window.style.getOptionsForComboBoxPopupMenu (box, label()).getStandardItemHeight(), 35);
-}
-
-TEST_F (ComboBoxDrawingTest, ItsMenuHasAtLeastTheColumnsAskedFor)
-{
-    EXPECT_EQ (window.style.getOptionsForComboBoxPopupMenu (box, label()).getMinimumNumColumns(), 1);
-    EXPECT_EQ (window.style.getOptionsForComboBoxPopupMenu (box, label()).getMaximumNumColumns(), 1);
-    box.getProperties().set (styleProperty::numCol, 2);
-    EXPECT_EQ (window.style.getOptionsForComboBoxPopupMenu (box, label()).getMinimumNumColumns(), 2);
-    EXPECT_EQ (window.style.getOptionsForComboBoxPopupMenu (box, label()).getMaximumNumColumns(), 2);
-}
-
-//==============================================================================
-TEST (OrloColoursTest, TheProductsFixedColoursAreAsAgreed)
-{
-    const PluginLookAndFeel style;
-    const std::pair<int, juce::uint32> expected[] {
-        { 0x2731072, 0xFF232323 }, { 0x2733209, 0xFF101010 }, { 0x2733300, 0xFF101010 }, { 0x2733301, 0xFFBBBBBB },
-        { 0x2733302, 0xFF101010 }, { 0x2733303, 0xFF101010 }, { 0x2733304, 0xFFFFFFFF }, { 0x8994010, 0x80808080 },
-    };
-
-    for (const auto& [id, argb] : expected)
-        EXPECT_EQ (style.findColour (id).getARGB(), argb) << std::hex << id;
-
-    EXPECT_EQ (style.findColour (0x2733305), juce::Colour (0xFF555555).darker (0.1f));
-
-    for (const auto id : { 0x2731200, 0x2731233, 0x2731333, 0x2765412, 0x2765413, 0x2739812 })
-        EXPECT_TRUE (style.isColourSpecified (id)) << std::hex << id;
-}
-
-TEST (OrloColoursTest, TheGripIsDrawnInTheColourThatTheViewGivesIt)
-{
-    PluginLookAndFeel style;
-    const auto draw = [&style]
-    {
-        return findInk (
-            drawnImage (50, 50, [&] (juce::Graphics& g) { style.drawCornerResizer (g, 50, 50, false, false); }));
-    };
-
-    EXPECT_TRUE (juce::Rectangle<int> (50, 50).contains (draw()));
-    EXPECT_GT (draw().getWidth(), 20);
-    style.setColour (colourId::cornerGrip, juce::Colours::transparentWhite);
-    EXPECT_TRUE (draw().isEmpty());
 }
 } // namespace
 } // namespace mk::orlo
