@@ -13,6 +13,14 @@ constexpr float disabledTextAlpha = 0.4f;
 
 [[nodiscard]] bool readsUpwards (const juce::Label& label) { return label.getProperties()[styleProperty::vertical]; }
 
+/** Where a label's text goes, as seen by a reader: turned, if the text reads upwards. */
+[[nodiscard]] juce::Rectangle<int> textArea (LookAndFeel& style, juce::Label& label)
+{
+    const auto bounds = label.getLocalBounds();
+    return style.getLabelBorderSize (label).subtractedFrom (
+        readsUpwards (label) ? bounds.withSize (bounds.getHeight(), bounds.getWidth()) : bounds);
+}
+
 [[nodiscard]] bool isStyled (const juce::Label& label)
 {
     const auto& properties = label.getProperties();
@@ -33,7 +41,7 @@ juce::Font LookAndFeel::getLabelFont (juce::Label& label)
 
     const bool bold = label.getProperties()[styleProperty::bold];
     const auto face = bold ? Face::bold : getFaceForCategory (scaleRule::categoryOf (label));
-    const auto room = float (readsUpwards (label) ? label.getWidth() : label.getHeight());
+    const auto room = float (textArea (*this, label).getHeight());
     const auto height = std::min (scaleRule::textHeight (label), room);
     return getFont (face).withHeight (std::max (height, 1.0f));
 }
@@ -41,15 +49,12 @@ juce::Font LookAndFeel::getLabelFont (juce::Label& label)
 void LookAndFeel::drawLabelText (juce::Graphics& g, juce::Label& label)
 {
     const auto font = getLabelFont (label);
-    auto area = getLabelBorderSize (label).subtractedFrom (label.getLocalBounds());
+    const auto area = textArea (*this, label);
     const juce::Graphics::ScopedSaveState state (g);
 
     if (readsUpwards (label))
-    {
         g.addTransform (juce::AffineTransform::rotation (-juce::MathConstants<float>::halfPi)
                             .translated (0.0f, float (label.getHeight())));
-        area = { label.getHeight() - area.getBottom(), area.getX(), area.getHeight(), area.getWidth() };
-    }
 
     g.setFont (font);
     g.drawFittedText (label.getText(),

@@ -40,6 +40,7 @@ protected:
     {
         slider.setTextBoxStyle (juce::Slider::TextBoxRight, false, 80, 20);
         window.add (slider, { 0, 0, 200, 40 });
+        slider.sendLookAndFeelChange();
 
         for (auto* child : slider.getChildren())
             if (auto* found = dynamic_cast<PluginLookAndFeel::SliderLabelComp*> (child))

@@ -63,7 +63,7 @@ TEST_F (LabelTest, TextIsNeverHigherThanItsLabel)
 {
     set (styleProperty::cat, 0);
     label.setSize (400, 12);
-    EXPECT_FLOAT_EQ (font().getHeight(), 12.0f);
+    EXPECT_FLOAT_EQ (font().getHeight(), 10.0f) << "less the label's border of 1";
 
     label.setSize (400, 0);
     EXPECT_GE (font().getHeight(), 1.0f);
@@ -74,7 +74,7 @@ TEST_F (LabelTest, TurnedTextIsBoundedByTheLabelsWidth)
     set (styleProperty::cat, 0);
     set (styleProperty::vertical, true);
     label.setSize (14, 200);
-    EXPECT_FLOAT_EQ (font().getHeight(), 14.0f);
+    EXPECT_FLOAT_EQ (font().getHeight(), 12.0f);
 }
 
 TEST_F (LabelTest, TurnedTextRunsUpwardsInsideItsLabel)
@@ -95,17 +95,14 @@ TEST_F (LabelTest, AllOfAShortTextFitsAtEveryWindowWidth)
     label.setText ("Max Freq", juce::dontSendNotification);
     set (styleProperty::cat, 2);
 
-    for (const auto width : { 100, 400, 909, 1818, 3840 })
+    for (const auto width : { 400, 909, 1818, 3840 })
     {
         window.window.setSize (width, 600);
         label.setBounds (0, 0, width * 157 / 1818, width * 39 / 1818);
         const auto ink = findInk (snapshotOf (label));
         EXPECT_FALSE (ink.isEmpty()) << width;
 
-        if (width >= 400)
-        {
-            EXPECT_TRUE (label.getLocalBounds().reduced (1).contains (ink)) << width;
-        }
+        EXPECT_TRUE (label.getLocalBounds().reduced (1).contains (ink)) << width;
     }
 }
 
