@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "SliderLabelComp.h"
+
+#include "SliderProperties.h"
+#include "plugin_core/look/ScaleRule.h"
+#include "plugin_core/look/StyleProperties.h"
+
+namespace mk::orlo
+{
+namespace scaleRule = pluginCore::scaleRule;
+namespace styleProperty = pluginCore::styleProperty;
+
+namespace
+{
+[[nodiscard]] juce::Justification justificationFor (const juce::String& name)
+{
+    if (name == "left")
+        return juce::Justification::centredLeft;
+
+    return name == "right" ? juce::Justification::centredRight : juce::Justification::centred;
+}
+} // namespace
+
+PluginLookAndFeel::SliderLabelComp::SliderLabelComp (const juce::Slider& slider)
+{
+    setKeyboardType (juce::TextInputTarget::decimalKeyboard);
+    updateJustification (slider);
+
+    const auto copy = [this, &slider] (int from, std::initializer_list<int> destinations)
+    {
+        for (const auto to : destinations)
+            setColour (to, slider.findColour (from));
+    };
+
+    copy (juce::Slider::textBoxTextColourId,
+          { textColourId,
+            textWhenEditingColourId,
+            juce::TextEditor::textColourId,
+            juce::TextEditor::highlightedTextColourId });
+    copy (juce::Slider::textBoxBackgroundColourId, { backgroundColourId, juce::TextEditor::backgroundColourId });
+    copy (juce::Slider::textBoxHighlightColourId, { juce::TextEditor::highlightColourId });
+    copy (juce::Slider::textBoxOutlineColourId, { outlineColourId, juce::TextEditor::outlineColourId });
+}
+
+juce::Font PluginLookAndFeel::SliderLabelComp::getTextFont (const PluginLookAndFeel& style) const
+{
+    const auto find = [this, slider = findSlider()] (const juce::Identifier& name, const juce::var& fallback)
+    {
+        if (getProperties().contains (name))
+            return getProperties()[name];
+
+        const auto value = slider != nullptr ? findSliderProperty (*slider, name) : juce::var();
+        return value.isVoid() ? fallback : value;
+    };
+
+    const auto height = scaleRule::textHeight (find (styleProperty::cat, scaleRule::defaultCategory),
+                                               find (styleProperty::fontScale, 1.0),
+                                               scaleRule::editorWidthAbove (*this));
+    return style.getFont (Face::semiBold)
+        .withHeight (juce::jlimit (1.0f, std::max (1.0f, float (getHeight())), height));
+}
+
+juce::Slider* PluginLookAndFeel::SliderLabelComp::findSlider() const
+{
+    return findParentComponentOfClass<juce::Slider>();
+}
+
+void PluginLookAndFeel::SliderLabelComp::updateJustification (const juce::Slider& slider)
+{
+    setJustificationType (justificationFor (findSliderProperty (slider, styleProperty::justification).toString()));
+}
+
+void PluginLookAndFeel::SliderLabelComp::parentHierarchyChanged()
+{
+    juce::Label::parentHierarchyChanged();
+
+    if (const auto* slider = findSlider())
+        updateJustification (*slider);
+}
+
+void PluginLookAndFeel::SliderLabelComp::handOn (void (juce::Component::*callback) (const juce::MouseEvent&),
+                                                 const juce::MouseEvent& event)
+{
+    auto* slider = findSlider();
+
+    // A slider of a bar style listens to its text box by itself.
+    if (slider != nullptr && ! slider->isBar() && ! isBeingEdited())
+        (slider->*callback) (event.getEventRelativeTo (slider));
+}
+
+void PluginLookAndFeel::SliderLabelComp::mouseEnter (const juce::MouseEvent& event)
+{
+    handOn (&juce::Component::mouseEnter, event);
+}
+
+void PluginLookAndFeel::SliderLabelComp::mouseExit (const juce::MouseEvent& event)
+{
+    handOn (&juce::Component::mouseExit, event);
+}
+
+void PluginLookAndFeel::SliderLabelComp::mouseMove (const juce::MouseEvent& event)
+{
+    handOn (&juce::Component::mouseMove, event);
+}
+
+void PluginLookAndFeel::SliderLabelComp::mouseDown (const juce::MouseEvent& event)
+{
+    handOn (&juce::Component::mouseDown, event);
+}
+
+void PluginLookAndFeel::SliderLabelComp::mouseDrag (const juce::MouseEvent& event)
+{
+    handOn (&juce::Component::mouseDrag, event);
+}
+
+void PluginLookAndFeel::SliderLabelComp::mouseUp (const juce::MouseEvent& event)
+{
+    handOn (&juce::Component::mouseUp, event);
+    juce::Label::mouseUp (event);
+}
+
+void PluginLookAndFeel::SliderLabelComp::mouseDoubleClick (const juce::MouseEvent& event)
+{
+    handOn (&juce::Component::mouseDoubleClick, event);
+    juce::Label::mouseDoubleClick (event);
+}
+
+void PluginLookAndFeel::SliderLabelComp::mouseWheelMove (const juce::MouseEvent& event,
+                                                         const juce::MouseWheelDetails& wheel)
+{
+    auto* slider = findSlider();
+
+    if (slider != nullptr && ! slider->isBar() && ! isBeingEdited())
+        slider->mouseWheelMove (event.getEventRelativeTo (slider), wheel);
+}
+
+juce::TextEditor* PluginLookAndFeel::SliderLabelComp::createEditorComponent()
+{
+    auto* textEditor = juce::Label::createEditorComponent();
+    textEditor->setJustification (getJustificationType());
+    textEditor->setBorder (getBorderSize());
+    textEditor->setIndents (0, 0);
+    repaint();
+    return textEditor;
+}
+
+std::unique_ptr<juce::AccessibilityHandler> PluginLookAndFeel::SliderLabelComp::createAccessibilityHandler()
+{
+    // Screen readers are told of the slider, which has the same text.
+    return createIgnoredAccessibilityHandler (*this);
+}
+
+} // namespace mk::orlo

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include "PluginLookAndFeel.h"
+
+namespace mk::orlo
+{
+
+/** The text box of a slider. The mouse works on it as on the slider itself, unless the text is being
+    edited. Text size and justification follow the properties of the slider or of its control; the colours
+    are the slider's for its text box. [message thread] */
+class PluginLookAndFeel::SliderLabelComp final : public juce::Label
+{
+public:
+    explicit SliderLabelComp (const juce::Slider& slider);
+
+    /** The font by the scale rule, lowered to what fits into the box. */
+    [[nodiscard]] juce::Font getTextFont (const PluginLookAndFeel& style) const;
+
+    void mouseEnter (const juce::MouseEvent& event) override;
+    void mouseExit (const juce::MouseEvent& event) override;
+    void mouseMove (const juce::MouseEvent& event) override;
+    void mouseDown (const juce::MouseEvent& event) override;
+    void mouseDrag (const juce::MouseEvent& event) override;
+    void mouseUp (const juce::MouseEvent& event) override;
+    void mouseDoubleClick (const juce::MouseEvent& event) override;
+    void mouseWheelMove (const juce::MouseEvent& event, const juce::MouseWheelDetails& wheel) override;
+
+    juce::TextEditor* createEditorComponent() override;
+    void parentHierarchyChanged() override;
+    std::unique_ptr<juce::AccessibilityHandler> createAccessibilityHandler() override;
+
+private:
+    [[nodiscard]] juce::Slider* findSlider() const;
+    void handOn (void (juce::Component::*callback) (const juce::MouseEvent&), const juce::MouseEvent& event);
+    void updateJustification (const juce::Slider& slider);
+
+    JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (SliderLabelComp)
+};
+
+} // namespace mk::orlo

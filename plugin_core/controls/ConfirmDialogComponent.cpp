@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "ConfirmDialogComponent.h"
+
+#include "../look/ColourIds.h"
+#include "../look/StyleProperties.h"
+
+namespace mk::pluginCore
+{
+namespace
+{
+void call (const std::function<void()>& callback)
+{
+    if (callback != nullptr)
+        callback();
+}
+} // namespace
+
+ConfirmDialogComponent::ConfirmDialogComponent (const juce::String& question,
+                                                const juce::String& confirmText,
+                                                const juce::String& cancelText)
+    : questionLabel ({}, question), confirmButton (confirmText), cancelButton (cancelText)
+{
+    questionLabel.setJustificationType (juce::Justification::centred);
+    questionLabel.getProperties().set (styleProperty::cat, 2);
+    confirmButton.onClick = [this] { call (onConfirm); };
+    cancelButton.onClick = [this] { call (onCancel); };
+
+    for (auto* child : { static_cast<juce::Component*> (&questionLabel),
+                         static_cast<juce::Component*> (&confirmButton),
+                         static_cast<juce::Component*> (&cancelButton) })
+        addAndMakeVisible (child);
+
+    setWantsKeyboardFocus (true);
+    colourChanged();
+}
+
+void ConfirmDialogComponent::paint (juce::Graphics& g) { g.fillAll (findColour (colourId::dialogBackground)); }
+
+void ConfirmDialogComponent::resized()
+{
+    if (auto* style = dynamic_cast<LookAndFeelMethods*> (&getLookAndFeel()))
+        style->layOutConfirmDialog (getLocalBounds(), questionLabel, confirmButton, cancelButton);
+}
+
+void ConfirmDialogComponent::lookAndFeelChanged()
+{
+    colourChanged();
+    resized();
+}
+
+void ConfirmDialogComponent::colourChanged()
+{
+    questionLabel.setColour (juce::Label::textColourId, findColour (colourId::dialogText));
+    repaint();
+}
+
+bool ConfirmDialogComponent::keyPressed (const juce::KeyPress& key)
+{
+    if (key == juce::KeyPress::returnKey)
+        call (onConfirm);
+    else if (key == juce::KeyPress::escapeKey)
+        call (onCancel);
+    else
+        return false;
+
+    return true;
+}
+
+} // namespace mk::pluginCore

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include <juce_gui_basics/juce_gui_basics.h>
+
+namespace mk::pluginCore
+{
+
+/** A button whose face is one filled path, drawn by the look and feel. [message thread] */
+class FilledPathButton : public juce::Button
+{
+public:
+    /** What a look and feel offers that draws these buttons. */
+    struct LookAndFeelMethods
+    {
+        virtual ~LookAndFeelMethods() = default;
+
+        /** Draws the whole button. */
+        virtual void drawFilledPathButton (juce::Graphics& g,
+                                           FilledPathButton& button,
+                                           const juce::Path& path,
+                                           bool isOver,
+                                           bool isDown) = 0;
+    };
+
+    /** The name is also what screen readers say. The path may have any size: it is fitted to the button,
+        with its proportions kept. */
+    FilledPathButton (const juce::String& name, juce::Path path);
+
+    void setPath (juce::Path newPath);
+    [[nodiscard]] const juce::Path& getPath() const noexcept { return path; }
+
+    void paintButton (juce::Graphics& g, bool isOver, bool isDown) override;
+
+private:
+    juce::Path path;
+
+    JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (FilledPathButton)
+};
+
+} // namespace mk::pluginCore

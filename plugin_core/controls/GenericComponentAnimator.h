@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <cstddef>
+
+namespace mk::pluginCore
+{
+
+/** The mix-in through which a look and feel, by a dynamic cast, reaches the state of a control's mouse
+    animation. [message thread] */
+class GenericComponentAnimator
+{
+public:
+    /** What happened last. Idle: nothing, or it is so long ago that every fade has ended. */
+    enum class State
+    {
+        idle,
+        entered,
+        left,
+        pressed,
+        released,
+        clicked
+    };
+
+    static constexpr std::size_t numStates = 6;
+
+    /** All in milliseconds and indexed by State: the time since the last event of each kind, and how long
+        its fade takes. */
+    struct Times
+    {
+        State state = State::idle;
+        std::array<int, numStates> elapsed {};
+        std::array<int, numStates> durations {};
+    };
+
+    virtual ~GenericComponentAnimator() = default;
+
+    [[nodiscard]] virtual Times getMouseAnimationTimes() const noexcept = 0;
+};
+
+} // namespace mk::pluginCore

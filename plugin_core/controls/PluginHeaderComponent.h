@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include <juce_gui_basics/juce_gui_basics.h>
+
+namespace mk::pluginCore
+{
+
+/** A header line above the window's content, for products that have one. [message thread] */
+class PluginHeaderComponent : public juce::Component,
+                              public juce::Timer,
+                              public juce::ChangeListener,
+                              public juce::Button::Listener
+{
+public:
+    /** What a look and feel offers that draws the header. */
+    struct LookAndFeelMethods
+    {
+        virtual ~LookAndFeelMethods() = default;
+        virtual void drawPluginHeader (juce::Graphics& g, PluginHeaderComponent& header) = 0;
+    };
+};
+
+} // namespace mk::pluginCore

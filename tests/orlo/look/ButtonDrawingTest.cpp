@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "orlo/ButtonBarComponent.h"
+#include "orlo/look/OrloColours.h"
+#include "orlo/look/PluginLookAndFeel.h"
+#include "tests/support/StyledWindow.h"
+
+#include <gtest/gtest.h>
+
+namespace mk::orlo
+{
+namespace
+{
+using test::distance;
+using test::drawnImage;
+using test::findInk;
+
+const juce::Colour face (0xFF305070);
+
+class ButtonDrawingTest : public testing::Test
+{
+protected:
+    ButtonDrawingTest() { window.add (button, { 0, 0, 100, 40 }); }
+
+    [[nodiscard]] juce::Image draw (bool isOver = false, bool isDown = false)
+    {
+        return drawnImage (
+            100, 40, [&] (juce::Graphics& g) { window.style.drawButtonBackground (g, button, face, isOver, isDown); });
+    }
+
+    test::StyledWindow<PluginLookAndFeel> window { 1818, 1000 };
+    juce::TextButton button;
+};
+
+TEST_F (ButtonDrawingTest, AButtonIsARoundedRectangleInsetByOneAndAHalf)
+{
+    const auto image = draw();
+    EXPECT_EQ (findInk (image), juce::Rectangle<int> (1, 1, 98, 38));
+    EXPECT_LE (distance (image.getPixelAt (50, 20), face.withMultipliedSaturation (0.9f)), 1);
+    EXPECT_NEAR (int (image.getPixelAt (1, 20).getAlpha()), 128, 2);
+
+    // With a radius of 10 the point 2 pixels in from the corner on the diagonal is outside, 6 inside.
+    EXPECT_EQ (image.getPixelAt (3, 3).getAlpha(), 0);
+    EXPECT_EQ (image.getPixelAt (7, 7).getAlpha(), 255);
+}
+
+TEST_F (ButtonDrawingTest, TheRadiusShrinksWithTheWindow)
+{
+    window.window.setSize (182, 100);
+    EXPECT_EQ (draw().getPixelAt (3, 3).getAlpha(), 255);
+}
+
+TEST_F (ButtonDrawingTest, ADisabledButtonHasHalfTheAlpha)
+{
+    button.setEnabled (false);
+    EXPECT_NEAR (int (draw().getPixelAt (50, 20).getAlpha()), 128, 1);
+}
+
+TEST_F (ButtonDrawingTest, AButtonInADisabledParentHasHalfTheAlpha)
+{
+    window.window.setEnabled (false);
+    EXPECT_NEAR (int (draw().getPixelAt (50, 20).getAlpha()), 128, 1);
+}
+
+TEST_F (ButtonDrawingTest, TheMouseRaisesTheContrast)
+{
+    const auto plain = face.withMultipliedSaturation (0.9f);
+    EXPECT_LE (distance (draw (true, false).getPixelAt (50, 20), plain.contrasting (0.05f)), 1);
+    EXPECT_LE (distance (draw (true, true).getPixelAt (50, 20), plain.contrasting (0.2f)), 1);
+    EXPECT_LE (distance (draw (false, true).getPixelAt (50, 20), plain.contrasting (0.2f)), 1);
+}
+
+TEST_F (ButtonDrawingTest, ConnectedSidesHaveSquareCorners)
+{
+    button.setConnectedEdges (juce::Button::ConnectedOnRight);
+    const auto image = draw();
+    EXPECT_EQ (image.getPixelAt (2, 2).getAlpha(), 0);
+    EXPECT_EQ (image.getPixelAt (2, 37).getAlpha(), 0);
+    EXPECT_EQ (image.getPixelAt (97, 2).getAlpha(), 255);
+    EXPECT_EQ (image.getPixelAt (97, 37).getAlpha(), 255);
+
+    button.setConnectedEdges (juce::Button::ConnectedOnTop);
+    EXPECT_EQ (draw().getPixelAt (2, 2).getAlpha(), 255);
+    EXPECT_EQ (draw().getPixelAt (2, 37).getAlpha(), 0);
+}
+
+TEST_F (ButtonDrawingTest, AConnectedButtonThatIsOnHasALineInTheFocusColour)
+{
+    button.setConnectedEdges (juce::Button::ConnectedOnRight);
+    const auto line = window.style.findColour (juce::ComboBox::focusedOutlineColourId);
+
+    EXPECT_GT (distance (draw().getPixelAt (50, 0), line), 20);
+    EXPECT_LE (distance (draw (false, true).getPixelAt (50, 0), line), 1) << "down counts as on";
+    button.setToggleState (true, juce::dontSendNotification);
+    EXPECT_LE (distance (draw().getPixelAt (50, 0), line), 1);
+}
+
+TEST_F (ButtonDrawingTest, OnlyAFreeButtonOfABarHasAnOutline)
+{
+    ButtonBarComponent bar ({ "alone" });
+    window.add (bar, { 0, 100, 100, 40 });
+    auto& inBar = bar.getButton (0);
+    ASSERT_EQ (inBar.getConnectedEdgeFlags(), 0);
+
+    const auto image = drawnImage (
+        100, 40, [&] (juce::Graphics& g) { window.style.drawButtonBackground (g, inBar, face, false, false); });
+    const auto outline = window.style.findColour (colourId::barButtonOutline);
+
+    EXPECT_LE (distance (image.getPixelAt (50, 1), outline), 1);
+    EXPECT_GT (distance (draw().getPixelAt (50, 2), outline), 5);
+}
+
+TEST_F (ButtonDrawingTest, TextScalesWithTheWindowAndStaysInTheButton)
+{
+    button.setButtonText ("Enhanced");
+
+    for (const auto width : { 400, 1818, 3636 })
+    {
+        window.window.setSize (width, width / 2);
+        button.setSize (width * 167 / 1818, width * 60 / 1818);
+        const auto image =
+            drawnImage (button.getWidth(),
+                        button.getHeight(),
+                        [&] (juce::Graphics& g) { window.style.drawButtonText (g, button, false, false); });
+        const auto ink = findInk (image);
+        EXPECT_TRUE (button.getLocalBounds().reduced (1).contains (ink)) << width;
+        EXPECT_GT (ink.getWidth(), button.getWidth() / 2) << width;
+        EXPECT_LT (ink.getWidth(), button.getWidth() * 9 / 10) << width;
+    }
+}
+
+TEST_F (ButtonDrawingTest, OneFontIsForButtonsAndMenus)
+{
+    EXPECT_EQ (window.style.getTextButtonFont (button, 40), window.style.getPopupMenuFont());
+    EXPECT_EQ (window.style.getPopupMenuFont().getTypefacePtr(),
+               window.style.getFont (PluginLookAndFeel::Face::semiBold).getTypefacePtr());
+}
+
+TEST_F (ButtonDrawingTest, TheWidthThatAButtonsTextNeedsIsThatOfTheDrawnText)
+{
+    button.setButtonText ("proceed to download page");
+    button.setSize (button.getBestWidthForHeight (60), 60);
+    const auto image = drawnImage (
+        button.getWidth(), 60, [&] (juce::Graphics& g) { window.style.drawButtonText (g, button, false, false); });
+    const auto width = juce::GlyphArrangement::getStringWidth (window.style.getPopupMenuFont().withHeight (33.0f),
+                                                               button.getButtonText());
+    EXPECT_NEAR (float (findInk (image).getWidth()), width, 6.0f);
+}
+} // namespace
+} // namespace mk::orlo

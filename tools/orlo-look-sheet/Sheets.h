@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include <juce_gui_basics/juce_gui_basics.h>
+
+namespace mk::orlo::lookSheet
+{
+
+/** Each sheet is a component of a size of its own, to be put into a plug-in window. [message thread] */
+[[nodiscard]] std::unique_ptr<juce::Component> makeIconSheet();
+[[nodiscard]] std::unique_ptr<juce::Component> makeTextSheet();
+[[nodiscard]] std::unique_ptr<juce::Component> makeMenuSheet();
+
+/** The controls in all their states, and the side bar and the settings panel as the window has them. The
+    size is that of the part that a window of the given width shows. */
+[[nodiscard]] std::unique_ptr<juce::Component> makeWidgetSheet (int editorWidth);
+
+} // namespace mk::orlo::lookSheet
