@@ -1,0 +1,195 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "KeyboardScaleComponent.h"
+
+#include "NoteNames.h"
+#include "StripText.h"
+
+#include <algorithm>
+
+namespace mk::orlo
+{
+namespace
+{
+[[nodiscard]] juce::Colour getDefaultColour (int colourId)
+{
+    switch (colourId)
+    {
+        case KeyboardScaleComponent::whiteKeyColourId: return juce::Colour { 0xffbbbbbb };
+        case KeyboardScaleComponent::highlightColourId: return juce::Colours::white;
+        case KeyboardScaleComponent::labelColourId: return juce::Colour { 0xff555555 }.darker (0.1f);
+        default: return juce::Colour { 0xff101010 };
+    }
+}
+
+[[nodiscard]] juce::Colour findKeyboardColour (const juce::Component& keyboard, int colourId)
+{
+    return pluginCore::findColourOr (keyboard, colourId, getDefaultColour (colourId));
+}
+} // namespace
+
+KeyboardScaleComponent::KeyboardScaleComponent (FrequencyScale& scaleToShow)
+    : scale (scaleToShow), font (juce::FontOptions {})
+{
+    getProperties().set ("cat", displaySizeClass);
+    setTitle (juce::translate ("Piano keyboard"));
+    setOpaque (true);
+    scale.addListener (this);
+}
+
+KeyboardScaleComponent::~KeyboardScaleComponent()
+{
+    cancelPendingUpdate();
+    scale.removeListener (this);
+}
+
+//==============================================================================
+void KeyboardScaleComponent::updateFont() { font = makeStripFont (*this); }
+
+void KeyboardScaleComponent::rebuild()
+{
+    keys = buildKeyboardKeys (scale, getWidth(), getHeight(), notes::getOctaveOfMiddleC());
+}
+
+void KeyboardScaleComponent::setHighlightedNote (int note)
+{
+    if (note == highlightedNote)
+        return;
+
+    repaintKey (highlightedNote);
+    highlightedNote = note;
+    repaintKey (highlightedNote);
+}
+
+void KeyboardScaleComponent::repaintKey (int note)
+{
+    const auto key = std::find_if (
+        keys.begin(), keys.end(), [note] (const KeyboardKey& candidate) { return candidate.noteNumber == note; });
+
+    if (key != keys.end())
+        repaint (key->shape.getBounds());
+}
+
+//==============================================================================
+void KeyboardScaleComponent::paint (juce::Graphics& g)
+{
+    g.fillAll (findKeyboardColour (*this, backgroundColourId));
+
+    // Black keys lie on the white ones.
+    paintWhiteKeys (g);
+    paintBlackKeys (g);
+    paintLabels (g);
+}
+
+void KeyboardScaleComponent::paintWhiteKeys (juce::Graphics& g) const
+{
+    // Filled at once, so that keys that meet between two pixels leave no seam.
+    juce::RectangleList<float> plain, highlighted, separators;
+
+    for (const auto& key : keys)
+    {
+        if (key.isBlack)
+            continue;
+
+        auto& list = key.noteNumber == highlightedNote ? highlighted : plain;
+
+        for (const auto& part : key.shape)
+            list.addWithoutMerging (part.toFloat());
+
+        separators.addWithoutMerging (getKeySeparator (key, getWidth()).toFloat());
+    }
+
+    const auto fill = [this, &g] (int colourId, const juce::RectangleList<float>& list)
+    {
+        g.setColour (findKeyboardColour (*this, colourId));
+        g.fillRectList (list);
+    };
+
+    fill (whiteKeyColourId, plain);
+    fill (highlightColourId, highlighted);
+    fill (separatorColourId, separators);
+}
+
+void KeyboardScaleComponent::paintBlackKeys (juce::Graphics& g) const
+{
+    const auto black = findKeyboardColour (*this, blackKeyColourId);
+    const auto highlight = findKeyboardColour (*this, highlightColourId);
+    const auto separator = findKeyboardColour (*this, separatorColourId);
+
+    for (const auto& key : keys)
+    {
+        if (! key.isBlack)
+            continue;
+
+        g.setColour (black);
+        g.fillRect (key.body);
+
+        if (key.noteNumber == highlightedNote)
+        {
+            g.setColour (highlight);
+            g.fillRect (getBlackKeyHighlight (key, getWidth()));
+        }
+
+        g.setColour (separator);
+        g.fillRect (getKeySeparator (key, getWidth()));
+    }
+}
+
+void KeyboardScaleComponent::paintLabels (juce::Graphics& g) const
+{
+    g.setFont (font);
+    g.setColour (findKeyboardColour (*this, labelColourId));
+
+    for (const auto& key : keys)
+        if (isLabelShown (key, font.getHeight()))
+            g.drawFittedText (key.label, key.labelArea, juce::Justification::centredLeft, 1, narrowestTextScale);
+}
+
+//==============================================================================
+void KeyboardScaleComponent::resized()
+{
+    updateFont();
+    rebuild();
+}
+
+void KeyboardScaleComponent::lookAndFeelChanged()
+{
+    updateFont();
+    rebuild();
+    triggerAsyncUpdate();
+}
+
+void KeyboardScaleComponent::parentHierarchyChanged()
+{
+    // Entering an editor brings its size and its look and feel with it.
+    lookAndFeelChanged();
+}
+
+void KeyboardScaleComponent::colourChanged() { repaint(); }
+
+void KeyboardScaleComponent::mouseMove (const juce::MouseEvent& event)
+{
+    if (onKeyHovered == nullptr || getHeight() < 1)
+        return;
+
+    const auto hz = scale.frequencyForPosition (1.0f - event.position.y / float (getHeight()));
+
+    // A copy, since the callback may well change the scale and with it all keys.
+    if (const auto* const key = findKeyForFrequency (keys, hz))
+        onKeyHovered (KeyboardKey (*key));
+}
+
+//==============================================================================
+void KeyboardScaleComponent::frequencyScaleChanged (FrequencyScale&)
+{
+    rebuild();
+    triggerAsyncUpdate();
+}
+
+void KeyboardScaleComponent::handleAsyncUpdate() { repaint(); }
+
+std::unique_ptr<juce::AccessibilityHandler> KeyboardScaleComponent::createAccessibilityHandler()
+{
+    return std::make_unique<juce::AccessibilityHandler> (*this, juce::AccessibilityRole::image);
+}
+
+} // namespace mk::orlo
