@@ -2,6 +2,7 @@
 #include "KeyboardScaleComponent.h"
 
 #include "NoteNames.h"
+#include "PixelGrid.h"
 #include "StripText.h"
 
 #include <algorithm>
@@ -75,27 +76,33 @@ void KeyboardScaleComponent::paint (juce::Graphics& g)
     g.fillAll (findKeyboardColour (*this, backgroundColourId));
 
     // Black keys lie on the white ones.
-    paintWhiteKeys (g);
-    paintBlackKeys (g);
+    const PixelGrid grid { g.getInternalContext().getPhysicalPixelScaleFactor() };
+    paintKeys (g, grid, false);
+    paintKeys (g, grid, true);
     paintLabels (g);
 }
 
-void KeyboardScaleComponent::paintWhiteKeys (juce::Graphics& g) const
+void KeyboardScaleComponent::paintKeys (juce::Graphics& g, const PixelGrid& grid, bool black) const
 {
-    // Filled at once, so that keys that meet between two pixels leave no seam.
     juce::RectangleList<float> plain, highlighted, separators;
 
     for (const auto& key : keys)
     {
-        if (key.isBlack)
+        if (key.isBlack != black)
             continue;
 
-        auto& list = key.noteNumber == highlightedNote ? highlighted : plain;
+        const auto isHighlighted = key.noteNumber == highlightedNote;
+
+        // A white key lights up whole, a black one inside its edge.
+        auto& list = isHighlighted && ! black ? highlighted : plain;
 
         for (const auto& part : key.shape)
-            list.addWithoutMerging (part.toFloat());
+            list.addWithoutMerging (grid.snap (part));
 
-        separators.addWithoutMerging (getKeySeparator (key, getWidth()).toFloat());
+        if (isHighlighted && black)
+            highlighted.addWithoutMerging (grid.snap (getBlackKeyHighlight (key, getWidth())));
+
+        separators.addWithoutMerging (grid.snapLine (getKeySeparator (key, getWidth())));
     }
 
     const auto fill = [this, &g] (int colourId, const juce::RectangleList<float>& list)
@@ -104,34 +111,9 @@ void KeyboardScaleComponent::paintWhiteKeys (juce::Graphics& g) const
         g.fillRectList (list);
     };
 
-    fill (whiteKeyColourId, plain);
+    fill (black ? blackKeyColourId : whiteKeyColourId, plain);
     fill (highlightColourId, highlighted);
     fill (separatorColourId, separators);
-}
-
-void KeyboardScaleComponent::paintBlackKeys (juce::Graphics& g) const
-{
-    const auto black = findKeyboardColour (*this, blackKeyColourId);
-    const auto highlight = findKeyboardColour (*this, highlightColourId);
-    const auto separator = findKeyboardColour (*this, separatorColourId);
-
-    for (const auto& key : keys)
-    {
-        if (! key.isBlack)
-            continue;
-
-        g.setColour (black);
-        g.fillRect (key.body);
-
-        if (key.noteNumber == highlightedNote)
-        {
-            g.setColour (highlight);
-            g.fillRect (getBlackKeyHighlight (key, getWidth()));
-        }
-
-        g.setColour (separator);
-        g.fillRect (getKeySeparator (key, getWidth()));
-    }
 }
 
 void KeyboardScaleComponent::paintLabels (juce::Graphics& g) const

@@ -10,6 +10,8 @@
 namespace mk::orlo
 {
 
+class PixelGrid;
+
 /** A vertical piano keyboard beside the picture, each key as high as its semitone is on the scale. Opaque,
     so that it need not be painted while only the picture moves. [message thread] */
 class KeyboardScaleComponent : public juce::Component, private FrequencyScale::Listener, private juce::AsyncUpdater
@@ -57,8 +59,7 @@ private:
     void updateFont();
     void rebuild();
     void repaintKey (int note);
-    void paintWhiteKeys (juce::Graphics&) const;
-    void paintBlackKeys (juce::Graphics&) const;
+    void paintKeys (juce::Graphics&, const PixelGrid&, bool black) const;
     void paintLabels (juce::Graphics&) const;
 
     FrequencyScale& scale;

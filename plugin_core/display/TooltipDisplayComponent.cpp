@@ -11,6 +11,7 @@ namespace mk::pluginCore
 namespace
 {
 constexpr int lookEveryMs = 40;
+constexpr int helpSizeClass = 4;
 
 [[nodiscard]] juce::Colour getDefaultColour (int colourId)
 {
@@ -41,6 +42,7 @@ constexpr int lookEveryMs = 40;
 [[nodiscard]] juce::Font findFont (const juce::Component& line, bool isBold)
 {
     juce::Label label;
+    label.getProperties().set ("cat", helpSizeClass);
 
     if (isBold)
     {

@@ -111,6 +111,36 @@ TEST (KeyboardScaleComponent, ShowsNoGapBetweenKeysAtAnySizeAndScale)
             }
 }
 
+TEST (KeyboardScaleComponent, HasSharpEdgesAndEqualLinesAtAnyPixelScale)
+{
+    FrequencyScale scale;
+    scale.setRange (200.0f, 900.0f);
+    scale.setScaleType (FrequencyScale::mel);
+    KeyboardScaleComponent keyboard { scale };
+    keyboard.setSize (50, 701);
+
+    for (const auto& [pixelScale, thickness] :
+         { std::pair { 1.0f, 1 }, { 1.25f, 1 }, { 1.5f, 1 }, { 1.75f, 1 }, { 2.0f, 2 }, { 3.0f, 3 } })
+    {
+        SCOPED_TRACE (pixelScale);
+        const auto image = paintComponent (keyboard, pixelScale);
+
+        for (int y = 0; y < image.getHeight(); ++y)
+            for (const auto x : { image.getWidth() / 2, image.getWidth() - 3 })
+            {
+                const auto pixel = image.getPixelAt (x, y);
+                ASSERT_TRUE (pixel == black || pixel == white) << x << " " << y << " " << pixel.toString();
+            }
+
+        // Right of the black keys there is nothing dark but the lines.
+        const auto lines = findBandsOfRows (image, white, { image.getWidth() - 3, image.getWidth() - 2 });
+        EXPECT_GT (lines.size(), 10u);
+
+        for (const auto& line : lines)
+            EXPECT_EQ (line.getLength(), thickness);
+    }
+}
+
 TEST (KeyboardScaleComponent, LightsUpAWhiteKeyWhole)
 {
     EvenOctave test;
