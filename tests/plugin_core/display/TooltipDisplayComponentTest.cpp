@@ -4,6 +4,7 @@
 #include "tests/support/MessageLoop.h"
 #include "tests/support/Painting.h"
 #include "tests/support/TestEditor.h"
+#include "tests/support/Window.h"
 
 #include <gtest/gtest.h>
 
@@ -30,6 +31,7 @@ struct LineInEditor
         editor.addAndMakeVisible (control);
         control.setBounds (0, 0, 100, 100);
         control.addAndMakeVisible (partOfControl);
+        partOfControl.setBounds (0, 0, 50, 50);
         editor.addAndMakeVisible (line);
         line.setBounds (0, 450, 900, 50);
         control.setTooltip ("**Freeze** holds the picture");
@@ -209,6 +211,23 @@ TEST (TooltipDisplayComponent, WithoutATextPaintsItsGroundAlone)
     LineInEditor test;
     const auto image = paintComponent (test.line);
     EXPECT_TRUE (findBandsOfRows (image, juce::Colour { 0xff111111 }, { 0, image.getWidth() }).empty());
+}
+
+TEST (TooltipDisplayComponent, FollowsTheRealMouse)
+{
+    if (! orlo::test::Screen::getInstance().isAvailable())
+        GTEST_SKIP() << "needs a screen";
+
+    LineInEditor test;
+    orlo::test::Window window { 909, 500 };
+    window.addAndMakeVisible (test.editor);
+
+    ASSERT_TRUE (window.moveMouseTo (test.editor, { 500.0f, 300.0f }));
+    ASSERT_TRUE (window.moveMouseTo (test.partOfControl, { 10.0f, 10.0f }));
+    EXPECT_TRUE (orlo::test::pumpUntil ([&] { return test.line.getTip() == "**Freeze** holds the picture"; }));
+
+    ASSERT_TRUE (window.moveMouseTo (test.editor, { 100.0f, 460.0f })) << "the line itself is not in the way";
+    EXPECT_TRUE (orlo::test::pumpUntil ([&] { return test.line.getTip().isEmpty(); }));
 }
 
 } // namespace
