@@ -2,6 +2,8 @@
 #include "FreqReadoutPopup.h"
 
 #include "StripText.h"
+#include "plugin_core/look/ColourLookup.h"
+#include "plugin_core/look/StyleProperties.h"
 
 #include <juce_audio_processors/juce_audio_processors.h>
 
@@ -15,7 +17,7 @@ const juce::Colour defaultTextColour { 0xffeeeeee };
 
 FreqReadoutPopup::FreqReadoutPopup() : font (juce::FontOptions {})
 {
-    getProperties().set ("cat", displaySizeClass);
+    getProperties().set (pluginCore::styleProperty::cat, displaySizeClass);
     setInterceptsMouseClicks (false, false);
 }
 
@@ -75,7 +77,7 @@ void FreqReadoutPopup::paint (juce::Graphics& g)
 
 void FreqReadoutPopup::updateFont()
 {
-    font = getLookAndFeel().getPopupMenuFont().withHeight (pluginCore::getLegibleTextHeight (*this));
+    font = getLookAndFeel().getPopupMenuFont().withHeight (pluginCore::scaleRule::legibleTextHeight (*this));
 }
 
 void FreqReadoutPopup::resized() { updateFont(); }

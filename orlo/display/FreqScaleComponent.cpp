@@ -2,6 +2,8 @@
 #include "FreqScaleComponent.h"
 
 #include "StripText.h"
+#include "plugin_core/look/ColourLookup.h"
+#include "plugin_core/look/StyleProperties.h"
 
 namespace mk::orlo
 {
@@ -13,7 +15,7 @@ const juce::Colour textColour { 0xffd3d3d3 };
 
 FreqScaleComponent::FreqScaleComponent (FrequencyScale& scaleToShow) : scale (scaleToShow), font (juce::FontOptions {})
 {
-    getProperties().set ("cat", displaySizeClass);
+    getProperties().set (pluginCore::styleProperty::cat, displaySizeClass);
     setTitle (juce::translate ("Frequency ruler"));
     setOpaque (true);
     scale.addListener (this);

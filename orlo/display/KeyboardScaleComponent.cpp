@@ -4,6 +4,8 @@
 #include "NoteNames.h"
 #include "PixelGrid.h"
 #include "StripText.h"
+#include "plugin_core/look/ColourLookup.h"
+#include "plugin_core/look/StyleProperties.h"
 
 #include <algorithm>
 
@@ -31,7 +33,7 @@ namespace
 KeyboardScaleComponent::KeyboardScaleComponent (FrequencyScale& scaleToShow)
     : scale (scaleToShow), font (juce::FontOptions {})
 {
-    getProperties().set ("cat", displaySizeClass);
+    getProperties().set (pluginCore::styleProperty::cat, displaySizeClass);
     setTitle (juce::translate ("Piano keyboard"));
     setOpaque (true);
     scale.addListener (this);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
-#include "plugin_core/look/TextSize.h"
+#include "plugin_core/look/ScaleRule.h"
 
 namespace mk::orlo
 {
@@ -17,7 +17,7 @@ inline constexpr float narrowestTextScale = 0.01f;
 [[nodiscard]] inline juce::Font makeStripFont (const juce::Component& strip)
 {
     constexpr auto shareOfTextHeight = 0.8f;
-    return strip.getLookAndFeel().getPopupMenuFont().withHeight (pluginCore::getLegibleTextHeight (strip)
+    return strip.getLookAndFeel().getPopupMenuFont().withHeight (pluginCore::scaleRule::legibleTextHeight (strip)
                                                                  * shareOfTextHeight);
 }
 

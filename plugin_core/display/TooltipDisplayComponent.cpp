@@ -2,7 +2,8 @@
 #include "TooltipDisplayComponent.h"
 
 #include "TooltipLine.h"
-#include "plugin_core/look/TextSize.h"
+#include "plugin_core/look/ColourLookup.h"
+#include "plugin_core/look/StyleProperties.h"
 
 #include <juce_audio_processors/juce_audio_processors.h>
 
@@ -42,12 +43,12 @@ constexpr int helpSizeClass = 4;
 [[nodiscard]] juce::Font findFont (const juce::Component& line, bool isBold)
 {
     juce::Label label;
-    label.getProperties().set ("cat", helpSizeClass);
+    label.getProperties().set (styleProperty::cat, helpSizeClass);
 
     if (isBold)
     {
         label.setFont (label.getFont().boldened());
-        label.getProperties().set ("bold", true);
+        label.getProperties().set (styleProperty::bold, true);
     }
 
     return line.getLookAndFeel().getLabelFont (label);
