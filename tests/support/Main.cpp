@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
+#include "Screen.h"
 #include "TemporaryHome.h"
 
 #include <gtest/gtest.h>
@@ -38,6 +39,8 @@ int main (int argc, char** argv)
     // Without a window manager some of the properties that JUCE sets on a window are unknown to the X server,
     // whose complaints end the program unless JUCE takes it for an application and catches them.
     juce::JUCEApplicationBase::createInstance = []() -> juce::JUCEApplicationBase* { return nullptr; };
+
+    static_cast<void> (mk::orlo::test::Screen::getInstance());
 
     // The thread that runs the tests is the message thread.
     const juce::ScopedJuceInitialiser_GUI juce;

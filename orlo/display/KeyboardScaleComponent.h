@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include "KeyboardKeys.h"
+
+#include <juce_gui_basics/juce_gui_basics.h>
+
+#include <functional>
+
+namespace mk::orlo
+{
+
+class PixelGrid;
+
+/** A vertical piano keyboard beside the picture, each key as high as its semitone is on the scale. Opaque,
+    so that it need not be painted while only the picture moves. [message thread] */
+class KeyboardScaleComponent : public juce::Component, private FrequencyScale::Listener, private juce::AsyncUpdater
+{
+public:
+    enum ColourIds
+    {
+        backgroundColourId = 0x2733300,
+        whiteKeyColourId = 0x2733301,
+        blackKeyColourId = 0x2733302,
+        separatorColourId = 0x2733303,
+        highlightColourId = 0x2733304,
+        labelColourId = 0x2733305
+    };
+
+    static constexpr int noNote = -1;
+
+    /** The scale must outlive the component. */
+    explicit KeyboardScaleComponent (FrequencyScale& scale);
+    ~KeyboardScaleComponent() override;
+
+    /** Gets the key under the mouse as it moves over the keyboard. */
+    std::function<void (const KeyboardKey&)> onKeyHovered;
+
+    /** Lights up the key of a MIDI note, if it is shown, or none with noNote. */
+    void setHighlightedNote (int note);
+    [[nodiscard]] int getHighlightedNote() const noexcept { return highlightedNote; }
+
+    /** Ascending. */
+    [[nodiscard]] const std::vector<KeyboardKey>& getKeys() const noexcept { return keys; }
+
+    [[nodiscard]] const juce::Font& getFont() const noexcept { return font; }
+
+    void paint (juce::Graphics&) override;
+    void resized() override;
+    void lookAndFeelChanged() override;
+    void colourChanged() override;
+    void parentHierarchyChanged() override;
+    void mouseMove (const juce::MouseEvent&) override;
+    std::unique_ptr<juce::AccessibilityHandler> createAccessibilityHandler() override;
+
+private:
+    void frequencyScaleChanged (FrequencyScale&) override;
+    void handleAsyncUpdate() override;
+    void updateFont();
+    void rebuild();
+    void repaintKey (int note);
+    void paintKeys (juce::Graphics&, const PixelGrid&, bool black) const;
+    void paintLabels (juce::Graphics&) const;
+
+    FrequencyScale& scale;
+    std::vector<KeyboardKey> keys;
+    int highlightedNote = noNote;
+    juce::Font font;
+
+    JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (KeyboardScaleComponent)
+};
+
+} // namespace mk::orlo

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include <juce_audio_processors/juce_audio_processors.h>
+
+/** Notes by their MIDI number, 69 being A at 440 Hz. */
+namespace mk::orlo::notes
+{
+
+/** The note of a frequency in hertz, with its fraction. Below a millionth of a hertz it goes no lower. */
+[[nodiscard]] double noteForFrequency (double hz) noexcept;
+
+/** The middle of the note, in hertz. */
+[[nodiscard]] double frequencyForNote (int note) noexcept;
+
+[[nodiscard]] bool isBlackKey (int note) noexcept;
+
+/** 0 for C up to 11 for B, for any note that a frequency can have. */
+[[nodiscard]] int getPitchClass (int note) noexcept;
+
+/** The number that a host's piano roll gives the octave of middle C (note 60): 3 or 4. */
+[[nodiscard]] int getOctaveOfMiddleC (juce::PluginHostType::HostType host) noexcept;
+
+/** The same for the host that runs this process. */
+[[nodiscard]] int getOctaveOfMiddleC();
+
+/** Such as "C#3"; empty for a number outside 0 .. 127. */
+[[nodiscard]] juce::String getNoteName (int note, int octaveOfMiddleC);
+
+} // namespace mk::orlo::notes

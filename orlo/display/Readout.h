@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include <juce_graphics/juce_graphics.h>
+
+namespace mk::orlo
+{
+
+/** The text for a frequency, such as "445.00Hz (A3 +20cents)": the note only between 20 and 10000 Hz, the
+    cents only if there are any. */
+[[nodiscard]] juce::String formatReadout (double hz, int octaveOfMiddleC);
+
+/** The height of the tag in an editor of that height; 0 where there is no editor. */
+[[nodiscard]] int getReadoutHeight (int editorHeight) noexcept;
+
+/** Where the tag lies in its container, and how its text stands in it. */
+struct ReadoutPlacement
+{
+    juce::Rectangle<int> bounds;
+    juce::Justification justification;
+};
+
+/** The part of the tag that the text stands in. */
+[[nodiscard]] juce::Rectangle<int> getReadoutTextArea (juce::Rectangle<int> tag) noexcept;
+
+/** Right of the cursor and below it, at the far edges left of it and above, and always inside the container.
+
+    @param cursor     in the container, which has its origin at 0, 0
+    @param textWidth  in pixels
+    @param height     of the tag
+*/
+[[nodiscard]] ReadoutPlacement
+    placeReadoutAtCursor (juce::Point<int> cursor, int textWidth, int height, juce::Rectangle<int> container) noexcept;
+
+/** At the lower left of the view, and inside the container. */
+[[nodiscard]] ReadoutPlacement
+    placeReadoutAtRest (juce::Rectangle<int> view, int textWidth, int height, juce::Rectangle<int> container) noexcept;
+
+} // namespace mk::orlo

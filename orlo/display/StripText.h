@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include "plugin_core/look/ScaleRule.h"
+
+namespace mk::orlo
+{
+
+/** The size class of the texts on and beside the picture. */
+inline constexpr int displaySizeClass = 4;
+
+/** How far a text on the display may be narrowed so that all of it is seen: as far as it takes. */
+inline constexpr float narrowestTextScale = 0.01f;
+
+/** The font for the labels of a strip beside the picture: the look and feel's, a little lower than the
+    component's text height. */
+[[nodiscard]] inline juce::Font makeStripFont (const juce::Component& strip)
+{
+    constexpr auto shareOfTextHeight = 0.8f;
+    return strip.getLookAndFeel().getPopupMenuFont().withHeight (pluginCore::scaleRule::legibleTextHeight (strip)
+                                                                 * shareOfTextHeight);
+}
+
+} // namespace mk::orlo

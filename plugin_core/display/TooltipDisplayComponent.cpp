@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "TooltipDisplayComponent.h"
+
+#include "TooltipLine.h"
+#include "plugin_core/look/ColourLookup.h"
+#include "plugin_core/look/StyleProperties.h"
+
+#include <juce_audio_processors/juce_audio_processors.h>
+
+namespace mk::pluginCore
+{
+namespace
+{
+constexpr int lookEveryMs = 40;
+constexpr int helpSizeClass = 4;
+
+[[nodiscard]] juce::Colour getDefaultColour (int colourId)
+{
+    switch (colourId)
+    {
+        case TooltipDisplayComponent::backgroundColourId: return juce::Colour { 0xff111111 };
+        case TooltipDisplayComponent::boldTextColourId: return juce::Colour { 0xfff2f2f2 };
+        case TooltipDisplayComponent::defaultTextColourId: return juce::Colour { 0xff777777 };
+        default: return juce::Colour { 0xffaaaaaa };
+    }
+}
+
+[[nodiscard]] juce::Colour findLineColour (const juce::Component& line, int colourId)
+{
+    return findColourOr (line, colourId, getDefaultColour (colourId));
+}
+
+[[nodiscard]] juce::String findTip (juce::Component* component)
+{
+    for (; component != nullptr; component = component->getParentComponent())
+        if (auto* const client = dynamic_cast<juce::TooltipClient*> (component))
+            return client->getTooltip();
+
+    return {};
+}
+
+/** Only the look and feel knows its bold face, and it gives it to the labels that ask for it. */
+[[nodiscard]] juce::Font findFont (const juce::Component& line, bool isBold)
+{
+    juce::Label label;
+    label.getProperties().set (styleProperty::cat, helpSizeClass);
+
+    if (isBold)
+    {
+        label.setFont (label.getFont().boldened());
+        label.getProperties().set (styleProperty::bold, true);
+    }
+
+    return line.getLookAndFeel().getLabelFont (label);
+}
+} // namespace
+
+TooltipDisplayComponent::TooltipDisplayComponent()
+    : isApplicationActive ([] { return juce::Process::isForegroundProcess(); }),
+      regularFont (juce::FontOptions {}),
+      boldFont (juce::FontOptions {})
+{
+    setInterceptsMouseClicks (false, false);
+    updateFonts();
+    colourChanged();
+    startTimer (lookEveryMs);
+}
+
+void TooltipDisplayComponent::setDefaultText (const juce::String& newText)
+{
+    if (std::exchange (defaultText, newText) != newText)
+        rebuild();
+}
+
+void TooltipDisplayComponent::setHideWhenEmpty (bool shouldHide)
+{
+    hideWhenEmpty = shouldHide;
+    rebuild();
+}
+
+//==============================================================================
+void TooltipDisplayComponent::timerCallback()
+{
+    const auto mouse = juce::Desktop::getInstance().getMainMouseSource();
+    showTipOf (mouse.isTouch() ? nullptr : mouse.getComponentUnderMouse());
+}
+
+bool TooltipDisplayComponent::belongsToOtherWindow (const juce::Component& component) const
+{
+    const juce::Component* window = findParentComponentOfClass<juce::AudioProcessorEditor>();
+
+    if (window == nullptr)
+        window = getTopLevelComponent();
+
+    return &component != window && ! window->isParentOf (&component);
+}
+
+void TooltipDisplayComponent::showTipOf (juce::Component* underMouse)
+{
+    if (underMouse != nullptr && belongsToOtherWindow (*underMouse))
+        return;
+
+    if (! isApplicationActive())
+        underMouse = nullptr;
+
+    const auto tip = findTip (underMouse);
+
+    if (underMouse == lastComponent.getComponent() && tip == lastTip)
+        return;
+
+    lastComponent = underMouse;
+    lastTip = tip;
+
+    if (tip.isEmpty() && tipText.isEmpty())
+        return;
+
+    tipText = tip;
+    rebuild();
+}
+
+//==============================================================================
+void TooltipDisplayComponent::updateFonts()
+{
+    const auto height = getTooltipTextHeight (getHeight());
+    regularFont = findFont (*this, false).withHeight (height);
+    boldFont = findFont (*this, true).withHeight (height);
+}
+
+void TooltipDisplayComponent::rebuild()
+{
+    const auto hasTip = tipText.isNotEmpty();
+    const auto runs = hasTip ? splitTip (tipText) : std::vector<TipRun> { { defaultText, false } };
+
+    juce::String plainText;
+
+    for (const auto& run : runs)
+        plainText += run.text;
+
+    setTitle (plainText);
+
+    if (hideWhenEmpty)
+        setVisible (plainText.isNotEmpty());
+
+    const auto area = getTooltipTextArea (getLocalBounds()).toFloat();
+    const TipStyle style { regularFont,
+                           boldFont,
+                           findLineColour (*this, hasTip ? textColourId : defaultTextColourId),
+                           findLineColour (*this, boldTextColourId) };
+
+    attributedText = makeTooltipLine (runs, style, area.getWidth());
+    layout.createLayout (attributedText, area.getWidth(), area.getHeight());
+    repaint();
+}
+
+void TooltipDisplayComponent::paint (juce::Graphics& g)
+{
+    g.fillAll (findLineColour (*this, backgroundColourId));
+    layout.draw (g, getTooltipTextArea (getLocalBounds()).toFloat());
+}
+
+//==============================================================================
+void TooltipDisplayComponent::resized()
+{
+    updateFonts();
+    rebuild();
+}
+
+void TooltipDisplayComponent::lookAndFeelChanged()
+{
+    updateFonts();
+    rebuild();
+}
+
+void TooltipDisplayComponent::parentHierarchyChanged()
+{
+    // The look and feel may be the new parent's.
+    lookAndFeelChanged();
+    colourChanged();
+}
+
+void TooltipDisplayComponent::colourChanged()
+{
+    setOpaque (findLineColour (*this, backgroundColourId).isOpaque());
+    rebuild();
+}
+
+std::unique_ptr<juce::AccessibilityHandler> TooltipDisplayComponent::createAccessibilityHandler()
+{
+    return std::make_unique<juce::AccessibilityHandler> (*this, juce::AccessibilityRole::staticText);
+}
+
+} // namespace mk::pluginCore

@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "orlo/display/FreqReadoutPopup.h"
+#include "orlo/display/FreqScaleComponent.h"
+#include "orlo/display/KeyboardScaleComponent.h"
+
+#include "tests/support/Window.h"
+
+#include <gtest/gtest.h>
+
+namespace mk::orlo::test
+{
+namespace
+{
+
+template <typename Base>
+struct Counting final : Base
+{
+    using Base::Base;
+
+    void paint (juce::Graphics& g) override
+    {
+        ++numPaints;
+        Base::paint (g);
+    }
+
+    int numPaints = 0;
+};
+
+struct Picture : juce::Component
+{
+    Picture() { setOpaque (true); }
+    void paint (juce::Graphics& g) override { g.fillAll (juce::Colours::black); }
+};
+
+/** Picture, keyboard, ruler and readout in a real window, laid out as in the product. */
+class StripsInWindow : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        if (! Screen::getInstance().isAvailable())
+            GTEST_SKIP() << "needs a screen";
+
+        scale.setRange (100.0f, 1000.0f);
+        window = std::make_unique<Window> (600, 400);
+        window->addAndMakeVisible (picture);
+        window->addAndMakeVisible (keyboard);
+        window->addAndMakeVisible (ruler);
+        window->addChildComponent (readout);
+        picture.setBounds (0, 0, 500, 400);
+        keyboard.setBounds (500, 0, 50, 400);
+        ruler.setBounds (550, 0, 50, 400);
+
+        ASSERT_TRUE (
+            pumpUntil ([this] { return picture.numPaints > 0 && keyboard.numPaints > 0 && ruler.numPaints > 0; }));
+        pumpPending();
+        ASSERT_TRUE (repaintPicture (3)) << "until nothing else is left to paint";
+    }
+
+    void TearDown() override { window = nullptr; }
+
+    /** Waits until the picture alone has been painted so many times. */
+    [[nodiscard]] bool repaintPicture (int times)
+    {
+        for (int i = 0; i < times; ++i)
+        {
+            const auto before = picture.numPaints;
+            picture.repaint();
+
+            if (! pumpUntil ([this, before] { return picture.numPaints > before; }))
+                return false;
+        }
+
+        return true;
+    }
+
+    Counting<Picture> picture;
+    FrequencyScale scale;
+    Counting<KeyboardScaleComponent> keyboard { scale };
+    Counting<FreqScaleComponent> ruler { scale };
+    FreqReadoutPopup readout;
+    std::unique_ptr<Window> window; // closes before its children go
+};
+
+TEST_F (StripsInWindow, AreNotPaintedAgainWhileOnlyThePictureMoves)
+{
+    const auto keyboardBefore = keyboard.numPaints;
+    const auto rulerBefore = ruler.numPaints;
+    ASSERT_TRUE (repaintPicture (20));
+    EXPECT_EQ (keyboard.numPaints, keyboardBefore);
+    EXPECT_EQ (ruler.numPaints, rulerBefore);
+}
+
+TEST_F (StripsInWindow, ArePaintedOnceAfterTheScaleHasChanged)
+{
+    const auto keyboardBefore = keyboard.numPaints;
+    const auto rulerBefore = ruler.numPaints;
+    scale.setRange (200.0f, 2000.0f);
+    scale.setScaleType (FrequencyScale::mel);
+
+    ASSERT_TRUE (pumpUntil ([&] { return keyboard.numPaints > keyboardBefore && ruler.numPaints > rulerBefore; }));
+    ASSERT_TRUE (repaintPicture (3));
+    EXPECT_EQ (keyboard.numPaints, keyboardBefore + 1);
+    EXPECT_EQ (ruler.numPaints, rulerBefore + 1);
+}
+
+TEST_F (StripsInWindow, AHighlightPaintsTheKeyboardAlone)
+{
+    const auto rulerBefore = ruler.numPaints;
+    const auto keyboardBefore = keyboard.numPaints;
+    keyboard.setHighlightedNote (60);
+    ASSERT_TRUE (pumpUntil ([&] { return keyboard.numPaints > keyboardBefore; }));
+    ASSERT_TRUE (repaintPicture (3));
+
+    const auto withHighlight = keyboard.numPaints;
+    keyboard.setHighlightedNote (60);
+    ASSERT_TRUE (repaintPicture (3));
+    EXPECT_EQ (keyboard.numPaints, withHighlight) << "the same note again";
+    EXPECT_EQ (ruler.numPaints, rulerBefore);
+}
+
+TEST_F (StripsInWindow, TheRealMouseOnTheKeyboardNamesTheKey)
+{
+    auto hovered = KeyboardScaleComponent::noNote;
+    keyboard.onKeyHovered = [&hovered] (const KeyboardKey& key) { hovered = key.noteNumber; };
+
+    const auto& key = keyboard.getKeys()[keyboard.getKeys().size() / 2];
+    ASSERT_TRUE (window->moveMouseTo (picture, { 10.0f, 10.0f }));
+    ASSERT_TRUE (window->moveMouseTo (keyboard, key.body.getCentre().toFloat()));
+    EXPECT_TRUE (pumpUntil ([&] { return hovered == key.noteNumber; })) << hovered;
+}
+
+TEST_F (StripsInWindow, TheReadoutLetsTheMouseThrough)
+{
+    readout.setBounds (100, 100, 200, 40);
+    readout.setVisible (true);
+    EXPECT_TRUE (window->moveMouseTo (picture, { 150.0f, 120.0f }));
+}
+
+} // namespace
+} // namespace mk::orlo::test

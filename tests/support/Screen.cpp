@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "Screen.h"
+
+namespace mk::orlo::test
+{
+namespace
+{
+using OpenDisplay = void* (*) (const char*);
+using InternAtom = unsigned long (*) (void*, const char*, int);
+using Sync = int (*) (void*, int);
+using DefaultRootWindow = unsigned long (*) (void*);
+using WarpPointer = int (*) (void*, unsigned long, unsigned long, int, int, unsigned, unsigned, int, int);
+
+template <typename Function>
+[[nodiscard]] Function find (juce::DynamicLibrary& library, const char* name)
+{
+    return reinterpret_cast<Function> (library.getFunction (name));
+}
+} // namespace
+
+Screen& Screen::getInstance()
+{
+    static Screen screen;
+    return screen;
+}
+
+Screen::Screen()
+{
+    if (! library.open ("libX11.so.6"))
+        return;
+
+    connection = find<OpenDisplay> (library, "XOpenDisplay") (nullptr);
+
+    if (connection == nullptr)
+        return;
+
+    for (const auto* const name : { "WM_PROTOCOLS",
+                                    "WM_DELETE_WINDOW",
+                                    "WM_TAKE_FOCUS",
+                                    "WM_CHANGE_STATE",
+                                    "WM_STATE",
+                                    "_NET_WM_PING",
+                                    "_NET_WM_STATE",
+                                    "_NET_WM_STATE_HIDDEN",
+                                    "_NET_WM_WINDOW_TYPE" })
+        find<InternAtom> (library, "XInternAtom") (connection, name, 0);
+
+    find<Sync> (library, "XSync") (connection, 0);
+}
+
+void Screen::moveMouseTo (juce::Point<int> position)
+{
+    const auto root = find<DefaultRootWindow> (library, "XDefaultRootWindow") (connection);
+    find<WarpPointer> (library, "XWarpPointer") (connection, 0, root, 0, 0, 0, 0, position.x, position.y);
+    find<Sync> (library, "XSync") (connection, 0);
+}
+
+} // namespace mk::orlo::test
