@@ -143,7 +143,7 @@ TEST (IconTest, SymmetricalIconsStaySymmetricalAtEverySize)
                 for (int i = 0; i < ink.getWidth(); ++i)
                     ASSERT_NEAR (int (image.getPixelAt (ink.getX() + i, y).getAlpha()),
                                  int (image.getPixelAt (ink.getRight() - 1 - i, y).getAlpha()),
-                                 20)
+                                 30) // round corners
                         << int (icon) << " at " << size << ": " << i << ", " << y;
         }
     }
