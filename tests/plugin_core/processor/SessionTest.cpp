@@ -325,7 +325,6 @@ TEST_F (SessionTest, TheEditorOpensAtTheSizeOfTheSession)
     const std::unique_ptr<juce::AudioProcessorEditor> editor (processor.createEditor());
     EXPECT_EQ (editor->getWidth(), 640);
     EXPECT_EQ (editor->getHeight(), 480);
-    processor.editorBeingDeleted (editor.get());
 }
 
 TEST_F (SessionTest, WithoutASizeTheEditorOpensAtTheUsersAndElseAtTheFirstOne)
@@ -335,7 +334,6 @@ TEST_F (SessionTest, WithoutASizeTheEditorOpensAtTheUsersAndElseAtTheFirstOne)
         state.pluginEditorWidth = 0;
         state.pluginEditorHeight = -1;
         const std::unique_ptr<juce::AudioProcessorEditor> editor (processor.createEditor());
-        processor.editorBeingDeleted (editor.get());
         return editor->getLocalBounds();
     };
 
@@ -353,13 +351,14 @@ TEST_F (SessionTest, WithoutASizeTheEditorOpensAtTheUsersAndElseAtTheFirstOne)
     tree.removeAllProperties (nullptr);
 }
 
-TEST_F (SessionTest, AnAbsurdSizeIsCutToTheEditorsLimits)
+TEST_F (SessionTest, AnAbsurdSizeIsCutToTheEditorsLimitsOrItsDisplay)
 {
     restoreText ("<TestPlugin1 pluginEditorWidth='2147483647' pluginEditorHeight='99999999999'/>");
     const std::unique_ptr<juce::AudioProcessorEditor> editor (processor.createEditor());
-    EXPECT_EQ (editor->getWidth(), 3000);
-    EXPECT_EQ (editor->getHeight(), 2000);
-    processor.editorBeingDeleted (editor.get());
+    EXPECT_LE (editor->getWidth(), 3000);
+    EXPECT_LE (editor->getHeight(), 2000);
+    EXPECT_GE (editor->getWidth(), 10);
+    EXPECT_GE (editor->getHeight(), 10);
 }
 
 } // namespace
