@@ -31,6 +31,8 @@ void ComponentMouseAnimator::setDuration (State event, int milliseconds) noexcep
     times.durations[size_t (event)] = std::max (milliseconds, 0);
 }
 
+void ComponentMouseAnimator::press() { start (State::pressed); }
+void ComponentMouseAnimator::release() { start (State::released); }
 void ComponentMouseAnimator::click() { start (State::clicked); }
 
 void ComponentMouseAnimator::update()
@@ -83,12 +85,12 @@ void ComponentMouseAnimator::mouseExit (const juce::MouseEvent&) { leaveUnlessIn
 void ComponentMouseAnimator::mouseDown (const juce::MouseEvent& event)
 {
     if (isEditingClick (event.mods))
-        start (State::pressed);
+        press();
 }
 
 void ComponentMouseAnimator::mouseUp (const juce::MouseEvent&)
 {
-    start (State::released);
+    release();
     leaveUnlessInside();
 }
 

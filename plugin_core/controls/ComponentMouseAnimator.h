@@ -34,7 +34,10 @@ public:
     /** Whether the mouse came and has not left yet. */
     [[nodiscard]] bool isMouseInside() const noexcept { return mouseOverToken != nullptr; }
 
-    /** To be called by components that are clicked, by mouse or by key. */
+    /** To be called by components that are used by mouse, wheel or key: the first two at both ends of a drag,
+        the last at a click. */
+    void press();
+    void release();
     void click();
 
     /** Called at each tick: repaints what can be seen of the component. */
