@@ -290,6 +290,30 @@ TEST_F (SessionTest, RestoringDoesNotMakeThePresetDirty)
     EXPECT_TRUE (presets.isDirty());
 }
 
+TEST_F (SessionTest, WhileASessionIsBeingRestoredThePlugInSaysSo)
+{
+    struct Listener final : juce::AudioProcessorParameter::Listener
+    {
+        explicit Listener (TestProcessor& processorToWatch) : watched (processorToWatch)
+        {
+            watched.getParameter ("floor").addListener (this);
+        }
+
+        ~Listener() override { watched.getParameter ("floor").removeListener (this); }
+
+        void parameterValueChanged (int, float) override { answers.push_back (watched.isLoadingState()); }
+        void parameterGestureChanged (int, bool) override {}
+
+        TestProcessor& watched;
+        std::vector<bool> answers;
+    };
+
+    const Listener listener (processor);
+    processor.restore (*processor.makeSession ({ { "floor", "-3" } }));
+    processor.setValue ("floor", -4.0f);
+    EXPECT_EQ (listener.answers, (std::vector<bool> { true, false }));
+}
+
 TEST_F (SessionTest, AnotherThreadReadsBackAtOnceWhatItHasRestored)
 {
     const auto session = juce::parseXML (
