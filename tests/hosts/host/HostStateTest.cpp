@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <future>
+
 namespace mk::orlo::test
 {
 namespace
@@ -128,6 +130,29 @@ TEST_F (HostState, KeepsTheSizeOfTheWindow)
             .exitCode,
         0);
     EXPECT_EQ (bytesOf (scratch.getFile ("second")), bytesOf (scratch.getFile ("first")));
+}
+
+TEST_F (HostState, IsWrittenWhenTheWindowIsClosed)
+{
+    VirtualDisplay display;
+    auto running = std::async (
+        std::launch::async,
+        [&] {
+            return runHostOn (display.getName(), { "--seconds", "50", "--state-out", scratch.getPath ("state") });
+        });
+
+    const auto start = juce::Time::getMillisecondCounter();
+    const auto secondsPassed = [start] { return int (juce::Time::getMillisecondCounter() - start) / 1000; };
+
+    // Asked again until it has happened: a window that is still opening does not listen yet.
+    while (running.wait_for (std::chrono::milliseconds (100)) != std::future_status::ready && secondsPassed() < 40)
+        display.closeWindow ("Orlo");
+
+    EXPECT_LT (secondsPassed(), 40);
+    const auto result = running.get();
+    EXPECT_EQ (result.exitCode, 0);
+    EXPECT_EQ (result.errors, "");
+    EXPECT_GT (scratch.getFile ("state").getSize(), 0);
 }
 
 TEST_F (HostState, IsWrittenWhenTheHostIsToldToEnd)
