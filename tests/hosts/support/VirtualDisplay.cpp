@@ -26,6 +26,8 @@ public:
                                         "_NET_WM_WINDOW_TYPE" })
             static_cast<void> (getAtom (atom));
 
+        // A window may go while it is being asked for its title.
+        XSetErrorHandler ([] (::Display*, ::XErrorEvent*) { return 0; });
         XSync (display, False);
     }
 
