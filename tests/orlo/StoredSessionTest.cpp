@@ -86,22 +86,6 @@ TEST_F (StoredSession, ReachesTheAnalysisAlsoFromAnotherThread)
 }
 
 //==============================================================================
-TEST_F (StoredSession, LeavesAnOpenEditorAtItsSizeAndSizesTheNext)
-{
-    const auto openEditor = [this] { return std::unique_ptr<juce::AudioProcessorEditor> (processor.createEditor()); };
-    auto editor = openEditor();
-    const auto before = editor->getLocalBounds();
-    ASSERT_NE (before.getWidth(), 1200);
-
-    restore();
-    pumpPending();
-    EXPECT_EQ (editor->getLocalBounds(), before);
-
-    editor.reset();
-    editor = openEditor();
-    EXPECT_EQ (editor->getWidth(), 1200);
-}
-
 TEST_F (StoredSession, ComesAndGoesOnThreadsOfTheHostWhileTheEditorIsOpen)
 {
     constexpr int numRounds = 50;

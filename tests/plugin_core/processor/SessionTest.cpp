@@ -377,12 +377,32 @@ TEST_F (SessionTest, WithoutASizeTheEditorOpensAtTheUsersAndElseAtTheFirstOne)
     tree.removeAllProperties (nullptr);
 }
 
-TEST_F (SessionTest, AnAbsurdSizeIsCutToTheEditorsLimits)
+TEST_F (SessionTest, AnOpenEditorStaysAtItsSizeAndTheNextOpensAtTheSessions)
+{
+    std::unique_ptr<juce::AudioProcessorEditor> editor (processor.createEditor());
+    const auto before = editor->getLocalBounds();
+    restoreText ("<TestPlugin1 pluginEditorWidth='640' pluginEditorHeight='480'/>");
+    pumpPending();
+    EXPECT_EQ (editor->getLocalBounds(), before);
+
+    processor.editorBeingDeleted (editor.get());
+    editor.reset();
+    editor.reset (processor.createEditor());
+    EXPECT_EQ (editor->getLocalBounds(), juce::Rectangle<int> (640, 480));
+    processor.editorBeingDeleted (editor.get());
+}
+
+TEST_F (SessionTest, AnAbsurdSizeIsCutToTheEditorsLimitsOrToTheDisplay)
 {
     restoreText ("<TestPlugin1 pluginEditorWidth='2147483647' pluginEditorHeight='99999999999'/>");
     const std::unique_ptr<juce::AudioProcessorEditor> editor (processor.createEditor());
-    EXPECT_EQ (editor->getWidth(), 3000);
-    EXPECT_EQ (editor->getHeight(), 2000);
+    const auto* const display = juce::Desktop::getInstance().getDisplays().getPrimaryDisplay();
+    ASSERT_NE (display, nullptr);
+
+    EXPECT_LE (editor->getWidth(), 3000);
+    EXPECT_LE (editor->getHeight(), 2000);
+    EXPECT_GE (editor->getWidth(), juce::jmin (3000, display->userArea.getWidth() - 10));
+    EXPECT_GE (editor->getHeight(), juce::jmin (2000, display->userArea.getHeight() - 100));
     processor.editorBeingDeleted (editor.get());
 }
 
