@@ -125,11 +125,11 @@ private:
         presets.getProperties().set (styleProperty::bg, true);
         presets.setEdgeIndent (int (12.0f * scale));
         addLabel ("Analysis", 1, inPanel (31, 119, 371, 40), false);
-        add (std::make_unique<ButtonBarComponent> (state, Params::id::mode), inPanel (34, 175, 334, 60));
+        add (std::make_unique<ButtonBarComponent> (parameters, Params::id::mode), inPanel (34, 175, 334, 60));
         addLabel ("FFT Size", 2, inPanel (0, 251, 183, 56), true);
         addBox ("2048", inPanel (199, 251, 169, 56));
         addLabel ("Display", 1, inPanel (31, 347, 371, 40), false);
-        add (std::make_unique<ButtonBarComponent> (state, Params::id::drawMode), inPanel (34, 403, 278, 60));
+        add (std::make_unique<ButtonBarComponent> (parameters, Params::id::drawMode), inPanel (34, 403, 278, 60));
         addIcon (Icon::autoPause, inPanel (324, 403, 40, 56)).setToggleState (true, juce::dontSendNotification);
         addLabel ("Scale", 2, inPanel (0, 479, 157, 56), true);
         addBox ("Mel", inPanel (173, 479, 123, 56));
@@ -142,7 +142,7 @@ private:
         addLabel ("Min Freq", 2, inPanel (0, 653, 157, 39), true);
         addSlider (0.0, " Hz", inPanel (173, 653, 196, 39));
         addLabel ("Colour", 1, inPanel (31, 732, 371, 40), false);
-        add (std::make_unique<ColourComboBoxControl> (state, Params::id::colourMap), inPanel (34, 788, 253, 56));
+        add (std::make_unique<ColourComboBoxControl> (parameters, Params::id::colourMap), inPanel (34, 788, 253, 56));
         auto& arrows = add (std::make_unique<CyclingArrowsComponent>(), inPanel (293, 794, 73, 44));
         arrows.getNextButton().setState (juce::Button::buttonOver);
         add (std::make_unique<ColourMapPreviewComponent> (0, false), inPanel (34, 860, 334, 44));
@@ -203,7 +203,7 @@ private:
     }
 
     juce::AudioProcessorGraph processor;
-    juce::AudioProcessorValueTreeState state { processor, nullptr, "PARAMS", Params::createLayout() };
+    juce::AudioProcessorValueTreeState parameters { processor, nullptr, "PARAMS", Params::createLayout() };
     const float scale;
     std::vector<std::pair<std::unique_ptr<juce::Component>, juce::Rectangle<int>>> places;
 };
