@@ -194,7 +194,7 @@ private:
         static_cast<juce::ScrollBar*> (places.back().first.get())->setCurrentRange (20.0, 40.0);
         for (int i = 0; i < 6; ++i)
         {
-            const juce::Rectangle<int> area { 560 + i % 2 * 360, 580 + i / 2 * 54, 350, 50 };
+            const juce::Rectangle<int> area { 560 + i % 2 * 310, 580 + i / 2 * 54, 300, 50 };
             add (std::make_unique<ColourMapMenuItem> (2 + 5 * i, *this), area).setHighlighted (i == 3);
         }
 
