@@ -2,6 +2,8 @@
 #include "DisplayTextComponent.h"
 
 #include "plugin_core/look/ColourIds.h"
+#include "plugin_core/look/ColourLookup.h"
+#include "plugin_core/look/Palette.h"
 
 namespace mk::pluginCore
 {
@@ -10,9 +12,38 @@ namespace
 constexpr int margin = 6;
 constexpr float fontPoints = 12.0f;
 
+[[nodiscard]] juce::String limited (const juce::String& text)
+{
+    juce::String result;
+    result.preallocateBytes (size_t (juce::jmin (text.length(), DisplayTextComponent::maxCharacters)) * 2);
+    auto numCharacters = 0;
+    auto wordLength = 0;
+
+    for (auto next = text.getCharPointer(); ! next.isEmpty(); ++next)
+    {
+        if (++numCharacters > DisplayTextComponent::maxCharacters)
+            return result + "...";
+
+        wordLength = next.isWhitespace() ? 0 : wordLength + 1;
+
+        if (wordLength > DisplayTextComponent::maxWordLength)
+        {
+            result << "\n";
+            wordLength = 1;
+        }
+
+        result << juce::String::charToString (*next);
+    }
+
+    return result;
+}
+
+/** Arial, or the look's own face on a system without it, where a font of that name would have no face. */
 [[nodiscard]] juce::Font makeFont()
 {
-    return juce::FontOptions ("arial", "Regular", fontPoints).withPointHeight (fontPoints);
+    const juce::Font arial (juce::FontOptions ("arial", "Regular", fontPoints));
+    const auto isThere = juce::Typeface::createSystemTypefaceFor (arial) != nullptr;
+    return isThere ? arial.withPointHeight (fontPoints) : juce::FontOptions().withPointHeight (fontPoints);
 }
 } // namespace
 
@@ -36,7 +67,7 @@ DisplayTextComponent::DisplayTextComponent()
 
 void DisplayTextComponent::setText (const juce::String& text)
 {
-    textEditor.setText (text, false);
+    textEditor.setText (limited (text), false);
     textEditor.moveCaretToTop (false);
 }
 
@@ -57,8 +88,8 @@ int DisplayTextComponent::getScrollPosition() const
 
 void DisplayTextComponent::paint (juce::Graphics& g)
 {
-    g.fillAll (findColour (colourId::textViewBackground));
-    g.setColour (findColour (colourId::textViewOutline));
+    g.fillAll (findColourOr (*this, colourId::textViewBackground, juce::Colour (palette::well)));
+    g.setColour (findColourOr (*this, colourId::textViewOutline, juce::Colours::transparentBlack));
     g.drawRect (getLocalBounds());
 }
 
@@ -70,11 +101,7 @@ void DisplayTextComponent::colourChanged() { applyStyle(); }
 
 void DisplayTextComponent::applyStyle()
 {
-    const auto isSpecified =
-        isColourSpecified (colourId::textViewText) || getLookAndFeel().isColourSpecified (colourId::textViewText);
-    const auto colour =
-        isSpecified ? findColour (colourId::textViewText) : textEditor.findColour (juce::TextEditor::textColourId);
-
+    const auto colour = findColourOr (*this, colourId::textViewText, juce::Colour (palette::text));
     textEditor.applyFontToAllText (makeFont());
     textEditor.applyColourToAllText (colour);
     repaint();

@@ -12,7 +12,12 @@ class DisplayTextComponent final : public juce::Component
 public:
     DisplayTextComponent();
 
-    /** Shows the text from its beginning. */
+    /** How many characters of a text are shown, and after how many without a blank a line ends. Laying out more
+        than that would hold the message thread up, for seconds if it is a single word. */
+    static constexpr int maxCharacters = 20000;
+    static constexpr int maxWordLength = 80;
+
+    /** Shows the text, or as much of it as there is room for, from its beginning. */
     void setText (const juce::String& text);
 
     [[nodiscard]] const juce::TextEditor& getTextEditor() const noexcept { return textEditor; }

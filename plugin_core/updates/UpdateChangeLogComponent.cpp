@@ -2,6 +2,8 @@
 #include "UpdateChangeLogComponent.h"
 
 #include "plugin_core/look/ColourIds.h"
+#include "plugin_core/look/ColourLookup.h"
+#include "plugin_core/look/Palette.h"
 #include "plugin_core/look/StyleProperties.h"
 
 namespace mk::pluginCore
@@ -111,13 +113,16 @@ void UpdateChangeLogComponent::paint (juce::Graphics& g)
 
     const auto panel = getLocalBounds().getProportion (panelBounds).toFloat();
     const auto radius = float (getWidth()) * cornerShare;
-    const auto colour = findColour (colourId::overlayBackground);
+    const auto colour = findColourOr (*this, colourId::overlayBackground, juce::Colour (palette::panel));
 
     g.setColour (colour);
     g.fillRoundedRectangle (panel, radius);
     g.setColour (colour.withAlpha (frameAlpha));
     g.drawRoundedRectangle (panel, radius, 1.0f);
 }
+
+// The look comes with the parent.
+void UpdateChangeLogComponent::parentHierarchyChanged() { lookAndFeelChanged(); }
 
 void UpdateChangeLogComponent::lookAndFeelChanged()
 {
@@ -127,19 +132,17 @@ void UpdateChangeLogComponent::lookAndFeelChanged()
 
 void UpdateChangeLogComponent::colourChanged()
 {
-    const auto isSpecified = [this] (int id)
-    { return isColourSpecified (id) || getLookAndFeel().isColourSpecified (id); };
+    const auto id = colourId::overlayBackground;
 
-    if (isSpecified (colourId::overlayBackground))
+    if (isColourSpecified (id) || getLookAndFeel().isColourSpecified (id))
     {
-        const auto ground = findColour (colourId::overlayBackground);
+        const auto ground = findColour (id);
         textArea.setColour (colourId::textViewBackground, ground.darker (0.1f));
         textArea.setColour (colourId::textViewOutline, ground.withMultipliedAlpha (0.8f));
     }
 
-    if (isSpecified (colourId::overlayText))
-        titleLabel.setColour (juce::Label::textColourId, findColour (colourId::overlayText));
-
+    titleLabel.setColour (juce::Label::textColourId,
+                          findColourOr (*this, colourId::overlayText, juce::Colour (palette::text)));
     repaint();
 }
 

@@ -44,6 +44,7 @@ public:
     void paint (juce::Graphics& g) override;
     void resized() override;
     void lookAndFeelChanged() override;
+    void parentHierarchyChanged() override;
     void colourChanged() override;
     bool keyPressed (const juce::KeyPress& key) override;
     std::unique_ptr<juce::AccessibilityHandler> createAccessibilityHandler() override;
