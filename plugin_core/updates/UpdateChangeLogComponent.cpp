@@ -37,6 +37,7 @@ UpdateChangeLogComponent::UpdateChangeLogComponent()
         addAndMakeVisible (child);
 
     setTitle (juce::translate ("An update is available"));
+    textArea.setTitle (getTitle());
     setWantsKeyboardFocus (true);
     setFocusContainerType (FocusContainerType::keyboardFocusContainer);
     colourChanged();

@@ -3,8 +3,6 @@
 
 #include "HttpTransport.h"
 
-#include <juce_events/juce_events.h>
-
 namespace mk::pluginCore
 {
 
