@@ -16,8 +16,9 @@ constexpr int smallestSide = 100;
 constexpr int largestSide = 10000;
 } // namespace
 
-AudioPluginAudioProcessorEditor::AudioPluginAudioProcessorEditor (AudioPluginAudioProcessor& processorToEdit)
-    : PluginEditor (processorToEdit),
+AudioPluginAudioProcessorEditor::AudioPluginAudioProcessorEditor (AudioPluginAudioProcessor& processorToEdit,
+                                                                  pluginCore::UpdateEnvironment updates)
+    : PluginEditor (processorToEdit, std::move (updates)),
       pluginLookAndFeel (pluginCore::SharedLookAndFeel<DefaultPluginLookAndFeel>::acquire()),
       orloProcessor (processorToEdit),
       mainComponent (*this, processorToEdit),
@@ -52,7 +53,7 @@ pluginCore::PluginEditor::SizeLimits AudioPluginAudioProcessorEditor::getSizeLim
 
 double AudioPluginAudioProcessorEditor::getFixedAspectRatio() const
 {
-    return bool (cleanViewMode.getValue()) ? 0.0 : double (standardAspectRatio);
+    return isFullView() ? 0.0 : double (standardAspectRatio);
 }
 
 //==============================================================================
@@ -64,7 +65,7 @@ void AudioPluginAudioProcessorEditor::valueChanged (juce::Value& value)
 
 void AudioPluginAudioProcessorEditor::applyView()
 {
-    const auto isFull = bool (cleanViewMode.getValue());
+    const auto isFull = isFullView();
     getLookAndFeel().setColour (colourId::cornerGrip,
                                 isFull ? juce::Colours::transparentWhite
                                        : juce::Colours::grey.withAlpha (juce::uint8 (0x80)));
@@ -89,11 +90,26 @@ void AudioPluginAudioProcessorEditor::applyView()
         setBounds (wanted);
 }
 
+void AudioPluginAudioProcessorEditor::versionInfoReceived (pluginCore::UpdateChecker& checker,
+                                                           bool newVersionAvailable,
+                                                           juce::int64 latestReleaseDate)
+{
+    if (! isFullView())
+        PluginEditor::versionInfoReceived (checker, newVersionAvailable, latestReleaseDate);
+}
+
+void AudioPluginAudioProcessorEditor::changeLogReceived (pluginCore::UpdateChecker& checker, const juce::String& text)
+{
+    if (! isFullView())
+        PluginEditor::changeLogReceived (checker, text);
+}
+
+//==============================================================================
 void AudioPluginAudioProcessorEditor::resized()
 {
     mainComponent.setBounds (getLocalBounds());
 
-    auto& bounds = bool (cleanViewMode.getValue()) ? cleanBounds : normalBounds;
+    auto& bounds = isFullView() ? cleanBounds : normalBounds;
     bounds = formatWindowBounds (getWidth(), getHeight());
     globalSettings.getSettings().setProperty (
         pluginCore::SettingsIds::latestCleanViewBounds, cleanBounds.toString(), nullptr);

@@ -20,13 +20,21 @@ public:
     {
     };
 
-    explicit AudioPluginAudioProcessorEditor (AudioPluginAudioProcessor& processor);
+    explicit AudioPluginAudioProcessorEditor (
+        AudioPluginAudioProcessor& processor,
+        pluginCore::UpdateEnvironment updates = pluginCore::UpdateEnvironment::makeReal());
     ~AudioPluginAudioProcessorEditor() override;
 
     //==============================================================================
     [[nodiscard]] SizeLimits getSizeLimits() const override;
     [[nodiscard]] double getFixedAspectRatio() const override;
     void retinaStateChanged (pluginCore::PluginMoveDetector&, bool isOnRetinaDisplay) override;
+
+    /** Full View shows the picture and nothing else: news are left to the next window. */
+    void versionInfoReceived (pluginCore::UpdateChecker&,
+                              bool newVersionAvailable,
+                              juce::int64 latestReleaseDate) override;
+    void changeLogReceived (pluginCore::UpdateChecker&, const juce::String& text) override;
 
     void resized() override;
     void mouseEnter (const juce::MouseEvent&) override;
@@ -41,6 +49,7 @@ public:
 private:
     void valueChanged (juce::Value&) override;
     void applyView();
+    [[nodiscard]] bool isFullView() const { return bool (cleanViewMode.getValue()); }
     void setColourMap (float value);
     void updateDoubleResolution (float hiDPIValue);
 

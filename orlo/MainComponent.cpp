@@ -33,7 +33,8 @@ MainComponent::MainComponent (pluginCore::PluginEditor&, AudioPluginAudioProcess
       keyboardAttachment (keyboardParameter, [this] (float) { resized(); }),
       freezeAttachment (freezeParameter, [this] (float value) { updateFreezeButton (value); }),
       freezeButtonAttachment (freezeParameter, *freezeButton, &audioProcessor.getUndoManager()),
-      spectrogramContainer (audioProcessor, audioProcessor.getFftProcessor(), audioProcessor.getImageBuilder())
+      spectrogramContainer (audioProcessor, audioProcessor.getFftProcessor(), audioProcessor.getImageBuilder()),
+      aboutComponent (audioProcessor)
 {
     addAndMakeVisible (spectrogramContainer);
     addAndMakeVisible (sideBar);
@@ -117,7 +118,7 @@ void MainComponent::updateView()
     for (auto* const button : { static_cast<juce::Component*> (&viewButton),
                                 static_cast<juce::Component*> (&exportButton),
                                 static_cast<juce::Component*> (freezeButton.get()),
-                                &aboutComponent })
+                                static_cast<juce::Component*> (&aboutComponent) })
         button->toFront (false);
 
     resized();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
+#include "AboutComponent.h"
 #include "MainLayout.h"
 #include "display/SpectrogramContainer.h"
 
@@ -26,7 +27,7 @@ public:
     [[nodiscard]] juce::Button& getExportButton() noexcept { return exportButton; }
     [[nodiscard]] juce::Component& getSideBar() noexcept { return sideBar; }
     [[nodiscard]] juce::Component& getSettingsPanel() noexcept { return settingsPanel; }
-    [[nodiscard]] juce::Component& getAboutComponent() noexcept { return aboutComponent; }
+    [[nodiscard]] AboutComponent& getAboutComponent() noexcept { return aboutComponent; }
 
     /** Opens or closes the settings panel; in Full View it waits for the Standard View. */
     void setSettingsWanted (bool areWanted);
@@ -64,7 +65,7 @@ private:
     bool settingsWanted = false;
     bool focusCameByKey = false;
     SpectrogramContainer spectrogramContainer;
-    juce::Component aboutComponent;
+    AboutComponent aboutComponent;
     juce::TimedCallback frozenPoller { [this] { updateExportButton(); } };
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (MainComponent)

@@ -29,11 +29,14 @@ private:
     PluginEditor& editor;
 };
 
-PluginEditor::PluginEditor (PluginProcessor& processorToEdit)
+PluginEditor::PluginEditor (PluginProcessor& processorToEdit, UpdateEnvironment updates)
     : juce::AudioProcessorEditor (processorToEdit),
       sharedLookAndFeel (SharedLookAndFeel<DefaultPluginLookAndFeel>::acquire()),
       pluginProcessor (processorToEdit),
-      moveDetector (std::make_unique<PluginMoveDetector> (*this))
+      moveDetector (std::make_unique<PluginMoveDetector> (*this)),
+      updateEnvironment (std::move (updates)),
+      updateChecker (std::make_unique<UpdateChecker> (processorToEdit, updateEnvironment.makeTransport())),
+      updateSchedule (UpdateSchedule::readFrom (globalSettings.getSettings()))
 {
     moveDetector->startTimer (PluginMoveDetector::periodMs);
     moveDetector->addListener (this);
@@ -47,6 +50,7 @@ PluginEditor::PluginEditor (PluginProcessor& processorToEdit)
     editorListener = std::make_unique<PluginEditorListener> (*this);
     addComponentListener (editorListener.get());
     addMouseListener (this, true);
+    setUpUpdateNotice();
 }
 
 PluginEditor::~PluginEditor()
@@ -55,6 +59,8 @@ PluginEditor::~PluginEditor()
     removeComponentListener (editorListener.get());
     juce::PopupMenu::dismissAllActiveMenus();
     moveDetector = nullptr;
+    updateChecker->removeListener (this);
+    updateChecker = nullptr;
     pluginProcessor.editorBeingDeleted (this);
 }
 
@@ -115,6 +121,7 @@ void PluginEditor::updateSizeConstraints()
 
     const auto corner = getCornerSize();
     cornerResizer->setBounds (getWidth() - corner, getHeight() - corner, corner, corner);
+    updateChangeLogComponent.setBounds (getLocalBounds());
     rememberSize();
 }
 

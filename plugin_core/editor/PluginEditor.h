@@ -3,6 +3,10 @@
 
 #include "plugin_core/look/LookAndFeel.h"
 #include "plugin_core/settings/PluginGlobalSettings.h"
+#include "plugin_core/updates/UpdateChangeLogComponent.h"
+#include "plugin_core/updates/UpdateChecker.h"
+#include "plugin_core/updates/UpdateEnvironment.h"
+#include "plugin_core/updates/UpdateSchedule.h"
 #include "plugin_core/window/PluginMoveDetector.h"
 
 #include <juce_audio_processors/juce_audio_processors.h>
@@ -15,8 +19,11 @@ namespace mk::pluginCore
 class PluginProcessor;
 
 /** The window of every product of the family, without its content: the shared look and feel, the rules of
-    its size, the grip in its corner, the watch on its display. [message thread] */
-class PluginEditor : public juce::AudioProcessorEditor, public PluginMoveDetector::Listener
+    its size, the grip in its corner, the watch on its display, the notice of a new version.
+    [message thread] */
+class PluginEditor : public juce::AudioProcessorEditor,
+                     public UpdateChecker::Listener,
+                     public PluginMoveDetector::Listener
 {
 public:
     /** The look and feel that all editors of a process share. */
@@ -30,7 +37,7 @@ public:
         int minWidth, minHeight, maxWidth, maxHeight;
     };
 
-    explicit PluginEditor (PluginProcessor& processor);
+    explicit PluginEditor (PluginProcessor& processor, UpdateEnvironment updates = UpdateEnvironment::makeReal());
     ~PluginEditor() override;
 
     //==============================================================================
@@ -62,6 +69,19 @@ public:
         resize. */
     void updateSizeConstraints();
 
+    /** Asks for a new version if it is time to. Called once, by PluginProcessor::createEditor(). */
+    void startUpdateCheck();
+
+    /** Fetches what is new in a newer version, if it is time to tell of it. */
+    void versionInfoReceived (UpdateChecker&, bool newVersionAvailable, juce::int64 latestReleaseDate) override;
+
+    /** Shows the notice, unless the text is empty. */
+    void changeLogReceived (UpdateChecker&, const juce::String& text) override;
+
+    [[nodiscard]] UpdateChecker& getUpdateChecker() noexcept { return *updateChecker; }
+    [[nodiscard]] UpdateChangeLogComponent& getUpdateNotice() noexcept { return updateChangeLogComponent; }
+    [[nodiscard]] bool isUpdateNoticeOpen() const noexcept { return updateNoticeOpen; }
+
     [[nodiscard]] PluginProcessor& getPluginProcessor() const noexcept { return pluginProcessor; }
     [[nodiscard]] PluginMoveDetector& getMoveDetector() noexcept { return *moveDetector; }
 
@@ -73,6 +93,8 @@ private:
 
     [[nodiscard]] const juce::Displays::Display* findDisplay() const;
     void rememberSize();
+    void setUpUpdateNotice();
+    void closeUpdateNotice();
 
     const std::shared_ptr<DefaultPluginLookAndFeel> sharedLookAndFeel;
     std::unique_ptr<juce::ResizableCornerComponent> cornerResizer;
@@ -86,6 +108,15 @@ private:
     const juce::Displays::Display* currentDisplay = nullptr;
 
     bool sizeRestored = false;
+
+    const UpdateEnvironment updateEnvironment;
+    UpdateChangeLogComponent updateChangeLogComponent;
+    std::unique_ptr<UpdateChecker> updateChecker;
+
+    /** As it was when the window was made. */
+    const UpdateSchedule updateSchedule;
+
+    bool updateNoticeOpen = false;
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (PluginEditor)
 };

@@ -168,6 +168,7 @@ juce::AudioProcessorEditor* PluginProcessor::createEditor()
 
     auto editor = createEditorInternal();
     editor->open (width, height);
+    editor->startUpdateCheck();
 
     // The framework's interface wants the caller to own a plain pointer.
     return editor.release();

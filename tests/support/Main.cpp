@@ -3,6 +3,8 @@
 #include "TemporaryHome.h"
 
 #include <gtest/gtest.h>
+
+#include <cstdlib>
 #include <juce_events/juce_events.h>
 
 /** Leaks of libraries: the C library keeps the list of locales that it has looked for, and the Vorbis encoder,
@@ -27,12 +29,24 @@ struct AssertionLogger final : juce::Logger
     }
 };
 
+/** Sends secure requests, such as the update check of a window that a test opens, to a proxy that is not
+    there: no test reaches out of this machine. */
+void keepRequestsOnThisMachine()
+{
+#if ! JUCE_WINDOWS
+    setenv ("https_proxy", "http://127.0.0.1:9", 1);
+    unsetenv ("http_proxy");
+    unsetenv ("all_proxy");
+#endif
+}
+
 } // namespace
 
 int main (int argc, char** argv)
 {
     testing::InitGoogleTest (&argc, argv);
     const mk::orlo::test::TemporaryHome home;
+    keepRequestsOnThisMachine();
 
     const AssertionLogger logger;
 

@@ -10,8 +10,10 @@ namespace mk::orlo::test
 class TestPluginEditor final : public pluginCore::PluginEditor
 {
 public:
-    TestPluginEditor (pluginCore::PluginProcessor& processorToEdit, double aspectRatioToUse)
-        : PluginEditor (processorToEdit), aspectRatio (aspectRatioToUse)
+    TestPluginEditor (pluginCore::PluginProcessor& processorToEdit,
+                      double aspectRatioToUse,
+                      pluginCore::UpdateEnvironment updates = pluginCore::UpdateEnvironment::makeReal())
+        : PluginEditor (processorToEdit, std::move (updates)), aspectRatio (aspectRatioToUse)
     {
         setSize (20, 20);
     }

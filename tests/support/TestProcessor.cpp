@@ -55,7 +55,7 @@ TestProcessor::TestProcessor (std::unique_ptr<TemporaryFolder> folder)
 
 std::unique_ptr<pluginCore::PluginEditor> TestProcessor::createEditorInternal()
 {
-    return std::make_unique<TestPluginEditor> (*this, editorAspectRatio);
+    return std::make_unique<TestPluginEditor> (*this, editorAspectRatio, updateEnvironment);
 }
 
 juce::RangedAudioParameter& TestProcessor::getParameter (const juce::String& id)

@@ -4,6 +4,7 @@
 #include "TemporaryFolder.h"
 
 #include "plugin_core/processor/PluginProcessor.h"
+#include "plugin_core/updates/UpdateEnvironment.h"
 
 namespace mk::orlo::test
 {
@@ -15,8 +16,8 @@ class TestProcessor final : public pluginCore::PluginProcessor
 public:
     TestProcessor();
 
-    [[nodiscard]] juce::String getReleaseNotesUrl() const override { return {}; }
-    [[nodiscard]] juce::String getProductUrl() const override { return {}; }
+    [[nodiscard]] juce::String getReleaseNotesUrl() const override { return releaseNotesUrl; }
+    [[nodiscard]] juce::String getProductUrl() const override { return "http://127.0.0.1/product/test"; }
     void prepareInternal (int, double) override {}
     void onResetRequested() override { ++numResets; }
     void processInternal (juce::AudioBuffer<float>&, juce::MidiBuffer&) override {}
@@ -46,6 +47,11 @@ public:
 
     int numResets = 0;
     double editorAspectRatio = 0.0; /**< of the next editor */
+
+    juce::String releaseNotesUrl { "http://127.0.0.1/releaseNotes/test" };
+
+    /** Of the next editor. */
+    pluginCore::UpdateEnvironment updateEnvironment = pluginCore::UpdateEnvironment::makeReal();
 
     static constexpr auto tag = "TestPlugin1";
 

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+// The part of the editor that tells the user of new versions.
+#include "PluginEditor.h"
+
+#include "plugin_core/processor/PluginProcessor.h"
+
+namespace mk::pluginCore
+{
+
+void PluginEditor::setUpUpdateNotice()
+{
+    updateChecker->addListener (this);
+    updateChecker->setBaseUrl (juce::URL (pluginProcessor.getReleaseNotesUrl()));
+    updateChangeLogComponent.setDownloadUrl (juce::URL (pluginProcessor.getProductUrl()));
+    updateChangeLogComponent.onDownload = updateEnvironment.openInBrowser;
+    updateChangeLogComponent.onClose = [this] { closeUpdateNotice(); };
+    addChildComponent (updateChangeLogComponent);
+}
+
+void PluginEditor::startUpdateCheck()
+{
+    if (updateSchedule.isCheckDue (updateEnvironment.getCurrentTimeMs()))
+        updateChecker->checkVersion();
+}
+
+void PluginEditor::versionInfoReceived (UpdateChecker&, bool newVersionAvailable, juce::int64 latestReleaseDate)
+{
+    const auto now = updateEnvironment.getCurrentTimeMs();
+    const auto settings = globalSettings.getSettings();
+
+    if (newVersionAvailable && updateSchedule.isNoticeDue (now, latestReleaseDate))
+    {
+        UpdateSchedule::storeChangeLogTime (settings, now);
+        updateChecker->requestChangeLog();
+    }
+
+    UpdateSchedule::storeVersionCheck (settings, now);
+}
+
+void PluginEditor::changeLogReceived (UpdateChecker&, const juce::String& text)
+{
+    if (text.isEmpty())
+        return;
+
+    updateNoticeOpen = true;
+    updateChangeLogComponent.setText (text);
+    updateChangeLogComponent.setVisible (true);
+    updateChangeLogComponent.toFront (false);
+
+    for (auto* const child : getChildren())
+        child->setEnabled (child == &updateChangeLogComponent);
+
+    updateChangeLogComponent.announce();
+}
+
+void PluginEditor::closeUpdateNotice()
+{
+    updateNoticeOpen = false;
+    updateChangeLogComponent.setVisible (false);
+
+    for (auto* const child : getChildren())
+        child->setEnabled (true);
+}
+
+} // namespace mk::pluginCore

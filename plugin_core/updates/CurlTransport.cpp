@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "CurlTransport.h"
+
+#include "CurlLibrary.h"
+
+#include <csignal>
+#include <ctime>
+
+namespace mk::pluginCore
+{
+namespace
+{
+// How long the library may sleep before it is asked again whether to stop.
+constexpr int pollMs = 10;
+
+constexpr size_t maxHeaderBytes = 64 * 1024;
+
+/** Keeps a connection that breaks while it is written to from ending the host's process. */
+class ScopedPipeSignalBlock
+{
+public:
+    ScopedPipeSignalBlock()
+    {
+        sigemptyset (&pipeSignal);
+        sigaddset (&pipeSignal, SIGPIPE);
+        pthread_sigmask (SIG_BLOCK, &pipeSignal, &formerMask);
+    }
+
+    ~ScopedPipeSignalBlock()
+    {
+        if (sigismember (&formerMask, SIGPIPE) == 0)
+        {
+            const timespec noTime {};
+            static_cast<void> (sigtimedwait (&pipeSignal, nullptr, &noTime));
+        }
+
+        pthread_sigmask (SIG_SETMASK, &formerMask, nullptr);
+    }
+
+private:
+    sigset_t pipeSignal {}, formerMask {};
+
+    JUCE_DECLARE_NON_COPYABLE (ScopedPipeSignalBlock)
+};
+
+/** What has come so far. */
+struct Reply
+{
+    juce::MemoryBlock body;
+    size_t maxBytes = 0;
+    size_t numHeaderBytes = 0;
+    bool isCut = false;
+};
+
+/** The library's write function: any number but the given one ends the transfer. */
+size_t receiveBody (const char* data, size_t, size_t numBytes, void* context)
+{
+    auto& reply = *static_cast<Reply*> (context);
+    const auto room = reply.maxBytes - reply.body.getSize();
+    reply.body.append (data, std::min (room, numBytes));
+    reply.isCut = numBytes > room;
+    return reply.isCut ? 0 : numBytes;
+}
+
+/** The library keeps all headers, so an endless number of them would fill the memory. */
+size_t receiveHeader (const char*, size_t, size_t numBytes, void* context)
+{
+    auto& reply = *static_cast<Reply*> (context);
+    reply.numHeaderBytes += numBytes;
+    return reply.numHeaderBytes > maxHeaderBytes ? 0 : numBytes;
+}
+
+/** One request. */
+class Transfer
+{
+public:
+    Transfer (const curl::Library& libraryToUse, const HttpRequest& request)
+        : library (libraryToUse), easy (library.easyInit()), multi (library.multiInit())
+    {
+        if (easy != nullptr && multi != nullptr)
+        {
+            setOptions (request);
+            isAdded = library.multiAddHandle (multi, easy) == curl::resultOk;
+        }
+    }
+
+    ~Transfer()
+    {
+        if (isAdded)
+            library.multiRemoveHandle (multi, easy);
+
+        library.easyCleanup (easy);
+
+        if (multi != nullptr)
+            library.multiCleanup (multi);
+    }
+
+    [[nodiscard]] std::optional<juce::MemoryBlock> run (const std::function<bool()>& shouldStop)
+    {
+        auto numRunning = 1;
+
+        while (isAdded && ! shouldStop())
+        {
+            if (library.multiPerform (multi, &numRunning) != curl::resultOk)
+                return std::nullopt;
+
+            if (numRunning == 0)
+                return hasSucceeded() ? std::optional (reply.body) : std::nullopt;
+
+            library.multiPoll (multi, nullptr, 0, pollMs, nullptr);
+        }
+
+        return std::nullopt;
+    }
+
+private:
+    void setOptions (const HttpRequest& request)
+    {
+        namespace option = curl::option;
+
+        reply.maxBytes = request.maxBytes;
+        const auto isSecure = request.url.startsWithIgnoreCase ("https:");
+        const auto set = [this] (int which, auto value)
+        { static_cast<void> (library.easySetOption (easy, which, value)); };
+
+        set (option::url, request.url.toRawUTF8());
+        set (option::userAgent, request.userAgent.toRawUTF8());
+        set (option::timeoutMs, long (request.timeLimitMs));
+        set (option::followLocation, 1L);
+        set (option::maxRedirects, long (HttpRequest::maxRedirects));
+        set (option::protocols, curl::protocolHttp | curl::protocolHttps);
+        set (option::redirectProtocols, isSecure ? curl::protocolHttps : curl::protocolHttp | curl::protocolHttps);
+        set (option::noProgressMeter, 1L);
+        set (option::writeFunction, &receiveBody);
+        set (option::writeData, static_cast<void*> (&reply));
+        set (option::headerFunction, &receiveHeader);
+        set (option::headerData, static_cast<void*> (&reply));
+
+        // The process's signals belong to the host, and a stop does not wait for a name server.
+        set (option::noSignal, 1L);
+        set (option::quickExit, 1L);
+    }
+
+    [[nodiscard]] bool hasSucceeded() const
+    {
+        auto numLeft = 0;
+        const auto* const message = library.multiInfoRead (multi, &numLeft);
+
+        if (message == nullptr || message->kind != curl::messageDone)
+            return false;
+
+        const auto result = message->data.result;
+        auto status = 0L;
+        library.easyGetInfo (easy, curl::infoResponseCode, &status);
+        return (result == curl::resultOk || (result == curl::resultWriteError && reply.isCut)) && status / 100 == 2;
+    }
+
+    const curl::Library& library;
+    curl::Easy* const easy;
+    curl::Multi* const multi;
+    Reply reply;
+    bool isAdded = false;
+
+    JUCE_DECLARE_NON_COPYABLE (Transfer)
+};
+} // namespace
+
+std::optional<juce::MemoryBlock> CurlTransport::get (const HttpRequest& request,
+                                                     const std::function<bool()>& shouldStop)
+{
+    const auto* const library = curl::Library::get();
+
+    if (library == nullptr)
+        return std::nullopt;
+
+    const ScopedPipeSignalBlock pipeSignalBlock;
+    return Transfer (*library, request).run (shouldStop);
+}
+
+} // namespace mk::pluginCore

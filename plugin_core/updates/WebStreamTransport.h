@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include "HttpTransport.h"
+
+namespace mk::pluginCore
+{
+
+/** Gets pages through what the system offers, by way of JUCE. */
+class WebStreamTransport final : public HttpTransport
+{
+public:
+    [[nodiscard]] std::optional<juce::MemoryBlock> get (const HttpRequest& request,
+                                                        const std::function<bool()>& shouldStop) override;
+    void cancel() override;
+
+private:
+    class Registration;
+
+    juce::CriticalSection lock;
+    juce::WebInputStream* current = nullptr; // guarded by the lock
+    bool cancelled = false;                  // guarded by the lock
+
+    JUCE_LEAK_DETECTOR (WebStreamTransport)
+};
+
+} // namespace mk::pluginCore
