@@ -107,7 +107,7 @@ juce::String AudioPluginAudioProcessor::getReleaseNotesUrl() const
 
 juce::String AudioPluginAudioProcessor::getProductUrl() const { return juce::String (vendorSite) + "/product/orlo"; }
 
-std::unique_ptr<juce::AudioProcessorEditor> AudioPluginAudioProcessor::createEditorInternal()
+std::unique_ptr<pluginCore::PluginEditor> AudioPluginAudioProcessor::createEditorInternal()
 {
     return std::make_unique<AudioPluginAudioProcessorEditor> (*this);
 }

@@ -29,7 +29,7 @@ public:
     [[nodiscard]] juce::String getProductUrl() const override;
     void prepareInternal (int blockSize, double rate) override;
     void processInternal (juce::AudioBuffer<float>&, juce::MidiBuffer&) override;
-    [[nodiscard]] std::unique_ptr<juce::AudioProcessorEditor> createEditorInternal() override;
+    [[nodiscard]] std::unique_ptr<pluginCore::PluginEditor> createEditorInternal() override;
 
     //==============================================================================
     /** [message thread] While suspended the audio thread spends nothing on analysis. Waking up drops

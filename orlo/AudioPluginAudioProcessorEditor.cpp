@@ -2,41 +2,135 @@
 #include "AudioPluginAudioProcessorEditor.h"
 
 #include "Params.h"
+#include "WindowBounds.h"
+#include "look/OrloColours.h"
+
+#include "plugin_core/look/SharedLookAndFeel.h"
 
 namespace mk::orlo
 {
 namespace
 {
-// 1050 by 578 at the width that a window opens with.
-constexpr auto aspectRatio = 1.818f;
+constexpr auto standardAspectRatio = 1.818f;
 constexpr int smallestSide = 100;
 constexpr int largestSide = 10000;
 } // namespace
 
 AudioPluginAudioProcessorEditor::AudioPluginAudioProcessorEditor (AudioPluginAudioProcessor& processorToEdit)
-    : juce::AudioProcessorEditor (processorToEdit),
+    : PluginEditor (processorToEdit),
+      pluginLookAndFeel (pluginCore::SharedLookAndFeel<DefaultPluginLookAndFeel>::acquire()),
       orloProcessor (processorToEdit),
-      spectrogram (processorToEdit, processorToEdit.getFftProcessor(), processorToEdit.getImageBuilder()),
+      mainComponent (*this, processorToEdit),
+      cleanViewMode (processorToEdit.getUIView().getCleanViewModeValue()),
+      cleanBounds (processorToEdit.getUIView().getCleanBoundsValue()),
+      normalBounds (processorToEdit.getUIView().getNormalBoundsValue()),
+      hiDPIParameter (*processorToEdit.getParameterState().getParameter (Params::id::hiDPI)),
       colourMapAttachment (*processorToEdit.getParameterState().getParameter (Params::id::colourMap),
-                           [this] (float value)
-                           { orloProcessor.getImageBuilder().setColourMap (juce::roundToInt (value)); })
+                           [this] (float value) { setColourMap (value); }),
+      hiDPIAttachment (hiDPIParameter, [this] (float value) { updateDoubleResolution (value); })
 {
+    addAndMakeVisible (mainComponent);
     colourMapAttachment.sendInitialUpdate();
-    addAndMakeVisible (spectrogram);
+    hiDPIAttachment.sendInitialUpdate();
+
+    // A new instance opens Full View as large as the last one that used it.
+    if (cleanBounds.toString().isEmpty())
+        cleanBounds = globalSettings.getSettings()[pluginCore::SettingsIds::latestCleanViewBounds].toString();
+
+    cleanViewMode.addListener (this);
+    applyView();
     setOpaque (true);
-    setResizable (true, false);
-    setResizeLimits (smallestSide, smallestSide, largestSide, largestSide);
-    getConstrainer()->setFixedAspectRatio (double (aspectRatio));
 }
 
-AudioPluginAudioProcessorEditor::~AudioPluginAudioProcessorEditor() { orloProcessor.editorBeingDeleted (this); }
+AudioPluginAudioProcessorEditor::~AudioPluginAudioProcessorEditor() { cleanViewMode.removeListener (this); }
+
+//==============================================================================
+pluginCore::PluginEditor::SizeLimits AudioPluginAudioProcessorEditor::getSizeLimits() const
+{
+    return { smallestSide, smallestSide, largestSide, largestSide };
+}
+
+double AudioPluginAudioProcessorEditor::getFixedAspectRatio() const
+{
+    return bool (cleanViewMode.getValue()) ? 0.0 : double (standardAspectRatio);
+}
+
+//==============================================================================
+void AudioPluginAudioProcessorEditor::valueChanged (juce::Value& value)
+{
+    if (value.refersToSameSourceAs (cleanViewMode))
+        applyView();
+}
+
+void AudioPluginAudioProcessorEditor::applyView()
+{
+    const auto isFull = bool (cleanViewMode.getValue());
+    getLookAndFeel().setColour (colourId::cornerGrip,
+                                isFull ? juce::Colours::transparentWhite
+                                       : juce::Colours::grey.withAlpha (juce::uint8 (0x80)));
+    getCornerResizer().repaint();
+
+    auto* const limits = getConstrainer();
+
+    if (limits != nullptr)
+        limits->setFixedAspectRatio (juce::jmax (getFixedAspectRatio(), 0.0));
+
+    const auto bounds = (isFull ? cleanBounds : normalBounds).toString();
+
+    if (bounds.isEmpty())
+        return;
+
+    const auto size = parseWindowSize (bounds);
+    const auto wanted = getBounds().withSize (size.x, size.y);
+
+    if (limits != nullptr)
+        limits->setBoundsForComponent (this, wanted, false, false, false, false);
+    else
+        setBounds (wanted);
+}
 
 void AudioPluginAudioProcessorEditor::resized()
 {
-    auto& state = orloProcessor.getSessionState();
-    state.pluginEditorWidth.store (getWidth(), std::memory_order_relaxed);
-    state.pluginEditorHeight.store (getHeight(), std::memory_order_relaxed);
-    spectrogram.setBounds (getLocalBounds());
+    mainComponent.setBounds (getLocalBounds());
+
+    auto& bounds = bool (cleanViewMode.getValue()) ? cleanBounds : normalBounds;
+    bounds = formatWindowBounds (getWidth(), getHeight());
+    globalSettings.getSettings().setProperty (
+        pluginCore::SettingsIds::latestCleanViewBounds, cleanBounds.toString(), nullptr);
+}
+
+void AudioPluginAudioProcessorEditor::mouseEnter (const juce::MouseEvent&)
+{
+    getCornerResizer().setVisible (isMouseOver (true));
+}
+
+void AudioPluginAudioProcessorEditor::mouseExit (const juce::MouseEvent&)
+{
+    getCornerResizer().setVisible (isMouseOver (true));
+}
+
+//==============================================================================
+void AudioPluginAudioProcessorEditor::setColourMap (float value)
+{
+    // The builder takes an index that there is no map for as the first one.
+    orloProcessor.getImageBuilder().setColourMap (juce::jmax (0, juce::roundToInt (value)));
+}
+
+void AudioPluginAudioProcessorEditor::retinaStateChanged (pluginCore::PluginMoveDetector&, bool isOnRetinaDisplay)
+{
+    if (std::exchange (onRetinaDisplay, isOnRetinaDisplay) == isOnRetinaDisplay)
+        return;
+
+    if (onRetinaStateChanged != nullptr)
+        onRetinaStateChanged (onRetinaDisplay);
+
+    updateDoubleResolution (hiDPIParameter.convertFrom0to1 (hiDPIParameter.getValue()));
+}
+
+void AudioPluginAudioProcessorEditor::updateDoubleResolution (float hiDPIValue)
+{
+    mainComponent.getSpectrogramContainer().getSpectrogram().setDoubleResolution (
+        onRetinaDisplay && juce::roundToInt (hiDPIValue) > 0);
 }
 
 } // namespace mk::orlo

@@ -2,26 +2,56 @@
 #pragma once
 
 #include "AudioPluginAudioProcessor.h"
-#include "display/SpectrogramComponent.h"
+#include "MainComponent.h"
+#include "look/PluginLookAndFeel.h"
+
+#include <functional>
 
 namespace mk::orlo
 {
 
-/** The product's window: the spectrogram over the whole of it. [message thread] */
-class AudioPluginAudioProcessorEditor final : public juce::AudioProcessorEditor
+/** The product's window. Knows the sizes of both views and passes on what reaches the display without a
+    control: the colour map and the double resolution. [message thread] */
+class AudioPluginAudioProcessorEditor final : public pluginCore::PluginEditor, private juce::Value::Listener
 {
 public:
+    /** The product's look and feel, shared by all its editors in the process. */
+    class DefaultPluginLookAndFeel final : public PluginLookAndFeel
+    {
+    };
+
     explicit AudioPluginAudioProcessorEditor (AudioPluginAudioProcessor& processor);
     ~AudioPluginAudioProcessorEditor() override;
 
-    void resized() override;
+    //==============================================================================
+    [[nodiscard]] SizeLimits getSizeLimits() const override;
+    [[nodiscard]] double getFixedAspectRatio() const override;
+    void retinaStateChanged (pluginCore::PluginMoveDetector&, bool isOnRetinaDisplay) override;
 
-    [[nodiscard]] SpectrogramComponent& getSpectrogram() noexcept { return spectrogram; }
+    void resized() override;
+    void mouseEnter (const juce::MouseEvent&) override;
+    void mouseExit (const juce::MouseEvent&) override;
+
+    //==============================================================================
+    [[nodiscard]] MainComponent& getMainComponent() noexcept { return mainComponent; }
+
+    /** Told whenever the window comes onto a high-density display or leaves it. */
+    std::function<void (bool)> onRetinaStateChanged;
 
 private:
+    void valueChanged (juce::Value&) override;
+    void applyView();
+    void setColourMap (float value);
+    void updateDoubleResolution (float hiDPIValue);
+
+    const std::shared_ptr<DefaultPluginLookAndFeel> pluginLookAndFeel;
+    const pluginCore::PluginGlobalSettings globalSettings;
     AudioPluginAudioProcessor& orloProcessor;
-    SpectrogramComponent spectrogram;
-    juce::ParameterAttachment colourMapAttachment;
+    bool onRetinaDisplay = false;
+    MainComponent mainComponent;
+    juce::Value cleanViewMode, cleanBounds, normalBounds;
+    juce::RangedAudioParameter& hiDPIParameter;
+    juce::ParameterAttachment colourMapAttachment, hiDPIAttachment;
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (AudioPluginAudioProcessorEditor)
 };

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
-#include "plugin_core/processor/ProductInfo.h"
+#include "plugin_core/processor/PluginProcessor.h"
 
 namespace mk::orlo
 {
@@ -14,5 +14,12 @@ namespace mk::orlo
 
 /** The vendor's site; the pages of the product hang below it. */
 inline constexpr auto vendorSite = ORLO_VENDOR_SITE;
+
+/** The page of the manual that belongs to this version. */
+[[nodiscard]] inline juce::URL getManualUrl (const pluginCore::PluginProcessor& processor)
+{
+    return juce::URL (processor.getReleaseNotesUrl())
+        .getChildURL ("manual.html?s=orlo&v=" + processor.getProductInfo().version.removeCharacters (" "));
+}
 
 } // namespace mk::orlo

@@ -10,69 +10,6 @@ namespace
 {
 constexpr int leftMargin = 1;
 
-/** The lower the rank, the longer a label stays when there is no room for all. */
-enum Rank
-{
-    endOfRange,
-    ten,
-    five,
-    two
-};
-
-struct Candidate
-{
-    size_t index; // among the ticks
-    int top;
-    Rank rank;
-};
-
-[[nodiscard]] Rank getRank (float hz) noexcept
-{
-    const auto decade = std::floor (std::log10 (hz) + 1.0e-4f);
-    const auto leadingDigit = juce::roundToInt (hz / std::pow (10.0f, decade));
-    return leadingDigit == 1 ? ten : leadingDigit == 5 ? five : two;
-}
-
-[[nodiscard]] std::vector<Candidate>
-    findCandidates (const std::vector<float>& ticks, const FrequencyScale& scale, int height, float fontHeight)
-{
-    std::vector<Candidate> candidates;
-    const auto lowestTop = int (float (height) - 2.0f * fontHeight);
-    const auto keepInside = [lowestTop] (int top) { return juce::jmax (0, juce::jmin (top, lowestTop)); };
-
-    for (size_t i = 0; i < ticks.size(); ++i)
-    {
-        const auto top = int ((1.0f - scale.positionForFrequency (ticks[i])) * float (height) - fontHeight);
-        const auto isEnd = i == 0 || i + 1 == ticks.size();
-
-        // The texts at the two ends are set inwards, so they need more room than the others.
-        if (isEnd || (float (top) > 2.0f * fontHeight && float (top) < float (height) - 4.0f * fontHeight))
-            candidates.push_back ({ i, keepInside (top), isEnd ? endOfRange : getRank (ticks[i]) });
-    }
-
-    return candidates;
-}
-
-/** Takes out what would touch a label that matters more; of equals, the higher frequency stays. */
-void thinOut (std::vector<Candidate>& candidates, float fontHeight)
-{
-    std::sort (candidates.begin(),
-               candidates.end(),
-               [] (const Candidate& a, const Candidate& b)
-               { return a.rank != b.rank ? a.rank < b.rank : a.index > b.index; });
-
-    std::vector<Candidate> kept;
-
-    for (const auto& candidate : candidates)
-        if (std::none_of (kept.begin(),
-                          kept.end(),
-                          [&] (const Candidate& other)
-                          { return float (std::abs (other.top - candidate.top)) < fontHeight; }))
-            kept.push_back (candidate);
-
-    std::sort (kept.begin(), kept.end(), [] (const Candidate& a, const Candidate& b) { return a.index < b.index; });
-    candidates = std::move (kept);
-}
 } // namespace
 
 std::vector<float> buildRulerTicks (float minHz, float maxHz)
@@ -113,17 +50,24 @@ std::vector<RulerLabel> placeRulerLabels (const std::vector<float>& ticks,
                                           int height,
                                           float fontHeight)
 {
-    auto candidates = findCandidates (ticks, scale, height, fontHeight);
-    thinOut (candidates, fontHeight);
-
     std::vector<RulerLabel> labels;
     const juce::Rectangle<int> ruler { width, height };
+    const auto lowestTop = int (float (height) - 2.0f * fontHeight);
 
-    for (const auto& candidate : candidates)
+    for (size_t i = 0; i < ticks.size(); ++i)
     {
-        const auto hz = ticks[candidate.index];
-        const juce::Rectangle<int> area { leftMargin, candidate.top, width - leftMargin, int (2.0f * fontHeight) };
-        labels.push_back ({ hz, formatRulerFrequency (hz), area.getIntersection (ruler) });
+        const auto top = int ((1.0f - scale.positionForFrequency (ticks[i])) * float (height) - fontHeight);
+        const auto isEnd = i == 0 || i + 1 == ticks.size();
+
+        // The texts at the two ends are set inwards, so that side of the others must stay clear of them.
+        if (! isEnd && ! (float (top) > 2.0f * fontHeight && float (top) < float (height) - 4.0f * fontHeight))
+            continue;
+
+        const juce::Rectangle<int> area { leftMargin,
+                                          juce::jmax (0, juce::jmin (top, lowestTop)),
+                                          width - leftMargin,
+                                          int (2.0f * fontHeight) };
+        labels.push_back ({ ticks[i], formatRulerFrequency (ticks[i]), area.getIntersection (ruler) });
     }
 
     return labels;

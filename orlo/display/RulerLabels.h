@@ -27,8 +27,10 @@ struct RulerLabel
 
 /** The labels that a ruler of that size shows, ascending.
 
-    The ends of the range keep clear space around them. Of the others, those give way that would touch
-    another: fives and tens stay before twos, tens before fives. [owner thread of the scale]
+    Both ends of the range are always among them and keep clear space around them: two font heights at the
+    top, four at the bottom. Neighbours further in are not thinned out, so that the same frequencies stay
+    where they are while a range or a window changes; on a very short ruler they may touch.
+    [owner thread of the scale]
 
     @param ticks       ascending, as buildRulerTicks() gives them
     @param fontHeight  in pixels, more than 0

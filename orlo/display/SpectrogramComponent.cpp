@@ -39,7 +39,7 @@ SpectrogramComponent::SpectrogramComponent (AudioPluginAudioProcessor& audioProc
       freezeAttachment (freezeParameter, [] (float) {}),
       speedAttachment (speedParameter, [this] (float) { recomputeHop(); })
 {
-    fftProcessor.onSampleRateChanged = [this] (double) { recomputeHop(); };
+    fftProcessor.onSampleRateChanged = [this] (double rate) { sampleRateChanged (rate); };
     fftProcessor.discardPending();
     recomputeHop();
 
@@ -104,6 +104,14 @@ void SpectrogramComponent::recomputeHop()
         fftProcessor.hopSize.store (plan.hop, std::memory_order_relaxed);
         imageBuilder.setFramesPerColumn (plan.framesPerColumn);
     }
+}
+
+void SpectrogramComponent::sampleRateChanged (double rate)
+{
+    recomputeHop();
+
+    if (onSampleRateChanged != nullptr)
+        onSampleRateChanged (rate);
 }
 
 void SpectrogramComponent::setDoubleResolution (bool shouldBeDouble)

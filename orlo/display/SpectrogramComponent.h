@@ -35,6 +35,9 @@ public:
 
     std::function<void (const juce::MouseEvent&)> onMouseReleased, onMouseEntered, onMouseExited;
 
+    /** Gets the new rate in hertz, after the component has taken it over. */
+    std::function<void (double)> onSampleRateChanged;
+
     //==============================================================================
     /** The picture gets two pixels for each of the component's, in both directions. */
     void setDoubleResolution (bool shouldBeDouble);
@@ -49,6 +52,8 @@ public:
 
     /** Hertz at a height in the component, 0 on top. */
     [[nodiscard]] float getFrequencyAt (float y) const;
+
+    [[nodiscard]] SpectrogramImageBuilder& getImageBuilder() noexcept { return imageBuilder; }
 
     [[nodiscard]] bool isCrosshairVisible() const noexcept { return crosshairVisible; }
 
@@ -67,6 +72,7 @@ private:
 
     void onVisibilityChanged (bool isVisible);
     void requestImageSize();
+    void sampleRateChanged (double rate);
     void storeCursor (const juce::MouseEvent&);
     void callWithFrequency (const MouseCallback& callback, const juce::MouseEvent& event);
     void toggleFreeze();

@@ -14,7 +14,11 @@ const juce::Identifier normalBoundsId { "NORMAL_BOUNDS" };
 [[nodiscard]] bool isTrue (const juce::var& value) { return value.isBool() ? bool (value) : value.toString() == "1"; }
 } // namespace
 
-UIView::UIView (juce::ValueTree parentTree) : parent (std::move (parentTree))
+UIView::UIView (juce::ValueTree parentTree)
+    : parent (std::move (parentTree)),
+      cleanViewModeSource (new pluginCore::TreePropertySource (cleanViewModeId, false)),
+      cleanBoundsSource (new pluginCore::TreePropertySource (cleanBoundsId, juce::String())),
+      normalBoundsSource (new pluginCore::TreePropertySource (normalBoundsId, juce::String()))
 {
     bind();
     parent.addListener (this);
@@ -33,6 +37,9 @@ void UIView::bind()
     cleanViewMode.referTo (tree, cleanViewModeId, nullptr, false);
     cleanBounds.referTo (tree, cleanBoundsId, nullptr, {});
     normalBounds.referTo (tree, normalBoundsId, nullptr, {});
+
+    for (auto* const source : { cleanViewModeSource.get(), cleanBoundsSource.get(), normalBoundsSource.get() })
+        source->setTree (tree);
 }
 
 void UIView::valueTreeChildAdded (juce::ValueTree& changedParent, juce::ValueTree& child)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
+#include "plugin_core/state/TreePropertySource.h"
+
 #include <juce_data_structures/juce_data_structures.h>
 
 namespace mk::orlo::data
@@ -23,10 +25,19 @@ public:
     juce::CachedValue<juce::String> cleanBounds;  /**< CLEAN_BOUNDS: the last bounds of Full View, "0 0 W H". */
     juce::CachedValue<juce::String> normalBounds; /**< NORMAL_BOUNDS: the same of Standard View. */
 
+    /** The same three for whoever listens to them. They keep referring to the session's view when a session
+        takes the place of another, and tell of a change asynchronously. */
+    [[nodiscard]] juce::Value getCleanViewModeValue() const { return juce::Value (cleanViewModeSource.get()); }
+    [[nodiscard]] juce::Value getCleanBoundsValue() const { return juce::Value (cleanBoundsSource.get()); }
+    [[nodiscard]] juce::Value getNormalBoundsValue() const { return juce::Value (normalBoundsSource.get()); }
+
 private:
     void valueTreeChildAdded (juce::ValueTree&, juce::ValueTree&) override;
 
+    using SourcePtr = juce::ReferenceCountedObjectPtr<pluginCore::TreePropertySource>;
+
     juce::ValueTree parent, tree;
+    const SourcePtr cleanViewModeSource, cleanBoundsSource, normalBoundsSource;
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (UIView)
 };

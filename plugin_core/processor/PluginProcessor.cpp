@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "PluginProcessor.h"
 
+#include "plugin_core/editor/PluginEditor.h"
 #include "plugin_core/files/UntrustedXml.h"
 #include "plugin_core/parameters/NonAutomatableParameter.h"
 #include "plugin_core/presets/PresetReference.h"
@@ -14,6 +15,7 @@ namespace
 constexpr int undoUnits = 30000;
 constexpr int undoTransactions = 30;
 constexpr auto parameterTreeType = "PARAMS";
+constexpr auto internalParameterId = "internal";
 
 constexpr auto lastPresetTag = "lastPreset";
 constexpr auto versionAttribute = "version";
@@ -165,11 +167,7 @@ juce::AudioProcessorEditor* PluginProcessor::createEditor()
                                           fallbackEditorHeight);
 
     auto editor = createEditorInternal();
-    editor->setSize (width, height);
-
-    // In a second step, from the size just set: the constrainer keeps the width and corrects the height.
-    if (auto* const constrainer = editor->getConstrainer())
-        constrainer->setBoundsForComponent (editor.get(), editor->getBounds(), false, false, false, false);
+    editor->open (width, height);
 
     // The framework's interface wants the caller to own a plain pointer.
     return editor.release();
@@ -177,7 +175,7 @@ juce::AudioProcessorEditor* PluginProcessor::createEditor()
 
 std::unique_ptr<juce::AudioParameterFloat> PluginProcessor::createInternalParam (int versionHint)
 {
-    const juce::ParameterID id { "internal", versionHint };
+    const juce::ParameterID id { internalParameterId, versionHint };
     const juce::NormalisableRange<float> range (0.0f, 1.0f, 0.0f);
     const auto attributes = juce::AudioParameterFloatAttributes().withStringFromValueFunction (
         [] (float, int) { return juce::String ("-"); });
@@ -190,6 +188,19 @@ std::unique_ptr<juce::AudioParameterFloat> PluginProcessor::createInternalParam 
 
     return std::make_unique<NonAutomatableParameter<juce::AudioParameterFloat>> (
         id, "internal", range, 0.0f, attributes);
+}
+
+void PluginProcessor::nudgeInternalParameter()
+{
+    constexpr auto step = 0.01f;
+
+    if (auto* const parameter = parameterState.getParameter (internalParameterId))
+    {
+        const auto moved = parameter->getValue() + step;
+        parameter->beginChangeGesture();
+        parameter->setValueNotifyingHost (moved < 1.0f ? moved : 0.0f);
+        parameter->endChangeGesture();
+    }
 }
 
 //==============================================================================

@@ -15,6 +15,8 @@
 namespace mk::pluginCore
 {
 
+class PluginEditor;
+
 /** The half of a plug-in that is the same in every product: what it answers the host, its parameters
     and their undo, its saved state, and the wrapping of the audio callback. */
 class PluginProcessor : public juce::AudioProcessor, private juce::AudioProcessorValueTreeState::Listener
@@ -73,7 +75,7 @@ public:
     [[nodiscard]] virtual juce::String getVersionText() const;
 
     /** [message thread] Makes the product's editor. */
-    [[nodiscard]] virtual std::unique_ptr<juce::AudioProcessorEditor> createEditorInternal() = 0;
+    [[nodiscard]] virtual std::unique_ptr<PluginEditor> createEditorInternal() = 0;
 
     /** Any thread. The state as XML; without what belongs to a session alone if not forSession. */
     [[nodiscard]] virtual std::unique_ptr<juce::XmlElement> getStateXml (bool forSession);
@@ -119,6 +121,9 @@ public:
     /** The hidden parameter that is nudged so that the host sees a change of state that no other
         parameter holds. Reaper saves nothing for a parameter that cannot be automated. */
     [[nodiscard]] static std::unique_ptr<juce::AudioParameterFloat> createInternalParam (int versionHint);
+
+    /** [message thread] Nudges that parameter: moves it by a hundredth, and back to 0 at the end of its range. */
+    void nudgeInternalParameter();
 
 protected:
     /** [message thread] The per-user settings that all instances share. */

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "TestProcessor.h"
 
+#include "TestPluginEditor.h"
+
 #include "plugin_core/state/StateBlob.h"
 
 namespace mk::orlo::test
@@ -34,26 +36,6 @@ void addParameters (juce::XmlElement& xml, std::initializer_list<std::pair<const
     }
 }
 
-class EmptyEditor final : public juce::AudioProcessorEditor
-{
-public:
-    explicit EmptyEditor (TestProcessor& processorToEdit)
-        : juce::AudioProcessorEditor (processorToEdit), state (processorToEdit.getSessionState())
-    {
-        setResizable (true, false);
-        setResizeLimits (10, 10, 3000, 2000);
-        setSize (20, 20);
-    }
-
-    void resized() override
-    {
-        state.pluginEditorWidth = getWidth();
-        state.pluginEditorHeight = getHeight();
-    }
-
-private:
-    pluginCore::SessionState& state;
-};
 } // namespace
 
 TestProcessor::TestProcessor() : TestProcessor (std::make_unique<TemporaryFolder>()) {}
@@ -71,9 +53,9 @@ TestProcessor::TestProcessor (std::unique_ptr<TemporaryFolder> folder)
 {
 }
 
-std::unique_ptr<juce::AudioProcessorEditor> TestProcessor::createEditorInternal()
+std::unique_ptr<pluginCore::PluginEditor> TestProcessor::createEditorInternal()
 {
-    return std::make_unique<EmptyEditor> (*this);
+    return std::make_unique<TestPluginEditor> (*this, editorAspectRatio);
 }
 
 juce::RangedAudioParameter& TestProcessor::getParameter (const juce::String& id)

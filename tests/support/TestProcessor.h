@@ -20,7 +20,7 @@ public:
     void prepareInternal (int, double) override {}
     void onResetRequested() override { ++numResets; }
     void processInternal (juce::AudioBuffer<float>&, juce::MidiBuffer&) override {}
-    [[nodiscard]] std::unique_ptr<juce::AudioProcessorEditor> createEditorInternal() override;
+    [[nodiscard]] std::unique_ptr<pluginCore::PluginEditor> createEditorInternal() override;
 
     [[nodiscard]] juce::RangedAudioParameter& getParameter (const juce::String& id);
 
@@ -45,6 +45,7 @@ public:
     void restore (const juce::XmlElement& session);
 
     int numResets = 0;
+    double editorAspectRatio = 0.0; /**< of the next editor */
 
     static constexpr auto tag = "TestPlugin1";
 

@@ -140,27 +140,20 @@ TEST (RulerLabels, OfANarrowRangeAreItsEnds)
     EXPECT_EQ (toText (place (1000.0f, 2000.0f, FrequencyScale::mel, 1000, 20.0f)), "1k 2k");
 }
 
-TEST (RulerLabels, ThatWouldTouchGiveWayByTheirWeight)
+TEST (RulerLabels, OfTheSeriesAllStandThatAreClearOfBothEnds)
 {
     const auto place100To100k = [] (int height, float fontHeight)
     { return toText (place (100.0f, 100000.0f, FrequencyScale::log, height, fontHeight)); };
 
-    // A hundred pixels a decade: everything fits that is not too near to the ends.
     EXPECT_EQ (place100To100k (300, 12.0f), "100 500 1k 2k 5k 10k 20k 100k");
-
-    // With 70 pixels for a decade both twos and fives are 21 from a ten, so both give way or neither.
-    EXPECT_EQ (place100To100k (210, 20.0f), "100 1k 2k 5k 10k 100k");
-    EXPECT_EQ (place100To100k (210, 21.9f), "100 1k 10k 100k");
+    EXPECT_EQ (place100To100k (210, 20.0f), "100 1k 2k 5k 10k 100k") << "even where they touch";
     EXPECT_EQ (place100To100k (60, 12.0f), "100 100k");
 }
 
-TEST (RulerLabels, InARulerTooLowForTwoTextsShowTheMaximumAlone)
+TEST (RulerLabels, InARulerTooLowForTwoTextsStillShowBothEnds)
 {
-    EXPECT_EQ (toText (place (0.0f, 20000.0f, 0, 36, 12.0f)), "0 20k");
-    EXPECT_EQ (toText (place (0.0f, 20000.0f, 0, 35, 12.0f)), "20k");
-
     const auto labels = place (0.0f, 20000.0f, 0, 10, 8.0f);
-    ASSERT_EQ (labels.size(), 1u);
+    ASSERT_EQ (toText (labels), "0 20k");
     EXPECT_EQ (labels[0].area, (juce::Rectangle { 1, 0, 49, 10 })) << "no box leaves the ruler";
 }
 
@@ -183,7 +176,7 @@ void expectTidyLabels (const FrequencyScale& scale, int height, float fontHeight
 
     ASSERT_FALSE (labels.empty());
     ASSERT_EQ (labels.back().frequency, max);
-    ASSERT_TRUE (float (height) < 3.0f * fontHeight + 1.0f || labels.size() >= 2);
+    ASSERT_GE (labels.size(), 2u);
 
     for (size_t i = 0; i < labels.size(); ++i)
     {
@@ -193,13 +186,12 @@ void expectTidyLabels (const FrequencyScale& scale, int height, float fontHeight
         if (i == 0)
             continue;
 
-        const auto distance = labels[i - 1].area.getCentreY() - labels[i].area.getCentreY();
         ASSERT_GT (labels[i].frequency, labels[i - 1].frequency);
-        ASSERT_GE (float (distance), fontHeight - 0.5f);
+        ASSERT_LE (labels[i].area.getY(), labels[i - 1].area.getY());
     }
 }
 
-TEST (RulerLabels, NeverOverlapOrLeaveTheRulerAtAnySizeScaleOrRange)
+TEST (RulerLabels, AscendAndNeverLeaveTheRulerAtAnySizeScaleOrRange)
 {
     FrequencyScale scale;
 

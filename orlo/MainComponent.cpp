@@ -1,0 +1,190 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "MainComponent.h"
+
+#include "AudioPluginAudioProcessor.h"
+#include "Params.h"
+
+#include "plugin_core/look/Palette.h"
+#include "plugin_core/look/icons/IconDrawable.h"
+
+namespace mk::orlo
+{
+namespace
+{
+// The audio thread sets the automatic pause and tells nobody.
+constexpr int pollEveryMs = 40;
+
+[[nodiscard]] juce::RangedAudioParameter& findParameter (AudioPluginAudioProcessor& processor, const char* id)
+{
+    return *processor.getParameterState().getParameter (id);
+}
+
+[[nodiscard]] bool isOn (const juce::RangedAudioParameter& parameter) { return parameter.getValue() >= 0.5f; }
+} // namespace
+
+MainComponent::MainComponent (pluginCore::PluginEditor&, AudioPluginAudioProcessor& audioProcessor)
+    : processor (audioProcessor),
+      freezeButton (std::make_unique<FreezeButton> (juce::String(), juce::DrawableButton::ImageFitted)),
+      cleanViewMode (audioProcessor.getUIView().getCleanViewModeValue()),
+      rulerParameter (findParameter (audioProcessor, Params::id::ruler)),
+      keyboardParameter (findParameter (audioProcessor, Params::id::keyboard)),
+      freezeParameter (findParameter (audioProcessor, Params::id::freeze)),
+      rulerAttachment (rulerParameter, [this] (float) { resized(); }),
+      keyboardAttachment (keyboardParameter, [this] (float) { resized(); }),
+      freezeAttachment (freezeParameter, [this] (float value) { updateFreezeButton (value); }),
+      freezeButtonAttachment (freezeParameter, *freezeButton, &audioProcessor.getUndoManager()),
+      spectrogramContainer (audioProcessor, audioProcessor.getFftProcessor(), audioProcessor.getImageBuilder())
+{
+    addAndMakeVisible (spectrogramContainer);
+    addAndMakeVisible (sideBar);
+    addChildComponent (settingsPanel);
+    setUpButtons();
+    addChildComponent (aboutComponent);
+    setOpaque (true);
+
+    cleanViewMode.addListener (this);
+    updateView();
+
+    // Over the children as well.
+    addMouseListener (this, true);
+    frozenPoller.startTimer (pollEveryMs);
+}
+
+MainComponent::~MainComponent()
+{
+    removeMouseListener (this);
+    cleanViewMode.removeListener (this);
+}
+
+void MainComponent::setUpButtons()
+{
+    using pluginCore::Icon;
+
+    for (auto* const button : { static_cast<juce::Button*> (freezeButton.get()),
+                                static_cast<juce::Button*> (&exportButton),
+                                static_cast<juce::Button*> (&viewButton) })
+        addChildComponent (button);
+
+    pluginCore::setIcon (*freezeButton, Icon::freeze);
+    freezeButton->setClickingTogglesState (true);
+
+    pluginCore::setIcon (exportButton, Icon::exportPicture);
+    exportButton.setTooltip (juce::translate ("Export as PNG"));
+    exportButton.setTitle (juce::translate ("Export as PNG"));
+    exportButton.onClick = [this] { spectrogramContainer.exportAsImage(); };
+
+    pluginCore::setIcon (viewButton, Icon::viewFull, Icon::viewStandard);
+    viewButton.setClickingTogglesState (true);
+    viewButton.onStateChange = [this] { viewButtonChanged(); };
+
+    updateFreezeButton (freezeParameter.convertFrom0to1 (freezeParameter.getValue()));
+}
+
+//==============================================================================
+bool MainComponent::isFullView() const { return bool (cleanViewMode.getValue()); }
+
+bool MainComponent::isFrozen() const { return processor.isAutoPaused() || isOn (freezeParameter); }
+
+void MainComponent::valueChanged (juce::Value& value)
+{
+    if (value.refersToSameSourceAs (cleanViewMode))
+        updateView();
+}
+
+void MainComponent::updateView()
+{
+    const auto isFull = isFullView();
+    const auto tip = isFull ? juce::translate ("Switch to Standard View") : juce::translate ("Switch to Full View");
+    viewButton.setToggleState (isFull, juce::dontSendNotification);
+    viewButton.setTooltip (tip);
+    viewButton.setTitle (tip);
+
+    sideBar.setVisible (! isFull);
+    settingsPanel.setVisible (! isFull && settingsWanted);
+    exportButton.setVisible (isFull && isFrozen());
+    freezeButton->setVisible (isFull && isOn (freezeParameter));
+
+    if (isFull)
+        spectrogramContainer.toFront (false);
+    else
+        spectrogramContainer.toBack();
+
+    for (auto* const button : { static_cast<juce::Component*> (&viewButton),
+                                static_cast<juce::Component*> (&exportButton),
+                                static_cast<juce::Component*> (freezeButton.get()),
+                                &aboutComponent })
+        button->toFront (false);
+
+    resized();
+}
+
+void MainComponent::viewButtonChanged()
+{
+    if (const auto isOn = viewButton.getToggleState(); isOn != isFullView())
+    {
+        cleanViewMode = isOn;
+        processor.nudgeInternalParameter();
+    }
+}
+
+void MainComponent::setSettingsWanted (bool areWanted)
+{
+    settingsWanted = areWanted;
+    settingsPanel.setVisible (settingsWanted && ! isFullView());
+    resized();
+}
+
+void MainComponent::updateExportButton() { exportButton.setVisible (isFullView() && isFrozen()); }
+
+void MainComponent::updateFreezeButton (float freezeValue)
+{
+    const auto isFreezeOn = freezeValue >= 0.5f;
+    const auto tip = isFreezeOn ? juce::translate ("Unfreeze") : juce::translate ("Freeze");
+    freezeButton->setTooltip (tip);
+    freezeButton->setTitle (tip);
+
+    if (const auto shouldShow = isFreezeOn && isFullView(); shouldShow != freezeButton->isVisible())
+    {
+        freezeButton->setVisible (shouldShow);
+        resized();
+    }
+}
+
+//==============================================================================
+void MainComponent::paint (juce::Graphics& g) { g.fillAll (juce::Colour (pluginCore::palette::window)); }
+
+void MainComponent::resized()
+{
+    const auto layout = layOutMain ({ getWidth(),
+                                      getHeight(),
+                                      isFullView(),
+                                      isOn (rulerParameter),
+                                      isOn (keyboardParameter),
+                                      settingsPanel.isVisible(),
+                                      freezeButton->isVisible() });
+    aboutComponent.setBounds (getLocalBounds());
+    viewButton.setBounds (layout.viewButton);
+    freezeButton->setBounds (layout.freezeButton);
+    exportButton.setBounds (layout.exportButton);
+    sideBar.setBounds (layout.sideBar);
+    settingsPanel.setBounds (layout.settingsPanel);
+    spectrogramContainer.setBounds (layout.spectrogram);
+}
+
+void MainComponent::mouseEnter (const juce::MouseEvent&) { updateViewButtonVisibility(); }
+
+void MainComponent::mouseExit (const juce::MouseEvent&) { updateViewButtonVisibility(); }
+
+void MainComponent::focusOfChildComponentChanged (FocusChangeType cause)
+{
+    focusCameByKey = cause == focusChangedByTabKey;
+    updateViewButtonVisibility();
+}
+
+void MainComponent::updateViewButtonVisibility()
+{
+    // Who goes through the window by keys has to be able to reach it too.
+    viewButton.setVisible (isMouseOver (true) || (focusCameByKey && hasKeyboardFocus (true)));
+}
+
+} // namespace mk::orlo

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include "MainLayout.h"
+#include "display/SpectrogramContainer.h"
+
+#include "plugin_core/controls/ComponentIgnoringRightButton.h"
+#include "plugin_core/editor/PluginEditor.h"
+
+namespace mk::orlo
+{
+
+/** What fills the window. In Standard View the side bar at the left, beside it the settings panel if it is
+    wanted, and the spectrogram in the rest; in Full View the spectrogram alone with floating buttons on it.
+    [message thread] */
+class MainComponent final : public juce::Component, private juce::Value::Listener
+{
+public:
+    /** Both must outlive the component. */
+    MainComponent (pluginCore::PluginEditor& editor, AudioPluginAudioProcessor& processor);
+    ~MainComponent() override;
+
+    [[nodiscard]] SpectrogramContainer& getSpectrogramContainer() noexcept { return spectrogramContainer; }
+    [[nodiscard]] juce::Button& getViewButton() noexcept { return viewButton; }
+    [[nodiscard]] juce::Button& getFreezeButton() noexcept { return *freezeButton; }
+    [[nodiscard]] juce::Button& getExportButton() noexcept { return exportButton; }
+    [[nodiscard]] juce::Component& getSideBar() noexcept { return sideBar; }
+    [[nodiscard]] juce::Component& getSettingsPanel() noexcept { return settingsPanel; }
+    [[nodiscard]] juce::Component& getAboutComponent() noexcept { return aboutComponent; }
+
+    /** Opens or closes the settings panel; in Full View it waits for the Standard View. */
+    void setSettingsWanted (bool areWanted);
+
+    //==============================================================================
+    void paint (juce::Graphics&) override;
+    void resized() override;
+    void mouseEnter (const juce::MouseEvent&) override;
+    void mouseExit (const juce::MouseEvent&) override;
+    void focusOfChildComponentChanged (FocusChangeType cause) override;
+
+private:
+    using FreezeButton = pluginCore::ComponentIgnoringRightButton<juce::DrawableButton>;
+
+    void setUpButtons();
+    void valueChanged (juce::Value&) override;
+    void updateView();
+    void viewButtonChanged();
+    void updateViewButtonVisibility();
+    void updateExportButton();
+    void updateFreezeButton (float freezeValue);
+    [[nodiscard]] bool isFullView() const;
+    [[nodiscard]] bool isFrozen() const;
+
+    AudioPluginAudioProcessor& processor;
+    std::unique_ptr<FreezeButton> freezeButton;
+    juce::DrawableButton exportButton { {}, juce::DrawableButton::ImageFitted };
+    juce::Value cleanViewMode;
+    juce::DrawableButton viewButton { {}, juce::DrawableButton::ImageFitted };
+    juce::RangedAudioParameter &rulerParameter, &keyboardParameter, &freezeParameter;
+    juce::ParameterAttachment rulerAttachment, keyboardAttachment, freezeAttachment;
+    juce::ButtonParameterAttachment freezeButtonAttachment;
+    juce::Component sideBar, settingsPanel;
+    bool settingsWanted = false;
+    bool focusCameByKey = false;
+    SpectrogramContainer spectrogramContainer;
+    juce::Component aboutComponent;
+    juce::TimedCallback frozenPoller { [this] { updateExportButton(); } };
+
+    JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (MainComponent)
+};
+
+} // namespace mk::orlo

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include <juce_graphics/juce_graphics.h>
+
+/** Pictures of the spectrogram as files. [message thread] */
+namespace mk::orlo::pictureFile
+{
+
+/** Where an export begins to ask: at the last picture if its setting is a whole path, else in the user's
+    folder of pictures. */
+[[nodiscard]] juce::File chooseStart (const juce::String& lastExportFile);
+
+/** The file with the extension that a picture has. */
+[[nodiscard]] juce::File withPngExtension (const juce::File& file);
+
+/** Writes the image in the place of whatever the file held. False if it cannot be written. */
+bool write (const juce::Image& image, const juce::File& file);
+
+} // namespace mk::orlo::pictureFile

@@ -1,0 +1,245 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "SpectrogramContainer.h"
+
+#include "ContainerLayout.h"
+#include "ContextMenu.h"
+#include "NoteNames.h"
+#include "PictureFile.h"
+#include "StripText.h"
+
+#include "orlo/AudioPluginAudioProcessor.h"
+#include "orlo/Params.h"
+#include "orlo/Product.h"
+#include "plugin_core/look/StyleProperties.h"
+
+namespace mk::orlo
+{
+namespace
+{
+[[nodiscard]] juce::RangedAudioParameter& findParameter (AudioPluginAudioProcessor& processor, const char* id)
+{
+    return *processor.getParameterState().getParameter (id);
+}
+
+[[nodiscard]] bool isOn (const juce::RangedAudioParameter& parameter) { return parameter.getValue() >= 0.5f; }
+
+void toggle (juce::ParameterAttachment& attachment, const juce::RangedAudioParameter& parameter)
+{
+    attachment.setValueAsCompleteGesture (isOn (parameter) ? 0.0f : 1.0f);
+}
+} // namespace
+
+SpectrogramContainer::SpectrogramContainer (AudioPluginAudioProcessor& audioProcessor,
+                                            FFTProcessor& fftProcessor,
+                                            SpectrogramImageBuilder& imageBuilder)
+    : openPage ([] (const juce::URL& url) { url.launchInDefaultBrowser(); }),
+      processor (audioProcessor),
+      spectrogram (audioProcessor, fftProcessor, imageBuilder),
+      rulerParameter (findParameter (audioProcessor, Params::id::ruler)),
+      keyboardParameter (findParameter (audioProcessor, Params::id::keyboard)),
+      freezeParameter (findParameter (audioProcessor, Params::id::freeze)),
+      rulerAttachment (rulerParameter,
+                       [this] (float value)
+                       {
+                           ruler.setVisible (value >= 0.5f);
+                           resized();
+                       }),
+      keyboardAttachment (keyboardParameter,
+                          [this] (float value)
+                          {
+                              keyboard.setVisible (value >= 0.5f);
+                              resized();
+                          }),
+      minFreqAttachment (findParameter (audioProcessor, Params::id::minFreq),
+                         [this] (float value)
+                         {
+                             minFraction = value * 0.01f;
+                             updateRange();
+                         }),
+      maxFreqAttachment (findParameter (audioProcessor, Params::id::maxFreq),
+                         [this] (float value)
+                         {
+                             maxFraction = value * 0.01f;
+                             updateRange();
+                         }),
+      freqScaleAttachment (findParameter (audioProcessor, Params::id::freqScale),
+                           [this] (float value) { scale.setScaleType (juce::roundToInt (value)); }),
+      freezeAttachment (freezeParameter, [] (float) {}),
+      sampleRate (float (fftProcessor.getSampleRate())),
+      octaveOfMiddleC (notes::getOctaveOfMiddleC())
+{
+    for (auto* const component : { static_cast<juce::Component*> (this),
+                                   static_cast<juce::Component*> (&ruler),
+                                   static_cast<juce::Component*> (&keyboard),
+                                   static_cast<juce::Component*> (&readout) })
+        component->getProperties().set (pluginCore::styleProperty::cat, displaySizeClass);
+
+    addAndMakeVisible (spectrogram);
+    addChildComponent (ruler);
+    addChildComponent (keyboard);
+    addChildComponent (readout);
+    addAndMakeVisible (tooltipDisplay);
+    tooltipDisplay.setHideWhenEmpty (true);
+
+    for (auto* const attachment : { &rulerAttachment,
+                                    &keyboardAttachment,
+                                    &minFreqAttachment,
+                                    &maxFreqAttachment,
+                                    &freqScaleAttachment })
+        attachment->sendInitialUpdate();
+
+    connectMouse();
+    spectrogram.onSampleRateChanged = [this] (double rate) { sampleRateChanged (rate); };
+    updateRange();
+
+    // Of all that happens on the children too.
+    addMouseListener (this, true);
+}
+
+SpectrogramContainer::~SpectrogramContainer() { removeMouseListener (this); }
+
+//==============================================================================
+void SpectrogramContainer::connectMouse()
+{
+    spectrogram.onMouseMoved = [this] (const juce::MouseEvent& event, float hz) { showReadout (event, hz, false); };
+
+    spectrogram.onMouseHeld = [this] (const juce::MouseEvent& event, float hz)
+    {
+        showReadout (event, hz, true);
+        keyboard.setHighlightedNote (juce::roundToInt (notes::noteForFrequency (double (hz))));
+    };
+
+    spectrogram.onMouseEntered = [this] (const juce::MouseEvent&) { readout.setVisible (true); };
+    spectrogram.onMouseExited = [this] (const juce::MouseEvent&) { readout.setVisible (false); };
+    spectrogram.onMouseReleased = [this] (const juce::MouseEvent&)
+    { keyboard.setHighlightedNote (KeyboardScaleComponent::noNote); };
+}
+
+void SpectrogramContainer::showReadout (const juce::MouseEvent& event, float hz, bool followCursor)
+{
+    readout.show (event, formatReadout (double (hz), octaveOfMiddleC), followCursor, spectrogram.getBounds());
+}
+
+void SpectrogramContainer::mouseDown (const juce::MouseEvent& event)
+{
+    if (event.mods.isPopupMenu())
+        showContextMenu();
+}
+
+//==============================================================================
+void SpectrogramContainer::showContextMenu()
+{
+    contextMenu::fill (contextMenu,
+                       { isOn (freezeParameter),
+                         processor.getUIView().cleanViewMode.get(),
+                         isOn (keyboardParameter),
+                         isOn (rulerParameter) });
+
+    auto* const editor = findParentComponentOfClass<juce::AudioProcessorEditor>();
+    const auto itemHeight = editor != nullptr ? getContextMenuItemHeight (editor->getWidth(), editor->getHeight())
+                                              : getContextMenuItemHeight (0, 0);
+
+    readout.setVisible (false);
+    contextMenu.showMenuAsync (juce::PopupMenu::Options {}
+                                   .withParentComponent (editor)
+                                   .withMousePosition()
+                                   .withStandardItemHeight (itemHeight),
+                               [self = juce::Component::SafePointer (this)] (int result)
+                               {
+                                   if (self != nullptr)
+                                       self->carryOut (result);
+                               });
+}
+
+void SpectrogramContainer::carryOut (int menuItem)
+{
+    switch (menuItem)
+    {
+        case contextMenu::freeze: toggle (freezeAttachment, freezeParameter); break;
+        case contextMenu::exportPicture: exportAsImage(); break;
+        case contextMenu::ruler: toggle (rulerAttachment, rulerParameter); break;
+        case contextMenu::keyboard: toggle (keyboardAttachment, keyboardParameter); break;
+        case contextMenu::view: switchView(); break;
+        case contextMenu::manual: openPage (getManualUrl (processor)); break;
+        default: break;
+    }
+}
+
+void SpectrogramContainer::switchView()
+{
+    auto& isFullView = processor.getUIView().cleanViewMode;
+    isFullView = ! isFullView.get();
+    processor.nudgeInternalParameter();
+}
+
+//==============================================================================
+void SpectrogramContainer::exportAsImage()
+{
+    const auto lastFile = globalSettings.getSettings()[pluginCore::SettingsIds::lastExportFile];
+
+    fileChooser = std::make_unique<juce::FileChooser> (
+        juce::translate ("Save as png"), pictureFile::chooseStart (lastFile.toString()), "*.png");
+    fileChooser->launchAsync (juce::FileBrowserComponent::saveMode | juce::FileBrowserComponent::canSelectFiles
+                                  | juce::FileBrowserComponent::warnAboutOverwriting,
+                              [this] (const juce::FileChooser& chooser) { exportTo (chooser.getResult()); });
+}
+
+void SpectrogramContainer::exportTo (const juce::File& chosenFile)
+{
+    if (chosenFile == juce::File())
+        return;
+
+    const auto file = pictureFile::withPngExtension (chosenFile);
+    globalSettings.getSettings().setProperty (
+        pluginCore::SettingsIds::lastExportFile, file.getFullPathName(), nullptr);
+
+    if (file.create().wasOk())
+        pictureFile::write (createPicture(), file);
+}
+
+juce::Image SpectrogramContainer::createPicture()
+{
+    return createComponentSnapshot (getLocalBounds(), true, spectrogram.isDoubleResolution() ? 2.0f : 1.0f);
+}
+
+//==============================================================================
+void SpectrogramContainer::updateRange()
+{
+    const auto nyquist = sampleRate * 0.5f;
+    const auto low = juce::jlimit (0.0f, nyquist, minFraction * nyquist);
+    scale.setRange (low, juce::jlimit (low, nyquist, maxFraction * nyquist));
+}
+
+void SpectrogramContainer::sampleRateChanged (double newRate)
+{
+    if (newRate > 0.0 && ! juce::approximatelyEqual (float (newRate), sampleRate))
+    {
+        sampleRate = float (newRate);
+        updateRange();
+    }
+
+    if (onSampleRateChanged != nullptr)
+        onSampleRateChanged (newRate);
+}
+
+//==============================================================================
+void SpectrogramContainer::resized()
+{
+    const auto* const editor = findParentComponentOfClass<juce::AudioProcessorEditor>();
+    const auto layout = layOutContainer (getWidth(),
+                                         getHeight(),
+                                         pluginCore::scaleRule::textHeight (*this),
+                                         editor != nullptr ? editor->getHeight() : 0,
+                                         ruler.isVisible(),
+                                         keyboard.isVisible());
+    ruler.setBounds (layout.ruler);
+    keyboard.setBounds (layout.keyboard);
+    spectrogram.setBounds (layout.picture);
+    tooltipDisplay.setBounds (layout.helpLine);
+}
+
+void SpectrogramContainer::lookAndFeelChanged() { resized(); }
+
+void SpectrogramContainer::parentHierarchyChanged() { resized(); }
+
+} // namespace mk::orlo

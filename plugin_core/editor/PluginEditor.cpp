@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "PluginEditor.h"
+
+#include "EditorSize.h"
+
+#include "plugin_core/look/SharedLookAndFeel.h"
+#include "plugin_core/processor/PluginProcessor.h"
+
+namespace mk::pluginCore
+{
+namespace
+{
+constexpr float cornerPerHeight = 0.05f;
+} // namespace
+
+/** Hears of every resize, after resized(): no product has to pass it on. */
+class PluginEditor::PluginEditorListener final : public juce::ComponentListener
+{
+public:
+    explicit PluginEditorListener (PluginEditor& editorToWatch) : editor (editorToWatch) {}
+
+    void componentMovedOrResized (juce::Component&, bool, bool wasResized) override
+    {
+        if (wasResized)
+            editor.updateSizeConstraints();
+    }
+
+private:
+    PluginEditor& editor;
+};
+
+PluginEditor::PluginEditor (PluginProcessor& processorToEdit)
+    : juce::AudioProcessorEditor (processorToEdit),
+      sharedLookAndFeel (SharedLookAndFeel<DefaultPluginLookAndFeel>::acquire()),
+      pluginProcessor (processorToEdit),
+      moveDetector (std::make_unique<PluginMoveDetector> (*this))
+{
+    moveDetector->startTimer (PluginMoveDetector::periodMs);
+    moveDetector->addListener (this);
+
+    setConstrainer (&constrainer);
+    setResizable (true, false);
+    cornerResizer = std::make_unique<juce::ResizableCornerComponent> (this, &constrainer);
+    addAndMakeVisible (*cornerResizer);
+    cornerResizer->setAlwaysOnTop (true);
+
+    editorListener = std::make_unique<PluginEditorListener> (*this);
+    addComponentListener (editorListener.get());
+    addMouseListener (this, true);
+}
+
+PluginEditor::~PluginEditor()
+{
+    removeMouseListener (this);
+    removeComponentListener (editorListener.get());
+    juce::PopupMenu::dismissAllActiveMenus();
+    moveDetector = nullptr;
+    pluginProcessor.editorBeingDeleted (this);
+}
+
+//==============================================================================
+void PluginEditor::open (int width, int height)
+{
+    setSize (width, height);
+
+    const auto limits = getSizeLimits();
+    const auto minWidth = juce::jmax (limits.minWidth, 0);
+    const auto minHeight = juce::jmax (limits.minHeight, 0);
+    constrainer.setSizeLimits (
+        minWidth, minHeight, juce::jmax (minWidth, limits.maxWidth), juce::jmax (minHeight, limits.maxHeight));
+    constrainer.setFixedAspectRatio (juce::jmax (getFixedAspectRatio(), 0.0));
+
+    // In a second step, from the size just set: the constrainer keeps the width and corrects the height.
+    constrainer.setBoundsForComponent (this, getBounds(), false, false, false, false);
+    sizeRestored = true;
+}
+
+int PluginEditor::getCornerSize() const { return juce::roundToInt (float (getHeight()) * cornerPerHeight); }
+
+const juce::Displays::Display* PluginEditor::findDisplay() const
+{
+    return editorSize::findDisplay (juce::Desktop::getInstance().getDisplays().displays,
+                                    localPointToGlobal (getLocalBounds().getCentre()));
+}
+
+void PluginEditor::updateSizeConstraints()
+{
+    if (auto* const style = dynamic_cast<LookAndFeel*> (&getLookAndFeel()))
+        style->setEditorSize (getWidth(), getHeight());
+
+    currentDisplay = findDisplay();
+
+    // Without any display there is nothing to fit into.
+    if (currentDisplay != nullptr)
+    {
+        const auto usable = currentDisplay->userArea;
+        const auto aspectRatio = juce::jmax (getFixedAspectRatio(), 0.0);
+        const auto largest =
+            editorSize::getLargest ({ constrainer.getMinimumWidth(), constrainer.getMinimumHeight() }, usable);
+        constrainer.setMaximumWidth (largest.x);
+        constrainer.setMaximumHeight (largest.y);
+        constrainer.setFixedAspectRatio (aspectRatio);
+
+        const juce::Point<int> present { getWidth(), getHeight() };
+
+        if (const auto fitted = editorSize::fitIntoDisplay (present, usable, aspectRatio); fitted != present)
+        {
+            // Comes back here with the size that fits.
+            setSize (fitted.x, fitted.y);
+            return;
+        }
+    }
+
+    juce::PopupMenu::dismissAllActiveMenus();
+
+    const auto corner = getCornerSize();
+    cornerResizer->setBounds (getWidth() - corner, getHeight() - corner, corner, corner);
+    rememberSize();
+}
+
+void PluginEditor::rememberSize()
+{
+    auto& session = pluginProcessor.getSessionState();
+    session.pluginEditorWidth.store (getWidth(), std::memory_order_relaxed);
+    session.pluginEditorHeight.store (getHeight(), std::memory_order_relaxed);
+
+    if (sizeRestored)
+    {
+        auto settings = globalSettings.getSettings();
+        settings.setProperty (SettingsIds::defaultWidth, juce::String (getWidth()), nullptr);
+        settings.setProperty (SettingsIds::defaultHeight, juce::String (getHeight()), nullptr);
+    }
+}
+
+//==============================================================================
+void PluginEditor::windowMoved (PluginMoveDetector&)
+{
+    juce::PopupMenu::dismissAllActiveMenus();
+
+    if (const auto* const display = findDisplay(); display != nullptr && display != currentDisplay)
+        updateSizeConstraints();
+}
+
+void PluginEditor::applicationActiveChanged (PluginMoveDetector&, bool wentInactive)
+{
+    if (wentInactive)
+        juce::PopupMenu::dismissAllActiveMenus();
+}
+
+void PluginEditor::broughtToFront() { juce::PopupMenu::dismissAllActiveMenus(); }
+
+int PluginEditor::getControlParameterIndex (juce::Component& component)
+{
+    const auto* const parameter = pluginProcessor.getParameterState().getParameter (component.getName());
+    return parameter != nullptr ? parameter->getParameterIndex() : -1;
+}
+
+} // namespace mk::pluginCore
