@@ -2,6 +2,7 @@
 #include "ButtonBarComponent.h"
 
 #include "look/OrloColours.h"
+#include "plugin_core/attachments/UndoFlush.h"
 #include "plugin_core/look/LookAndFeel.h"
 #include "plugin_core/look/StyleProperties.h"
 
@@ -16,11 +17,36 @@ constexpr float cornerWithoutStyle = 10.0f;
 constexpr float cornerPerEditorHeight = 0.00550055f;
 } // namespace
 
-ButtonBarComponent::ButtonBarComponent (const juce::StringArray& texts)
+ButtonBarComponent::ButtonBarComponent (juce::AudioProcessorValueTreeState& state, const juce::String& id)
+    : paramID (id)
+{
+    auto* parameter = state.getParameter (paramID);
+
+    if (parameter == nullptr)
+        return;
+
+    const auto* choice = dynamic_cast<const juce::AudioParameterChoice*> (parameter);
+    auto texts = choice != nullptr ? choice->choices : parameter->getAllValueStrings();
+    texts.removeEmptyStrings();
+    addButtons (texts);
+    setTitle (juce::translate (parameter->getName (128)));
+
+    juce::Array<juce::Button*> inOrder;
+
+    for (auto* button : buttons)
+        inOrder.add (button);
+
+    attachment = std::make_unique<pluginCore::TabAttachment> (
+        *parameter, inOrder, state.undoManager, [&state] { pluginCore::flushIntoTransaction (state); });
+}
+
+ButtonBarComponent::~ButtonBarComponent() = default;
+
+void ButtonBarComponent::addButtons (const juce::StringArray& texts)
 {
     for (const auto& text : texts)
     {
-        auto* button = buttons.add (std::make_unique<juce::TextButton> (text));
+        auto* button = buttons.add (std::make_unique<pluginCore::AnimatedTextButton> (text));
         button->setRadioGroupId (radioGroup);
         button->setClickingTogglesState (true);
         button->getProperties().set (pluginCore::styleProperty::cat, 2);
@@ -31,6 +57,11 @@ ButtonBarComponent::ButtonBarComponent (const juce::StringArray& texts)
                                    | (isLast ? 0 : juce::Button::ConnectedOnRight));
         addAndMakeVisible (button);
     }
+}
+
+std::unique_ptr<juce::AccessibilityHandler> ButtonBarComponent::createAccessibilityHandler()
+{
+    return std::make_unique<juce::AccessibilityHandler> (*this, juce::AccessibilityRole::group);
 }
 
 juce::Rectangle<int> ButtonBarComponent::getButtonBounds (int index, int numButtons, int width, int height) noexcept

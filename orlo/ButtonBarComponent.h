@@ -1,19 +1,26 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
-#include <juce_gui_basics/juce_gui_basics.h>
+#include "plugin_core/attachments/TabAttachment.h"
+#include "plugin_core/controls/AnimatedTextButton.h"
+
+#include <memory>
 
 namespace mk::orlo
 {
 
-/** A row of buttons of which one is on. [message thread] */
+/** A row of buttons, one for each choice of a parameter, of which one is on. [message thread] */
 class ButtonBarComponent : public juce::Component
 {
 public:
-    explicit ButtonBarComponent (const juce::StringArray& texts);
+    /** The state must outlive the bar. An id that names no parameter gives a bar without buttons; choices
+        with an empty name get none. */
+    ButtonBarComponent (juce::AudioProcessorValueTreeState& state, const juce::String& paramID);
+    ~ButtonBarComponent() override;
 
     [[nodiscard]] int getNumButtons() const noexcept { return buttons.size(); }
     [[nodiscard]] juce::TextButton& getButton (int index) const noexcept { return *buttons.getUnchecked (index); }
+    [[nodiscard]] const juce::String& getParamID() const noexcept { return paramID; }
 
     /** The bounds of a button in a bar of the given size: equal shares of the width, with the remainder
         spread, and a pixel more to the right, where the next one's edge lies over it. */
@@ -22,9 +29,14 @@ public:
 
     void paint (juce::Graphics& g) override;
     void resized() override;
+    std::unique_ptr<juce::AccessibilityHandler> createAccessibilityHandler() override;
 
 private:
-    juce::OwnedArray<juce::TextButton> buttons;
+    void addButtons (const juce::StringArray& texts);
+
+    const juce::String paramID;
+    juce::OwnedArray<pluginCore::AnimatedTextButton> buttons;
+    std::unique_ptr<pluginCore::TabAttachment> attachment;
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (ButtonBarComponent)
 };

@@ -2,6 +2,7 @@
 #include "../ButtonBarComponent.h"
 #include "OrloColours.h"
 #include "PluginLookAndFeel.h"
+#include "plugin_core/look/MouseFade.h"
 #include "plugin_core/look/ScaleRule.h"
 #include "plugin_core/look/StyleProperties.h"
 
@@ -86,8 +87,10 @@ void PluginLookAndFeel::drawButtonBackground (juce::Graphics& g,
     auto face = colour.withMultipliedSaturation (button.hasKeyboardFocus (true) ? 1.3f : 0.9f)
                     .withMultipliedAlpha (button.isEnabled() ? 1.0f : 0.5f);
 
-    if (isOver || isDown)
-        face = face.contrasting (isDown ? 0.2f : 0.05f);
+    const auto contrast = isDown ? 0.2f : 0.05f * pluginCore::mouseFade::hoverFactor (button, isOver);
+
+    if (contrast > 0.0f)
+        face = face.contrasting (contrast);
 
     const auto isOn = isDown || button.getToggleState();
     g.setColour (face);

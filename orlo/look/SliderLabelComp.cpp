@@ -2,6 +2,7 @@
 #include "SliderLabelComp.h"
 
 #include "SliderProperties.h"
+#include "plugin_core/controls/ComponentIgnoringRightButton.h"
 #include "plugin_core/look/ScaleRule.h"
 #include "plugin_core/look/StyleProperties.h"
 
@@ -116,13 +117,34 @@ void PluginLookAndFeel::SliderLabelComp::mouseDrag (const juce::MouseEvent& even
 void PluginLookAndFeel::SliderLabelComp::mouseUp (const juce::MouseEvent& event)
 {
     handOn (&juce::Component::mouseUp, event);
+
+    if (isBeingEdited() || ! pluginCore::isEditingClick (event.mods))
+        return;
+
     juce::Label::mouseUp (event);
+
+    if (isBeingEdited())
+        editorOpened = event.eventTime;
 }
 
 void PluginLookAndFeel::SliderLabelComp::mouseDoubleClick (const juce::MouseEvent& event)
 {
+    if (! pluginCore::isEditingClick (event.mods))
+        return;
+
+    if (isBeingEdited())
+    {
+        // The first of the two clicks has opened the editor: both together mean the slider. Two clicks in an
+        // editor that was open before mean a word of its text.
+        const auto timeout = juce::RelativeTime::milliseconds (juce::MouseEvent::getDoubleClickTimeout());
+
+        if (event.mouseDownTime - editorOpened > timeout)
+            return;
+
+        hideEditor (true);
+    }
+
     handOn (&juce::Component::mouseDoubleClick, event);
-    juce::Label::mouseDoubleClick (event);
 }
 
 void PluginLookAndFeel::SliderLabelComp::mouseWheelMove (const juce::MouseEvent& event,
@@ -140,6 +162,7 @@ juce::TextEditor* PluginLookAndFeel::SliderLabelComp::createEditorComponent()
     textEditor->setJustification (getJustificationType());
     textEditor->setBorder (getBorderSize());
     textEditor->setIndents (0, 0);
+    textEditor->addMouseListener (this, false);
     repaint();
     return textEditor;
 }

@@ -35,6 +35,8 @@ private:
     void handOn (void (juce::Component::*callback) (const juce::MouseEvent&), const juce::MouseEvent& event);
     void updateJustification (const juce::Slider& slider);
 
+    juce::Time editorOpened; // when a click did so last
+
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (SliderLabelComp)
 };
 

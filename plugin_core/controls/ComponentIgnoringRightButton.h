@@ -40,7 +40,10 @@ public:
     void mouseUp (const juce::MouseEvent& event) override
     {
         const auto isTaken = press == Press::taken || (press == Press::none && isEditingClick (event.mods));
-        press = Press::none;
+
+        // An ignored press stays so until the next one: the double click comes after the release.
+        if (press == Press::taken)
+            press = Press::none;
 
         if (isTaken)
             Base::mouseUp (event);

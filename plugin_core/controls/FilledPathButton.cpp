@@ -7,7 +7,7 @@ namespace mk::pluginCore
 {
 
 FilledPathButton::FilledPathButton (const juce::String& buttonName, juce::Path pathToFill)
-    : juce::Button (buttonName), path (std::move (pathToFill))
+    : ComponentIgnoringRightButton (buttonName), path (std::move (pathToFill))
 {
 }
 

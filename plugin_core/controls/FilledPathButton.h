@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
-#include <juce_gui_basics/juce_gui_basics.h>
+#include "ComponentIgnoringRightButton.h"
 
 namespace mk::pluginCore
 {
 
-/** A button whose face is one filled path, drawn by the look and feel. [message thread] */
-class FilledPathButton : public juce::Button
+/** A button whose face is one filled path, drawn by the look and feel. It reacts to the left mouse button alone.
+    [message thread] */
+class FilledPathButton : public ComponentIgnoringRightButton<juce::Button>
 {
 public:
     /** What a look and feel offers that draws these buttons. */

@@ -32,7 +32,11 @@ float hoverFactor (const GenericComponentAnimator::Times& times, bool isMouseOve
 
 float hoverFactor (const juce::Component& component)
 {
-    const auto isOver = component.isMouseOverOrDragging (true);
+    return hoverFactor (component, component.isMouseOverOrDragging (true));
+}
+
+float hoverFactor (const juce::Component& component, bool isOver)
+{
     const auto* animator = dynamic_cast<const GenericComponentAnimator*> (&component);
     return animator != nullptr ? hoverFactor (animator->getMouseAnimationTimes(), isOver) : (isOver ? 1.0f : 0.0f);
 }

@@ -23,6 +23,7 @@ inline constexpr int turnMs = 360;
 
 /** The same for any component: one without an animation goes from 0 to 1 at once. */
 [[nodiscard]] float hoverFactor (const juce::Component& component);
+[[nodiscard]] float hoverFactor (const juce::Component& component, bool isMouseOver);
 
 /** By how much a turning control is turned, in radians: a full turn while the fade of the mouse's coming,
     or with onMouseDown that of the press, runs, and 0 before and after. */

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "orlo/ButtonBarComponent.h"
 #include "plugin_core/look/StyleProperties.h"
+#include "tests/support/GestureRecorder.h"
+#include "tests/support/TestProcessor.h"
 
 #include <gtest/gtest.h>
 
@@ -32,15 +34,52 @@ TEST (ButtonBarComponentTest, ButtonsShareTheWidthAndOverlapByAPixel)
     }
 }
 
-TEST (ButtonBarComponentTest, OneButtonIsOnAtATime)
+class ButtonBarParameterTest : public ::testing::Test
 {
-    ButtonBarComponent bar ({ "Classic", "Enhanced" });
-    bar.getButton (0).setToggleState (true, juce::dontSendNotification);
-    bar.getButton (1).setToggleState (true, juce::dontSendNotification);
-    EXPECT_FALSE (bar.getButton (0).getToggleState());
+protected:
+    test::TestProcessor processor;
+    ButtonBarComponent bar { processor.getParameterState(), "choice" };
+};
+
+TEST_F (ButtonBarParameterTest, EachChoiceHasAButtonAndThePresentOneIsOn)
+{
+    ASSERT_EQ (bar.getNumButtons(), 4);
+    EXPECT_EQ (bar.getButton (0).getButtonText(), "A");
+    EXPECT_EQ (bar.getButton (3).getButtonText(), "D");
     EXPECT_EQ (int (bar.getButton (0).getProperties()[styleProperty::cat]), 2);
+    EXPECT_TRUE (bar.getButton (1).getToggleState());
+    EXPECT_FALSE (bar.getButton (0).getToggleState());
     EXPECT_TRUE (bar.getButton (0).isConnectedOnRight());
     EXPECT_FALSE (bar.getButton (0).isConnectedOnLeft());
+    EXPECT_TRUE (bar.getButton (3).isConnectedOnLeft());
+    EXPECT_FALSE (bar.getButton (3).isConnectedOnRight());
+    EXPECT_EQ (bar.getTitle(), "Choice");
+}
+
+TEST_F (ButtonBarParameterTest, AClickSetsTheParameterByOneGesture)
+{
+    test::GestureRecorder heard { processor.getParameter ("choice") };
+    bar.getButton (3).setToggleState (true, juce::sendNotificationSync);
+    EXPECT_FALSE (bar.getButton (1).getToggleState());
+    EXPECT_FLOAT_EQ (processor.getValue ("choice"), 3.0f);
+    EXPECT_EQ (heard.take(), "[.]");
+}
+
+TEST_F (ButtonBarParameterTest, EachClickIsOneTransaction)
+{
+    bar.getButton (3).setToggleState (true, juce::sendNotificationSync);
+    bar.getButton (0).setToggleState (true, juce::sendNotificationSync);
+    EXPECT_TRUE (processor.getUndoManager().undo());
+    EXPECT_TRUE (bar.getButton (3).getToggleState());
+    EXPECT_TRUE (processor.getUndoManager().undo());
+    EXPECT_TRUE (bar.getButton (1).getToggleState());
+}
+
+TEST_F (ButtonBarParameterTest, AnUnknownParameterGivesAnEmptyBar)
+{
+    ButtonBarComponent empty { processor.getParameterState(), "nothing" };
+    empty.setSize (100, 20);
+    EXPECT_EQ (empty.getNumButtons(), 0);
 }
 } // namespace
 } // namespace mk::orlo

@@ -2,6 +2,7 @@
 #include "Sheets.h"
 
 #include "orlo/ButtonBarComponent.h"
+#include "orlo/Params.h"
 #include "orlo/look/OrloColours.h"
 #include "plugin_core/controls/FilledPathButton.h"
 #include "plugin_core/look/StyleProperties.h"
@@ -122,17 +123,11 @@ private:
         presets.getProperties().set (styleProperty::bg, true);
         presets.setEdgeIndent (int (12.0f * scale));
         addLabel ("Analysis", 1, inPanel (31, 119, 371, 40), false);
-        add (std::make_unique<ButtonBarComponent> (juce::StringArray { "Classic", "Enhanced" }),
-             inPanel (34, 175, 334, 60))
-            .getButton (1)
-            .setToggleState (true, juce::dontSendNotification);
+        add (std::make_unique<ButtonBarComponent> (state, Params::id::mode), inPanel (34, 175, 334, 60));
         addLabel ("FFT Size", 2, inPanel (0, 251, 183, 56), true);
         addBox ("2048", inPanel (199, 251, 169, 56));
         addLabel ("Display", 1, inPanel (31, 347, 371, 40), false);
-        add (std::make_unique<ButtonBarComponent> (juce::StringArray { "Static", "Scroll" }),
-             inPanel (34, 403, 278, 60))
-            .getButton (0)
-            .setToggleState (true, juce::dontSendNotification);
+        add (std::make_unique<ButtonBarComponent> (state, Params::id::drawMode), inPanel (34, 403, 278, 60));
         addIcon (Icon::autoPause, inPanel (324, 403, 40, 56)).setToggleState (true, juce::dontSendNotification);
         addLabel ("Scale", 2, inPanel (0, 479, 157, 56), true);
         addBox ("Mel", inPanel (173, 479, 123, 56));
@@ -202,6 +197,8 @@ private:
             .setToggleState (true, juce::dontSendNotification);
     }
 
+    juce::AudioProcessorGraph processor;
+    juce::AudioProcessorValueTreeState state { processor, nullptr, "PARAMS", Params::createLayout() };
     const float scale;
     std::vector<std::pair<std::unique_ptr<juce::Component>, juce::Rectangle<int>>> places;
 };

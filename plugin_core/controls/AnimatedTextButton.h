@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include "AnimatedComponent.h"
+#include "ComponentIgnoringRightButton.h"
+
+namespace mk::pluginCore
+{
+
+/** A button with a text that reacts softly to the mouse, and to its left button alone. [message thread] */
+class AnimatedTextButton : public AnimatedComponent<ComponentIgnoringRightButton<juce::TextButton>>
+{
+public:
+    explicit AnimatedTextButton (const juce::String& buttonText);
+
+protected:
+    void clicked() override;
+
+private:
+    JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (AnimatedTextButton)
+};
+
+} // namespace mk::pluginCore

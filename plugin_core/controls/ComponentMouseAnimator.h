@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include "GenericComponentAnimator.h"
+
+#include <juce_gui_basics/juce_gui_basics.h>
+
+#include <memory>
+
+namespace mk::pluginCore
+{
+
+/** Keeps, for one component and its children, the time since the mouse came, left, pressed, released and
+    clicked, and repaints the component for as long as a fade runs. The fades take no time unless setDuration()
+    says so. May outlive the component. [message thread] */
+class ComponentMouseAnimator : public juce::Timer, public juce::MouseListener, public juce::ComponentListener
+{
+public:
+    using State = GenericComponentAnimator::State;
+    using Times = GenericComponentAnimator::Times;
+
+    /** The time between two repaints of a running fade. */
+    static constexpr int defaultTickMs = 40;
+
+    explicit ComponentMouseAnimator (juce::Component& component, int tickMs = defaultTickMs);
+    ~ComponentMouseAnimator() override;
+
+    /** How long the fade after an event takes, in milliseconds. */
+    void setDuration (State event, int milliseconds) noexcept;
+
+    [[nodiscard]] const Times& getTimes() const noexcept { return times; }
+    [[nodiscard]] int getTickMs() const noexcept { return tickMs; }
+
+    /** Whether the mouse came and has not left yet. */
+    [[nodiscard]] bool isMouseInside() const noexcept { return mouseOverToken != nullptr; }
+
+    /** To be called by components that are used by mouse, wheel or key: the first two at both ends of a drag,
+        the last at a click. */
+    void press();
+    void release();
+    void click();
+
+    /** Called at each tick: repaints what can be seen of the component. */
+    virtual void update();
+
+    void timerCallback() override;
+    void mouseEnter (const juce::MouseEvent& event) override;
+    void mouseExit (const juce::MouseEvent& event) override;
+    void mouseDown (const juce::MouseEvent& event) override;
+    void mouseUp (const juce::MouseEvent& event) override;
+    void componentVisibilityChanged (juce::Component& component) override;
+    void componentBeingDeleted (juce::Component& component) override;
+
+private:
+    struct MouseOverToken
+    {
+    };
+
+    void start (State event);
+    void leaveUnlessInside();
+    void forgetEverything();
+
+    juce::WeakReference<juce::Component> component;
+    const int tickMs;
+    Times times;
+    std::unique_ptr<MouseOverToken> mouseOverToken;
+
+    JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (ComponentMouseAnimator)
+};
+
+} // namespace mk::pluginCore

@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "ParameterSlider.h"
+
+#include "../look/MouseFade.h"
+
+#include <cmath>
+
+namespace mk::pluginCore
+{
+namespace
+{
+// What tells two thumbs at the same place apart, in pixels.
+constexpr float thumbOffset = 0.1f;
+
+// Distances that differ by less are equal, in pixels.
+constexpr float tolerance = 0.001f;
+constexpr int minThumb = 1;
+constexpr int maxThumb = 2;
+} // namespace
+
+ParameterSlider::ParameterSlider()
+{
+    setWantsKeyboardFocus (true);
+    getMouseAnimator().setDuration (State::entered, mouseFade::enterMs);
+    getMouseAnimator().setDuration (State::left, mouseFade::leaveMs);
+}
+
+void ParameterSlider::setTooltip (const juce::String& newTooltip)
+{
+    Base::setTooltip (newTooltip);
+
+    for (auto* child : getChildren())
+        if (auto* label = dynamic_cast<juce::Label*> (child))
+            label->setTooltip (newTooltip);
+}
+
+void ParameterSlider::mouseDown (const juce::MouseEvent& event)
+{
+    Base::mouseDown (event);
+    handleNewPopup();
+}
+
+void ParameterSlider::mouseDrag (const juce::MouseEvent& event)
+{
+    Base::mouseDrag (event);
+    handleNewPopup();
+}
+
+void ParameterSlider::handleNewPopup()
+{
+    auto* popup = getCurrentPopupDisplay();
+
+    if (popup == nullptr || popup == popupHandled)
+        return;
+
+    popupHandled = popup;
+    popup->setInterceptsMouseClicks (false, false);
+
+    if (popupDisplayCreated != nullptr)
+        popupDisplayCreated (*popup);
+}
+
+void ParameterSlider::mouseDoubleClick (const juce::MouseEvent& event)
+{
+    // The one value that a double click sets is none of those that a two-value slider has.
+    if (! isTwoValue())
+        Base::mouseDoubleClick (event);
+}
+
+void ParameterSlider::mouseMove (const juce::MouseEvent& event)
+{
+    Base::mouseMove (event);
+
+    if (const auto thumb = findNearestThumb (event.position); thumb != thumbNearMouse)
+    {
+        thumbNearMouse = thumb;
+        repaint();
+    }
+}
+
+int ParameterSlider::findNearestThumb (juce::Point<float> position) const
+{
+    if (! isTwoValue())
+        return 0;
+
+    const auto along = isVertical() ? position.y : position.x;
+    const auto outwards = isVertical() ? -thumbOffset : thumbOffset;
+    const auto toMinimum = std::abs (getPositionOfValue (getMinValue()) - outwards - along);
+    const auto toMaximum = std::abs (getPositionOfValue (getMaxValue()) + outwards - along);
+    return toMaximum <= toMinimum + tolerance ? maxThumb : minThumb;
+}
+
+bool ParameterSlider::keyPressed (const juce::KeyPress& key)
+{
+    if (! isEnabled() || isTwoValue() || isMouseButtonDown (true))
+        return false;
+
+    if (key == juce::KeyPress::returnKey && isTextBoxEditable() && getTextBoxPosition() != NoTextBox)
+    {
+        showTextBox();
+        return true;
+    }
+
+    for (const auto arrow :
+         { juce::KeyPress::upKey, juce::KeyPress::downKey, juce::KeyPress::leftKey, juce::KeyPress::rightKey })
+    {
+        if (key == arrow)
+        {
+            const ScopedDragNotification gesture (*this);
+            return Base::keyPressed (key);
+        }
+    }
+
+    return false;
+}
+
+void ParameterSlider::startedDragging() { getMouseAnimator().press(); }
+
+void ParameterSlider::stoppedDragging()
+{
+    getMouseAnimator().release();
+
+    if (gestureEnded != nullptr)
+        gestureEnded();
+}
+
+} // namespace mk::pluginCore

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include "../processor/PluginProcessor.h"
+
+#include <array>
+#include <memory>
+
+namespace mk::pluginCore
+{
+
+/** A button that is on while its parameter is, with a tooltip for each state. [message thread] */
+class PluginToggleControl : public juce::Component, public juce::Button::Listener
+{
+public:
+    /** Takes the button over. A button without a title gets the parameter's name as one, which screen readers
+        say. The processor must outlive the control; an id that names no parameter leaves the button alone. */
+    PluginToggleControl (PluginProcessor& processor,
+                         const juce::String& paramID,
+                         juce::Button* button,
+                         const juce::String& tooltipOff,
+                         const juce::String& tooltipOn);
+    ~PluginToggleControl() override;
+
+    [[nodiscard]] juce::Button& getButton() noexcept { return *button; }
+    [[nodiscard]] const juce::String& getParamID() const noexcept { return paramID; }
+
+    void resized() override;
+    void lookAndFeelChanged() override;
+    void buttonClicked (juce::Button*) override;
+    void buttonStateChanged (juce::Button*) override;
+
+private:
+    juce::AudioProcessorValueTreeState& state;
+    const std::array<juce::String, 2> tooltips; // by the toggle state
+    const juce::String paramID;
+    const std::unique_ptr<juce::Button> button;
+    std::unique_ptr<juce::ButtonParameterAttachment> attachment;
+
+    JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (PluginToggleControl)
+};
+
+} // namespace mk::pluginCore

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "plugin_core/controls/PluginComboBoxControl.h"
+#include "orlo/Params.h"
+#include "tests/support/GestureRecorder.h"
+#include "tests/support/PeerMouse.h"
+#include "tests/support/TestProcessor.h"
+
+#include <gtest/gtest.h>
+
+namespace mk::pluginCore
+{
+namespace
+{
+using orlo::test::PeerMouse;
+using orlo::test::pumpPending;
+using orlo::test::pumpUntil;
+
+class PluginComboBoxControlTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        if (! orlo::test::Screen::getInstance().isAvailable())
+            GTEST_SKIP() << "no display";
+
+        window = std::make_unique<orlo::test::Window> (300, 200);
+        window->addAndMakeVisible (control);
+        control.setBounds (50, 50, 100, 30);
+    }
+
+    void TearDown() override
+    {
+        juce::PopupMenu::dismissAllActiveMenus();
+        EXPECT_TRUE (
+            pumpUntil ([] { return juce::ModalComponentManager::getInstance()->getNumModalComponents() == 0; }));
+        window.reset();
+    }
+
+    orlo::test::TestProcessor processor;
+    std::unique_ptr<orlo::test::Window> window;
+    PluginComboBoxControl control { processor, "choice" };
+    orlo::test::GestureRecorder heard { processor.getParameter ("choice") };
+};
+
+TEST_F (PluginComboBoxControlTest, TheEntriesAreTheChoicesWithIdsFromOne)
+{
+    auto& box = control.getComboBox();
+    ASSERT_EQ (box.getNumItems(), 4);
+
+    for (int i = 0; i < 4; ++i)
+    {
+        EXPECT_EQ (box.getItemId (i), i + 1);
+        EXPECT_EQ (box.getItemText (i), juce::String::charToString (juce::juce_wchar ('A' + i)));
+    }
+
+    EXPECT_EQ (box.getSelectedId(), 2);
+    EXPECT_EQ (box.getBounds(), juce::Rectangle<int> (100, 30));
+    EXPECT_EQ (box.getTitle(), "Choice");
+}
+
+TEST_F (PluginComboBoxControlTest, ChoicesHeldInReserveAreNotOffered)
+{
+    juce::AudioProcessorGraph owner;
+    juce::AudioProcessorValueTreeState state { owner, nullptr, "PARAMS", orlo::Params::createLayout() };
+    PluginComboBoxControl scales { state, orlo::Params::id::freqScale };
+    EXPECT_EQ (scales.getComboBox().getNumItems(), 5);
+    EXPECT_EQ (scales.getComboBox().getText(), "Log");
+    state.getParameter (orlo::Params::id::freqScale)->setValueNotifyingHost (1.0f);
+    EXPECT_EQ (scales.getComboBox().getText(), "ERB");
+}
+
+TEST_F (PluginComboBoxControlTest, ALeftClickOpensTheMenuAndOthersDoNot)
+{
+    PeerMouse mouse (*window);
+    auto& box = control.getComboBox();
+    mouse.click (box, { 20.0f, 15.0f }, PeerMouse::right);
+    mouse.click (box, { 20.0f, 15.0f }, PeerMouse::left | PeerMouse::ctrl);
+    pumpPending();
+    EXPECT_FALSE (box.isPopupActive());
+    mouse.click (box, { 20.0f, 15.0f });
+    EXPECT_TRUE (pumpUntil ([&] { return box.isPopupActive(); }));
+    pumpPending();
+}
+
+TEST_F (PluginComboBoxControlTest, ArrowKeysChooseByOneGestureAndOneTransactionEach)
+{
+    auto& box = control.getComboBox();
+
+    for (const auto value : { 2.0f, 3.0f })
+    {
+        EXPECT_TRUE (box.keyPressed (juce::KeyPress (juce::KeyPress::downKey)));
+        ASSERT_TRUE (pumpUntil ([&] { return juce::exactlyEqual (processor.getValue ("choice"), value); }));
+        EXPECT_EQ (heard.take(), "[.]");
+    }
+
+    EXPECT_TRUE (processor.getUndoManager().undo());
+    EXPECT_EQ (box.getSelectedId(), 3);
+    EXPECT_TRUE (processor.getUndoManager().undo());
+    EXPECT_EQ (box.getSelectedId(), 2);
+}
+
+TEST_F (PluginComboBoxControlTest, TheWheelDoesNotChooseWhilePassingOver)
+{
+    PeerMouse (*window).turnWheel (control.getComboBox(), { 90.0f, 15.0f }, -0.5f);
+    pumpPending();
+    EXPECT_EQ (heard.take(), "");
+}
+
+TEST_F (PluginComboBoxControlTest, TheTooltipIsTheHelpText)
+{
+    control.setTooltip ("help");
+    EXPECT_EQ (control.getComboBox().getAccessibilityHandler()->getHelp(), "help");
+}
+
+TEST_F (PluginComboBoxControlTest, AnUnknownParameterGivesAnEmptyBox)
+{
+    PluginComboBoxControl unknown { processor, "nothing" };
+    EXPECT_EQ (unknown.getComboBox().getNumItems(), 0);
+}
+
+} // namespace
+} // namespace mk::pluginCore
