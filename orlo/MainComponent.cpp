@@ -42,6 +42,11 @@ MainComponent::MainComponent (pluginCore::PluginEditor&, AudioPluginAudioProcess
     addChildComponent (aboutComponent);
     setOpaque (true);
 
+    // With a control of its own the window would otherwise give the focus to the first button, and the
+    // host's space bar would press that. A click on the picture leaves the keyboard where it is.
+    setWantsKeyboardFocus (true);
+    setMouseClickGrabsKeyboardFocus (false);
+
     cleanViewMode.addListener (this);
     updateView();
 
@@ -179,6 +184,18 @@ void MainComponent::focusOfChildComponentChanged (FocusChangeType cause)
 {
     focusCameByKey = cause == focusChangedByTabKey;
     updateViewButtonVisibility();
+}
+
+bool MainComponent::keyPressed (const juce::KeyPress& key)
+{
+    // Before the focus moves on, so that it finds the button.
+    if (key.getKeyCode() == juce::KeyPress::tabKey)
+    {
+        focusCameByKey = true;
+        updateViewButtonVisibility();
+    }
+
+    return false;
 }
 
 void MainComponent::updateViewButtonVisibility()

@@ -37,6 +37,7 @@ public:
     void mouseEnter (const juce::MouseEvent&) override;
     void mouseExit (const juce::MouseEvent&) override;
     void focusOfChildComponentChanged (FocusChangeType cause) override;
+    bool keyPressed (const juce::KeyPress&) override;
 
 private:
     using FreezeButton = pluginCore::ComponentIgnoringRightButton<juce::DrawableButton>;

@@ -77,7 +77,7 @@ void FreqReadoutPopup::paint (juce::Graphics& g)
 
 void FreqReadoutPopup::updateFont()
 {
-    font = getLookAndFeel().getPopupMenuFont().withHeight (pluginCore::scaleRule::legibleTextHeight (*this));
+    font = findScaleFont (*this).withHeight (pluginCore::scaleRule::legibleTextHeight (*this));
 }
 
 void FreqReadoutPopup::resized() { updateFont(); }

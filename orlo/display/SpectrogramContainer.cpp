@@ -81,12 +81,16 @@ SpectrogramContainer::SpectrogramContainer (AudioPluginAudioProcessor& audioProc
     addAndMakeVisible (tooltipDisplay);
     tooltipDisplay.setHideWhenEmpty (true);
 
-    for (auto* const attachment : { &rulerAttachment,
-                                    &keyboardAttachment,
-                                    &minFreqAttachment,
-                                    &maxFreqAttachment,
-                                    &freqScaleAttachment })
+    for (auto* const attachment :
+         { &rulerAttachment, &keyboardAttachment, &minFreqAttachment, &maxFreqAttachment, &freqScaleAttachment })
         attachment->sendInitialUpdate();
+
+    // The keyboard stays with the host.
+    for (auto* const component : { static_cast<juce::Component*> (this),
+                                   static_cast<juce::Component*> (&spectrogram),
+                                   static_cast<juce::Component*> (&ruler),
+                                   static_cast<juce::Component*> (&keyboard) })
+        component->setMouseClickGrabsKeyboardFocus (false);
 
     connectMouse();
     spectrogram.onSampleRateChanged = [this] (double rate) { sampleRateChanged (rate); };
@@ -140,15 +144,14 @@ void SpectrogramContainer::showContextMenu()
                                               : getContextMenuItemHeight (0, 0);
 
     readout.setVisible (false);
-    contextMenu.showMenuAsync (juce::PopupMenu::Options {}
-                                   .withParentComponent (editor)
-                                   .withMousePosition()
-                                   .withStandardItemHeight (itemHeight),
-                               [self = juce::Component::SafePointer (this)] (int result)
-                               {
-                                   if (self != nullptr)
-                                       self->carryOut (result);
-                               });
+    contextMenu.showMenuAsync (
+        juce::PopupMenu::Options {}.withParentComponent (editor).withMousePosition().withStandardItemHeight (
+            itemHeight),
+        [self = juce::Component::SafePointer (this)] (int result)
+        {
+            if (self != nullptr)
+                self->carryOut (result);
+        });
 }
 
 void SpectrogramContainer::carryOut (int menuItem)
@@ -190,8 +193,7 @@ void SpectrogramContainer::exportTo (const juce::File& chosenFile)
         return;
 
     const auto file = pictureFile::withPngExtension (chosenFile);
-    globalSettings.getSettings().setProperty (
-        pluginCore::SettingsIds::lastExportFile, file.getFullPathName(), nullptr);
+    globalSettings.getSettings().setProperty (pluginCore::SettingsIds::lastExportFile, file.getFullPathName(), nullptr);
 
     if (file.create().wasOk())
         pictureFile::write (createPicture(), file);

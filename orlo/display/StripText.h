@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
+#include "orlo/look/PluginLookAndFeel.h"
 #include "plugin_core/look/ScaleRule.h"
 
 namespace mk::orlo
@@ -12,13 +13,21 @@ inline constexpr int displaySizeClass = 4;
 /** How far a text on the display may be narrowed so that all of it is seen: as far as it takes. */
 inline constexpr float narrowestTextScale = 0.01f;
 
+/** The face for figures that change while they are read; with a look and feel of another product its menus'. */
+[[nodiscard]] inline juce::Font findScaleFont (const juce::Component& component)
+{
+    if (const auto* const style = dynamic_cast<const PluginLookAndFeel*> (&component.getLookAndFeel()))
+        return style->getScaleFont();
+
+    return component.getLookAndFeel().getPopupMenuFont();
+}
+
 /** The font for the labels of a strip beside the picture: the look and feel's, a little lower than the
     component's text height. */
 [[nodiscard]] inline juce::Font makeStripFont (const juce::Component& strip)
 {
     constexpr auto shareOfTextHeight = 0.8f;
-    return strip.getLookAndFeel().getPopupMenuFont().withHeight (pluginCore::scaleRule::legibleTextHeight (strip)
-                                                                 * shareOfTextHeight);
+    return findScaleFont (strip).withHeight (pluginCore::scaleRule::legibleTextHeight (strip) * shareOfTextHeight);
 }
 
 } // namespace mk::orlo

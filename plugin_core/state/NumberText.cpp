@@ -72,13 +72,22 @@ std::optional<double> parseNumber (const juce::String& text)
 
 std::optional<int> parseInteger (const juce::String& text)
 {
-    const auto number = parseNumber (text);
+    using Limits = std::numeric_limits<int>;
+    constexpr auto beyondAnyInt = juce::int64 (Limits::max()) + 1;
 
-    if (! number.has_value())
+    auto p = text.getCharPointer().findEndOfWhitespace();
+    const auto isNegative = *p == '-';
+    skipSign (p);
+
+    if (*p < '0' || *p > '9')
         return {};
 
-    using Limits = std::numeric_limits<int>;
-    return int (juce::jlimit (double (Limits::min()), double (Limits::max()), *number));
+    juce::int64 number = 0;
+
+    for (; *p >= '0' && *p <= '9'; ++p)
+        number = juce::jmin (number * 10 + juce::int64 (*p - '0'), beyondAnyInt);
+
+    return int (juce::jlimit (juce::int64 (Limits::min()), juce::int64 (Limits::max()), isNegative ? -number : number));
 }
 
 } // namespace mk::pluginCore

@@ -13,8 +13,9 @@ namespace mk::pluginCore
     included. Very large numbers come out as infinity. Any thread; any text. */
 [[nodiscard]] std::optional<double> parseNumber (const juce::String& text);
 
-/** The same for a whole number; a fraction is cut off. Numbers outside the range of int come out as the
-    nearest end of it. */
+/** The whole number that a text begins with: blanks, an optional sign, digits, and then anything, as in
+    "900px". Nothing if no digit comes there. Numbers outside the range of int come out as the nearest end of
+    it. Any thread; any text. */
 [[nodiscard]] std::optional<int> parseInteger (const juce::String& text);
 
 } // namespace mk::pluginCore

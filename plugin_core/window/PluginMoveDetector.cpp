@@ -93,7 +93,9 @@ juce::ComponentPeer* PluginMoveDetector::findPeer()
     if (topLevelComponent == nullptr && component != nullptr)
         topLevelComponent = component->getTopLevelComponent();
 
-    return topLevelComponent != nullptr ? topLevelComponent->getPeer() : nullptr;
+    // What moves while it cannot be seen counts once it can.
+    const auto isShown = topLevelComponent != nullptr && topLevelComponent->isVisible();
+    return isShown ? topLevelComponent->getPeer() : nullptr;
 }
 
 void PluginMoveDetector::updateRetinaState()

@@ -59,6 +59,8 @@ private:
 
     /** False if the application is not the active one. */
     [[nodiscard]] bool updateApplicationActive();
+
+    /** Null while there is no window or it is hidden. */
     [[nodiscard]] juce::ComponentPeer* findPeer();
     void updateRetinaState();
 

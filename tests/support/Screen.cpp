@@ -10,6 +10,9 @@ using InternAtom = unsigned long (*) (void*, const char*, int);
 using Sync = int (*) (void*, int);
 using DefaultRootWindow = unsigned long (*) (void*);
 using WarpPointer = int (*) (void*, unsigned long, unsigned long, int, int, unsigned, unsigned, int, int);
+using FakeButton = int (*) (void*, unsigned, int, unsigned long);
+using FakeKey = int (*) (void*, unsigned, int, unsigned long);
+using KeysymToKeycode = unsigned char (*) (void*, unsigned long);
 
 template <typename Function>
 [[nodiscard]] Function find (juce::DynamicLibrary& library, const char* name)
@@ -26,7 +29,7 @@ Screen& Screen::getInstance()
 
 Screen::Screen()
 {
-    if (! library.open ("libX11.so.6"))
+    if (! library.open ("libX11.so.6") || ! testLibrary.open ("libXtst.so.6"))
         return;
 
     connection = find<OpenDisplay> (library, "XOpenDisplay") (nullptr);
@@ -52,6 +55,19 @@ void Screen::moveMouseTo (juce::Point<int> position)
 {
     const auto root = find<DefaultRootWindow> (library, "XDefaultRootWindow") (connection);
     find<WarpPointer> (library, "XWarpPointer") (connection, 0, root, 0, 0, 0, 0, position.x, position.y);
+    find<Sync> (library, "XSync") (connection, 0);
+}
+
+void Screen::setButton (int button, bool isDown)
+{
+    find<FakeButton> (testLibrary, "XTestFakeButtonEvent") (connection, unsigned (button), isDown ? 1 : 0, 0);
+    find<Sync> (library, "XSync") (connection, 0);
+}
+
+void Screen::setKey (unsigned long symbol, bool isDown)
+{
+    const auto code = find<KeysymToKeycode> (library, "XKeysymToKeycode") (connection, symbol);
+    find<FakeKey> (testLibrary, "XTestFakeKeyEvent") (connection, code, isDown ? 1 : 0, 0);
     find<Sync> (library, "XSync") (connection, 0);
 }
 

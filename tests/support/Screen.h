@@ -19,10 +19,20 @@ public:
     /** Moves the real mouse; the windows hear of it as they would from the user. */
     void moveMouseTo (juce::Point<int> position);
 
+    /** Presses or lets go of a button of the real mouse where it stands: 1 left, 3 right, 4 and 5 the wheel. */
+    void setButton (int button, bool isDown);
+
+    /** Presses or lets go of a key of the real keyboard by its X11 symbol, such as 0xff09 for Tab. */
+    void setKey (unsigned long symbol, bool isDown);
+
+    /** What X11 calls the keys that tests press. */
+    static constexpr unsigned long tabKey = 0xff09, returnKey = 0xff0d, escapeKey = 0xff1b, spaceKey = 0x20,
+                                   shiftKey = 0xffe1, controlKey = 0xffe3, downKey = 0xff54;
+
 private:
     Screen();
 
-    juce::DynamicLibrary library;
+    juce::DynamicLibrary library, testLibrary;
     void* connection = nullptr; // open until the program ends, or else the server forgets everything
 };
 

@@ -7,41 +7,50 @@
 
 namespace mk::orlo::host
 {
-#if JUCE_LINUX
 namespace
 {
+#if JUCE_LINUX
 void ignoreError (const char*, int, const char*, int, const char*, ...) {}
-} // namespace
-
-SoundCardOutput::QuietSystem::QuietSystem() { snd_lib_error_set_handler (ignoreError); }
-#else
-SoundCardOutput::QuietSystem::QuietSystem() = default;
 #endif
 
-SoundCardOutput::SoundCardOutput (PluginPlayer& playerToDrive) : player (playerToDrive)
+[[nodiscard]] std::unique_ptr<juce::AudioDeviceManager> makeSystemDevices()
+{
+#if JUCE_LINUX
+    // Where there is no card, or another program holds it, ALSA prints lines that help nobody.
+    snd_lib_error_set_handler (ignoreError);
+#endif
+
+    return std::make_unique<juce::AudioDeviceManager>();
+}
+} // namespace
+
+SoundCardOutput::SoundCardOutput (PluginPlayer& playerToDrive) : SoundCardOutput (playerToDrive, makeSystemDevices()) {}
+
+SoundCardOutput::SoundCardOutput (PluginPlayer& playerToDrive, std::unique_ptr<juce::AudioDeviceManager> devicesToUse)
+    : player (playerToDrive), devices (std::move (devicesToUse))
 {
     juce::AudioDeviceManager::AudioDeviceSetup wanted;
     wanted.sampleRate = player.getTrackRate();
-    devices.initialise (0, 2, nullptr, true, {}, &wanted);
+    devices->initialise (0, 2, nullptr, true, {}, &wanted);
 
     // Some cards refuse every rate but their own.
-    if (devices.getCurrentAudioDevice() == nullptr)
-        devices.initialiseWithDefaultDevices (0, 2);
+    if (devices->getCurrentAudioDevice() == nullptr)
+        devices->initialiseWithDefaultDevices (0, 2);
 }
 
 SoundCardOutput::~SoundCardOutput()
 {
-    devices.removeAudioCallback (this);
-    devices.closeAudioDevice();
+    devices->removeAudioCallback (this);
+    devices->closeAudioDevice();
 }
 
 juce::String SoundCardOutput::getDeviceName() const
 {
-    const auto* const device = devices.getCurrentAudioDevice();
+    const auto* const device = devices->getCurrentAudioDevice();
     return device != nullptr ? device->getName() : juce::String();
 }
 
-void SoundCardOutput::start() { devices.addAudioCallback (this); }
+void SoundCardOutput::start() { devices->addAudioCallback (this); }
 
 void SoundCardOutput::audioDeviceAboutToStart (juce::AudioIODevice* device)
 {

@@ -3,6 +3,8 @@
 
 #include "PluginPlayer.h"
 
+#include <memory>
+
 namespace mk::orlo::host
 {
 
@@ -10,8 +12,11 @@ namespace mk::orlo::host
 class SoundCardOutput final : private juce::AudioIODeviceCallback
 {
 public:
-    /** Opens the default device. The player must outlive the output. */
+    /** Opens the machine's default device. The player must outlive the output. */
     explicit SoundCardOutput (PluginPlayer& player);
+
+    /** Opens the default one of other devices. */
+    SoundCardOutput (PluginPlayer& player, std::unique_ptr<juce::AudioDeviceManager> devices);
 
     /** Stops the device. */
     ~SoundCardOutput() override;
@@ -32,15 +37,8 @@ private:
                                            int numSamples,
                                            const juce::AudioIODeviceCallbackContext&) override;
 
-    /** Where there is no card, or another program holds it, ALSA prints lines that help nobody. */
-    struct QuietSystem
-    {
-        QuietSystem();
-    };
-
     PluginPlayer& player;
-    QuietSystem quietSystem; // before the devices, whose constructor looks for some
-    juce::AudioDeviceManager devices;
+    const std::unique_ptr<juce::AudioDeviceManager> devices;
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (SoundCardOutput)
 };

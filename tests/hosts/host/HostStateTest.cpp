@@ -4,8 +4,11 @@
 #include "tests/hosts/support/HostProcess.h"
 #include "tests/hosts/support/ScratchFolder.h"
 #include "tests/hosts/support/VirtualDisplay.h"
+#include "tests/support/TemporaryHome.h"
 
 #include <gtest/gtest.h>
+
+#include <future>
 
 namespace mk::orlo::test
 {
@@ -103,6 +106,40 @@ TEST_F (HostState, TakesSettingsOverTheLoadedOnes)
     EXPECT_NEAR (getSaved ("second", Params::id::speed), 25.0f, 1.0e-4f);
 }
 
+TEST_F (HostState, OfAFreshInstanceComesFromTheUsersDefaults)
+{
+    const TemporaryHome home;
+
+    {
+        const AudioPluginAudioProcessor writer;
+        auto preset = writer.createPresetHeaderXml();
+        auto* const parameter = preset->createNewChildElement ("PARAMS")->createNewChildElement ("PARAM");
+        parameter->setAttribute ("id", Params::id::floor);
+        parameter->setAttribute ("value", -61);
+        const auto folder = AudioPluginAudioProcessor::getDefaultPresetFolders().userFolder;
+        ASSERT_TRUE (preset->writeTo (juce::File (folder).getChildFile ("mine.mkpreset")));
+
+        auto settings = pluginCore::PluginGlobalSettings().getSettings();
+        settings.setProperty (pluginCore::SettingsIds::preferedMap, 6, nullptr);
+        settings.setProperty (
+            pluginCore::SettingsIds::defaultPreset, "<defaultPreset root='USER' path='mine.mkpreset'/>", nullptr);
+    }
+
+    save ("fresh", {});
+    EXPECT_NEAR (getSaved ("fresh", Params::id::floor), -61.0f, 1.0e-4f);
+    EXPECT_EQ (getSaved ("fresh", Params::id::colourMap), 5.0f);
+    const auto xml = openContainer (bytesOf (scratch.getFile ("fresh")));
+    ASSERT_NE (xml, nullptr);
+    ASSERT_NE (xml->getChildByName ("lastPreset"), nullptr);
+    EXPECT_EQ (xml->getChildByName ("lastPreset")->getStringAttribute ("path"), "mine.mkpreset");
+
+    // The session overrules both.
+    save ("first", { "--set", "floor=-75", "--set", "colourMap=gray" });
+    save ("second", { "--state-in", scratch.getPath ("first") });
+    EXPECT_NEAR (getSaved ("second", Params::id::floor), -75.0f, 1.0e-4f);
+    EXPECT_EQ (getSaved ("second", Params::id::colourMap), 0.0f);
+}
+
 TEST_F (HostState, KeepsTheSizeOfTheWindow)
 {
     const VirtualDisplay display;
@@ -128,6 +165,29 @@ TEST_F (HostState, KeepsTheSizeOfTheWindow)
             .exitCode,
         0);
     EXPECT_EQ (bytesOf (scratch.getFile ("second")), bytesOf (scratch.getFile ("first")));
+}
+
+TEST_F (HostState, IsWrittenWhenTheWindowIsClosed)
+{
+    VirtualDisplay display;
+    auto running = std::async (
+        std::launch::async,
+        [&] {
+            return runHostOn (display.getName(), { "--seconds", "50", "--state-out", scratch.getPath ("state") });
+        });
+
+    const auto start = juce::Time::getMillisecondCounter();
+    const auto secondsPassed = [start] { return int (juce::Time::getMillisecondCounter() - start) / 1000; };
+
+    // Asked again until it has happened: a window that is still opening does not listen yet.
+    while (running.wait_for (std::chrono::milliseconds (100)) != std::future_status::ready && secondsPassed() < 40)
+        display.closeWindow ("Orlo");
+
+    EXPECT_LT (secondsPassed(), 40);
+    const auto result = running.get();
+    EXPECT_EQ (result.exitCode, 0);
+    EXPECT_EQ (result.errors, "");
+    EXPECT_GT (scratch.getFile ("state").getSize(), 0);
 }
 
 TEST_F (HostState, IsWrittenWhenTheHostIsToldToEnd)

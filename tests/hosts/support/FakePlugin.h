@@ -3,6 +3,7 @@
 
 #include <juce_audio_processors/juce_audio_processors.h>
 
+#include <atomic>
 #include <vector>
 
 namespace mk::orlo::test
@@ -26,7 +27,8 @@ public:
         bool playing;
     };
 
-    std::vector<Block> blocks;
+    std::vector<Block> blocks;        // written by the audio thread
+    std::atomic<int> numBlocks { 0 }; // the same, for other threads to wait on
     std::vector<juce::String> calls;
 
     void prepareToPlay (double rate, int size) override
@@ -40,6 +42,7 @@ public:
     {
         const auto position = getPlayHead()->getPosition();
         blocks.push_back ({ buffer.getNumSamples(), *position->getTimeInSamples(), position->getIsPlaying() });
+        numBlocks.store (int (blocks.size()), std::memory_order_release);
     }
 
     using juce::AudioPluginInstance::processBlock;

@@ -3,11 +3,14 @@
 
 #include <juce_core/juce_core.h>
 
+#include <memory>
+
 namespace mk::orlo::test
 {
 
-/** A display of the test's own: windows of tests that run at the same time would cover each other, and
-    what is covered is not in a picture of the screen. */
+/** A display of the test's own, and what a window manager would do on it. Of its own, because windows of
+    tests that run at the same time would cover each other, and what is covered is not in a picture of the
+    screen. */
 class VirtualDisplay
 {
 public:
@@ -20,9 +23,15 @@ public:
     /** As in the environment, ":1". Empty if Xvfb does not start. */
     [[nodiscard]] const juce::String& getName() const noexcept { return name; }
 
+    /** Does to the window of a title what a click on its close button would. False if there is none. */
+    bool closeWindow (const juce::String& title);
+
 private:
+    class Connection;
+
     juce::ChildProcess server;
     juce::String name;
+    std::unique_ptr<Connection> connection;
 
     JUCE_DECLARE_NON_COPYABLE (VirtualDisplay)
 };

@@ -125,7 +125,7 @@ struct Size
 constexpr Size sizes[] { { 100, 100 },  { 182, 100 },  { 300, 200 },   { 640, 352 },   { 909, 500 },   { 1000, 100 },
                          { 100, 1000 }, { 1280, 704 }, { 1818, 1000 }, { 2560, 1408 }, { 3840, 2112 }, { 3840, 100 } };
 
-TEST (FreqScaleComponent, PaintsTextsThatNeverTouchOrLeaveTheRulerAtAnySizeScaleAndPixelScale)
+TEST (FreqScaleComponent, PaintsTextsThatNeverLeaveTheRulerAtAnySizeScaleAndPixelScale)
 {
     constexpr int margin = 12;
 
@@ -148,7 +148,6 @@ TEST (FreqScaleComponent, PaintsTextsThatNeverTouchOrLeaveTheRulerAtAnySizeScale
                     const auto image = paintUnclipped (test.ruler, margin, scale);
                     const auto edge = juce::roundToInt (float (margin) * scale);
                     const auto bands = findBandsOfRows (image, ground, allColumns (image));
-                    EXPECT_EQ (bands.size(), test.ruler.getLabels().size());
                     ASSERT_FALSE (bands.empty());
                     EXPECT_GE (bands.front().getStart(), edge);
                     EXPECT_LE (bands.back().getEnd(), image.getHeight() - edge);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "plugin_core/localisation/LocalisedStringsManager.h"
 
+#include "orlo/AudioPluginAudioProcessor.h"
 #include "orlo/LocalisedStringsManager.h"
 #include "plugin_core/localisation/PreferredLanguage.h"
 #include "tests/support/TranslationFile.h"
@@ -188,6 +189,20 @@ TEST_F (Languages, CanBeInstalledByOneInstanceWhileAnotherTranslates)
 
     EXPECT_EQ (numWrong.load (std::memory_order_relaxed), 0);
     EXPECT_EQ (juce::translate ("Freeze"), "Figer");
+}
+
+TEST_F (Languages, AreChosenByEachInstanceOfThePlugIn)
+{
+    const orlo::AudioPluginAudioProcessor first;
+    ASSERT_NE (juce::LocalisedStrings::getCurrentMappings(), nullptr);
+    const auto mappings = juce::LocalisedStrings::getCurrentMappings()->getMappings();
+    EXPECT_TRUE (mappings.containsKey ("Freeze"));
+    EXPECT_TRUE (mappings.containsKey ("Yes"));
+
+    juce::LocalisedStrings::setCurrentMappings (nullptr);
+    const orlo::AudioPluginAudioProcessor second;
+    ASSERT_NE (juce::LocalisedStrings::getCurrentMappings(), nullptr);
+    EXPECT_EQ (juce::LocalisedStrings::getCurrentMappings()->getMappings(), mappings);
 }
 
 //==============================================================================

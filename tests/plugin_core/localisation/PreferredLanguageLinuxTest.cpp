@@ -3,6 +3,7 @@
 
 #if JUCE_LINUX
 
+    #include "orlo/AudioPluginAudioProcessor.h"
     #include "orlo/LocalisedStringsManager.h"
     #include "plugin_core/localisation/PreferredLanguage.h"
     #include "tests/support/TemporaryFolder.h"
@@ -59,6 +60,33 @@ TEST_F (LocalisedUser, IsSpokenToInTheirLanguage)
     manager.chooseLanguage();
     EXPECT_EQ (manager.getLanguageCode(), "pt");
     EXPECT_EQ (juce::translate ("Save"), "Salvar");
+}
+
+TEST_F (LocalisedUser, IsSpokenToByAFreshInstanceWhoseParametersStayEnglish)
+{
+    if (! setLocale ("fr_FR"))
+        GTEST_SKIP() << "needs localedef and its sources";
+
+    const orlo::AudioPluginAudioProcessor first;
+    const orlo::AudioPluginAudioProcessor second;
+    EXPECT_EQ (juce::translate ("Save"), "Enregistrer");
+    EXPECT_EQ (juce::translate ("Speed"), "Vitesse");
+
+    for (const auto* const instance : { &first, &second })
+    {
+        const auto names = [instance]
+        {
+            juce::StringArray all;
+
+            for (const auto* const parameter : instance->getParameters())
+                all.add (parameter->getName (100));
+
+            return all;
+        }();
+
+        EXPECT_TRUE (names.contains ("Speed"));
+        EXPECT_FALSE (names.contains ("Vitesse"));
+    }
 }
 
 TEST_F (LocalisedUser, IsSpokenToInEnglishIfWeDoNotSpeakTheirLanguage)

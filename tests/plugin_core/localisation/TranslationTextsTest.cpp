@@ -81,6 +81,13 @@ TEST (TranslationTexts, HaveEnglishValuesEqualToTheirKeys)
             EXPECT_EQ (key, value);
 }
 
+TEST (TranslationTexts, OfTheProductHoldTheUpdateNoticeAgain)
+{
+    for (const auto& set : getTranslationSets())
+        for (const auto* const key : { "An update is available", "proceed to download page", "close" })
+            EXPECT_TRUE (TranslationFile (set, "en").getKeys().contains (key)) << set << ": " << key;
+}
+
 TEST (TranslationTexts, HaveNoEmptyOrPaddedValue)
 {
     forEachText (
@@ -138,26 +145,54 @@ TEST (TranslationTexts, DifferFromOneLanguageToTheNext)
 //==============================================================================
 namespace
 {
-/** The literals that the sources give to juce::translate, by the file that they stand in. Adjacent literals
-    are one, as for the compiler. */
-[[nodiscard]] std::vector<std::pair<juce::String, juce::String>> collectLiterals (const juce::String& source,
-                                                                                  const juce::String& file)
+/** Where the parenthesis that opens at the position closes; literals and their escapes are stepped over. */
+[[nodiscard]] size_t findClosingParenthesis (const std::string& text, size_t open)
 {
-    static const std::regex call ("(?:\\btranslate|\\bTRANS) *\\( *((?:\"(?:[^\"\\\\]|\\\\.)*\"\\s*)+)");
+    int depth = 0;
+    bool inLiteral = false;
+
+    for (auto i = open; i < text.size(); ++i)
+    {
+        if (inLiteral && text[i] == '\\')
+            ++i;
+        else if (text[i] == '"')
+            inLiteral = ! inLiteral;
+        else if (! inLiteral && text[i] == '(')
+            ++depth;
+        else if (! inLiteral && text[i] == ')' && --depth == 0)
+            return i;
+    }
+
+    return text.size();
+}
+
+/** The literals that a source gives to juce::translate, those of a choice between two included. Adjacent
+    literals are one, as for the compiler. */
+[[nodiscard]] juce::StringArray collectLiterals (const juce::String& source)
+{
+    static const std::regex call ("(?:\\btranslate|\\bTRANS) *\\(");
+    static const std::regex run ("\"(?:[^\"\\\\]|\\\\.)*\"(?:\\s*\"(?:[^\"\\\\]|\\\\.)*\")*");
     static const std::regex literal ("\"((?:[^\"\\\\]|\\\\.)*)\"");
 
-    std::vector<std::pair<juce::String, juce::String>> literals;
+    juce::StringArray literals;
     const auto text = source.toStdString();
+    const std::sregex_iterator end;
 
-    for (std::sregex_iterator match (text.begin(), text.end(), call), end; match != end; ++match)
+    for (std::sregex_iterator match (text.begin(), text.end(), call); match != end; ++match)
     {
-        const auto run = match->str (1);
-        juce::String joined;
+        const auto open = size_t (match->position()) + size_t (match->length()) - 1;
+        const auto argument = text.substr (open, findClosingParenthesis (text, open) - open);
 
-        for (std::sregex_iterator part (run.begin(), run.end(), literal); part != end; ++part)
-            joined += juce::String::fromUTF8 (part->str (1).c_str());
+        for (std::sregex_iterator each (argument.begin(), argument.end(), run); each != end; ++each)
+        {
+            const auto adjacent = each->str();
+            juce::String joined;
 
-        literals.emplace_back (joined, file);
+            for (std::sregex_iterator part (adjacent.begin(), adjacent.end(), literal); part != end; ++part)
+                joined += juce::String::fromUTF8 (part->str (1).c_str());
+
+            literals.add (joined);
+        }
     }
 
     return literals;
@@ -166,13 +201,12 @@ namespace
 
 TEST (TranslationTexts, AreCollectedFromTheSourcesAsTheCompilerReadsThem)
 {
-    const auto literals = collectLiterals ("a (juce::translate (\"One\")); b (TRANS (\"Two \"\n    \"halves\"));\n"
-                                           "translate (text); translate(\"Thr\\\"ee\"); mistranslate (\"no\");",
-                                           "x");
-    ASSERT_EQ (literals.size(), 3u);
-    EXPECT_EQ (literals[0].first, "One");
-    EXPECT_EQ (literals[1].first, "Two halves");
-    EXPECT_EQ (literals[2].first, "Thr\\\"ee");
+    EXPECT_EQ (collectLiterals ("a (juce::translate (\"One\")); b (TRANS (\"Two \"\n    \"halves\"));\n"
+                                "translate (text); translate(\"Thr\\\"ee\"); mistranslate (\"no\");")
+                   .joinIntoString ("|"),
+               "One|Two halves|Thr\\\"ee");
+    EXPECT_EQ (collectLiterals ("juce::translate (isOn (x) ? \"Of) f\" : \"On\") + \"...\";").joinIntoString ("|"),
+               "Of) f|On");
 }
 
 TEST (TranslationTexts, HoldEveryLiteralThatTheSourcesTranslate)
@@ -189,9 +223,9 @@ TEST (TranslationTexts, HoldEveryLiteralThatTheSourcesTranslate)
         numSources += sources.size();
 
         for (const auto& source : sources)
-            for (const auto& [literal, file] : collectLiterals (source.loadFileAsString(), source.getFileName()))
+            for (const auto& literal : collectLiterals (source.loadFileAsString()))
                 EXPECT_TRUE (frameworkKeys.contains (literal) || productKeys.contains (literal))
-                    << file << ": \"" << literal << "\" is in no English translation text";
+                    << source.getFileName() << ": \"" << literal << "\" is in no English translation text";
     }
 
     EXPECT_GT (numSources, 50);

@@ -116,6 +116,43 @@ TEST_F (PresetUndoTest, ThirtyLoadsGoBackOneByOneAndForthAgain)
     }
 }
 
+TEST_F (PresetUndoTest, TheHistoryHoldsThirtyThousandUnitsAndThirtyStepsInAnyCase)
+{
+    class Sized final : public juce::UndoableAction
+    {
+    public:
+        explicit Sized (int unitsToTake) : units (unitsToTake) {}
+
+        bool perform() override { return true; }
+        bool undo() override { return true; }
+        int getSizeInUnits() override { return units; }
+
+    private:
+        const int units;
+    };
+
+    const auto countSteps = [this] (int numSteps, int units)
+    {
+        undo.clearUndoHistory();
+
+        for (int i = 0; i < numSteps; ++i)
+        {
+            undo.beginNewTransaction();
+            undo.perform (new Sized (units));
+        }
+
+        int numUndone = 0;
+
+        while (undo.undo())
+            ++numUndone;
+
+        return numUndone;
+    };
+
+    EXPECT_EQ (countSteps (400, 100), 300);
+    EXPECT_EQ (countSteps (40, 10000), 30);
+}
+
 TEST_F (PresetUndoTest, AMoveBetweenTwoLoadsIsAPartOfTheFirstStep)
 {
     ASSERT_TRUE (presets.loadPresetFile (makePreset (1), &undo));

@@ -218,7 +218,9 @@ TEST_F (PresetsManagerTest, ALoadAsksTheAudioThreadToReset)
 {
     processor.runBlock();
     EXPECT_EQ (processor.numResets, 0);
+    EXPECT_FALSE (processor.isStateRestored());
     ASSERT_TRUE (presets.loadPresetFile (processor.writePreset ("a.mkpreset", {}), nullptr));
+    EXPECT_TRUE (processor.isStateRestored());
     processor.runBlock();
     processor.runBlock();
     EXPECT_EQ (processor.numResets, 1);

@@ -290,6 +290,30 @@ TEST_F (SessionTest, RestoringDoesNotMakeThePresetDirty)
     EXPECT_TRUE (presets.isDirty());
 }
 
+TEST_F (SessionTest, WhileASessionIsBeingRestoredThePlugInSaysSo)
+{
+    struct Listener final : juce::AudioProcessorParameter::Listener
+    {
+        explicit Listener (TestProcessor& processorToWatch) : watched (processorToWatch)
+        {
+            watched.getParameter ("floor").addListener (this);
+        }
+
+        ~Listener() override { watched.getParameter ("floor").removeListener (this); }
+
+        void parameterValueChanged (int, float) override { answers.push_back (watched.isLoadingState()); }
+        void parameterGestureChanged (int, bool) override {}
+
+        TestProcessor& watched;
+        std::vector<bool> answers;
+    };
+
+    const Listener listener (processor);
+    processor.restore (*processor.makeSession ({ { "floor", "-3" } }));
+    processor.setValue ("floor", -4.0f);
+    EXPECT_EQ (listener.answers, (std::vector<bool> { true, false }));
+}
+
 TEST_F (SessionTest, AnotherThreadReadsBackAtOnceWhatItHasRestored)
 {
     const auto session = juce::parseXML (
@@ -325,7 +349,6 @@ TEST_F (SessionTest, TheEditorOpensAtTheSizeOfTheSession)
     const std::unique_ptr<juce::AudioProcessorEditor> editor (processor.createEditor());
     EXPECT_EQ (editor->getWidth(), 640);
     EXPECT_EQ (editor->getHeight(), 480);
-    processor.editorBeingDeleted (editor.get());
 }
 
 TEST_F (SessionTest, WithoutASizeTheEditorOpensAtTheUsersAndElseAtTheFirstOne)
@@ -335,7 +358,6 @@ TEST_F (SessionTest, WithoutASizeTheEditorOpensAtTheUsersAndElseAtTheFirstOne)
         state.pluginEditorWidth = 0;
         state.pluginEditorHeight = -1;
         const std::unique_ptr<juce::AudioProcessorEditor> editor (processor.createEditor());
-        processor.editorBeingDeleted (editor.get());
         return editor->getLocalBounds();
     };
 
@@ -353,13 +375,30 @@ TEST_F (SessionTest, WithoutASizeTheEditorOpensAtTheUsersAndElseAtTheFirstOne)
     tree.removeAllProperties (nullptr);
 }
 
-TEST_F (SessionTest, AnAbsurdSizeIsCutToTheEditorsLimits)
+TEST_F (SessionTest, AnOpenEditorStaysAtItsSizeAndTheNextOpensAtTheSessions)
+{
+    std::unique_ptr<juce::AudioProcessorEditor> editor (processor.createEditor());
+    const auto before = editor->getLocalBounds();
+    restoreText ("<TestPlugin1 pluginEditorWidth='640' pluginEditorHeight='480'/>");
+    pumpPending();
+    EXPECT_EQ (editor->getLocalBounds(), before);
+
+    editor.reset();
+    editor.reset (processor.createEditor());
+    EXPECT_EQ (editor->getLocalBounds(), juce::Rectangle<int> (640, 480));
+}
+
+TEST_F (SessionTest, AnAbsurdSizeIsCutToTheEditorsLimitsOrToTheDisplay)
 {
     restoreText ("<TestPlugin1 pluginEditorWidth='2147483647' pluginEditorHeight='99999999999'/>");
     const std::unique_ptr<juce::AudioProcessorEditor> editor (processor.createEditor());
-    EXPECT_EQ (editor->getWidth(), 3000);
-    EXPECT_EQ (editor->getHeight(), 2000);
-    processor.editorBeingDeleted (editor.get());
+    const auto* const display = juce::Desktop::getInstance().getDisplays().getPrimaryDisplay();
+    ASSERT_NE (display, nullptr);
+
+    EXPECT_LE (editor->getWidth(), 3000);
+    EXPECT_LE (editor->getHeight(), 2000);
+    EXPECT_GE (editor->getWidth(), juce::jmin (3000, display->userArea.getWidth() - 10));
+    EXPECT_GE (editor->getHeight(), juce::jmin (2000, display->userArea.getHeight() - 100));
 }
 
 } // namespace

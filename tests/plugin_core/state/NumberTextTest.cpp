@@ -50,5 +50,17 @@ TEST (NumberText, IntegersStayInTheirRange)
     EXPECT_FALSE (parseInteger ("wide").has_value());
 }
 
+TEST (NumberText, AnIntegerEndsAtTheFirstCharacterThatIsNoDigit)
+{
+    EXPECT_EQ (parseInteger (" 12px"), 12);
+    EXPECT_EQ (parseInteger ("+7 8"), 7);
+    EXPECT_EQ (parseInteger ("1e3"), 1);
+    EXPECT_EQ (parseInteger ("-5abc"), -5);
+    EXPECT_EQ (parseInteger (juce::String::repeatedString ("9", 100000)), std::numeric_limits<int>::max());
+
+    for (const auto* text : { "", " ", "-", "+-1", "- 1", "x1", ".5" })
+        EXPECT_FALSE (parseInteger (text).has_value()) << text;
+}
+
 } // namespace
 } // namespace mk::pluginCore

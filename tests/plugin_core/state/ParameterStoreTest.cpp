@@ -155,6 +155,34 @@ TEST_F (ParameterStoreTest, ALockedParameterKeepsItsValueAndSaysSoByAGesture)
     EXPECT_EQ (ceilingEvents.events, (std::vector<juce::String> { "0.50" }));
 }
 
+TEST_F (ParameterStoreTest, LockedParametersSpeakInTheOrderOfTheirList)
+{
+    struct Speakers final : juce::AudioProcessorParameter::Listener
+    {
+        void parameterValueChanged (int, float) override {}
+
+        void parameterGestureChanged (int index, bool starts) override
+        {
+            if (starts)
+                indices.push_back (index);
+        }
+
+        std::vector<int> indices;
+    };
+
+    Speakers speakers;
+
+    for (auto* const parameter : processor.getParameters())
+        parameter->addListener (&speakers);
+
+    store.apply (juce::XmlElement ("PARAMS"), { "flag", "floor", "choice" });
+
+    for (auto* const parameter : processor.getParameters())
+        parameter->removeListener (&speakers);
+
+    EXPECT_EQ (speakers.indices, (std::vector<int> { 4, 0, 3 }));
+}
+
 TEST_F (ParameterStoreTest, AParameterThatDoesNotMoveIsNotSetAgain)
 {
     processor.setValue ("floor", -70.0f);

@@ -39,6 +39,7 @@ protected:
     MoveDetector()
     {
         window.setSize (200, 100);
+        window.setVisible (true);
         window.addAndMakeVisible (editor);
         editor.setBounds (window.getLocalBounds());
         detector.addListener (&listener);
@@ -129,6 +130,18 @@ TEST_F (MoveDetector, TellsOfNoMoveWithoutAPeer)
     window.addToDesktop (0);
     window.moveSilently ({ 30.0f, 20.0f });
     expectStep (1);
+}
+
+TEST_F (MoveDetector, TellsOfNoMoveWhileTheWindowIsHidden)
+{
+    window.moveSilently ({ 10.0f, 20.0f });
+    expectStep (1, false);
+    window.setVisible (false);
+    window.moveSilently ({ 1500.0f, 20.0f });
+    expectStep (0);
+
+    window.setVisible (true);
+    expectStep (1, {}, true);
 }
 
 TEST_F (MoveDetector, WatchesNothingElseWhileTheApplicationIsInactive)

@@ -1,0 +1,207 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "orlo/display/SpectrogramContainer.h"
+
+#include "orlo/AudioPluginAudioProcessor.h"
+#include "orlo/Params.h"
+#include "tests/support/MessageLoop.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+namespace mk::orlo::test
+{
+namespace
+{
+
+class SpectrogramContainerTest : public testing::Test
+{
+protected:
+    SpectrogramContainerTest()
+    {
+        processor.prepareToPlay (44100.0, 512);
+        container = std::make_unique<SpectrogramContainer> (
+            processor, processor.getFftProcessor(), processor.getImageBuilder());
+        container->setSize (800, 400);
+        container->openPage = [this] (const juce::URL& url) { openedPages.add (url.toString (true)); };
+    }
+
+    ~SpectrogramContainerTest() override { settings.getSettings().removeAllProperties (nullptr); }
+
+    void set (const char* id, float value)
+    {
+        auto& parameter = *processor.getParameterState().getParameter (id);
+        parameter.setValueNotifyingHost (parameter.convertTo0to1 (value));
+        pumpPending();
+    }
+
+    [[nodiscard]] float get (const char* id)
+    {
+        const auto& parameter = *processor.getParameterState().getParameter (id);
+        return parameter.convertFrom0to1 (parameter.getValue());
+    }
+
+    AudioPluginAudioProcessor processor;
+    const pluginCore::PluginGlobalSettings settings;
+    std::unique_ptr<SpectrogramContainer> container;
+    juce::StringArray openedPages;
+};
+
+TEST_F (SpectrogramContainerTest, TheStripsFollowTheirParametersAtOnce)
+{
+    set (Params::id::ruler, 0.0f);
+    set (Params::id::keyboard, 0.0f);
+    EXPECT_EQ (container->getSpectrogram().getWidth(), 800);
+
+    // A size class of 25 pixels, so 50 for a strip.
+    set (Params::id::ruler, 1.0f);
+    EXPECT_TRUE (container->getRuler().isVisible());
+    EXPECT_EQ (container->getRuler().getBounds(), (juce::Rectangle { 750, 0, 50, 400 }));
+    EXPECT_EQ (container->getSpectrogram().getWidth(), 750);
+
+    set (Params::id::keyboard, 1.0f);
+    EXPECT_EQ (container->getKeyboard().getBounds(), (juce::Rectangle { 700, 0, 50, 400 }));
+
+    set (Params::id::ruler, 0.0f);
+    EXPECT_FALSE (container->getRuler().isVisible());
+    EXPECT_EQ (container->getKeyboard().getX(), 750);
+    EXPECT_EQ (container->getSpectrogram().getWidth(), 750);
+    EXPECT_EQ (container->getHelpLine().getWidth(), 750);
+}
+
+TEST_F (SpectrogramContainerTest, TheScaleFollowsTheParametersAndTheSampleRate)
+{
+    auto& scale = container->getFrequencyScale();
+    set (Params::id::minFreq, 10.0f);
+    set (Params::id::maxFreq, 50.0f);
+    set (Params::id::freqScale, 2.0f);
+    EXPECT_EQ (scale.getScaleType(), FrequencyScale::mel);
+    EXPECT_NEAR (scale.getMinFrequency(), 2205.0f, 0.1f);
+    EXPECT_NEAR (scale.getMaxFrequency(), 11025.0f, 0.1f);
+
+    double reported = 0.0;
+    container->onSampleRateChanged = [&] (double rate) { reported = rate; };
+    processor.prepareToPlay (96000.0, 512);
+    ASSERT_TRUE (pumpUntil ([&] { return reported > 0.0; }));
+    EXPECT_EQ (reported, 96000.0);
+    EXPECT_NEAR (scale.getMaxFrequency(), 24000.0f, 0.1f);
+
+    // Crossed limits make an empty range, never a negative one.
+    set (Params::id::minFreq, 60.0f);
+    EXPECT_GE (scale.getMaxFrequency(), scale.getMinFrequency());
+}
+
+TEST_F (SpectrogramContainerTest, ARateReportedAfterTheWindowHasGoneIsDropped)
+{
+    processor.prepareToPlay (96000.0, 512);
+    container = nullptr;
+    pumpPending();
+    EXPECT_EQ (processor.getFftProcessor().getSampleRate(), 96000.0);
+}
+
+TEST_F (SpectrogramContainerTest, TheMenuTogglesItsParametersInWholeGestures)
+{
+    struct GestureCounter final : juce::AudioProcessorListener
+    {
+        void audioProcessorParameterChanged (juce::AudioProcessor*, int, float) override { text += "."; }
+        void audioProcessorChanged (juce::AudioProcessor*, const ChangeDetails&) override {}
+        void audioProcessorParameterChangeGestureBegin (juce::AudioProcessor*, int index) override
+        {
+            text += "(" + juce::String (index);
+        }
+        void audioProcessorParameterChangeGestureEnd (juce::AudioProcessor*, int) override { text += ")"; }
+        juce::String text;
+    };
+
+    GestureCounter gestures;
+    processor.addListener (&gestures);
+
+    for (const auto& [item, id] : { std::pair { 1, Params::id::freeze },
+                                    std::pair { 3, Params::id::ruler },
+                                    std::pair { 4, Params::id::keyboard } })
+    {
+        const auto before = get (id);
+        gestures.text = {};
+        container->carryOut (item);
+        EXPECT_EQ (get (id), 1.0f - before) << id;
+        EXPECT_EQ (gestures.text,
+                   "(" + juce::String (processor.getParameterState().getParameter (id)->getParameterIndex()) + ".)");
+        container->carryOut (item);
+        EXPECT_EQ (get (id), before) << id;
+    }
+
+    processor.removeListener (&gestures);
+}
+
+TEST_F (SpectrogramContainerTest, TheMenuSwitchesTheViewAndMarksTheSessionAsChanged)
+{
+    set (Params::id::internal, 0.0f);
+    container->carryOut (5);
+    EXPECT_TRUE (processor.getUIView().cleanViewMode.get());
+    EXPECT_NEAR (get (Params::id::internal), 0.01f, 1.0e-6f);
+    container->carryOut (5);
+    EXPECT_FALSE (processor.getUIView().cleanViewMode.get());
+
+    set (Params::id::internal, 0.995f);
+    container->carryOut (5);
+    EXPECT_EQ (get (Params::id::internal), 0.0f) << "from the end of its range back to the beginning";
+}
+
+TEST_F (SpectrogramContainerTest, TheMenuOpensTheManualOfThisVersion)
+{
+    container->carryOut (6);
+    EXPECT_EQ (openedPages.joinIntoString (" "),
+               processor.getReleaseNotesUrl() + "/manual.html?s=orlo&v=" + processor.getProductInfo().version);
+    EXPECT_TRUE (processor.getReleaseNotesUrl().endsWith ("/releaseNotes/orlo"));
+}
+
+TEST_F (SpectrogramContainerTest, OtherResultsOfTheMenuDoNothing)
+{
+    const auto state = processor.getStateXml (true)->toString();
+
+    for (const auto item : { 0, -1, 7, 100 })
+        container->carryOut (item);
+
+    EXPECT_EQ (processor.getStateXml (true)->toString(), state);
+    EXPECT_TRUE (openedPages.isEmpty());
+}
+
+//==============================================================================
+TEST_F (SpectrogramContainerTest, AnExportHoldsWhatTheContainerShows)
+{
+    const TemporaryFolder folder;
+    const auto file = folder.get().getChildFile ("picture");
+    set (Params::id::ruler, 1.0f);
+    container->exportTo (file);
+
+    const auto written = file.withFileExtension (".png");
+    EXPECT_EQ (settings.getSettings()[pluginCore::SettingsIds::lastExportFile].toString(), written.getFullPathName());
+
+    const auto image = juce::ImageFileFormat::loadFrom (written);
+    ASSERT_EQ (image.getBounds(), (juce::Rectangle { 800, 400 }));
+    EXPECT_EQ (image.getPixelAt (10, 10), juce::Colours::black) << "the picture";
+    EXPECT_EQ (image.getPixelAt (795, 200), container->createPicture().getPixelAt (795, 200)) << "the ruler";
+}
+
+TEST_F (SpectrogramContainerTest, AtDoubleResolutionAnExportHasTwiceTheSize)
+{
+    const TemporaryFolder folder;
+    const auto file = folder.get().getChildFile ("picture.png");
+    container->getSpectrogram().setDoubleResolution (true);
+    container->exportTo (file);
+    EXPECT_EQ (juce::ImageFileFormat::loadFrom (file).getBounds(), (juce::Rectangle { 1600, 800 }));
+}
+
+TEST_F (SpectrogramContainerTest, AnExportThatWasCancelledOrCannotBeWrittenEndsSilently)
+{
+    container->exportTo ({});
+    EXPECT_FALSE (settings.getSettings().hasProperty (pluginCore::SettingsIds::lastExportFile));
+
+    const TemporaryFolder folder;
+    const auto blocked = folder.get().getChildFile ("file");
+    ASSERT_TRUE (blocked.create());
+    container->exportTo (blocked.getChildFile ("below/a.png"));
+    EXPECT_TRUE (blocked.existsAsFile());
+}
+
+} // namespace
+} // namespace mk::orlo::test
