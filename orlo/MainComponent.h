@@ -2,6 +2,8 @@
 #pragma once
 
 #include "MainLayout.h"
+#include "SettingsComponent.h"
+#include "SideBarComponent.h"
 #include "display/SpectrogramContainer.h"
 
 #include "plugin_core/controls/ComponentIgnoringRightButton.h"
@@ -24,8 +26,8 @@ public:
     [[nodiscard]] juce::Button& getViewButton() noexcept { return viewButton; }
     [[nodiscard]] juce::Button& getFreezeButton() noexcept { return *freezeButton; }
     [[nodiscard]] juce::Button& getExportButton() noexcept { return exportButton; }
-    [[nodiscard]] juce::Component& getSideBar() noexcept { return sideBar; }
-    [[nodiscard]] juce::Component& getSettingsPanel() noexcept { return settingsPanel; }
+    [[nodiscard]] SideBarComponent& getSideBar() noexcept { return sideBar; }
+    [[nodiscard]] SettingsComponent& getSettingsPanel() noexcept { return settingsPanel; }
     [[nodiscard]] juce::Component& getAboutComponent() noexcept { return aboutComponent; }
 
     /** Opens or closes the settings panel; in Full View it waits for the Standard View. */
@@ -60,7 +62,8 @@ private:
     juce::RangedAudioParameter &rulerParameter, &keyboardParameter, &freezeParameter;
     juce::ParameterAttachment rulerAttachment, keyboardAttachment, freezeAttachment;
     juce::ButtonParameterAttachment freezeButtonAttachment;
-    juce::Component sideBar, settingsPanel;
+    SideBarComponent sideBar;
+    SettingsComponent settingsPanel;
     bool settingsWanted = false;
     bool focusCameByKey = false;
     SpectrogramContainer spectrogramContainer;

@@ -14,15 +14,16 @@ namespace
 namespace scaleRule = pluginCore::scaleRule;
 
 // The longer of the two texts has to fit into a tag as wide as it is high.
-constexpr double textScale = 0.52;
+constexpr double textScale = 0.5;
 constexpr float leastTextWidth = 0.7f;
 constexpr float outlineWidth = 1.5f;
 constexpr float overContrast = 0.05f;
 constexpr float downContrast = 0.2f;
 } // namespace
 
-RetinaParamLabel::RetinaParamLabel (juce::AudioProcessorValueTreeState& state, const juce::String& parameterId)
+RetinaParamLabel::RetinaParamLabel (juce::AudioProcessorValueTreeState& stateToUse, const juce::String& parameterId)
     : juce::Label (parameterId, "2x"),
+      state (stateToUse),
       parameter (*state.getParameter (parameterId)),
       attachment (
           parameter,
@@ -46,7 +47,12 @@ void RetinaParamLabel::showValue (float value)
 
 bool RetinaParamLabel::isOn() const { return juce::roundToInt (parameter.convertFrom0to1 (parameter.getValue())) >= 1; }
 
-void RetinaParamLabel::flip() { attachment.setValueAsCompleteGesture (isOn() ? 0.0f : 1.0f); }
+void RetinaParamLabel::flip()
+{
+    // What was changed just before, and the tree has not heard of yet, belongs to a transaction of its own.
+    state.copyState();
+    attachment.setValueAsCompleteGesture (isOn() ? 0.0f : 1.0f);
+}
 
 void RetinaParamLabel::paint (juce::Graphics& g)
 {
@@ -64,7 +70,7 @@ void RetinaParamLabel::paint (juce::Graphics& g)
 
     g.setColour (findColour (on ? juce::TextButton::textColourOnId : juce::TextButton::textColourOffId));
     g.setFont (getLookAndFeel().getLabelFont (*this));
-    g.drawFittedText (getText(), getLocalBounds().reduced (2, 0), getJustificationType(), 1, leastTextWidth);
+    g.drawFittedText (getText(), getLocalBounds().reduced (getWidth() / 12, 0), getJustificationType(), 1, leastTextWidth);
 }
 
 void RetinaParamLabel::mouseDown (const juce::MouseEvent& event)
@@ -105,8 +111,8 @@ std::unique_ptr<juce::AccessibilityHandler> RetinaParamLabel::createAccessibilit
 
         [[nodiscard]] juce::AccessibleState getCurrentState() const override
         {
-            const auto state = juce::AccessibilityHandler::getCurrentState().withCheckable();
-            return owner.isOn() ? state.withChecked() : state;
+            const auto current = juce::AccessibilityHandler::getCurrentState().withCheckable();
+            return owner.isOn() ? current.withChecked() : current;
         }
 
         [[nodiscard]] juce::String getHelp() const override { return owner.getTooltip(); }

@@ -32,6 +32,7 @@ private:
     void showValue (float value);
     [[nodiscard]] bool isOn() const;
 
+    juce::AudioProcessorValueTreeState& state;
     juce::RangedAudioParameter& parameter;
     juce::ParameterAttachment attachment;
     bool isPressed = false;

@@ -54,6 +54,9 @@ bool writeAll (const juce::File& folder)
     show ("text", makeTextSheet(), 1818, 1.0f);
     show ("menu", makeMenuSheet(), 1818, 1.0f);
     juce::LookAndFeel::setDefaultLookAndFeel (nullptr);
+
+    forEachPanel ([&] (const juce::String& name, juce::Component& window)
+                  { ok = write (window, folder.getChildFile (name + ".png"), 1.0f) && ok; });
     return ok;
 }
 } // namespace
