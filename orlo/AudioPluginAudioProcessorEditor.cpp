@@ -129,8 +129,8 @@ void AudioPluginAudioProcessorEditor::retinaStateChanged (pluginCore::PluginMove
 
 void AudioPluginAudioProcessorEditor::updateDoubleResolution (float hiDPIValue)
 {
-    mainComponent.getSpectrogramContainer().getSpectrogram().setDoubleResolution (
-        onRetinaDisplay && juce::roundToInt (hiDPIValue) > 0);
+    mainComponent.getSpectrogramContainer().getSpectrogram().setDoubleResolution (onRetinaDisplay
+                                                                                  && juce::roundToInt (hiDPIValue) > 0);
 }
 
 } // namespace mk::orlo

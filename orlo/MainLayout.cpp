@@ -39,7 +39,8 @@ MainLayout layOutMain (const MainLayoutInput& input) noexcept
     if (! input.isFullView)
         rest.removeFromLeft (layout.sideBar.getWidth());
 
-    layout.settingsPanel = rest.withWidth (juce::jmin (int (float (input.width) * settingsPanelPerWidth), rest.getWidth()));
+    layout.settingsPanel =
+        rest.withWidth (juce::jmin (int (float (input.width) * settingsPanelPerWidth), rest.getWidth()));
 
     if (input.isSettingsPanelVisible)
         rest.removeFromLeft (layout.settingsPanel.getWidth());

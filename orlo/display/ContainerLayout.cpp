@@ -15,8 +15,12 @@ constexpr double designWidth = 1818.0;
 constexpr double designHeight = 1000.0;
 } // namespace
 
-ContainerLayout layOutContainer (
-    int width, int height, float textHeight, int editorHeight, bool isRulerShown, bool isKeyboardShown) noexcept
+ContainerLayout layOutContainer (int width,
+                                 int height,
+                                 float textHeight,
+                                 int editorHeight,
+                                 bool isRulerShown,
+                                 bool isKeyboardShown) noexcept
 {
     ContainerLayout layout;
     auto rest = juce::Rectangle { width, height };
@@ -33,9 +37,8 @@ ContainerLayout layOutContainer (
 
     layout.picture = rest;
 
-    const auto helpHeight = editorHeight > 0
-                                ? juce::jmax (int (float (editorHeight) * helpLinePerHeight), smallestText)
-                                : helpLineWithoutEditor;
+    const auto helpHeight = editorHeight > 0 ? juce::jmax (int (float (editorHeight) * helpLinePerHeight), smallestText)
+                                             : helpLineWithoutEditor;
     layout.helpLine = { rest.getX(), rest.getBottom() - helpHeight, rest.getWidth(), helpHeight };
     return layout;
 }

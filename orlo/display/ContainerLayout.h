@@ -17,8 +17,12 @@ struct ContainerLayout
     @param textHeight    of the strips' size class, in pixels; a strip is two texts wide
     @param editorHeight  of the plug-in's window, 0 if there is none
 */
-[[nodiscard]] ContainerLayout layOutContainer (
-    int width, int height, float textHeight, int editorHeight, bool isRulerShown, bool isKeyboardShown) noexcept;
+[[nodiscard]] ContainerLayout layOutContainer (int width,
+                                               int height,
+                                               float textHeight,
+                                               int editorHeight,
+                                               bool isRulerShown,
+                                               bool isKeyboardShown) noexcept;
 
 /** The height of an entry of the picture's menu, by the diagonal of the plug-in's window; without one as in
     the window that the design was made at. */

@@ -63,10 +63,9 @@ std::vector<RulerLabel> placeRulerLabels (const std::vector<float>& ticks,
         if (! isEnd && ! (float (top) > 2.0f * fontHeight && float (top) < float (height) - 4.0f * fontHeight))
             continue;
 
-        const juce::Rectangle<int> area { leftMargin,
-                                          juce::jmax (0, juce::jmin (top, lowestTop)),
-                                          width - leftMargin,
-                                          int (2.0f * fontHeight) };
+        const juce::Rectangle<int> area {
+            leftMargin, juce::jmax (0, juce::jmin (top, lowestTop)), width - leftMargin, int (2.0f * fontHeight)
+        };
         labels.push_back ({ ticks[i], formatRulerFrequency (ticks[i]), area.getIntersection (ruler) });
     }
 

@@ -37,7 +37,8 @@ const juce::Displays::Display* findDisplay (const juce::Array<juce::Displays::Di
 
 juce::Point<int> getLargest (juce::Point<int> smallest, juce::Rectangle<int> usable) noexcept
 {
-    return { juce::jmax (smallest.x, usable.getWidth()), juce::jmax (smallest.y, usable.getHeight() - roomForHostBars) };
+    return { juce::jmax (smallest.x, usable.getWidth()),
+             juce::jmax (smallest.y, usable.getHeight() - roomForHostBars) };
 }
 
 juce::Point<int> fitIntoDisplay (juce::Point<int> size, juce::Rectangle<int> usable, double aspectRatio) noexcept

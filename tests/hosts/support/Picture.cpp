@@ -4,7 +4,11 @@
 namespace mk::orlo::test
 {
 
-Picture::Picture (const juce::File& file) : image (juce::PNGImageFormat::loadFrom (file)) {}
+Picture::Picture (const juce::File& file) : Picture (juce::PNGImageFormat::loadFrom (file)) {}
+
+Picture::Picture (juce::Image imageToAsk) : image (std::move (imageToAsk)) {}
+
+Picture Picture::getPart (juce::Rectangle<int> bounds) const { return Picture (image.getClippedImage (bounds)); }
 
 int Picture::getBrightness (int x, int y) const
 {

@@ -15,6 +15,9 @@ public:
     /** Reads a PNG. Without one the picture has no size. */
     explicit Picture (const juce::File& file);
 
+    /** What lies within the bounds, as a picture of its own. */
+    [[nodiscard]] Picture getPart (juce::Rectangle<int> bounds) const;
+
     [[nodiscard]] int getWidth() const noexcept { return image.getWidth(); }
     [[nodiscard]] int getHeight() const noexcept { return image.getHeight(); }
 
@@ -31,6 +34,8 @@ public:
     [[nodiscard]] std::set<juce::uint32> getColours() const;
 
 private:
+    explicit Picture (juce::Image imageToAsk);
+
     const juce::Image image;
 };
 

@@ -28,6 +28,17 @@ public:
 
         // A window may go while it is being asked for its title.
         XSetErrorHandler ([] (::Display*, ::XErrorEvent*) { return 0; });
+        // Out of the way: what is under the pointer shows its buttons and a readout.
+        const auto screen = DefaultScreen (display);
+        XWarpPointer (display,
+                      None,
+                      DefaultRootWindow (display),
+                      0,
+                      0,
+                      0,
+                      0,
+                      DisplayWidth (display, screen) - 1,
+                      DisplayHeight (display, screen) - 1);
         XSync (display, False);
     }
 
@@ -59,6 +70,12 @@ public:
         event.xclient.format = 32;
         event.xclient.data.l[0] = long (getAtom ("WM_DELETE_WINDOW"));
         XSendEvent (display, window, False, NoEventMask, &event);
+        XSync (display, False);
+    }
+
+    void move (::Window window, juce::Point<int> position)
+    {
+        XMoveWindow (display, window, position.x, position.y);
         XSync (display, False);
     }
 
@@ -118,6 +135,12 @@ bool VirtualDisplay::closeWindow (const juce::String& title)
 
     connection->sendClose (window);
     return true;
+}
+
+void VirtualDisplay::moveWindow (const juce::String& title, juce::Point<int> position)
+{
+    if (const auto window = connection->findWindow (title); window != 0)
+        connection->move (window, position);
 }
 
 } // namespace mk::orlo::test

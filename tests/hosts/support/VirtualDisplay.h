@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
-#include <juce_core/juce_core.h>
+#include <juce_graphics/juce_graphics.h>
 
 #include <memory>
 
@@ -25,6 +25,9 @@ public:
 
     /** Does to the window of a title what a click on its close button would. False if there is none. */
     bool closeWindow (const juce::String& title);
+
+    /** Moves the window of a title to a place on the screen. Nothing happens if there is none. */
+    void moveWindow (const juce::String& title, juce::Point<int> position);
 
 private:
     class Connection;

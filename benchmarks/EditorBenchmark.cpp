@@ -1,0 +1,208 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+// What an open window costs: the processor time of the whole process while the editor shows the demo signal,
+// against that of a window that paints one picture of the same size at every refresh and nothing else. Needs
+// a display of at least 1818 by 1000.
+#include "orlo/AudioPluginAudioProcessor.h"
+#include "orlo/AudioPluginAudioProcessorEditor.h"
+#include "orlo/Params.h"
+#include "tools/orlo-host/DemoSignal.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <sys/resource.h>
+
+namespace juce::detail
+{
+// JUCE's own step of the message loop, the one that sleeps until there is something to do.
+bool dispatchNextMessageOnSystemQueue (bool returnIfNoPendingMessages);
+} // namespace juce::detail
+
+namespace mk::orlo::bench
+{
+namespace
+{
+constexpr int windowWidth = 1818;
+constexpr int windowHeight = 1000;
+constexpr double sampleRate = 48000.0;
+constexpr int blockSize = 512;
+constexpr double secondsEach = 4.0;
+constexpr int numRounds = 3;
+
+[[nodiscard]] double getProcessorSeconds()
+{
+    rusage usage {};
+    getrusage (RUSAGE_SELF, &usage);
+    const auto seconds = [] (const timeval& time) { return double (time.tv_sec) + double (time.tv_usec) * 1.0e-6; };
+    return seconds (usage.ru_utime) + seconds (usage.ru_stime);
+}
+
+void runLoopFor (double seconds)
+{
+    const auto end = juce::Time::getMillisecondCounterHiRes() + seconds * 1000.0;
+
+    // Something to wake up for, in case nothing else happens.
+    struct Waker final : juce::Timer
+    {
+        void timerCallback() override {}
+    } waker;
+    waker.startTimer (50);
+
+    while (juce::Time::getMillisecondCounterHiRes() < end)
+        juce::detail::dispatchNextMessageOnSystemQueue (false);
+}
+
+/** Processor seconds for each second of running, after a moment to settle. */
+[[nodiscard]] double measureLoad()
+{
+    runLoopFor (1.0);
+    const auto before = getProcessorSeconds();
+    const auto start = juce::Time::getMillisecondCounterHiRes();
+    runLoopFor (secondsEach);
+    const auto elapsed = (juce::Time::getMillisecondCounterHiRes() - start) * 0.001;
+    return (getProcessorSeconds() - before) / elapsed;
+}
+
+/** The least that a moving picture costs. */
+class PictureWindow final : public juce::Component
+{
+public:
+    PictureWindow (juce::Rectangle<int> size, juce::Image::PixelFormat format)
+        : picture (format, size.getWidth(), size.getHeight(), true, juce::SoftwareImageType())
+    {
+        setOpaque (true);
+        setSize (size.getWidth(), size.getHeight());
+        addToDesktop (juce::ComponentPeer::windowIsTemporary);
+        setVisible (true);
+    }
+
+    void paint (juce::Graphics& g) override { g.drawImageAt (picture, 0, 0); }
+
+private:
+    juce::Image picture;
+    juce::VBlankAttachment vblank { this, [this] (double) { repaint(); } };
+};
+
+/** Plays the demo signal in real time on a thread of its own, as a host does. */
+class Player final : public juce::Thread
+{
+public:
+    explicit Player (juce::AudioProcessor& processorToFeed) : juce::Thread ("audio"), processor (processorToFeed)
+    {
+        startThread (Priority::highest);
+    }
+
+    ~Player() override { stopThread (1000); }
+
+private:
+    void run() override
+    {
+        juce::AudioBuffer<float> block (2, blockSize);
+        juce::MidiBuffer midi;
+        auto due = juce::Time::getMillisecondCounterHiRes();
+
+        for (int position = 0; ! threadShouldExit(); position += blockSize)
+        {
+            position = position + blockSize <= signal.getNumSamples() ? position : 0;
+
+            for (int channel = 0; channel < 2; ++channel)
+                block.copyFrom (channel, 0, signal, channel, position, blockSize);
+
+            processor.processBlock (block, midi);
+            due += blockSize * 1000.0 / sampleRate;
+
+            if (const auto left = due - juce::Time::getMillisecondCounterHiRes(); left > 0.5)
+                wait (left);
+        }
+    }
+
+    juce::AudioProcessor& processor;
+    const juce::AudioBuffer<float> signal = host::makeDemoSignal (sampleRate);
+};
+
+void setUp (AudioPluginAudioProcessor& processor)
+{
+    const auto set = [&] (const char* id, const char* text)
+    {
+        auto& parameter = *processor.getParameterState().getParameter (id);
+        parameter.setValueNotifyingHost (parameter.getValueForText (text));
+    };
+
+    set (Params::id::mode, "Enhanced");
+    set (Params::id::fftSize, "2048");
+    set (Params::id::ruler, "On");
+    set (Params::id::keyboard, "On");
+    set (Params::id::autoFreeze, "Off");
+    processor.prepareToPlay (sampleRate, blockSize);
+    processor.getSessionState().pluginEditorWidth = windowWidth;
+    processor.getSessionState().pluginEditorHeight = windowHeight;
+}
+
+[[nodiscard]] std::unique_ptr<juce::AudioProcessorEditor> openEditor (AudioPluginAudioProcessor& processor)
+{
+    std::unique_ptr<juce::AudioProcessorEditor> editor (processor.createEditorIfNeeded());
+    editor->addToDesktop (juce::ComponentPeer::windowIsTemporary);
+    editor->setVisible (true);
+    return editor;
+}
+
+[[nodiscard]] double measureOpening (AudioPluginAudioProcessor& processor)
+{
+    const auto start = juce::Time::getMillisecondCounterHiRes();
+    const auto editor = openEditor (processor);
+    editor->getPeer()->performAnyPendingRepaintsNow();
+    return juce::Time::getMillisecondCounterHiRes() - start;
+}
+
+int run()
+{
+    AudioPluginAudioProcessor processor;
+    setUp (processor);
+    const Player player (processor);
+
+    const auto firstOpening = measureOpening (processor);
+    auto opening = firstOpening;
+
+    for (int i = 0; i < 5; ++i)
+        opening = std::min (opening, measureOpening (processor));
+
+    std::printf ("opening the editor: %.1f ms the first time, %.1f ms at best after that\n", firstOpening, opening);
+
+    auto limitArgb = 1.0e9, limitRgb = 1.0e9, whole = 1.0e9, closed = 1.0e9;
+
+    for (int i = 0; i < numRounds; ++i)
+    {
+        {
+            const auto editor = openEditor (processor);
+            whole = std::min (whole, measureLoad());
+        }
+
+        closed = std::min (closed, measureLoad());
+
+        {
+            const PictureWindow window ({ windowWidth, windowHeight }, juce::Image::ARGB);
+            limitArgb = std::min (limitArgb, measureLoad());
+        }
+        {
+            const PictureWindow window ({ windowWidth, windowHeight }, juce::Image::RGB);
+            limitRgb = std::min (limitRgb, measureLoad());
+        }
+    }
+
+    // The windows that are the limit play the signal too, to a closed editor.
+    std::printf ("closed editor, audio included:  %5.1f %% of a core\n", closed * 100.0);
+    std::printf ("one ARGB picture at every tick: %5.1f %%\n", limitArgb * 100.0);
+    std::printf ("one RGB picture at every tick:  %5.1f %%\n", limitRgb * 100.0);
+    std::printf ("the whole editor:               %5.1f %%, ratio %.2f to ARGB, %.2f to RGB\n",
+                 whole * 100.0,
+                 whole / limitArgb,
+                 whole / limitRgb);
+    return 0;
+}
+} // namespace
+} // namespace mk::orlo::bench
+
+int main()
+{
+    const juce::ScopedJuceInitialiser_GUI juce;
+    return mk::orlo::bench::run();
+}
