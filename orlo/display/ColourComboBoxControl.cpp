@@ -39,6 +39,12 @@ ColourComboBoxControl::ColourComboBoxControl (juce::AudioProcessorValueTreeState
 
 ColourComboBoxControl::~ColourComboBoxControl() { comboBox.hidePopup(); }
 
+void ColourComboBoxControl::Box::showPopup()
+{
+    juce::ComboBox::showPopup();
+    keyScroller.followOpenMenu();
+}
+
 void ColourComboBoxControl::rememberChoice()
 {
     globalSettings.getSettings().setProperty (pluginCore::SettingsIds::preferedMap, comboBox.getSelectedId(), nullptr);

@@ -3,6 +3,7 @@
 
 #include "plugin_core/attachments/ComboBoxAttachment.h"
 #include "plugin_core/controls/ComponentIgnoringRightButton.h"
+#include "plugin_core/controls/MenuKeyScroller.h"
 #include "plugin_core/settings/PluginGlobalSettings.h"
 
 #include <memory>
@@ -34,10 +35,19 @@ public:
     void resized() override { comboBox.setBounds (getLocalBounds()); }
 
 private:
+    class Box final : public pluginCore::ComponentIgnoringRightButton<juce::ComboBox>
+    {
+    public:
+        void showPopup() override;
+
+    private:
+        pluginCore::MenuKeyScroller keyScroller;
+    };
+
     void rememberChoice();
 
     const juce::String paramID;
-    pluginCore::ComponentIgnoringRightButton<juce::ComboBox> comboBox;
+    Box comboBox;
     const pluginCore::PluginGlobalSettings globalSettings;
     std::unique_ptr<pluginCore::ComboBoxAttachment> attachment;
 

@@ -39,7 +39,7 @@ TEST (ColourMapMenuItemTest, ItFindsItsEditorByItsOwnParentsOrThoseOfTheBox)
 
     test::TestEditor own (3636, 2000);
     own.addAndMakeVisible (item);
-    EXPECT_EQ (idealSizeOf (item), juce::Rectangle<int> (693, 99));
+    EXPECT_EQ (idealSizeOf (item), juce::Rectangle<int> (700, 100));
 
     own.removeChildComponent (&item);
     box.reset();
@@ -50,6 +50,7 @@ TEST (ColourMapMenuItemTest, ThePreviewFillsItAndLeavesTheMouseToTheMenu)
 {
     juce::Component box;
     ColourMapMenuItem item (3, box);
+    item.setVisible (true);
     item.setSize (350, 50);
     EXPECT_EQ (item.getPreview().getBounds(), juce::Rectangle<int> (350, 50));
     EXPECT_EQ (item.getComponentAt (10, 10), &item);
