@@ -39,10 +39,8 @@ MainComponent::MainComponent (pluginCore::PluginEditor& editor, AudioPluginAudio
 {
     addAndMakeVisible (spectrogramContainer);
     addAndMakeVisible (sideBar);
-    sideBar.onSettingsToggled = [this] (bool areWanted) { setSettingsWanted (areWanted); };
-    sideBar.onExportClicked = [this] { spectrogramContainer.exportAsImage(); };
-    sideBar.onAboutClicked = [this] { aboutComponent.setVisible (true); };
     addChildComponent (settingsPanel);
+    connectPanels();
     setUpButtons();
     addChildComponent (aboutComponent);
     setOpaque (true);
@@ -64,6 +62,15 @@ MainComponent::~MainComponent()
 {
     removeMouseListener (this);
     cleanViewMode.removeListener (this);
+}
+
+void MainComponent::connectPanels()
+{
+    sideBar.onSettingsToggled = [this] (bool areWanted) { setSettingsWanted (areWanted); };
+    sideBar.onExportClicked = [this] { spectrogramContainer.exportAsImage(); };
+    sideBar.onAboutClicked = [this] { aboutComponent.setVisible (true); };
+    spectrogramContainer.onSampleRateChanged = [this] (double rate)
+    { settingsPanel.updateFreqSliderTextFunctions (rate); };
 }
 
 void MainComponent::setUpButtons()

@@ -44,6 +44,7 @@ public:
 private:
     using FreezeButton = pluginCore::ComponentIgnoringRightButton<juce::DrawableButton>;
 
+    void connectPanels();
     void setUpButtons();
     void valueChanged (juce::Value&) override;
     void updateView();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "RetinaParamLabel.h"
 
+#include "plugin_core/attachments/UndoFlush.h"
 #include "plugin_core/controls/ComponentIgnoringRightButton.h"
 #include "plugin_core/look/ScaleRule.h"
 #include "plugin_core/look/StyleProperties.h"
@@ -49,9 +50,8 @@ bool RetinaParamLabel::isOn() const { return juce::roundToInt (parameter.convert
 
 void RetinaParamLabel::flip()
 {
-    // What was changed just before, and the tree has not heard of yet, belongs to a transaction of its own.
-    state.copyState();
     attachment.setValueAsCompleteGesture (isOn() ? 0.0f : 1.0f);
+    pluginCore::flushIntoTransaction (state);
 }
 
 void RetinaParamLabel::paint (juce::Graphics& g)
@@ -70,7 +70,8 @@ void RetinaParamLabel::paint (juce::Graphics& g)
 
     g.setColour (findColour (on ? juce::TextButton::textColourOnId : juce::TextButton::textColourOffId));
     g.setFont (getLookAndFeel().getLabelFont (*this));
-    g.drawFittedText (getText(), getLocalBounds().reduced (getWidth() / 12, 0), getJustificationType(), 1, leastTextWidth);
+    g.drawFittedText (
+        getText(), getLocalBounds().reduced (getWidth() / 12, 0), getJustificationType(), 1, leastTextWidth);
 }
 
 void RetinaParamLabel::mouseDown (const juce::MouseEvent& event)

@@ -71,7 +71,6 @@ TEST_F (RetinaParamLabelTest, AClickIsOneGestureAndOneUndoTransaction)
     EXPECT_EQ (ear.events, "begin 1 end ");
 
     click (leftButton);
-    processor.getParameterState().copyState();
     ASSERT_TRUE (processor.getUndoManager().undo());
     EXPECT_FLOAT_EQ (parameter.getValue(), 1.0f);
     ASSERT_TRUE (processor.getUndoManager().undo());

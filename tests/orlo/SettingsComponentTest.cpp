@@ -298,6 +298,13 @@ TEST_F (SettingsComponentTest, FollowsTheSampleRate)
     }
 }
 
+TEST_F (SettingsComponentTest, HearsOfTheHostsSampleRate)
+{
+    processor.setRateAndBufferSizeDetails (48000.0, 64);
+    processor.prepareToPlay (48000.0, 64);
+    EXPECT_TRUE (pumpUntil ([this] { return valueText ("maxFreqSlider") == "24000 Hz"; }));
+}
+
 TEST_F (SettingsComponentTest, HasZeroHertzAsLongAsTheHostHasNotSaidTheRate)
 {
     EXPECT_EQ (processor.getSampleRate(), 0.0);
@@ -368,6 +375,17 @@ TEST_F (SettingsComponentTest, RemembersTheColourMapChosenLast)
 }
 
 //==============================================================================
+TEST_F (SettingsComponentTest, OpensAndClosesFromTheSideBar)
+{
+    auto& sideBar = editor.getMainComponent().getSideBar();
+    EXPECT_TRUE (panel.isVisible());
+    EXPECT_EQ (panel.getWidth(), 418);
+    sideBar.onSettingsToggled (false);
+    EXPECT_FALSE (panel.isVisible());
+    sideBar.onSettingsToggled (true);
+    EXPECT_TRUE (panel.isVisible());
+}
+
 TEST_F (SettingsComponentTest, ComesBackWithTheStandardView)
 {
     auto& main = editor.getMainComponent();
