@@ -6,6 +6,7 @@
 #include "orlo/look/OrloColours.h"
 #include "plugin_core/controls/ComponentIgnoringRightButton.h"
 #include "plugin_core/look/ScaleRule.h"
+#include "plugin_core/look/StyleProperties.h"
 
 namespace mk::orlo
 {
@@ -14,8 +15,9 @@ namespace
 constexpr float nameShare = 0.45f;
 constexpr float edge = 0.5f;
 
-// The name's share of the height: a class 2 text is 33 high in a row of 50.
-constexpr float nameHeightShare = 0.66f;
+// How much of the height a name takes, and how far from the colours it stands.
+constexpr float nameHeightShare = 0.56f;
+constexpr float nameGapShare = 0.2f;
 
 [[nodiscard]] int toLegalIndex (int index)
 {
@@ -27,6 +29,7 @@ ColourMapPreviewComponent::ColourMapPreviewComponent (int index, bool shouldShow
     : showName (shouldShowName), mapIndex (toLegalIndex (index))
 {
     label.setJustificationType (juce::Justification::centredLeft);
+    label.getProperties().set (pluginCore::styleProperty::cat, pluginCore::scaleRule::defaultCategory);
     label.setInterceptsMouseClicks (false, false);
     label.setAccessible (false);
 
@@ -78,6 +81,7 @@ void ColourMapPreviewComponent::resized()
         const auto nameArea = area.removeFromRight (juce::roundToInt (float (getWidth()) * nameShare));
         const auto nameHeight = juce::roundToInt (float (getHeight()) * nameHeightShare);
         label.setBounds (nameArea.withSizeKeepingCentre (nameArea.getWidth(), nameHeight));
+        label.setBorderSize ({ 0, juce::roundToInt (float (getHeight()) * nameGapShare), 0, 0 });
         gradientArea = area.toFloat();
     }
     else

@@ -132,6 +132,9 @@ void PluginLookAndFeel::SliderLabelComp::mouseDoubleClick (const juce::MouseEven
     if (! pluginCore::isEditingClick (event.mods))
         return;
 
+    // The editor that the event came to does not outlive its closing.
+    const auto ownEvent = event.getEventRelativeTo (this);
+
     if (isBeingEdited())
     {
         // The first of the two clicks has opened the editor: both together mean the slider. Two clicks in an
@@ -144,7 +147,7 @@ void PluginLookAndFeel::SliderLabelComp::mouseDoubleClick (const juce::MouseEven
         hideEditor (true);
     }
 
-    handOn (&juce::Component::mouseDoubleClick, event);
+    handOn (&juce::Component::mouseDoubleClick, ownEvent);
 }
 
 void PluginLookAndFeel::SliderLabelComp::mouseWheelMove (const juce::MouseEvent& event,

@@ -2,6 +2,7 @@
 #include "PluginSliderControl.h"
 
 #include "../attachments/UndoFlush.h"
+#include "../look/ScaleRule.h"
 #include "../look/StyleProperties.h"
 
 #include <algorithm>
@@ -135,10 +136,12 @@ void PluginSliderControl::layOutTwoValues()
     valueLabels[0]->setBounds (0, labelY, labelWidth, labelHeight);
     valueLabels[1]->setBounds (width - labelWidth, labelY, labelWidth, labelHeight);
 
-    for (const auto& name : { styleProperty::cat, styleProperty::fontScale })
-        if (const auto* value = getProperties().getVarPointer (name))
-            for (const auto& label : valueLabels)
-                label->getProperties().set (name, *value);
+    for (const auto& label : valueLabels)
+    {
+        auto& style = label->getProperties();
+        style.set (styleProperty::cat, getProperties().getWithDefault (styleProperty::cat, scaleRule::defaultCategory));
+        style.set (styleProperty::fontScale, getProperties().getWithDefault (styleProperty::fontScale, 1.0));
+    }
 }
 
 void PluginSliderControl::lookAndFeelChanged()

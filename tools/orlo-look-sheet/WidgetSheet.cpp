@@ -3,8 +3,10 @@
 
 #include "orlo/ButtonBarComponent.h"
 #include "orlo/Params.h"
+#include "orlo/display/ColourComboBoxControl.h"
+#include "orlo/display/ColourMapMenuItem.h"
+#include "orlo/display/CyclingArrowsComponent.h"
 #include "orlo/look/OrloColours.h"
-#include "plugin_core/controls/FilledPathButton.h"
 #include "plugin_core/look/StyleProperties.h"
 #include "plugin_core/look/icons/IconDrawable.h"
 
@@ -123,11 +125,11 @@ private:
         presets.getProperties().set (styleProperty::bg, true);
         presets.setEdgeIndent (int (12.0f * scale));
         addLabel ("Analysis", 1, inPanel (31, 119, 371, 40), false);
-        add (std::make_unique<ButtonBarComponent> (state, Params::id::mode), inPanel (34, 175, 334, 60));
+        add (std::make_unique<ButtonBarComponent> (parameters, Params::id::mode), inPanel (34, 175, 334, 60));
         addLabel ("FFT Size", 2, inPanel (0, 251, 183, 56), true);
         addBox ("2048", inPanel (199, 251, 169, 56));
         addLabel ("Display", 1, inPanel (31, 347, 371, 40), false);
-        add (std::make_unique<ButtonBarComponent> (state, Params::id::drawMode), inPanel (34, 403, 278, 60));
+        add (std::make_unique<ButtonBarComponent> (parameters, Params::id::drawMode), inPanel (34, 403, 278, 60));
         addIcon (Icon::autoPause, inPanel (324, 403, 40, 56)).setToggleState (true, juce::dontSendNotification);
         addLabel ("Scale", 2, inPanel (0, 479, 157, 56), true);
         addBox ("Mel", inPanel (173, 479, 123, 56));
@@ -140,13 +142,10 @@ private:
         addLabel ("Min Freq", 2, inPanel (0, 653, 157, 39), true);
         addSlider (0.0, " Hz", inPanel (173, 653, 196, 39));
         addLabel ("Colour", 1, inPanel (31, 732, 371, 40), false);
-        addBox ("magma", inPanel (34, 788, 253, 56));
-        add (
-            std::make_unique<pluginCore::FilledPathButton> ("previous", pluginCore::makeIconPath (Icon::arrowLeft, 24)),
-            inPanel (293, 794, 36, 44));
-        add (std::make_unique<pluginCore::FilledPathButton> ("next", pluginCore::makeIconPath (Icon::arrowRight, 24)),
-             inPanel (330, 794, 36, 44))
-            .setState (juce::Button::buttonOver);
+        add (std::make_unique<ColourComboBoxControl> (parameters, Params::id::colourMap), inPanel (34, 788, 253, 56));
+        auto& arrows = add (std::make_unique<CyclingArrowsComponent>(), inPanel (293, 794, 73, 44));
+        arrows.getNextButton().setState (juce::Button::buttonOver);
+        add (std::make_unique<ColourMapPreviewComponent> (0, false), inPanel (34, 860, 334, 44));
         addSlider (10.0, " dB", inPanel (34, 912, 83, 39), true);
         addSlider (60.0, " dB", inPanel (284, 912, 83, 39), true);
     }
@@ -193,12 +192,18 @@ private:
         add (std::make_unique<juce::TextEditor>(), { 560, 460, 300, 50 }).setText ("A text field");
         add (std::make_unique<juce::ScrollBar> (true), { 900, 400, 16, 120 }).setRangeLimits (0.0, 100.0);
         static_cast<juce::ScrollBar*> (places.back().first.get())->setCurrentRange (20.0, 40.0);
+        for (int i = 0; i < 6; ++i)
+        {
+            const juce::Rectangle<int> area { 560 + i % 2 * 310, 580 + i / 2 * 54, 300, 50 };
+            add (std::make_unique<ColourMapMenuItem> (2 + 5 * i, *this), area).setHighlighted (i == 3);
+        }
+
         add (std::make_unique<juce::ToggleButton> ("A toggle"), { 560, 530, 200, 40 })
             .setToggleState (true, juce::dontSendNotification);
     }
 
     juce::AudioProcessorGraph processor;
-    juce::AudioProcessorValueTreeState state { processor, nullptr, "PARAMS", Params::createLayout() };
+    juce::AudioProcessorValueTreeState parameters { processor, nullptr, "PARAMS", Params::createLayout() };
     const float scale;
     std::vector<std::pair<std::unique_ptr<juce::Component>, juce::Rectangle<int>>> places;
 };

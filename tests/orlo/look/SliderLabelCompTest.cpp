@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "orlo/look/SliderLabelComp.h"
+#include "plugin_core/look/StyleProperties.h"
+#include "tests/support/PeerMouse.h"
 #include "tests/support/StyledWindow.h"
 
 #include <gtest/gtest.h>
@@ -125,6 +127,90 @@ TEST_F (SliderTextBoxMouseTest, TheEditorHasTheTextsFontAndJustification)
     EXPECT_FLOAT_EQ (editor->getFont().getHeight(), window.style.getLabelFont (*box).getHeight());
     EXPECT_EQ (editor->getJustificationType(), juce::Justification::centred);
     box->hideEditor (true);
+}
+
+/** A slider as the panel has it, all covered by its text, in a real window. */
+class SliderTextInWindowTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        if (! test::Screen::getInstance().isAvailable())
+            GTEST_SKIP() << "no display";
+
+        window = std::make_unique<test::Window> (400, 200);
+        mouse = std::make_unique<test::PeerMouse> (*window);
+        window->setLookAndFeel (&style);
+        slider.getProperties().set (pluginCore::styleProperty::buttonSlider, true);
+        slider.setSliderSnapsToMousePosition (false);
+        slider.setRange (0.0, 10.0);
+        slider.setValue (7.0);
+        slider.setDoubleClickReturnValue (true, 2.0);
+        window->addAndMakeVisible (slider);
+        slider.setBounds (50, 50, 200, 40);
+        slider.sendLookAndFeelChange();
+
+        for (auto* child : slider.getChildren())
+            if (auto* found = dynamic_cast<PluginLookAndFeel::SliderLabelComp*> (child))
+                box = found;
+
+        ASSERT_NE (box, nullptr);
+        ASSERT_EQ (box->getBounds(), slider.getLocalBounds());
+    }
+
+    void TearDown() override
+    {
+        if (window != nullptr)
+            window->setLookAndFeel (nullptr);
+    }
+
+    PluginLookAndFeel style;
+    std::unique_ptr<test::Window> window;
+    std::unique_ptr<test::PeerMouse> mouse;
+    juce::Slider slider { juce::Slider::LinearHorizontal, juce::Slider::TextBoxLeft };
+    PluginLookAndFeel::SliderLabelComp* box = nullptr;
+    const juce::Point<float> place { 60.0f, 20.0f };
+};
+
+TEST_F (SliderTextInWindowTest, AClickEditsTheText)
+{
+    mouse->click (slider, place);
+    EXPECT_TRUE (box->isBeingEdited());
+    EXPECT_DOUBLE_EQ (slider.getValue(), 7.0);
+}
+
+TEST_F (SliderTextInWindowTest, ADoubleClickResetsTheSlider)
+{
+    mouse->doubleClick (slider, place);
+    EXPECT_FALSE (box->isBeingEdited());
+    EXPECT_DOUBLE_EQ (slider.getValue(), 2.0);
+}
+
+TEST_F (SliderTextInWindowTest, ADoubleClickInAnOpenEditorIsForItsText)
+{
+    mouse->click (slider, place);
+    ASSERT_TRUE (box->isBeingEdited());
+    mouse->doubleClick (slider, place);
+    EXPECT_TRUE (box->isBeingEdited());
+    EXPECT_DOUBLE_EQ (slider.getValue(), 7.0);
+}
+
+TEST_F (SliderTextInWindowTest, ADragMovesTheSliderAndEditsNothing)
+{
+    mouse->press (slider, place);
+    mouse->drag (slider, place.translated (-50.0f, 0.0f));
+    mouse->release (slider, place.translated (-50.0f, 0.0f));
+    EXPECT_FALSE (box->isBeingEdited());
+    EXPECT_LT (slider.getValue(), 7.0);
+}
+
+TEST_F (SliderTextInWindowTest, NeitherTheRightButtonNorCtrlEditsTheText)
+{
+    for (const auto modifiers : { test::PeerMouse::right, test::PeerMouse::left | test::PeerMouse::ctrl })
+    {
+        mouse->click (slider, place, modifiers);
+        EXPECT_FALSE (box->isBeingEdited());
+    }
 }
 
 TEST (CaretTest, TheCaretKeepsItsOwnWidth)

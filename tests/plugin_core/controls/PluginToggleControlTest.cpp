@@ -33,6 +33,7 @@ protected:
     void click (int modifiers = PeerMouse::left)
     {
         PeerMouse (*window).click (control.getButton(), { 20.0f, 20.0f }, modifiers);
+        orlo::test::pumpPending();
     }
 
     orlo::test::TestProcessor processor;
