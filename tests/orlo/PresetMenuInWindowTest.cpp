@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "orlo/Params.h"
-#include "tests/orlo/SettingsPanel.h"
-#include "tests/support/PeerMouse.h"
+#include "tests/orlo/SettingsInWindow.h"
 
 #include <gtest/gtest.h>
 
@@ -10,46 +9,21 @@ namespace mk::orlo::test
 namespace
 {
 /** The preset menu in a real window. */
-class PresetMenuInWindowTest : public SettingsPanelTest
+class PresetMenuInWindowTest : public SettingsInWindowTest
 {
 protected:
     PresetMenuInWindowTest()
     {
-        if (! Screen::getInstance().isAvailable())
-            return;
-
-        window = std::make_unique<Window> (1050, 578);
-        editor.setSize (1050, 578);
-        window->addAndMakeVisible (editor);
-
-        // Its first look at the new window would close the menu.
-        editor.getMoveDetector().stopTimer();
-        pumpPending();
-
-        auto& actions = panel.getPresetActions();
-        actions.showPage = [this] (const juce::URL& url) { shownPage = url.toString (true); };
+        panel.getPresetActions().showPage = [this] (const juce::URL& url) { shownPage = url.toString (true); };
     }
 
     ~PresetMenuInWindowTest() override
     {
         juce::PopupMenu::dismissAllActiveMenus();
         pumpPending();
-
-        if (window != nullptr)
-            window->removeChildComponent (&editor);
     }
 
-    void SetUp() override
-    {
-        if (window == nullptr)
-            GTEST_SKIP() << "needs a screen";
-    }
-
-    void click (int modifiers)
-    {
-        auto& button = child ("presetsButton");
-        PeerMouse (*window).click (button, button.getLocalBounds().getCentre().toFloat(), modifiers);
-    }
+    void click (int modifiers) { clickOn (child ("presetsButton"), modifiers); }
 
     [[nodiscard]] static juce::Component* getMenu() { return juce::Component::getCurrentlyModalComponent(); }
 
@@ -76,7 +50,6 @@ protected:
         return pumpUntil ([] { return getMenu() == nullptr; });
     }
 
-    std::unique_ptr<Window> window;
     juce::String shownPage;
 };
 
