@@ -66,7 +66,7 @@ void forEachPanel (const std::function<void (const juce::String& name, juce::Com
         processor.prepareToPlay (sampleRate, blockSize);
         LocalisedStringsManager().setLanguage (language);
 
-        for (const auto width : { 1050, 1818 })
+        for (const auto width : { 1050, 1818, 3840 })
         {
             AudioPluginAudioProcessorEditor editor (processor);
             editor.setSize (width, juce::roundToInt (float (width) / 1.818f));
