@@ -22,7 +22,7 @@ constexpr int pollEveryMs = 40;
 [[nodiscard]] bool isOn (const juce::RangedAudioParameter& parameter) { return parameter.getValue() >= 0.5f; }
 } // namespace
 
-MainComponent::MainComponent (pluginCore::PluginEditor&, AudioPluginAudioProcessor& audioProcessor)
+MainComponent::MainComponent (pluginCore::PluginEditor& editor, AudioPluginAudioProcessor& audioProcessor)
     : processor (audioProcessor),
       freezeButton (std::make_unique<FreezeButton> (juce::String(), juce::DrawableButton::ImageFitted)),
       cleanViewMode (audioProcessor.getUIView().getCleanViewModeValue()),
@@ -33,12 +33,15 @@ MainComponent::MainComponent (pluginCore::PluginEditor&, AudioPluginAudioProcess
       keyboardAttachment (keyboardParameter, [this] (float) { resized(); }),
       freezeAttachment (freezeParameter, [this] (float value) { updateFreezeButton (value); }),
       freezeButtonAttachment (freezeParameter, *freezeButton, &audioProcessor.getUndoManager()),
+      sideBar (audioProcessor),
+      settingsPanel (editor, audioProcessor),
       spectrogramContainer (audioProcessor, audioProcessor.getFftProcessor(), audioProcessor.getImageBuilder()),
       aboutComponent (audioProcessor)
 {
     addAndMakeVisible (spectrogramContainer);
     addAndMakeVisible (sideBar);
     addChildComponent (settingsPanel);
+    connectPanels();
     setUpButtons();
     addChildComponent (aboutComponent);
     setOpaque (true);
@@ -60,6 +63,15 @@ MainComponent::~MainComponent()
 {
     removeMouseListener (this);
     cleanViewMode.removeListener (this);
+}
+
+void MainComponent::connectPanels()
+{
+    sideBar.onSettingsToggled = [this] (bool areWanted) { setSettingsWanted (areWanted); };
+    sideBar.onExportClicked = [this] { spectrogramContainer.exportAsImage(); };
+    sideBar.onAboutClicked = [this] { aboutComponent.setVisible (true); };
+    spectrogramContainer.onSampleRateChanged = [this] (double rate)
+    { settingsPanel.updateFreqSliderTextFunctions (rate); };
 }
 
 void MainComponent::setUpButtons()

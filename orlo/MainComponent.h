@@ -3,6 +3,8 @@
 
 #include "AboutComponent.h"
 #include "MainLayout.h"
+#include "SettingsComponent.h"
+#include "SideBarComponent.h"
 #include "display/SpectrogramContainer.h"
 
 #include "plugin_core/controls/ComponentIgnoringRightButton.h"
@@ -25,8 +27,8 @@ public:
     [[nodiscard]] juce::Button& getViewButton() noexcept { return viewButton; }
     [[nodiscard]] juce::Button& getFreezeButton() noexcept { return *freezeButton; }
     [[nodiscard]] juce::Button& getExportButton() noexcept { return exportButton; }
-    [[nodiscard]] juce::Component& getSideBar() noexcept { return sideBar; }
-    [[nodiscard]] juce::Component& getSettingsPanel() noexcept { return settingsPanel; }
+    [[nodiscard]] SideBarComponent& getSideBar() noexcept { return sideBar; }
+    [[nodiscard]] SettingsComponent& getSettingsPanel() noexcept { return settingsPanel; }
     [[nodiscard]] AboutComponent& getAboutComponent() noexcept { return aboutComponent; }
 
     /** Opens or closes the settings panel; in Full View it waits for the Standard View. */
@@ -43,6 +45,7 @@ public:
 private:
     using FreezeButton = pluginCore::ComponentIgnoringRightButton<juce::DrawableButton>;
 
+    void connectPanels();
     void setUpButtons();
     void valueChanged (juce::Value&) override;
     void updateView();
@@ -61,7 +64,8 @@ private:
     juce::RangedAudioParameter &rulerParameter, &keyboardParameter, &freezeParameter;
     juce::ParameterAttachment rulerAttachment, keyboardAttachment, freezeAttachment;
     juce::ButtonParameterAttachment freezeButtonAttachment;
-    juce::Component sideBar, settingsPanel;
+    SideBarComponent sideBar;
+    SettingsComponent settingsPanel;
     bool settingsWanted = false;
     bool focusCameByKey = false;
     SpectrogramContainer spectrogramContainer;

@@ -3,6 +3,8 @@
 
 #include "EditorSize.h"
 
+#include "plugin_core/controls/PluginSliderControl.h"
+#include "plugin_core/controls/PluginToggleControl.h"
 #include "plugin_core/look/SharedLookAndFeel.h"
 #include "plugin_core/processor/PluginProcessor.h"
 
@@ -11,6 +13,26 @@ namespace mk::pluginCore
 namespace
 {
 constexpr float cornerPerHeight = 0.05f;
+
+/** The control of that kind that the component is or lies in. */
+template <typename Control>
+[[nodiscard]] const Control* findControl (const juce::Component& component)
+{
+    const auto* const control = dynamic_cast<const Control*> (&component);
+    return control != nullptr ? control : component.findParentComponentOfClass<Control>();
+}
+
+/** The parameter that a component sets; components other than sliders and toggles have it for their name. */
+[[nodiscard]] juce::String findParameterId (const juce::Component& component)
+{
+    if (const auto* const slider = findControl<PluginSliderControl> (component))
+        return slider->getParamIDs()[0];
+
+    if (const auto* const toggle = findControl<PluginToggleControl> (component))
+        return toggle->getParamID();
+
+    return component.getName();
+}
 } // namespace
 
 /** Hears of every resize, after resized(): no product has to pass it on. */
@@ -158,7 +180,7 @@ void PluginEditor::broughtToFront() { juce::PopupMenu::dismissAllActiveMenus(); 
 
 int PluginEditor::getControlParameterIndex (juce::Component& component)
 {
-    const auto* const parameter = pluginProcessor.getParameterState().getParameter (component.getName());
+    const auto* const parameter = pluginProcessor.getParameterState().getParameter (findParameterId (component));
     return parameter != nullptr ? parameter->getParameterIndex() : -1;
 }
 

@@ -54,6 +54,9 @@ bool writeAll (const juce::File& folder)
     show ("text", makeTextSheet(), 1818, 1.0f);
     show ("menu", makeMenuSheet(), 1818, 1.0f);
     juce::LookAndFeel::setDefaultLookAndFeel (nullptr);
+
+    forEachPanel ([&] (const juce::String& name, juce::Component& window)
+                  { ok = write (window, folder.getChildFile (name + ".png"), 1.0f) && ok; });
     return ok;
 }
 } // namespace
@@ -67,6 +70,9 @@ int main (int argc, char* argv[])
         return 1;
     }
 
+    // Without a window manager some properties of windows are unknown to the X server, whose complaints end the
+    // program unless JUCE takes it for an application and catches them.
+    juce::JUCEApplicationBase::createInstance = []() -> juce::JUCEApplicationBase* { return nullptr; };
     const juce::ScopedJuceInitialiser_GUI juce;
     const auto folder = juce::File::getCurrentWorkingDirectory().getChildFile (juce::String::fromUTF8 (argv[1]));
 

@@ -3,6 +3,8 @@
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
+#include <functional>
+
 namespace mk::orlo::lookSheet
 {
 
@@ -14,5 +16,9 @@ namespace mk::orlo::lookSheet
 /** The controls in all their states, and the side bar and the settings panel as the window has them. The
     size is that of the part that a window of the given width shows. */
 [[nodiscard]] std::unique_ptr<juce::Component> makeWidgetSheet (int editorWidth);
+
+/** The plug-in's window with its settings panel open, in each language and at several sizes, and with the
+    preset menu open. */
+void forEachPanel (const std::function<void (const juce::String& name, juce::Component& window)>& show);
 
 } // namespace mk::orlo::lookSheet

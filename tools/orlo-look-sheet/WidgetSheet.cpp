@@ -155,20 +155,20 @@ private:
         const std::array states { juce::Button::buttonNormal, juce::Button::buttonOver, juce::Button::buttonDown };
         int x = 560;
 
-        for (const auto state : states)
+        for (const auto buttonState : states)
         {
-            add (std::make_unique<juce::TextButton> ("Button"), { x, 40, 170, 56 }).setState (state);
+            add (std::make_unique<juce::TextButton> ("Button"), { x, 40, 170, 56 }).setState (buttonState);
             auto& on = add (std::make_unique<juce::TextButton> ("Button on"), { x, 110, 170, 56 });
             on.setToggleState (true, juce::dontSendNotification);
-            on.setState (state);
+            on.setState (buttonState);
 
             auto& withGround = addIcon (Icon::presets, { x, 180, 56, 56 });
             withGround.getProperties().set (styleProperty::bg, true);
             withGround.setEdgeIndent (int (14.0f * scale));
-            withGround.setState (state);
-            addIcon (Icon::freeze, { x + 80, 180, 56, 56 }).setState (state);
-            addIcon (Icon::viewFull, { x, 800, 60, 60 }).setState (state);
-            addIcon (Icon::exportPicture, { x + 80, 800, 60, 60 }).setState (state);
+            withGround.setState (buttonState);
+            addIcon (Icon::freeze, { x + 80, 180, 56, 56 }).setState (buttonState);
+            addIcon (Icon::viewFull, { x, 800, 60, 60 }).setState (buttonState);
+            addIcon (Icon::exportPicture, { x + 80, 800, 60, 60 }).setState (buttonState);
             x += 200;
         }
 

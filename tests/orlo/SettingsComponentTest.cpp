@@ -1,0 +1,404 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "orlo/SettingsComponent.h"
+
+#include "orlo/Params.h"
+#include "orlo/SettingsLayout.h"
+#include "plugin_core/look/StyleProperties.h"
+#include "tests/orlo/SettingsPanel.h"
+#include "tests/support/MessageLoop.h"
+#include "tests/support/Mouse.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+namespace mk::orlo::test
+{
+namespace
+{
+namespace styleProperty = pluginCore::styleProperty;
+
+/** Every child with the place that it has to be in. */
+constexpr std::array<std::pair<const char*, juce::Rectangle<int> SettingsLayout::*>, 26> places { {
+    { "title", &SettingsLayout::title },
+    { "presetsButton", &SettingsLayout::presetsButton },
+    { "analysisHeading", &SettingsLayout::analysisHeading },
+    { "modeBar", &SettingsLayout::modeBar },
+    { "fftSizeLabel", &SettingsLayout::fftSizeLabel },
+    { "fftSizeBox", &SettingsLayout::fftSizeBox },
+    { "displayHeading", &SettingsLayout::displayHeading },
+    { "hiDPILabel", &SettingsLayout::hiDPILabel },
+    { "drawModeBar", &SettingsLayout::drawModeBar },
+    { "autoFreezeToggle", &SettingsLayout::autoFreezeToggle },
+    { "scaleLabel", &SettingsLayout::scaleLabel },
+    { "scaleBox", &SettingsLayout::scaleBox },
+    { "keyboardToggle", &SettingsLayout::keyboardToggle },
+    { "rulerToggle", &SettingsLayout::rulerToggle },
+    { "speedLabel", &SettingsLayout::speedLabel },
+    { "speedSlider", &SettingsLayout::speedSlider },
+    { "maxFreqLabel", &SettingsLayout::maxFreqLabel },
+    { "maxFreqSlider", &SettingsLayout::maxFreqSlider },
+    { "minFreqLabel", &SettingsLayout::minFreqLabel },
+    { "minFreqSlider", &SettingsLayout::minFreqSlider },
+    { "colourHeading", &SettingsLayout::colourHeading },
+    { "colourBox", &SettingsLayout::colourBox },
+    { "arrows", &SettingsLayout::arrows },
+    { "colourPreview", &SettingsLayout::colourPreview },
+    { "floorSlider", &SettingsLayout::floorSlider },
+    { "ceilingSlider", &SettingsLayout::ceilingSlider },
+} };
+
+/** What the user can hold the mouse over in a control. */
+struct HelpText
+{
+    const char* id;
+    const char* parameter;
+    const char* text;
+};
+
+constexpr std::array helpTexts {
+    HelpText { "presetsButton", nullptr, "Open the preset menu to save, load, or reset settings" },
+    HelpText { "fftSizeBox", Params::id::fftSize, "Sets the analysis window length" },
+    HelpText { "hiDPILabel", Params::id::hiDPI, "Enables sharper rendering on high-resolution displays" },
+    HelpText { "autoFreezeToggle",
+               Params::id::autoFreeze,
+               "Auto-Pause: Pauses the display automatically when the DAW transport stops" },
+    HelpText { "scaleBox",
+               Params::id::freqScale,
+               "Choose how frequencies are distributed vertically (Linear, Log, Mel, Bark, ERB)" },
+    HelpText { "keyboardToggle", Params::id::keyboard, "Show or hide the piano keyboard" },
+    HelpText { "rulerToggle", Params::id::ruler, "Show or hide the frequency ruler" },
+    HelpText { "speedSlider", Params::id::speed, "Controls how fast the spectrogram scrolls" },
+    HelpText { "maxFreqSlider", Params::id::maxFreq, "Set the highest frequency shown in the spectrogram" },
+    HelpText { "minFreqSlider", Params::id::minFreq, "Set the lowest frequency shown in the spectrogram" },
+    HelpText { "colourBox", Params::id::colourMap, "Select a colour palette for the spectrogram" },
+    HelpText { "floorSlider", Params::id::floor, "Adjust the lower amplitude limit to reveal quieter details" },
+    HelpText { "ceilingSlider", Params::id::ceiling, "Adjust the upper amplitude limit for the brightest levels" },
+};
+
+using SettingsComponentTest = SettingsPanelTest;
+
+//==============================================================================
+TEST_F (SettingsComponentTest, PutsEveryChildIntoItsPlace)
+{
+    EXPECT_EQ (panel.getNumChildComponents(), int (places.size()));
+
+    for (const auto& [width, height] : { std::pair (241, 550), std::pair (418, 1000), std::pair (883, 2112) })
+    {
+        panel.setSize (width, height);
+        const auto layout = SettingsLayout::forSize (width, height);
+
+        for (const auto& [id, place] : places)
+            EXPECT_EQ (child (id).getBounds(), layout.*place) << id << " at " << width;
+    }
+
+    for (const auto side : { 0, 1, 5, 20 })
+        panel.setSize (side, side);
+}
+
+TEST_F (SettingsComponentTest, ShowsTheSwitchOfTheResolutionOnHighDensityDisplaysAlone)
+{
+    EXPECT_FALSE (child ("hiDPILabel").isVisible());
+    panel.setOnRetinaDisplay (true);
+    EXPECT_TRUE (child ("hiDPILabel").isVisible());
+    panel.setOnRetinaDisplay (false);
+    EXPECT_FALSE (child ("hiDPILabel").isVisible());
+
+    // The window's watch is what tells.
+    static_cast<pluginCore::PluginMoveDetector::Listener&> (panel).retinaStateChanged (editor.getMoveDetector(), true);
+    EXPECT_TRUE (child ("hiDPILabel").isVisible());
+}
+
+TEST_F (SettingsComponentTest, ShowsAllRowsInEveryMode)
+{
+    for (const auto* const id : { Params::id::mode, Params::id::drawMode })
+    {
+        for (const auto value : { 0.0f, 1.0f })
+        {
+            setNormalised (id, value);
+            pumpPending();
+
+            for (const auto& [childId, place] : places)
+                EXPECT_EQ (child (childId).isVisible(), juce::String (childId) != "hiDPILabel") << childId;
+        }
+    }
+}
+
+TEST_F (SettingsComponentTest, SetsItsSlidersUpAsFlatBars)
+{
+    for (const auto* const id : { "speedSlider", "maxFreqSlider", "minFreqSlider", "floorSlider", "ceilingSlider" })
+    {
+        const auto isGain = juce::StringArray { "floorSlider", "ceilingSlider" }.contains (id);
+        EXPECT_TRUE (bool (child (id).getProperties()[styleProperty::buttonSlider])) << id;
+        EXPECT_EQ (bool (child (id).getProperties()[styleProperty::reversed]), isGain) << id;
+        EXPECT_EQ (slider (id).getMouseDragSensitivity(), 125) << id;
+    }
+
+    for (const auto* const id : { "fftSizeBox", "scaleBox" })
+        EXPECT_EQ (int (inner<juce::ComboBox> (id).getProperties()[styleProperty::numCol]), 2) << id;
+}
+
+//==============================================================================
+TEST_F (SettingsComponentTest, GivesEveryControlItsHelpText)
+{
+    panel.setOnRetinaDisplay (true);
+
+    for (const auto& help : helpTexts)
+    {
+        bool found = false;
+
+        forEachBelow (child (help.id),
+                      [&] (juce::Component& component)
+                      {
+                          // The line of help asks what is under the mouse first: a part without a text of its own
+                          // would leave it empty.
+                          if (auto* const client = dynamic_cast<juce::TooltipClient*> (&component))
+                          {
+                              if (component.isVisible() && dynamic_cast<juce::CaretComponent*> (&component) == nullptr)
+                              {
+                                  EXPECT_EQ (client->getTooltip(), juce::translate (help.text)) << help.id;
+                                  found = true;
+                              }
+                          }
+                      });
+
+        EXPECT_TRUE (found) << help.id;
+    }
+
+    const auto expectTips = [this] (const char* id, const char* first, const char* second)
+    {
+        auto& bar = dynamic_cast<ButtonBarComponent&> (child (id));
+        ASSERT_EQ (bar.getNumButtons(), 2);
+        EXPECT_EQ (bar.getButton (0).getTooltip(), juce::translate (first));
+        EXPECT_EQ (bar.getButton (1).getTooltip(), juce::translate (second));
+    };
+
+    expectTips ("modeBar", "Standard FFT", "Sharper, more precise analysis");
+    expectTips ("drawModeBar",
+                "Show a looping spectrogram that updates in place",
+                "Scroll the spectrogram continuously from right to left");
+}
+
+TEST_F (SettingsComponentTest, KeepsTheHelpOfATogglesInBothStates)
+{
+    for (const auto* const id : { "autoFreezeToggle", "keyboardToggle", "rulerToggle" })
+    {
+        auto& button = inner<juce::Button> (id);
+        const auto tip = button.getTooltip();
+        button.setToggleState (true, juce::sendNotificationSync);
+        EXPECT_EQ (button.getTooltip(), tip) << id;
+        EXPECT_TRUE (button.getToggleState()) << id;
+    }
+
+    EXPECT_FLOAT_EQ (getValue (Params::id::autoFreeze), 1.0f);
+    EXPECT_FLOAT_EQ (getValue (Params::id::keyboard), 1.0f);
+    EXPECT_FLOAT_EQ (getValue (Params::id::ruler), 1.0f);
+}
+
+TEST_F (SettingsComponentTest, TellsTheHostTheParameterOfEveryControl)
+{
+    const auto indexOf = [this] (const char* parameterId)
+    { return processor.getParameterState().getParameter (parameterId)->getParameterIndex(); };
+
+    for (const auto& help : helpTexts)
+    {
+        if (help.parameter == nullptr)
+            continue;
+
+        bool found = false;
+
+        forEachBelow (child (help.id),
+                      [&] (juce::Component& component)
+                      { found = found || editor.getControlParameterIndex (component) == indexOf (help.parameter); });
+
+        EXPECT_TRUE (found) << help.id;
+    }
+
+    for (const auto& [id, parameterId] :
+         { std::pair ("modeBar", Params::id::mode), std::pair ("drawModeBar", Params::id::drawMode) })
+        EXPECT_EQ (editor.getControlParameterIndex (dynamic_cast<ButtonBarComponent&> (child (id)).getButton (1)),
+                   indexOf (parameterId))
+            << id;
+
+    EXPECT_EQ (editor.getControlParameterIndex (inner<juce::ComboBox> ("fftSizeBox")), indexOf (Params::id::fftSize));
+    EXPECT_EQ (editor.getControlParameterIndex (inner<juce::ComboBox> ("colourBox")), indexOf (Params::id::colourMap));
+    EXPECT_EQ (editor.getControlParameterIndex (child ("presetsButton")), -1);
+}
+
+TEST_F (SettingsComponentTest, GivesScreenReadersANameForEveryControl)
+{
+    panel.setOnRetinaDisplay (true);
+    int numControls = 0;
+
+    forEachBelow (panel,
+                  [&] (juce::Component& component)
+                  {
+                      const auto isControl = dynamic_cast<juce::Button*> (&component) != nullptr
+                                             || dynamic_cast<juce::Slider*> (&component) != nullptr
+                                             || dynamic_cast<juce::ComboBox*> (&component) != nullptr
+                                             || dynamic_cast<RetinaParamLabel*> (&component) != nullptr;
+
+                      if (! isControl)
+                          return;
+
+                      ++numControls;
+                      const auto handler = component.createAccessibilityHandler();
+                      ASSERT_NE (handler, nullptr) << component.getName();
+                      EXPECT_TRUE (handler->getTitle().isNotEmpty()) << component.getName();
+                      EXPECT_TRUE (handler->getHelp().isNotEmpty()) << handler->getTitle();
+                  });
+
+    // Presets, two bars of two, three boxes, three toggles, the tag, five sliders, two arrows.
+    EXPECT_EQ (numControls, 19);
+}
+
+//==============================================================================
+TEST_F (SettingsComponentTest, ReadsAndTypesLimitsOfFrequencyInHertz)
+{
+    panel.updateFreqSliderTextFunctions (44100.0);
+    setValue (Params::id::minFreq, 50.0f);
+    EXPECT_TRUE (pumpUntil ([this] { return valueText ("minFreqSlider") == "11025 Hz"; }));
+
+    setValue (Params::id::minFreq, 0.0f);
+    type ("minFreqSlider", "11025");
+    EXPECT_NEAR (getValue (Params::id::minFreq), 50.0f, 1.0e-4f);
+    EXPECT_EQ (valueText ("minFreqSlider"), "11025 Hz");
+
+    type ("minFreqSlider", "440 Hz");
+    EXPECT_EQ (valueText ("minFreqSlider"), "440 Hz");
+    type ("minFreqSlider", "1.5k");
+    EXPECT_EQ (valueText ("minFreqSlider"), "1500 Hz");
+    type ("minFreqSlider", "440");
+    EXPECT_EQ (valueText ("minFreqSlider"), "440 Hz");
+    type ("maxFreqSlider", "99999999");
+    EXPECT_EQ (valueText ("maxFreqSlider"), "22050 Hz");
+    type ("maxFreqSlider", "none");
+    EXPECT_EQ (valueText ("maxFreqSlider"), "0 Hz");
+}
+
+TEST_F (SettingsComponentTest, FollowsTheSampleRate)
+{
+    panel.updateFreqSliderTextFunctions (44100.0);
+    EXPECT_EQ (valueText ("maxFreqSlider"), "22050 Hz");
+    panel.updateFreqSliderTextFunctions (96000.0);
+    EXPECT_EQ (valueText ("maxFreqSlider"), "48000 Hz");
+
+    // The same rate again leaves the texts alone.
+    slider ("maxFreqSlider").textFromValueFunction = [] (double) { return "mine"; };
+    panel.updateFreqSliderTextFunctions (96000.0);
+    slider ("maxFreqSlider").updateText();
+    EXPECT_EQ (valueText ("maxFreqSlider"), "mine");
+    panel.updateFreqSliderTextFunctions (48000.0);
+    EXPECT_EQ (valueText ("maxFreqSlider"), "24000 Hz");
+
+    for (const auto rate : { 0.0, -1.0 })
+    {
+        panel.updateFreqSliderTextFunctions (rate);
+        EXPECT_EQ (valueText ("maxFreqSlider"), "0 Hz");
+    }
+}
+
+TEST_F (SettingsComponentTest, HearsOfTheHostsSampleRate)
+{
+    processor.setRateAndBufferSizeDetails (48000.0, 64);
+    processor.prepareToPlay (48000.0, 64);
+    EXPECT_TRUE (pumpUntil ([this] { return valueText ("maxFreqSlider") == "24000 Hz"; }));
+}
+
+TEST_F (SettingsComponentTest, HasZeroHertzAsLongAsTheHostHasNotSaidTheRate)
+{
+    EXPECT_EQ (processor.getSampleRate(), 0.0);
+    EXPECT_EQ (valueText ("maxFreqSlider"), "0 Hz");
+}
+
+TEST_F (SettingsComponentTest, TakesGainsAsNegative)
+{
+    type ("ceilingSlider", "40");
+    EXPECT_NEAR (getValue (Params::id::ceiling), -40.0f, 1.0e-4f);
+    EXPECT_EQ (valueText ("ceilingSlider"), "-40 dB");
+    type ("ceilingSlider", "-6 dB");
+    EXPECT_NEAR (getValue (Params::id::ceiling), -6.0f, 1.0e-4f);
+    type ("floorSlider", "1000");
+    EXPECT_NEAR (getValue (Params::id::floor), -140.0f, 1.0e-4f);
+    EXPECT_EQ (valueText ("speedSlider"), "40 %");
+    type ("speedSlider", "55");
+    EXPECT_NEAR (getValue (Params::id::speed), 55.0f, 1.0e-4f);
+}
+
+//==============================================================================
+TEST_F (SettingsComponentTest, ShowsTheColourMapHoweverItChanges)
+{
+    std::vector<int> told;
+    panel.onColourMapChanged = [&told] (int index) { told.push_back (index); };
+
+    const auto& preview = dynamic_cast<ColourMapPreviewComponent&> (child ("colourPreview"));
+    setValue (Params::id::colourMap, 7.0f);
+    EXPECT_EQ (panel.getColourMapIndex(), 7);
+    EXPECT_EQ (preview.getMapIndex(), 7);
+
+    std::thread ([this] { setValue (Params::id::colourMap, 45.0f); }).join();
+    ASSERT_TRUE (pumpUntil ([this] { return panel.getColourMapIndex() == 45; }));
+
+    inner<juce::ComboBox> ("colourBox").setSelectedId (3, juce::sendNotificationSync);
+    EXPECT_EQ (panel.getColourMapIndex(), 2);
+    EXPECT_EQ (preview.getMapIndex(), 2);
+    EXPECT_FLOAT_EQ (getValue (Params::id::colourMap), 2.0f);
+
+    // The choices held in reserve have no map.
+    setValue (Params::id::colourMap, 46.0f);
+    EXPECT_EQ (panel.getColourMapIndex(), 0);
+    setValue (Params::id::colourMap, 127.0f);
+    EXPECT_EQ (panel.getColourMapIndex(), 0);
+    EXPECT_EQ (told, (std::vector<int> { 7, 45, 2, 0, 0 }));
+}
+
+TEST_F (SettingsComponentTest, StepsThroughTheColourMapsRoundAndRound)
+{
+    auto& arrows = dynamic_cast<CyclingArrowsComponent&> (child ("arrows"));
+    arrows.getPreviousButton().onClick();
+    EXPECT_TRUE (pumpUntil ([this] { return panel.getColourMapIndex() == 45; }));
+    arrows.getNextButton().onClick();
+    EXPECT_TRUE (pumpUntil ([this] { return panel.getColourMapIndex() == 0; }));
+    arrows.getNextButton().onClick();
+    EXPECT_TRUE (pumpUntil ([this] { return panel.getColourMapIndex() == 1; }));
+    EXPECT_FLOAT_EQ (getValue (Params::id::colourMap), 1.0f);
+}
+
+TEST_F (SettingsComponentTest, RemembersTheColourMapChosenLast)
+{
+    inner<juce::ComboBox> ("colourBox").setSelectedId (18, juce::sendNotificationSync);
+    EXPECT_EQ (int (settings.getSettings()[pluginCore::SettingsIds::preferedMap]), 18);
+
+    dynamic_cast<CyclingArrowsComponent&> (child ("arrows")).getNextButton().onClick();
+    EXPECT_TRUE (
+        pumpUntil ([this] { return int (settings.getSettings()[pluginCore::SettingsIds::preferedMap]) == 19; }));
+}
+
+//==============================================================================
+TEST_F (SettingsComponentTest, OpensAndClosesFromTheSideBar)
+{
+    auto& sideBar = editor.getMainComponent().getSideBar();
+    EXPECT_TRUE (panel.isVisible());
+    EXPECT_EQ (panel.getWidth(), 418);
+    sideBar.onSettingsToggled (false);
+    EXPECT_FALSE (panel.isVisible());
+    sideBar.onSettingsToggled (true);
+    EXPECT_TRUE (panel.isVisible());
+}
+
+TEST_F (SettingsComponentTest, ComesBackWithTheStandardView)
+{
+    auto& main = editor.getMainComponent();
+    main.setSettingsWanted (true);
+    EXPECT_TRUE (panel.isVisible());
+    EXPECT_TRUE (main.getSideBar().isVisible());
+
+    processor.getUIView().cleanViewMode = true;
+    ASSERT_TRUE (pumpUntil ([&] { return ! panel.isVisible(); }));
+    EXPECT_FALSE (main.getSideBar().isVisible());
+
+    processor.getUIView().cleanViewMode = false;
+    EXPECT_TRUE (pumpUntil ([&] { return panel.isVisible() && main.getSideBar().isVisible(); }));
+}
+} // namespace
+} // namespace mk::orlo::test

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include "tests/orlo/SettingsPanel.h"
+#include "tests/support/PeerMouse.h"
+
+namespace mk::orlo::test
+{
+
+/** The settings panel in a window on the screen. Tests are skipped where there is none. */
+class SettingsInWindowTest : public SettingsPanelTest
+{
+protected:
+    SettingsInWindowTest()
+    {
+        if (! Screen::getInstance().isAvailable())
+            return;
+
+        window = std::make_unique<Window> (1050, 578);
+        editor.setSize (1050, 578);
+        window->addAndMakeVisible (editor);
+
+        // Its first look at the new window would close a menu that has just been opened.
+        editor.getMoveDetector().stopTimer();
+        pumpPending();
+    }
+
+    ~SettingsInWindowTest() override
+    {
+        if (window != nullptr)
+            window->removeChildComponent (&editor);
+    }
+
+    void SetUp() override
+    {
+        if (window == nullptr)
+            GTEST_SKIP() << "needs a screen";
+    }
+
+    /** Clicks on the middle of a component. */
+    void clickOn (juce::Component& component, int modifiers = PeerMouse::left)
+    {
+        PeerMouse (*window).click (component, component.getLocalBounds().getCentre().toFloat(), modifiers);
+    }
+
+    std::unique_ptr<Window> window;
+};
+
+} // namespace mk::orlo::test
