@@ -28,9 +28,20 @@ public:
     /** Moves the real mouse and waits until the component has it. */
     [[nodiscard]] bool moveMouseTo (juce::Component& component, juce::Point<float> position)
     {
-        Screen::getInstance().moveMouseTo (component.localPointToGlobal (position).roundToInt());
+        const auto target = component.localPointToGlobal (position).roundToInt();
         const auto mouse = juce::Desktop::getInstance().getMainMouseSource();
-        return pumpUntil ([&] { return mouse.getComponentUnderMouse() == &component; });
+
+        // From beside it, and more than once: a mouse that stood there already when the window opened would
+        // not have moved.
+        return pumpUntil (
+            [&, tries = 0]() mutable
+            {
+                if (tries % 10 == 0)
+                    Screen::getInstance().moveMouseTo (target + juce::Point { tries % 20 == 0 ? 1 : 0, 0 });
+
+                ++tries;
+                return mouse.getComponentUnderMouse() == &component;
+            });
     }
 };
 

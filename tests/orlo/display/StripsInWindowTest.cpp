@@ -58,6 +58,7 @@ protected:
         ASSERT_TRUE (pumpUntil (
             [this]
             {
+                pumpPending();
                 const auto before = ruler.numPaints + keyboard.numPaints;
                 return repaintPicture (3) && ruler.numPaints + keyboard.numPaints == before;
             }));
