@@ -232,23 +232,17 @@ TEST_F (EditorLifeTest, OnlyThePictureIsPaintedWhileItMoves)
     count (window.getContainer().getKeyboard(), numKeyboard);
     count (window.getMain().getSettingsPanel(), numPanel);
 
-    // A window is painted more than once as it opens.
     const auto getOthers = [&] { return numRuler + numKeyboard + numPanel; };
-    const auto waitForPictures = [&] (int more)
-    {
-        const auto before = numPicture;
-        return pumpUntil ([&] { return numPicture >= before + more; });
-    };
-    ASSERT_TRUE (pumpUntil (
+
+    // At least once in a few times: the window system may have the whole window painted at any moment.
+    EXPECT_TRUE (pumpUntil (
         [&]
         {
-            const auto before = getOthers();
-            return waitForPictures (5) && getOthers() == before;
-        }));
-
-    const auto before = getOthers();
-    ASSERT_TRUE (waitForPictures (30));
-    EXPECT_EQ (getOthers(), before);
+            const auto pictures = numPicture;
+            const auto others = getOthers();
+            return pumpUntil ([&] { return numPicture >= pictures + 30; }) && getOthers() == others;
+        },
+        20.0));
 }
 
 } // namespace

@@ -353,6 +353,10 @@ TEST_F (SessionTest, TheEditorOpensAtTheSizeOfTheSession)
 
 TEST_F (SessionTest, WithoutASizeTheEditorOpensAtTheUsersAndElseAtTheFirstOne)
 {
+    const pluginCore::PluginGlobalSettings settings;
+    auto tree = settings.getSettings();
+    tree.removeAllProperties (nullptr); // what other tests have left
+
     const auto openEditor = [this]
     {
         state.pluginEditorWidth = 0;
@@ -363,8 +367,6 @@ TEST_F (SessionTest, WithoutASizeTheEditorOpensAtTheUsersAndElseAtTheFirstOne)
 
     EXPECT_EQ (openEditor(), juce::Rectangle<int> (1050, 900));
 
-    const pluginCore::PluginGlobalSettings settings;
-    auto tree = settings.getSettings();
     tree.setProperty (pluginCore::SettingsIds::defaultWidth, "777", nullptr);
     tree.setProperty (pluginCore::SettingsIds::defaultHeight, "333", nullptr);
     EXPECT_EQ (openEditor(), juce::Rectangle<int> (777, 333));
