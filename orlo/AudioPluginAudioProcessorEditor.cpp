@@ -137,9 +137,6 @@ void AudioPluginAudioProcessorEditor::retinaStateChanged (pluginCore::PluginMove
     if (std::exchange (onRetinaDisplay, isOnRetinaDisplay) == isOnRetinaDisplay)
         return;
 
-    if (onRetinaStateChanged != nullptr)
-        onRetinaStateChanged (onRetinaDisplay);
-
     updateDoubleResolution (hiDPIParameter.convertFrom0to1 (hiDPIParameter.getValue()));
 }
 

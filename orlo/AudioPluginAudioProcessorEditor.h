@@ -5,8 +5,6 @@
 #include "MainComponent.h"
 #include "look/PluginLookAndFeel.h"
 
-#include <functional>
-
 namespace mk::orlo
 {
 
@@ -42,9 +40,6 @@ public:
 
     //==============================================================================
     [[nodiscard]] MainComponent& getMainComponent() noexcept { return mainComponent; }
-
-    /** Told whenever the window comes onto a high-density display or leaves it. */
-    std::function<void (bool)> onRetinaStateChanged;
 
 private:
     void valueChanged (juce::Value&) override;

@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+// A host automates every parameter while the window is open, moved and closed; needs a display.
+#include "tests/support/EditorWindow.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cmath>
+#include <thread>
+
+namespace mk::orlo::test
+{
+namespace
+{
+constexpr double stressSeconds = 10.0;
+constexpr int periodMicroseconds = 1000;
+
+/** Moves every parameter a thousand times a second, and in the end to its last value. */
+class Automation
+{
+public:
+    explicit Automation (juce::AudioProcessor& processor) : parameters (processor.getParameters()) {}
+
+    ~Automation()
+    {
+        shouldStop.store (true, std::memory_order_release);
+        thread.join();
+    }
+
+    [[nodiscard]] static float getLastValue (int index) { return index % 2 == 0 ? 0.25f : 0.5f; }
+
+private:
+    void run()
+    {
+        for (int step = 0; ! shouldStop.load (std::memory_order_acquire); ++step)
+        {
+            for (auto* const parameter : parameters)
+                parameter->setValueNotifyingHost (float ((step * 7 + parameter->getParameterIndex() * 13) % 101)
+                                                  * 0.01f);
+
+            std::this_thread::sleep_for (std::chrono::microseconds (periodMicroseconds));
+        }
+
+        for (auto* const parameter : parameters)
+            parameter->setValueNotifyingHost (getLastValue (parameter->getParameterIndex()));
+    }
+
+    const juce::Array<juce::AudioProcessorParameter*>& parameters;
+    std::atomic<bool> shouldStop { false }; // set by the test's thread, read by this one's
+    std::thread thread { [this] { run(); } };
+};
+
+/** Calls a function with every component below. */
+void forEachBelow (juce::Component& component, const std::function<void (juce::Component&)>& call)
+{
+    for (auto* const child : component.getChildren())
+    {
+        call (*child);
+        forEachBelow (*child, call);
+    }
+}
+
+/** How many controls of the panel show another value than their parameter has. */
+[[nodiscard]] int countStaleControls (juce::Component& panel, AudioPluginAudioProcessor& processor)
+{
+    auto numStale = 0;
+    const auto getValue = [&] (const juce::String& id)
+    {
+        const auto& parameter = *processor.getParameterState().getParameter (id);
+        return parameter.convertFrom0to1 (parameter.getValue());
+    };
+
+    forEachBelow (panel,
+                  [&] (juce::Component& component)
+                  {
+                      if (auto* const slider = dynamic_cast<pluginCore::PluginSliderControl*> (&component))
+                          numStale +=
+                              std::abs (slider->getSlider().getValue() - double (getValue (slider->getParamIDs()[0])))
+                              > 0.01;
+                      else if (auto* const toggle = dynamic_cast<pluginCore::PluginToggleControl*> (&component))
+                          numStale += toggle->getButton().getToggleState() != (getValue (toggle->getParamID()) >= 0.5f);
+                      else if (auto* const box = dynamic_cast<pluginCore::PluginComboBoxControl*> (&component))
+                          numStale += box->getComboBox().getSelectedItemIndex()
+                                      != std::min (juce::roundToInt (getValue (box->getParamID())),
+                                                   box->getComboBox().getNumItems() - 1);
+                  });
+
+    return numStale;
+}
+
+TEST (WindowStress, AutomationOfEveryParameterWhileTheWindowOpensMovesAndCloses)
+{
+    if (! Screen::getInstance().isAvailable())
+        GTEST_SKIP() << "needs a screen";
+
+    AudioPluginAudioProcessor processor;
+    processor.prepareToPlay (44100.0, 512);
+    const auto getNow = [] { return juce::Time::getMillisecondCounterHiRes() * 0.001; };
+    auto automation = std::make_unique<Automation> (processor);
+    auto numWindows = 0;
+
+    for (const auto end = getNow() + stressSeconds; getNow() < end; ++numWindows)
+    {
+        EditorWindow window (processor);
+        window.getMain().setSettingsWanted (true);
+
+        for (int i = 0; i < 10; ++i)
+        {
+            window.editor->setTopLeftPosition (i * 10, i * 5);
+            window.editor->setSize (600 + i * 20, 400);
+            pumpPending();
+        }
+    }
+
+    EXPECT_GT (numWindows, 0);
+
+    EditorWindow window (processor);
+    window.getMain().setSettingsWanted (true);
+    automation = nullptr;
+    EXPECT_TRUE (pumpUntil ([&] { return countStaleControls (window.getMain().getSettingsPanel(), processor) == 0; }));
+
+    for (const auto* const parameter : processor.getParameters())
+    {
+        const auto& ranged = dynamic_cast<const juce::RangedAudioParameter&> (*parameter);
+        const auto last =
+            ranged.convertTo0to1 (ranged.convertFrom0to1 (Automation::getLastValue (parameter->getParameterIndex())));
+        EXPECT_NEAR (parameter->getValue(), last, 1.0e-4f) << parameter->getName (100);
+    }
+
+    auto& container = window.getContainer();
+    EXPECT_EQ (container.getRuler().isVisible(),
+               processor.getParameterState().getParameter ("ruler")->getValue() >= 0.5f);
+}
+
+} // namespace
+} // namespace mk::orlo::test
