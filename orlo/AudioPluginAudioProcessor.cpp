@@ -2,6 +2,7 @@
 #include "AudioPluginAudioProcessor.h"
 
 #include "AudioPluginAudioProcessorEditor.h"
+#include "ParameterAccess.h"
 #include "Params.h"
 #include "Product.h"
 
@@ -42,7 +43,7 @@ void AudioPluginAudioProcessor::attachParameters()
 {
     const auto attach = [this] (const char* parameterId, std::function<void (float)> callback)
     {
-        auto& parameter = *getParameterState().getParameter (parameterId);
+        auto& parameter = findParameter (*this, parameterId);
         attachments.push_back (std::make_unique<juce::ParameterAttachment> (parameter, std::move (callback)));
         attachments.back()->sendInitialUpdate();
     };
@@ -61,10 +62,7 @@ void AudioPluginAudioProcessor::updateLevelRange()
     // From the parameters themselves: the cached raw values are updated only after the attachments have
     // been called.
     const auto valueOf = [this] (const char* parameterId)
-    {
-        const auto& parameter = *getParameterState().getParameter (parameterId);
-        return parameter.convertFrom0to1 (parameter.getValue());
-    };
+    { return getCurrentValue (findParameter (*this, parameterId)); };
 
     const auto floorDb = valueOf (Params::id::floor);
     const auto ceilingDb = valueOf (Params::id::ceiling);
@@ -94,7 +92,7 @@ void AudioPluginAudioProcessor::applyPreferredColourMap()
     // The setting counts from 1; a missing or broken one reads as 0, and stands for the first map.
     const auto text = getGlobalSettings()[pluginCore::SettingsIds::preferedMap].toString();
     const auto index = float (pluginCore::parseInteger (text).value_or (0)) - 1.0f;
-    auto& parameter = *getParameterState().getParameter (Params::id::colourMap);
+    auto& parameter = findParameter (*this, Params::id::colourMap);
 
     if (const auto value = parameter.convertTo0to1 (index); ! juce::approximatelyEqual (value, parameter.getValue()))
         parameter.setValueNotifyingHost (value);

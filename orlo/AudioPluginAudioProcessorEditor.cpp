@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "AudioPluginAudioProcessorEditor.h"
 
+#include "ParameterAccess.h"
 #include "Params.h"
 #include "WindowBounds.h"
 #include "look/OrloColours.h"
@@ -25,8 +26,8 @@ AudioPluginAudioProcessorEditor::AudioPluginAudioProcessorEditor (AudioPluginAud
       cleanViewMode (processorToEdit.getUIView().getCleanViewModeValue()),
       cleanBounds (processorToEdit.getUIView().getCleanBoundsValue()),
       normalBounds (processorToEdit.getUIView().getNormalBoundsValue()),
-      hiDPIParameter (*processorToEdit.getParameterState().getParameter (Params::id::hiDPI)),
-      colourMapAttachment (*processorToEdit.getParameterState().getParameter (Params::id::colourMap),
+      hiDPIParameter (findParameter (processorToEdit, Params::id::hiDPI)),
+      colourMapAttachment (findParameter (processorToEdit, Params::id::colourMap),
                            [this] (float value) { setColourMap (value); }),
       hiDPIAttachment (hiDPIParameter, [this] (float value) { updateDoubleResolution (value); })
 {
@@ -137,7 +138,7 @@ void AudioPluginAudioProcessorEditor::retinaStateChanged (pluginCore::PluginMove
     if (std::exchange (onRetinaDisplay, isOnRetinaDisplay) == isOnRetinaDisplay)
         return;
 
-    updateDoubleResolution (hiDPIParameter.convertFrom0to1 (hiDPIParameter.getValue()));
+    updateDoubleResolution (getCurrentValue (hiDPIParameter));
 }
 
 void AudioPluginAudioProcessorEditor::updateDoubleResolution (float hiDPIValue)

@@ -34,6 +34,7 @@ public:
                               juce::int64 latestReleaseDate) override;
     void changeLogReceived (pluginCore::UpdateChecker&, const juce::String& text) override;
 
+    void paint (juce::Graphics&) override {} // the main component covers it
     void resized() override;
     void mouseEnter (const juce::MouseEvent&) override;
     void mouseExit (const juce::MouseEvent&) override;

@@ -2,6 +2,7 @@
 #include "MainComponent.h"
 
 #include "AudioPluginAudioProcessor.h"
+#include "ParameterAccess.h"
 #include "Params.h"
 
 #include "plugin_core/look/Palette.h"
@@ -13,13 +14,6 @@ namespace
 {
 // The audio thread sets the automatic pause and tells nobody.
 constexpr int pollEveryMs = 40;
-
-[[nodiscard]] juce::RangedAudioParameter& findParameter (AudioPluginAudioProcessor& processor, const char* id)
-{
-    return *processor.getParameterState().getParameter (id);
-}
-
-[[nodiscard]] bool isOn (const juce::RangedAudioParameter& parameter) { return parameter.getValue() >= 0.5f; }
 } // namespace
 
 MainComponent::MainComponent (pluginCore::PluginEditor& editor, AudioPluginAudioProcessor& audioProcessor)
@@ -95,7 +89,7 @@ void MainComponent::setUpButtons()
     viewButton.setClickingTogglesState (true);
     viewButton.onStateChange = [this] { viewButtonChanged(); };
 
-    updateFreezeButton (freezeParameter.convertFrom0to1 (freezeParameter.getValue()));
+    updateFreezeButton (getCurrentValue (freezeParameter));
 }
 
 //==============================================================================
@@ -138,9 +132,9 @@ void MainComponent::updateView()
 
 void MainComponent::viewButtonChanged()
 {
-    if (const auto isOn = viewButton.getToggleState(); isOn != isFullView())
+    if (const auto wanted = viewButton.getToggleState(); wanted != isFullView())
     {
-        cleanViewMode = isOn;
+        cleanViewMode = wanted;
         processor.nudgeInternalParameter();
     }
 }

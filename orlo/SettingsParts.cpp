@@ -4,6 +4,7 @@
 #include "look/OrloColours.h"
 
 #include "plugin_core/controls/ComponentIgnoringRightButton.h"
+#include "plugin_core/look/ColourLookup.h"
 #include "plugin_core/look/StyleProperties.h"
 #include "plugin_core/look/icons/IconDrawable.h"
 
@@ -54,7 +55,9 @@ void setUpLabel (juce::Label& label, const juce::String& text, LabelKind kind)
     label.setText (text, juce::dontSendNotification);
     label.getProperties().set (styleProperty::cat, categoryFor (kind));
     label.setColour (juce::Label::textColourId,
-                     label.findColour (isRow ? colourId::panelLabelText : colourId::panelHeadingText));
+                     pluginCore::findColourOr (label,
+                                               isRow ? colourId::panelLabelText : colourId::panelHeadingText,
+                                               juce::Colour (pluginCore::palette::text)));
     label.setJustificationType (isRow ? juce::Justification::centredRight : juce::Justification::centredLeft);
     label.setBorderSize (juce::BorderSize<int> (0));
     label.setMinimumHorizontalScale (narrowestText);

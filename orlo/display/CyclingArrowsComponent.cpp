@@ -2,6 +2,7 @@
 #include "CyclingArrowsComponent.h"
 
 #include "orlo/look/OrloColours.h"
+#include "plugin_core/look/ColourLookup.h"
 #include "plugin_core/look/icons/Icon.h"
 
 namespace mk::orlo
@@ -37,7 +38,10 @@ CyclingArrowsComponent::CyclingArrowsComponent()
     }
 }
 
-void CyclingArrowsComponent::paint (juce::Graphics& g) { g.fillAll (findColour (colourId::arrowsBackground)); }
+void CyclingArrowsComponent::paint (juce::Graphics& g)
+{
+    g.fillAll (pluginCore::findColourOr (*this, colourId::arrowsBackground, juce::Colours::transparentBlack));
+}
 
 void CyclingArrowsComponent::resized()
 {

@@ -3,6 +3,7 @@
 
 #include "Crosshair.h"
 #include "orlo/AudioPluginAudioProcessor.h"
+#include "orlo/ParameterAccess.h"
 #include "orlo/Params.h"
 #include "orlo/analysis/HopPlan.h"
 
@@ -12,16 +13,6 @@ namespace
 {
 constexpr double shortestTickSeconds = 0.01;
 const juce::Colour crosshairColour { 0xff808080 };
-
-[[nodiscard]] juce::RangedAudioParameter& findParameter (AudioPluginAudioProcessor& processor, const char* id)
-{
-    return *processor.getParameterState().getParameter (id);
-}
-
-[[nodiscard]] float getValue (const juce::RangedAudioParameter& parameter)
-{
-    return parameter.convertFrom0to1 (parameter.getValue());
-}
 } // namespace
 
 SpectrogramComponent::SpectrogramComponent (AudioPluginAudioProcessor& audioProcessor,
@@ -91,9 +82,9 @@ void SpectrogramComponent::tick (double now)
 void SpectrogramComponent::recomputeHop()
 {
     const auto label = fftSizeParameter.getCurrentValueAsText().getIntValue();
-    const auto enhanced = juce::roundToInt (getValue (modeParameter)) != 0;
+    const auto enhanced = juce::roundToInt (getCurrentValue (modeParameter)) != 0;
     const auto plan =
-        planHop ({ label, fftProcessor.getSampleRate(), getValue (speedParameter), doubleResolution, enhanced });
+        planHop ({ label, fftProcessor.getSampleRate(), getCurrentValue (speedParameter), doubleResolution, enhanced });
 
     secondsPerColumn = plan.secondsPerColumn;
     samplesPerColumn = plan.samplesPerColumn;
@@ -252,7 +243,7 @@ void SpectrogramComponent::mouseUp (const juce::MouseEvent& event)
 
 void SpectrogramComponent::toggleFreeze()
 {
-    freezeAttachment.setValueAsCompleteGesture (getValue (freezeParameter) >= 0.5f ? 0.0f : 1.0f);
+    freezeAttachment.setValueAsCompleteGesture (isOn (freezeParameter) ? 0.0f : 1.0f);
 }
 
 } // namespace mk::orlo

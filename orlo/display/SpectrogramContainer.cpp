@@ -8,6 +8,7 @@
 #include "StripText.h"
 
 #include "orlo/AudioPluginAudioProcessor.h"
+#include "orlo/ParameterAccess.h"
 #include "orlo/Params.h"
 #include "orlo/Product.h"
 #include "plugin_core/look/StyleProperties.h"
@@ -16,13 +17,6 @@ namespace mk::orlo
 {
 namespace
 {
-[[nodiscard]] juce::RangedAudioParameter& findParameter (AudioPluginAudioProcessor& processor, const char* id)
-{
-    return *processor.getParameterState().getParameter (id);
-}
-
-[[nodiscard]] bool isOn (const juce::RangedAudioParameter& parameter) { return parameter.getValue() >= 0.5f; }
-
 void toggle (juce::ParameterAttachment& attachment, const juce::RangedAudioParameter& parameter)
 {
     attachment.setValueAsCompleteGesture (isOn (parameter) ? 0.0f : 1.0f);

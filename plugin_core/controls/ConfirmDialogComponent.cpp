@@ -3,6 +3,7 @@
 
 #include "../look/ColourIds.h"
 #include "../look/StyleProperties.h"
+#include "plugin_core/look/ColourLookup.h"
 
 namespace mk::pluginCore
 {
@@ -50,7 +51,8 @@ void ConfirmDialogComponent::lookAndFeelChanged()
 
 void ConfirmDialogComponent::colourChanged()
 {
-    questionLabel.setColour (juce::Label::textColourId, findColour (colourId::dialogText));
+    questionLabel.setColour (juce::Label::textColourId,
+                             findColourOr (*this, colourId::dialogText, juce::Colour (palette::text)));
     repaint();
 }
 

@@ -21,7 +21,7 @@ public:
     /** Both buttons end in it. */
     std::function<void()> onClose;
 
-    void setDownloadUrl (const juce::URL& url) { downloadUrl = url; }
+    void setDownloadUrl (juce::URL url) { downloadUrl = std::move (url); }
     void setText (const juce::String& changeLog) { textArea.setText (changeLog); }
 
     /** Tells screen readers of the notice and takes the keyboard. Called when it has become visible. */

@@ -39,7 +39,7 @@ public:
     void removeListener (Listener* listener) { listeners.remove (listener); }
 
     /** The folder of the site that the pages lie in. Not while a request is under way. */
-    void setBaseUrl (const juce::URL& url) { baseUrl = url; }
+    void setBaseUrl (juce::URL url) { baseUrl = std::move (url); }
 
     /** How long one request may take. Not while one is under way. */
     void setTimeLimit (int milliseconds) noexcept { timeLimitMs = milliseconds; }

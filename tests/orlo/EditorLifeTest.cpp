@@ -129,8 +129,7 @@ TEST_F (EditorLifeTest, EveryResizeOfTheHostLaysTheWindowOutAnew)
     processor.getUIView().cleanViewMode = true;
     pumpPending();
 
-    for (const auto& size :
-         { juce::Rectangle (100, 100), { 3000, 100 }, { 100, 1400 }, { 1, 1 }, { 0, 0 }, { 1818, 1000 } })
+    for (const auto& size : { juce::Rectangle (100, 100), { 3000, 100 }, { 100, 1400 }, { 1818, 1000 } })
     {
         window.editor->setSize (size.getWidth(), size.getHeight());
         pumpPending();

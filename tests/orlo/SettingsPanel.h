@@ -67,6 +67,10 @@ protected:
     /** Types over a slider's value. */
     void type (const char* id, const juce::String& text)
     {
+        // Only what is on the screen can have the keyboard.
+        editor.addToDesktop (juce::ComponentPeer::windowIsTemporary);
+        editor.setVisible (true);
+
         auto& label = inner<juce::Label> (id);
         label.showEditor();
         label.getCurrentTextEditor()->setText (text, false);

@@ -28,6 +28,13 @@ public:
         component.setBounds (bounds);
     }
 
+    /** Puts the window on the screen: only there can anything have the keyboard. */
+    void show()
+    {
+        window.addToDesktop (juce::ComponentPeer::windowIsTemporary);
+        window.setVisible (true);
+    }
+
     Style style;
 
 private:

@@ -6,22 +6,19 @@
 namespace mk::orlo::test
 {
 
+/** What a TestEditor edits; a base of it, so that it outlives the editor's own base. */
+struct TestEditorProcessor
+{
+    juce::AudioProcessorGraph graph;
+};
+
 /** An empty plug-in window of a given size, for components that look for theirs. */
-class TestEditor final : public juce::AudioProcessorEditor
+class TestEditor final : private TestEditorProcessor, public juce::AudioProcessorEditor
 {
 public:
-    TestEditor (int width, int height) : TestEditor (std::make_unique<juce::AudioProcessorGraph>(), width, height) {}
+    TestEditor (int width, int height) : juce::AudioProcessorEditor (graph) { setSize (width, height); }
 
     void resized() override {}
-
-private:
-    TestEditor (std::unique_ptr<juce::AudioProcessor> processorToOwn, int width, int height)
-        : juce::AudioProcessorEditor (processorToOwn.get()), ownedProcessor (std::move (processorToOwn))
-    {
-        setSize (width, height);
-    }
-
-    std::unique_ptr<juce::AudioProcessor> ownedProcessor;
 };
 
 } // namespace mk::orlo::test

@@ -79,7 +79,7 @@ TEST (MenuDrawingTest, AnOpenMenuHasRoomForTheWholeTextTickAndArrow)
 
     for (const auto height : { 15, 24, 46, 97 })
     {
-        const juce::String text ("Configuración de fábrica");
+        const auto text = juce::String::fromUTF8 ("Configuración de fábrica");
         int w = 0, h = 0;
         style.getIdealPopupMenuItemSizeWithOptions (text, false, height, w, h, {});
         const auto bare = idealSize (style, text, false, height);

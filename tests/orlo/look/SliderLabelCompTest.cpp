@@ -98,6 +98,7 @@ TEST_F (SliderTextBoxMouseTest, TheMouseWorksOnTheTextAsOnTheSlider)
 TEST_F (SliderTextBoxMouseTest, WhileTheTextIsEditedTheSliderHearsNothing)
 {
     ASSERT_NE (box, nullptr);
+    window.show();
     box->showEditor();
     ASSERT_TRUE (box->isBeingEdited());
     sendAll();
@@ -121,6 +122,7 @@ TEST_F (SliderTextBoxMouseTest, ABarSliderWhichListensByItselfHearsNothingTwice)
 TEST_F (SliderTextBoxMouseTest, TheEditorHasTheTextsFontAndJustification)
 {
     ASSERT_NE (box, nullptr);
+    window.show();
     box->showEditor();
     auto* editor = box->getCurrentTextEditor();
     ASSERT_NE (editor, nullptr);
