@@ -4,6 +4,7 @@
 #include "../look/ColourIds.h"
 #include "../look/StyleProperties.h"
 #include "plugin_core/look/ColourLookup.h"
+#include "plugin_core/look/Palette.h"
 
 namespace mk::pluginCore
 {

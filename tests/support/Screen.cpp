@@ -23,7 +23,8 @@ template <typename Function>
 
 Screen& Screen::getInstance()
 {
-    static Screen screen;
+    // Never destroyed: the connection stays open, and what its libraries hold would look lost without them.
+    static Screen& screen = *new Screen;
     return screen;
 }
 
