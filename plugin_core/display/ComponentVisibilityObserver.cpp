@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "ComponentVisibilityObserver.h"
 
+#include "plugin_core/window/MappedWindow.h"
+
 namespace mk::pluginCore::GuiUtils
 {
 
@@ -30,7 +32,7 @@ public:
 private:
     static constexpr int pollingMs = 40;
 
-    [[nodiscard]] bool isPeerShowing() const
+    [[nodiscard]] bool isPeerShowing()
     {
         const auto* onDesktop = &component;
 
@@ -38,20 +40,33 @@ private:
             onDesktop = onDesktop->getParentComponent();
 
         const auto* const peer = onDesktop != nullptr ? onDesktop->getPeer() : nullptr;
-        return peer != nullptr && peer->isShowing();
+
+        if (peer == nullptr || ! peer->isShowing())
+            return false;
+
+        // A new window takes a moment to come onto the screen; it counts as shown until it has been there.
+        const auto isMapped = isWindowMapped (*peer);
+        wasMapped = wasMapped || isMapped;
+        return isMapped || ! wasMapped;
     }
 
     using juce::ComponentMovementWatcher::componentMovedOrResized;
     using juce::ComponentMovementWatcher::componentVisibilityChanged;
 
     void componentMovedOrResized (bool, bool) override {}
-    void componentPeerChanged() override { update(); }
+    void componentPeerChanged() override
+    {
+        wasMapped = false;
+        update();
+    }
+
     void componentVisibilityChanged() override { update(); }
     void timerCallback() override { update(); }
 
     juce::Component& component;
     std::function<void (bool)> callback;
     bool componentShowing = false, peerShowing = false;
+    bool wasMapped = false; // since the present window is there
 };
 
 ComponentVisibilityObserver::ComponentVisibilityObserver (juce::Component& component,

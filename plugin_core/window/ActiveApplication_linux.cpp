@@ -10,10 +10,8 @@ bool isApplicationActive (const juce::Component& component)
 {
     // juce::Process::isForegroundProcess() only knows whether a window of this JUCE was given the keyboard,
     // and an editor inside a host's window seldom is.
-    static const X11ActiveWindow activeWindow;
-
     const auto* const peer = component.getPeer();
-    return activeWindow.belongsTo (peer != nullptr ? peer->getNativeHandle() : nullptr);
+    return X11ActiveWindow::getShared().belongsTo (peer != nullptr ? peer->getNativeHandle() : nullptr);
 }
 
 } // namespace mk::pluginCore

@@ -20,6 +20,12 @@ struct FreeReply
 template <typename Reply>
 using ReplyPtr = std::unique_ptr<Reply, FreeReply>;
 
+/** A window as a component's peer gives it. */
+[[nodiscard]] xcb_window_t toId (void* window) noexcept
+{
+    return xcb_window_t (reinterpret_cast<std::uintptr_t> (window));
+}
+
 /** The functions of libxcb, which is loaded and not linked: a host without a display may lack it. */
 class Xcb
 {
@@ -49,6 +55,10 @@ public:
     decltype (&xcb_get_property_value_length) getLength = find<decltype (getLength)> ("xcb_get_property_value_length");
     decltype (&xcb_query_tree) queryTree = find<decltype (queryTree)> ("xcb_query_tree");
     decltype (&xcb_query_tree_reply) queryTreeReply = find<decltype (queryTreeReply)> ("xcb_query_tree_reply");
+
+    decltype (&xcb_get_window_attributes) getAttributes = find<decltype (getAttributes)> ("xcb_get_window_attributes");
+    decltype (&xcb_get_window_attributes_reply) getAttributesReply =
+        find<decltype (getAttributesReply)> ("xcb_get_window_attributes_reply");
 
     [[nodiscard]] bool isComplete() const noexcept { return complete; }
 };
@@ -98,6 +108,17 @@ public:
         }
 
         return false;
+    }
+
+    [[nodiscard]] bool isViewable (xcb_window_t window) const
+    {
+        if (! isUsable())
+            return true;
+
+        const auto request = xcb.getAttributes (connection.get(), window);
+        const ReplyPtr<xcb_get_window_attributes_reply_t> reply (
+            xcb.getAttributesReply (connection.get(), request, nullptr));
+        return reply == nullptr || reply->map_state == XCB_MAP_STATE_VIEWABLE;
     }
 
 private:
@@ -152,6 +173,17 @@ X11ActiveWindow::X11ActiveWindow (const juce::String& displayName)
 
 X11ActiveWindow::~X11ActiveWindow() = default;
 
+const X11ActiveWindow& X11ActiveWindow::getShared()
+{
+    static const X11ActiveWindow shared;
+    return shared;
+}
+
+bool X11ActiveWindow::isViewable (void* window) const
+{
+    return window == nullptr || connection->isViewable (toId (window));
+}
+
 bool X11ActiveWindow::belongsTo (void* window) const
 {
     const auto active = connection->getActiveWindow();
@@ -163,7 +195,7 @@ bool X11ActiveWindow::belongsTo (void* window) const
         return false;
 
     return connection->getProcessId (*active) == std::uint32_t (getpid())
-           || connection->isInside (xcb_window_t (reinterpret_cast<std::uintptr_t> (window)), *active);
+           || connection->isInside (toId (window), *active);
 }
 
 } // namespace mk::pluginCore

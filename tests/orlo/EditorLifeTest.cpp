@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 // What hosts do to the window: opening and closing, hiding, scaling, reparenting; needs a display.
 #include "orlo/Params.h"
+#include "plugin_core/window/MappedWindow.h"
 #include "tests/support/EditorWindow.h"
 #include "tests/support/Window.h"
 
@@ -93,6 +94,31 @@ TEST_F (EditorLifeTest, AHiddenWindowAnalysesNothing)
     EXPECT_TRUE (pumpUntil ([this] { return isAnalysing(); }));
     window.editor->removeFromDesktop();
     EXPECT_TRUE (pumpUntil ([this] { return ! isAnalysing(); }));
+}
+
+TEST_F (EditorLifeTest, AnalysesNothingWhileTheHostsWindowIsMinimised)
+{
+    auto& screen = Screen::getInstance();
+    auto* const host = screen.createHostWindow (1200, 700);
+    std::unique_ptr<juce::AudioProcessorEditor> editor (processor.createEditorIfNeeded());
+    editor->addToDesktop (0, host);
+    editor->setVisible (true);
+    ASSERT_TRUE (pumpUntil ([this] { return isAnalysing(); }));
+
+    // Until it has been on the screen it counts as just opening.
+    const auto* const peer = editor->getPeer();
+    ASSERT_TRUE (pumpUntil ([&] { return pluginCore::isWindowMapped (*peer); }));
+    const auto ticks = processor.getFrameClock().tickCount.load();
+    ASSERT_TRUE (pumpUntil ([&] { return processor.getFrameClock().tickCount.load() > ticks + 20; })); // 200 ms or more
+
+    screen.setMapped (host, false);
+    EXPECT_TRUE (pumpUntil ([this] { return ! isAnalysing(); }));
+    screen.setMapped (host, true);
+    EXPECT_TRUE (pumpUntil ([this] { return isAnalysing(); }));
+
+    editor = nullptr;
+    pumpPending();
+    screen.destroyHostWindow (host);
 }
 
 TEST_F (EditorLifeTest, MovesIntoAnotherWindowOfTheHost)

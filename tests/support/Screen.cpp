@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "Screen.h"
 
+#include <dlfcn.h>
+
 namespace mk::orlo::test
 {
 namespace
@@ -10,27 +12,32 @@ using InternAtom = unsigned long (*) (void*, const char*, int);
 using Sync = int (*) (void*, int);
 using DefaultRootWindow = unsigned long (*) (void*);
 using WarpPointer = int (*) (void*, unsigned long, unsigned long, int, int, unsigned, unsigned, int, int);
+using CreateWindow =
+    unsigned long (*) (void*, unsigned long, int, int, unsigned, unsigned, unsigned, unsigned long, unsigned long);
+using UseWindow = int (*) (void*, unsigned long);
 using FakeButton = int (*) (void*, unsigned, int, unsigned long);
 using FakeKey = int (*) (void*, unsigned, int, unsigned long);
 using KeysymToKeycode = unsigned char (*) (void*, unsigned long);
 
 template <typename Function>
-[[nodiscard]] Function find (juce::DynamicLibrary& library, const char* name)
+[[nodiscard]] Function find (void* library, const char* name)
 {
-    return reinterpret_cast<Function> (library.getFunction (name));
+    return reinterpret_cast<Function> (dlsym (library, name));
 }
 } // namespace
 
 Screen& Screen::getInstance()
 {
-    // Never destroyed: the connection stays open, and what its libraries hold would look lost without them.
-    static Screen& screen = *new Screen;
+    static Screen screen;
     return screen;
 }
 
 Screen::Screen()
 {
-    if (! library.open ("libX11.so.6") || ! testLibrary.open ("libXtst.so.6"))
+    library = dlopen ("libX11.so.6", RTLD_NOW);
+    testLibrary = dlopen ("libXtst.so.6", RTLD_NOW);
+
+    if (library == nullptr || testLibrary == nullptr)
         return;
 
     connection = find<OpenDisplay> (library, "XOpenDisplay") (nullptr);
@@ -56,6 +63,29 @@ void Screen::moveMouseTo (juce::Point<int> position)
 {
     const auto root = find<DefaultRootWindow> (library, "XDefaultRootWindow") (connection);
     find<WarpPointer> (library, "XWarpPointer") (connection, 0, root, 0, 0, 0, 0, position.x, position.y);
+    find<Sync> (library, "XSync") (connection, 0);
+}
+
+void* Screen::createHostWindow (int width, int height)
+{
+    const auto root = find<DefaultRootWindow> (library, "XDefaultRootWindow") (connection);
+    const auto window = find<CreateWindow> (library, "XCreateSimpleWindow") (
+        connection, root, 0, 0, unsigned (width), unsigned (height), 0, 0, 0);
+    auto* const handle = reinterpret_cast<void*> (window);
+    setMapped (handle, true);
+    return handle;
+}
+
+void Screen::setMapped (void* hostWindow, bool shouldBeMapped)
+{
+    const auto* const name = shouldBeMapped ? "XMapWindow" : "XUnmapWindow";
+    find<UseWindow> (library, name) (connection, reinterpret_cast<unsigned long> (hostWindow));
+    find<Sync> (library, "XSync") (connection, 0);
+}
+
+void Screen::destroyHostWindow (void* hostWindow)
+{
+    find<UseWindow> (library, "XDestroyWindow") (connection, reinterpret_cast<unsigned long> (hostWindow));
     find<Sync> (library, "XSync") (connection, 0);
 }
 

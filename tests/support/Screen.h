@@ -19,6 +19,13 @@ public:
     /** Moves the real mouse; the windows hear of it as they would from the user. */
     void moveMouseTo (juce::Point<int> position);
 
+    /** A window of a host, mapped at the screen's upper left, for an editor to lie in. */
+    [[nodiscard]] void* createHostWindow (int width, int height);
+
+    /** Puts such a window onto the screen or, as a window manager does that minimises it, takes it off. */
+    void setMapped (void* hostWindow, bool shouldBeMapped);
+    void destroyHostWindow (void* hostWindow);
+
     /** Presses or lets go of a button of the real mouse where it stands: 1 left, 3 right, 4 and 5 the wheel. */
     void setButton (int button, bool isDown);
 
@@ -32,7 +39,8 @@ public:
 private:
     Screen();
 
-    juce::DynamicLibrary library, testLibrary;
+    // Never closed, or else what the libraries hold would look lost to a leak check.
+    void *library = nullptr, *testLibrary = nullptr;
     void* connection = nullptr; // open until the program ends, or else the server forgets everything
 };
 

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "MappedWindow.h"
+
+#include "X11ActiveWindow.h"
+
+namespace mk::pluginCore
+{
+
+bool isWindowMapped (const juce::ComponentPeer& peer)
+{
+    return X11ActiveWindow::getShared().isViewable (peer.getNativeHandle());
+}
+
+} // namespace mk::pluginCore
