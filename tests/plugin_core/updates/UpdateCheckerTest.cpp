@@ -188,7 +188,10 @@ TEST (UpdateChecker, ReadsTheBeginningOfAnEndlessReply)
     EXPECT_EQ (outcomeOf ([] (Connection& c) { answerWithoutEnd (c, "macVersion:4.6.0;macReleaseDate:5;"); }), "new 5");
 
     // Too late to be read.
-    EXPECT_EQ (outcomeOf ([] (Connection& c) { answerWithoutEnd (c, std::string (70000, ';') + newer); }), "old 0");
+
+    std::string late (70000, ';');
+    late.append (newer);
+    EXPECT_EQ (outcomeOf ([&late] (Connection& c) { answerWithoutEnd (c, late); }), "old 0");
 
     const auto log = changeLogOf ([] (Connection& c) { answerWithoutEnd (c, "New"); });
     EXPECT_EQ (log.length(), 1024 * 1024);

@@ -80,6 +80,17 @@ TEST_F (ActiveWindow, MayCloseAtAnyMoment)
     EXPECT_FALSE (active.belongsTo (orlo::test::XServer::toHandle (0x7fffff)));
 }
 
+TEST_F (ActiveWindow, IsViewableIfNobodyCanTellOtherwise)
+{
+    const X11ActiveWindow active (server.getDisplayName());
+    const auto unmapped = server.createWindow (anotherProcess);
+    EXPECT_FALSE (active.isViewable (orlo::test::XServer::toHandle (unmapped)));
+    EXPECT_TRUE (active.isViewable (nullptr));
+    EXPECT_TRUE (active.isViewable (orlo::test::XServer::toHandle (0x7fffff))) << "no such window";
+    server.stop();
+    EXPECT_TRUE (active.isViewable (orlo::test::XServer::toHandle (unmapped)));
+}
+
 TEST_F (ActiveWindow, BelongsToUsOnceTheServerHasGone)
 {
     const X11ActiveWindow active (server.getDisplayName());
