@@ -322,7 +322,9 @@ TEST_F (PluginEditorUpdatesTest, AServerThatNeverAnswersHoldsUpNeitherOpeningNor
         withoutCheck = std::min (withoutCheck, measure (0));
     }
 
-    EXPECT_LT (withServer, withoutCheck + std::chrono::milliseconds (50));
+    // Waiting for the reply or for the thread's own end would take 15 s and more.
+    RecordProperty ("millisecondsMore", int ((withServer - withoutCheck) / std::chrono::milliseconds (1)));
+    EXPECT_LT (withServer, withoutCheck + std::chrono::seconds (5));
 }
 
 } // namespace

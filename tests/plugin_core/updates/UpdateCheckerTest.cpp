@@ -309,7 +309,8 @@ TEST (UpdateChecker, IsGoneAtOnceWhileAServerNeverAnswers)
         shortest = std::min (shortest, taken);
     }
 
-    EXPECT_LT (shortest, std::chrono::milliseconds (50));
+    RecordProperty ("milliseconds", int (shortest / std::chrono::milliseconds (1)));
+    EXPECT_LT (shortest, std::chrono::seconds (5)) << "the server would have kept it for a minute";
 }
 
 } // namespace mk::pluginCore::test
