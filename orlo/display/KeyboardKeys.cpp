@@ -78,8 +78,8 @@ std::vector<KeyboardKey> buildKeyboardKeys (const FrequencyScale& scale, int wid
     if (! (min >= 0.0f && max > min))
         return {};
 
-    const auto first = juce::jmax (int (std::floor (notes::noteForFrequency (min))), lowestInnerNote) - 1;
-    const auto last = juce::jmin (int (std::ceil (notes::noteForFrequency (max))), highestInnerNote) + 1;
+    const auto first = juce::jmax (int (std::floor (notes::noteForFrequency (double (min)))), lowestInnerNote) - 1;
+    const auto last = juce::jmin (int (std::ceil (notes::noteForFrequency (double (max)))), highestInnerNote) + 1;
     const Rows rows { scale, height };
     std::vector<KeyboardKey> keys;
 

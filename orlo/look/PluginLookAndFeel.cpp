@@ -24,7 +24,7 @@ constexpr float gradientDarkening = 0.3f;
 void setTextGradient (juce::Graphics& g, const juce::Label& label, juce::Colour colour)
 {
     const auto height = float (label.getHeight());
-    const float shift = label.getProperties().getWithDefault (styleProperty::gradYProp, 0.0f);
+    const float shift = label.getProperties().getWithDefault (styleProperty::gradYProp, 0.0);
     g.setGradientFill (juce::ColourGradient::vertical (
         colour, height * (gradientStart + shift), colour.darker (gradientDarkening), height * (gradientEnd + shift)));
 }
