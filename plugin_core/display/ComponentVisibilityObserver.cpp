@@ -22,6 +22,7 @@ public:
     {
         const auto wasVisible = componentShowing && peerShowing;
         componentShowing = component.isShowing();
+        wasMapped = wasMapped && componentShowing;
         peerShowing = isPeerShowing();
         const auto visible = componentShowing && peerShowing;
 
@@ -66,7 +67,7 @@ private:
     juce::Component& component;
     std::function<void (bool)> callback;
     bool componentShowing = false, peerShowing = false;
-    bool wasMapped = false; // since the present window is there
+    bool wasMapped = false; // since the component last came to show in its present window
 };
 
 ComponentVisibilityObserver::ComponentVisibilityObserver (juce::Component& component,
