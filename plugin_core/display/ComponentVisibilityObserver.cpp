@@ -22,8 +22,10 @@ public:
     {
         const auto wasVisible = componentShowing && peerShowing;
         componentShowing = component.isShowing();
-        wasMapped = wasMapped && componentShowing;
         peerShowing = isPeerShowing();
+
+        // The system may still have a window on the screen that has just been hidden.
+        wasMapped = wasMapped && componentShowing;
         const auto visible = componentShowing && peerShowing;
 
         if (visible != wasVisible)
