@@ -60,13 +60,22 @@ TEST_F (EditorLifeTest, OpensAndClosesTwoHundredTimes)
 
 TEST_F (EditorLifeTest, FiveWindowsOfFiveInstancesStandSideBySide)
 {
+    // Small, so that painting all five leaves time for everything else even under a sanitizer.
+    const auto makeSmall = [] (AudioPluginAudioProcessor& instance)
+    {
+        instance.getSessionState().pluginEditorWidth = 300;
+        instance.getSessionState().pluginEditorHeight = 165;
+    };
+
     std::array<AudioPluginAudioProcessor, 4> others;
+    makeSmall (processor);
     EditorWindow first (processor);
     std::vector<std::unique_ptr<EditorWindow>> windows;
 
     for (auto& other : others)
     {
         other.prepareToPlay (48000.0, 256);
+        makeSmall (other);
         windows.push_back (std::make_unique<EditorWindow> (other));
         EXPECT_EQ (&windows.back()->editor->getLookAndFeel(), &first.editor->getLookAndFeel());
     }

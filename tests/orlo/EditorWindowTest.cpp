@@ -20,6 +20,11 @@ protected:
         if (! Screen::getInstance().isAvailable())
             GTEST_SKIP() << "needs a screen";
 
+#if defined(__SANITIZE_THREAD__)
+        // All of this is the message thread's, and so slow there that the mouse runs away from it.
+        GTEST_SKIP() << "not under ThreadSanitizer";
+#endif
+
         processor.prepareToPlay (44100.0, 512);
         set (Params::id::ruler, 1.0f);
         set (Params::id::keyboard, 1.0f);
