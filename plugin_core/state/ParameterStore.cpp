@@ -76,6 +76,9 @@ void ParameterStore::apply (const juce::XmlElement& xml, const juce::StringArray
     {
     }
 
+    // Two hosts' threads at once would nest their gestures.
+    const juce::ScopedLock scopedLock (gestureLock);
+
     for (const auto& [parameter, value] : locked)
     {
         parameter->beginChangeGesture();

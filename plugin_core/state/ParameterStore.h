@@ -57,9 +57,10 @@ private:
     std::vector<std::atomic<float>*> currentValues;
 
     juce::CriticalSection lock;
-    Values arriving;             // guarded by the lock: the newest values, empty when all are set
-    juce::uint64 generation = 0; // guarded by the lock: counts the arrivals
-    int numThreadsApplying = 0;  // guarded by the lock
+    juce::CriticalSection gestureLock; // held while the locked parameters speak
+    Values arriving;                   // guarded by the lock: the newest values, empty when all are set
+    juce::uint64 generation = 0;       // guarded by the lock: counts the arrivals
+    int numThreadsApplying = 0;        // guarded by the lock
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (ParameterStore)
 };
