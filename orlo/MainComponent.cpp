@@ -50,7 +50,7 @@ MainComponent::MainComponent (pluginCore::PluginEditor& editor, AudioPluginAudio
 
     // Over the children as well.
     addMouseListener (this, true);
-    frozenPoller.startTimer (pollEveryMs);
+    buttonPoller.startTimer (pollEveryMs);
 }
 
 MainComponent::~MainComponent()

@@ -70,7 +70,15 @@ private:
     bool focusCameByKey = false;
     SpectrogramContainer spectrogramContainer;
     AboutComponent aboutComponent;
-    juce::TimedCallback frozenPoller { [this] { updateExportButton(); } };
+
+    // Nothing tells when the host has stopped, nor that the mouse has left for a dialog of ours.
+    juce::TimedCallback buttonPoller {
+        [this]
+        {
+            updateExportButton();
+            updateViewButtonVisibility();
+        }
+    };
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (MainComponent)
 };

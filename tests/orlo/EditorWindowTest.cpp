@@ -2,6 +2,7 @@
 // The whole window with the real mouse and the real keyboard; needs a display.
 #include "tests/support/EditorWindow.h"
 #include "orlo/Params.h"
+#include "tests/support/PlayNoise.h"
 #include "tests/support/ScreenCapture.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -69,28 +70,7 @@ protected:
         return pumpUntil ([] { return findOpenMenu() == nullptr; });
     }
 
-    /** Lets the host play until there is something to see in the right half of the picture. */
-    [[nodiscard]] bool playNoiseUntilItShows()
-    {
-        juce::Random random (1);
-        juce::AudioBuffer<float> buffer (2, 512);
-        juce::MidiBuffer midi;
-        auto& picture = window->getPicture();
-
-        return pumpUntil (
-            [&]
-            {
-                for (int channel = 0; channel < 2; ++channel)
-                    for (int i = 0; i < buffer.getNumSamples(); ++i)
-                        buffer.setSample (channel, i, random.nextFloat() - 0.5f);
-
-                processor.processBlock (buffer, midi);
-                const auto& image = processor.getImageBuilder().getFrontImage();
-                return image.isValid() && image.getWidth() == picture.getWidth()
-                       && image.getPixelAt (image.getWidth() * 3 / 4, image.getHeight() / 2).getBrightness() > 0.1f;
-            },
-            30.0);
-    }
+    [[nodiscard]] bool playUntilItShows() { return playNoiseUntilItShows (processor, window->getPicture().getWidth()); }
 
     AudioPluginAudioProcessor processor;
     const pluginCore::PluginGlobalSettings settings;
@@ -167,7 +147,7 @@ TEST_F (EditorWindowTest, TheMenuCanBeUsedByKeys)
 
 TEST_F (EditorWindowTest, TheExportedPictureIsWhatTheScreenShows)
 {
-    ASSERT_TRUE (playNoiseUntilItShows());
+    ASSERT_TRUE (playUntilItShows());
     set (Params::id::freeze, 1.0f);
     ASSERT_TRUE (window->moveAway());
 

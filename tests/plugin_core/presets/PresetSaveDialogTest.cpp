@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
+#include "tests/support/FindComponents.h"
 #include "tests/support/MessageLoop.h"
 #include "tests/support/TestProcessor.h"
 
@@ -8,36 +9,6 @@ namespace mk::orlo::test
 {
 namespace
 {
-
-/** The open windows of a kind. */
-template <typename Type>
-[[nodiscard]] std::vector<Type*> findWindows()
-{
-    auto& desktop = juce::Desktop::getInstance();
-    std::vector<Type*> found;
-
-    for (int i = 0; i < desktop.getNumComponents(); ++i)
-        if (auto* const window = dynamic_cast<Type*> (desktop.getComponent (i)))
-            found.push_back (window);
-
-    return found;
-}
-
-/** The first component within another that fits. */
-template <typename Type, typename Condition>
-[[nodiscard]] Type* findInside (juce::Component& parent, Condition condition)
-{
-    for (auto* const child : parent.getChildren())
-    {
-        if (auto* const candidate = dynamic_cast<Type*> (child); candidate != nullptr && condition (*candidate))
-            return candidate;
-
-        if (auto* const deeper = findInside<Type> (*child, condition))
-            return deeper;
-    }
-
-    return nullptr;
-}
 
 class PresetSaveDialog : public testing::Test
 {
@@ -56,7 +27,7 @@ protected:
 
     [[nodiscard]] static juce::FileBrowserComponent& getBrowser (juce::Component& box)
     {
-        return *findInside<juce::FileBrowserComponent> (box, [] (const auto&) { return true; });
+        return *findInside<juce::FileBrowserComponent> (box);
     }
 
     /** Enters a name and presses the button to save. */

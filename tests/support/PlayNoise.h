@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include "MessageLoop.h"
+
+#include "orlo/AudioPluginAudioProcessor.h"
+
+namespace mk::orlo::test
+{
+
+/** Lets the host play noise until a picture of that width shows it three quarters to the right, which is where
+    Scroll paints first. False if it never does. [message thread] */
+[[nodiscard]] inline bool playNoiseUntilItShows (AudioPluginAudioProcessor& processor, int pictureWidth)
+{
+    juce::Random random (1);
+    juce::AudioBuffer<float> buffer (2, 512);
+    juce::MidiBuffer midi;
+
+    return pumpUntil (
+        [&]
+        {
+            for (int channel = 0; channel < 2; ++channel)
+                for (int i = 0; i < buffer.getNumSamples(); ++i)
+                    buffer.setSample (channel, i, random.nextFloat() - 0.5f);
+
+            processor.processBlock (buffer, midi);
+            const auto& image = processor.getImageBuilder().getFrontImage();
+            return image.isValid() && image.getWidth() == pictureWidth
+                   && image.getPixelAt (pictureWidth * 3 / 4, image.getHeight() / 2).getBrightness() > 0.1f;
+        },
+        30.0);
+}
+
+} // namespace mk::orlo::test
