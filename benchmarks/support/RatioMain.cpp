@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "Measure.h"
 #include "RatioReporter.h"
+#include "Window.h"
 
 #include <juce_events/juce_events.h>
 
@@ -11,6 +12,7 @@ int main (int argc, char** argv)
     if (benchmark::ReportUnrecognizedArguments (argc, argv))
         return 1;
 
+    mk::orlo::bench::allowWindowsWithoutManager();
     const juce::ScopedJuceInitialiser_GUI juce;
     mk::orlo::bench::registerBenchmarks();
     mk::orlo::bench::RatioReporter reporter;

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "Window.h"
+
+namespace juce::detail
+{
+// JUCE's own step of the message loop, the one that sleeps until there is something to do.
+bool dispatchNextMessageOnSystemQueue (bool returnIfNoPendingMessages);
+} // namespace juce::detail
+
+namespace mk::orlo::bench
+{
+namespace
+{
+// Something to wake up for, in case nothing else happens.
+constexpr int wakeEveryMs = 50;
+} // namespace
+
+void runLoop (double seconds, const std::function<bool()>& isDone)
+{
+    const auto end = juce::Time::getMillisecondCounterHiRes() + seconds * 1000.0;
+    juce::TimedCallback waker { [] {} };
+    waker.startTimer (wakeEveryMs);
+
+    while (! isDone() && juce::Time::getMillisecondCounterHiRes() < end)
+        juce::detail::dispatchNextMessageOnSystemQueue (false);
+}
+
+void allowWindowsWithoutManager()
+{
+    juce::JUCEApplicationBase::createInstance = []() -> juce::JUCEApplicationBase* { return nullptr; };
+}
+
+std::unique_ptr<AudioPluginAudioProcessorEditor> openEditor (AudioPluginAudioProcessor& processor)
+{
+    std::unique_ptr<AudioPluginAudioProcessorEditor> editor (
+        dynamic_cast<AudioPluginAudioProcessorEditor*> (processor.createEditorIfNeeded()));
+    editor->addToDesktop (juce::ComponentPeer::windowIsTemporary);
+    editor->setVisible (true);
+    return editor;
+}
+
+} // namespace mk::orlo::bench
