@@ -89,7 +89,7 @@ void measurePainting()
         SpectrogramRing ring;
         ColourMap map { 2 };
         std::vector<Column> columns { Column (1000) };
-        juce::Image snapshot;
+        Snapshot snapshot;
         std::vector<char> source = std::vector<char> (1600 * 1000 * 4), target = source;
     };
 

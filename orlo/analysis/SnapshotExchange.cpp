@@ -24,7 +24,7 @@ const juce::Image& SnapshotExchange::getFront() noexcept
         front = reinterpret_cast<Holder*> (waiting.exchange (mine, std::memory_order_acq_rel) & ~freshBit);
     }
 
-    return front->image;
+    return front->snapshot.image;
 }
 
 } // namespace mk::orlo

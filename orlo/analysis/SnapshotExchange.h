@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
-#include <juce_graphics/juce_graphics.h>
+#include "Snapshot.h"
 
 #include <array>
 #include <atomic>
@@ -21,10 +21,10 @@ class SnapshotExchange
 public:
     SnapshotExchange() noexcept;
 
-    /** [builder] The image to draw the next picture into. */
-    [[nodiscard]] juce::Image& getBack() noexcept { return back->image; }
+    /** [builder] What to draw the next picture into. Holds a picture of some turns ago. */
+    [[nodiscard]] Snapshot& getBack() noexcept { return back->snapshot; }
 
-    /** [builder] Hands the back image over; getBack() gives another one afterwards. */
+    /** [builder] Hands the back picture over; getBack() gives another one afterwards. */
     void publish() noexcept;
 
     /** [view] The newest picture published, or the same as before if there is no newer one; null before
@@ -35,7 +35,7 @@ private:
     // On cache lines of their own, since two threads write to neighbouring holders.
     struct alignas (128) Holder
     {
-        juce::Image image;
+        Snapshot snapshot;
     };
 
     static constexpr std::uintptr_t freshBit = 1;

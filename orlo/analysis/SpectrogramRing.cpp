@@ -55,6 +55,7 @@ void drawColumns (juce::Image& destination,
 void SpectrogramRing::resize (int width, int height, bool scroll)
 {
     const auto old = std::exchange (image, makeImage (2 * width, height));
+    ++numRebuilds;
 
     if (old.isNull())
         return;
@@ -116,6 +117,7 @@ void SpectrogramRing::restart()
     }
 
     writeX = getHalfStart();
+    ++numRebuilds;
     image.clear (image.getBounds(), juce::Colour (background));
 }
 
@@ -130,9 +132,9 @@ void SpectrogramRing::paint (const std::vector<Column>& columns,
 
     const juce::Image::BitmapData data (image, juce::Image::BitmapData::writeOnly);
     const auto ringWidth = image.getWidth();
-    const auto numColumns = int (columns.size());
+    const auto numNew = int (columns.size());
 
-    for (int i = 0; i < numColumns; ++i)
+    for (int i = 0; i < numNew; ++i)
     {
         const auto& column = columns[size_t (i)];
 
@@ -151,35 +153,67 @@ void SpectrogramRing::paint (const std::vector<Column>& columns,
     }
 
     const auto start = getHalfStart();
-    writeX = scroll ? (writeX + numColumns) % ringWidth : start + (writeX + numColumns) % getWidth();
+    writeX = scroll ? (writeX + numNew) % ringWidth : start + (writeX + numNew) % getWidth();
+
+    numColumns += numNew;
+    numRebuilds += scroll ? 1 : 0; // all columns have moved
 }
 
-void SpectrogramRing::copyShownPart (juce::Image& snapshot, bool scroll) const
+SpectrogramRing::MissingColumns SpectrogramRing::findMissing (const Snapshot& snapshot) const noexcept
+{
+    const auto width = getWidth();
+    const auto numNew = numColumns - snapshot.numColumns;
+
+    if (snapshot.scroll || snapshot.numRebuilds != numRebuilds || numNew >= width)
+        return { { 0, width }, {} };
+
+    // The sweep ends before the write position and may have come round from the right edge.
+    const auto end = writeX - getHalfStart();
+    const auto start = end - int (numNew);
+    return { { juce::jmax (0, start), end }, { start < 0 ? width + start : width, width } };
+}
+
+void SpectrogramRing::copyColumns (juce::Image& destination, int destinationX, juce::Range<int> columns) const
+{
+    if (columns.isEmpty())
+        return;
+
+    const juce::Image::BitmapData from (image, juce::Image::BitmapData::readOnly);
+    const juce::Image::BitmapData to (destination, juce::Image::BitmapData::readWrite);
+    const auto numBytes = size_t (columns.getLength() * from.pixelStride);
+
+    for (int y = 0; y < from.height; ++y)
+        std::memcpy (to.getPixelPointer (destinationX, y), from.getPixelPointer (columns.getStart(), y), numBytes);
+}
+
+void SpectrogramRing::copyShownPart (Snapshot& snapshot, bool scroll) const
 {
     if (image.isNull())
         return;
 
     const auto width = getWidth();
-    const auto height = getHeight();
 
-    if (snapshot.getWidth() != width || snapshot.getHeight() != height)
-        snapshot = makeImage (width, height);
+    if (snapshot.image.getWidth() != width || snapshot.image.getHeight() != getHeight())
+        snapshot = { makeImage (width, getHeight()) };
 
-    const auto ringWidth = 2 * width;
-    const auto startX = scroll ? (writeX + width) % ringWidth : getHalfStart();
-    const auto untilEdge = juce::jmin (width, ringWidth - startX);
-
-    const juce::Image::BitmapData source (image, juce::Image::BitmapData::readOnly);
-    const juce::Image::BitmapData destination (snapshot, juce::Image::BitmapData::writeOnly);
-
-    for (int y = 0; y < height; ++y)
+    if (scroll)
     {
-        auto* const line = destination.getLinePointer (y);
-        const auto bytesUntilEdge = size_t (untilEdge * source.pixelStride);
-        std::memcpy (line, source.getPixelPointer (startX, y), bytesUntilEdge);
-        std::memcpy (
-            line + bytesUntilEdge, source.getLinePointer (y), size_t ((width - untilEdge) * source.pixelStride));
+        const auto startX = (writeX + width) % (2 * width);
+        const auto untilEdge = juce::jmin (width, 2 * width - startX);
+        copyColumns (snapshot.image, 0, { startX, startX + untilEdge });
+        copyColumns (snapshot.image, untilEdge, { 0, width - untilEdge });
     }
+    else
+    {
+        const auto missing = findMissing (snapshot);
+        const auto start = getHalfStart();
+        copyColumns (snapshot.image, missing.first.getStart(), missing.first + start);
+        copyColumns (snapshot.image, missing.second.getStart(), missing.second + start);
+    }
+
+    snapshot.numRebuilds = numRebuilds;
+    snapshot.numColumns = numColumns;
+    snapshot.scroll = scroll;
 }
 
 } // namespace mk::orlo

@@ -3,6 +3,7 @@
 
 #include "ColourMap.h"
 #include "ColumnSettings.h"
+#include "Snapshot.h"
 
 namespace mk::orlo
 {
@@ -30,9 +31,10 @@ public:
         @param zeroColour  ARGB of a level of 0 or less */
     void paint (const std::vector<Column>& columns, const ColourMap& map, juce::uint32 zeroColour, bool scroll);
 
-    /** Copies what is to be shown into the snapshot, which is made anew if it has another size.
-        Does nothing before the first resize(). */
-    void copyShownPart (juce::Image& snapshot, bool scroll) const;
+    /** Copies what is to be shown into the snapshot, which is made anew if it has another size. A snapshot
+        that this ring has made before gets only what has changed since. Does nothing before the first
+        resize(). */
+    void copyShownPart (Snapshot& snapshot, bool scroll) const;
 
     /** Of the part that is shown, in pixels; 0 before the first resize(). */
     [[nodiscard]] int getWidth() const noexcept { return image.getWidth() / 2; }
@@ -51,8 +53,22 @@ private:
     void carryOverScrolling (const juce::Image& old, int widthScale2);
     void carryOverStatic (const juce::Image& old, int widthScale2);
 
+    /** The columns of the shown part that a snapshot lacks, as places in it: the first range, and after it
+        the second. */
+    struct MissingColumns
+    {
+        juce::Range<int> first, second;
+    };
+
+    [[nodiscard]] MissingColumns findMissing (const Snapshot& snapshot) const noexcept;
+    void copyColumns (juce::Image& destination, int destinationX, juce::Range<int> columns) const;
+
     juce::Image image;
     int writeX = 0;
+
+    // What tells an old snapshot from a new one.
+    int numRebuilds = 0; // changes other than columns of a sweep
+    juce::int64 numColumns = 0;
 };
 
 } // namespace mk::orlo

@@ -238,7 +238,7 @@ TEST (SnapshotExchange, TheViewGetsTheNewestPictureAndKeepsItUntilTheNext)
 
     for (int width = 1; width < 50; ++width)
     {
-        exchange.getBack() = juce::Image (juce::Image::ARGB, width, 1, true, juce::SoftwareImageType());
+        exchange.getBack().image = juce::Image (juce::Image::ARGB, width, 1, true, juce::SoftwareImageType());
         exchange.publish();
 
         // Two out of three are never taken.
@@ -260,7 +260,7 @@ TEST (SnapshotExchange, NoPictureIsEverSeenHalfWritten)
         {
             for (int i = 1; i <= 5000; ++i)
             {
-                auto& image = exchange.getBack();
+                auto& image = exchange.getBack().image;
 
                 if (image.isNull())
                     image = juce::Image (juce::Image::ARGB, 16, 16, true, juce::SoftwareImageType());

@@ -5,7 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
+#include <ranges>
 
 namespace mk::orlo::test
 {
@@ -29,9 +31,9 @@ protected:
     /** The top row of what is shown, and of the whole ring. */
     [[nodiscard]] std::string shown() const
     {
-        juce::Image snapshot;
+        Snapshot snapshot;
         ring.copyShownPart (snapshot, scroll);
-        return firstLine (toAscii (snapshot));
+        return firstLine (toAscii (snapshot.image));
     }
 
     [[nodiscard]] std::string whole() const { return firstLine (toAscii (ring.getImage())); }
@@ -45,11 +47,11 @@ protected:
 
 TEST_F (SpectrogramRingTest, BeforeTheFirstSizeThereIsNothing)
 {
-    juce::Image snapshot;
+    Snapshot snapshot;
     ring.paint ({ Column (3, 1.0f) }, map, SpectrogramRing::background, false);
     ring.copyShownPart (snapshot, false);
     ring.restart();
-    EXPECT_TRUE (snapshot.isNull());
+    EXPECT_TRUE (snapshot.image.isNull());
     EXPECT_EQ (ring.getWidth(), 0);
     EXPECT_EQ (ring.getWriteX(), 0);
 }
@@ -208,22 +210,92 @@ TEST_F (SpectrogramRingTest, AnotherHeightStretchesTheRows)
     ring.resize (2, 2, false);
     ring.paint ({ { 1.0f, 0.0f } }, map, SpectrogramRing::background, false);
     ring.resize (2, 4, false);
-    juce::Image snapshot;
+    Snapshot snapshot;
     ring.copyShownPart (snapshot, false);
-    EXPECT_EQ (toAscii (snapshot), "#.\n#.\n..\n..\n");
+    EXPECT_EQ (toAscii (snapshot.image), "#.\n#.\n..\n..\n");
 }
 
 TEST_F (SpectrogramRingTest, TheSnapshotIsMadeAnewOnlyForAnotherSize)
 {
     ring.resize (3, 2, false);
-    juce::Image snapshot;
+    Snapshot snapshot;
     ring.copyShownPart (snapshot, false);
-    const auto* const pixels = snapshot.getPixelData().get();
+    const auto* const pixels = snapshot.image.getPixelData().get();
     ring.copyShownPart (snapshot, false);
-    EXPECT_EQ (snapshot.getPixelData().get(), pixels);
+    EXPECT_EQ (snapshot.image.getPixelData().get(), pixels);
     ring.resize (3, 3, false);
     ring.copyShownPart (snapshot, false);
-    EXPECT_EQ (snapshot.getHeight(), 3);
+    EXPECT_EQ (snapshot.image.getHeight(), 3);
+}
+
+TEST_F (SpectrogramRingTest, ASnapshotOfSomeTurnsAgoIsBroughtUpToDate)
+{
+    std::array<Snapshot, 3> snapshots;
+    juce::Random random (5);
+    ring.resize (7, 1, false);
+
+    for (int turn = 0; turn < 2000; ++turn)
+    {
+        switch (random.nextInt (20))
+        {
+            case 0: ring.resize (4 + random.nextInt (9), 1, scroll); break;
+            case 1: ring.restart(); break;
+            case 2: scroll = ! scroll; break;
+            default: break;
+        }
+
+        std::string digits;
+
+        for (int i = random.nextInt (4) == 0 ? random.nextInt (30) : random.nextInt (3); --i >= 0;)
+            digits += char ('1' + random.nextInt (9));
+
+        write (digits);
+
+        // Some are passed over for a while.
+        auto& snapshot = snapshots[size_t (random.nextInt (10) == 0 ? 2 : turn % 2)];
+        ring.copyShownPart (snapshot, scroll);
+        ASSERT_EQ (firstLine (toAscii (snapshot.image)), shown()) << turn;
+    }
+}
+
+TEST_F (SpectrogramRingTest, ASnapshotThatMissedSomeScrollingIsMadeWhole)
+{
+    ring.resize (6, 1, false);
+    write ("12345");
+    Snapshot snapshot;
+    ring.copyShownPart (snapshot, false);
+
+    scroll = true;
+    write ("678");
+    scroll = false;
+    ring.copyShownPart (snapshot, false);
+    EXPECT_EQ (firstLine (toAscii (snapshot.image)), shown());
+}
+
+TEST_F (SpectrogramRingTest, OfASweepOnlyWhatIsNewIsCopied)
+{
+    ring.resize (6, 1, false);
+    write ("12345");
+    Snapshot snapshot;
+    ring.copyShownPart (snapshot, false);
+
+    // What the copy must leave alone, and so stays visible.
+    for (int x = 0; x < 6; ++x)
+        snapshot.image.setPixelAt (x, 0, juce::Colours::white);
+
+    const auto isCopied = [&snapshot] (int x) { return snapshot.image.getPixelAt (x, 0) != juce::Colours::white; };
+    const auto getCopied = [&] { return std::ranges::count_if (std::views::iota (0, 6), isCopied); };
+
+    // The second lies beyond the edge, and at the left edge stays what was there.
+    write ("67");
+    ring.copyShownPart (snapshot, false);
+    EXPECT_TRUE (isCopied (5) && isCopied (0));
+    EXPECT_EQ (getCopied(), 2);
+
+    write ("8");
+    ring.copyShownPart (snapshot, false);
+    EXPECT_TRUE (isCopied (1));
+    EXPECT_EQ (getCopied(), 3);
 }
 
 } // namespace
