@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "Screen.h"
 
+#include "WindowAtoms.h"
+
 #include <dlfcn.h>
 
 namespace mk::orlo::test
@@ -45,15 +47,7 @@ Screen::Screen()
     if (connection == nullptr)
         return;
 
-    for (const auto* const name : { "WM_PROTOCOLS",
-                                    "WM_DELETE_WINDOW",
-                                    "WM_TAKE_FOCUS",
-                                    "WM_CHANGE_STATE",
-                                    "WM_STATE",
-                                    "_NET_WM_PING",
-                                    "_NET_WM_STATE",
-                                    "_NET_WM_STATE_HIDDEN",
-                                    "_NET_WM_WINDOW_TYPE" })
+    for (const auto* const name : windowAtoms)
         find<InternAtom> (library, "XInternAtom") (connection, name, 0);
 
     find<Sync> (library, "XSync") (connection, 0);

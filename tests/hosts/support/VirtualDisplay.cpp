@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "VirtualDisplay.h"
 
+#include "tests/support/WindowAtoms.h"
+
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
@@ -14,16 +16,7 @@ class VirtualDisplay::Connection
 public:
     explicit Connection (const juce::String& displayName) : display (XOpenDisplay (displayName.toRawUTF8()))
     {
-        // Programs take it for granted that somebody knows these names.
-        for (const auto* const atom : { "WM_PROTOCOLS",
-                                        "WM_DELETE_WINDOW",
-                                        "WM_TAKE_FOCUS",
-                                        "WM_CHANGE_STATE",
-                                        "WM_STATE",
-                                        "_NET_WM_PING",
-                                        "_NET_WM_STATE",
-                                        "_NET_WM_STATE_HIDDEN",
-                                        "_NET_WM_WINDOW_TYPE" })
+        for (const auto* const atom : windowAtoms)
             static_cast<void> (getAtom (atom));
 
         // A window may go while it is being asked for its title.
