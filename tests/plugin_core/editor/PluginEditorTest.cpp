@@ -38,6 +38,7 @@ protected:
     }
 
     const PluginGlobalSettings settings;
+    juce::Array<juce::Displays::Display> displays;
     TestProcessor processor;
 };
 
@@ -134,7 +135,35 @@ TEST_F (PluginEditorTest, MovingWithinADisplayDoesNotTouchTheLimits)
     EXPECT_EQ (editor->getConstrainer()->getMaximumWidth(), 777);
 }
 
-TEST_F (PluginEditorTest, MenusCloseWhenTheApplicationGoesToTheBackground)
+TEST_F (PluginEditorTest, DraggedToASmallerDisplayItShrinks)
+{
+    const auto addDisplay = [this] (juce::Rectangle<int> area)
+    {
+        juce::Displays::Display display;
+        display.totalArea = display.userArea = area;
+        displays.add (display);
+    };
+
+    addDisplay ({ 0, 0, 2000, 1500 });
+    addDisplay ({ 2000, 0, 1000, 700 });
+    const auto editor = open();
+    editor->displays = &displays;
+    editor->setBounds (50, 50, 1200, 900);
+    EXPECT_EQ (editor->getConstrainer()->getMaximumWidth(), 2000);
+
+    // Still more than half of it on the first.
+    editor->setTopLeftPosition (1300, 50);
+    editor->windowMoved (editor->getMoveDetector());
+    EXPECT_EQ (editor->getLocalBounds(), (juce::Rectangle { 1200, 900 }));
+
+    editor->setTopLeftPosition (1700, 50);
+    editor->windowMoved (editor->getMoveDetector());
+    EXPECT_EQ (editor->getBounds(), (juce::Rectangle { 1700, 50, 990, 600 }));
+    EXPECT_EQ (editor->getConstrainer()->getMaximumWidth(), 1000);
+    EXPECT_EQ (editor->getConstrainer()->getMaximumHeight(), 610);
+}
+
+TEST_F (PluginEditorTest, MenusCloseWhenTheApplicationOrTheWindowChangesItsPlace)
 {
     if (! Screen::getInstance().isAvailable())
         GTEST_SKIP() << "needs a screen";
@@ -166,6 +195,10 @@ TEST_F (PluginEditorTest, MenusCloseWhenTheApplicationGoesToTheBackground)
 
     ASSERT_TRUE (openMenu());
     editor->setSize (400, 300);
+    EXPECT_TRUE (waitUntilClosed());
+
+    ASSERT_TRUE (openMenu());
+    editor->toFront (false);
     EXPECT_TRUE (waitUntilClosed());
 }
 
