@@ -14,13 +14,19 @@ namespace
 class AudioPluginAudioProcessorEditorTest : public testing::Test
 {
 protected:
-    AudioPluginAudioProcessorEditorTest() { processor.prepareToPlay (44100.0, 512); }
+    AudioPluginAudioProcessorEditorTest()
+    {
+        forgetSettings();
+        processor.prepareToPlay (44100.0, 512);
+    }
 
     ~AudioPluginAudioProcessorEditorTest() override
     {
         editor = nullptr;
-        settings.getSettings().removeAllProperties (nullptr);
+        forgetSettings();
     }
+
+    void forgetSettings() { settings.getSettings().removeAllProperties (nullptr); }
 
     /** Opens as a host does, but on no screen. */
     void open()
