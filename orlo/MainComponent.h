@@ -43,7 +43,7 @@ public:
     bool keyPressed (const juce::KeyPress&) override;
 
 private:
-    using FreezeButton = pluginCore::ComponentIgnoringRightButton<juce::DrawableButton>;
+    using IconButton = pluginCore::ComponentIgnoringRightButton<juce::DrawableButton>;
 
     void connectPanels();
     void setUpButtons();
@@ -57,10 +57,10 @@ private:
     [[nodiscard]] bool isFrozen() const;
 
     AudioPluginAudioProcessor& processor;
-    std::unique_ptr<FreezeButton> freezeButton;
-    juce::DrawableButton exportButton { {}, juce::DrawableButton::ImageFitted };
+    std::unique_ptr<IconButton> freezeButton;
+    IconButton exportButton { {}, juce::DrawableButton::ImageFitted };
     juce::Value cleanViewMode;
-    juce::DrawableButton viewButton { {}, juce::DrawableButton::ImageFitted };
+    IconButton viewButton { {}, juce::DrawableButton::ImageFitted };
     juce::RangedAudioParameter &rulerParameter, &keyboardParameter, &freezeParameter;
     juce::ParameterAttachment rulerAttachment, keyboardAttachment, freezeAttachment;
     juce::ButtonParameterAttachment freezeButtonAttachment;
@@ -72,13 +72,11 @@ private:
     AboutComponent aboutComponent;
 
     // Nothing tells when the host has stopped, nor that the mouse has left for a dialog of ours.
-    juce::TimedCallback buttonPoller {
-        [this]
-        {
-            updateExportButton();
-            updateViewButtonVisibility();
-        }
-    };
+    juce::TimedCallback buttonPoller { [this]
+                                       {
+                                           updateExportButton();
+                                           updateViewButtonVisibility();
+                                       } };
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (MainComponent)
 };

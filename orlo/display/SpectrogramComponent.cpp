@@ -6,6 +6,7 @@
 #include "orlo/ParameterAccess.h"
 #include "orlo/Params.h"
 #include "orlo/analysis/HopPlan.h"
+#include "plugin_core/controls/ComponentIgnoringRightButton.h"
 
 namespace mk::orlo
 {
@@ -181,7 +182,7 @@ void SpectrogramComponent::mouseMove (const juce::MouseEvent& event)
 
     storeCursor (event);
 
-    if (! event.mods.isPopupMenu())
+    if (! pluginCore::isMenuClick (event.mods))
         callWithFrequency (onMouseMoved, event);
 }
 
@@ -202,7 +203,7 @@ void SpectrogramComponent::mouseDown (const juce::MouseEvent& event)
 {
     storeCursor (event);
 
-    if (event.mods.isPopupMenu())
+    if (pluginCore::isMenuClick (event.mods))
         return;
 
     if (event.mods.isShiftDown())
@@ -224,7 +225,7 @@ void SpectrogramComponent::mouseDrag (const juce::MouseEvent& event)
 {
     storeCursor (event);
 
-    if (! event.mods.isPopupMenu())
+    if (! pluginCore::isMenuClick (event.mods))
         callWithFrequency (onMouseHeld, event);
 
     if (crosshairVisible)

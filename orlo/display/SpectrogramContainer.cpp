@@ -11,6 +11,7 @@
 #include "orlo/ParameterAccess.h"
 #include "orlo/Params.h"
 #include "orlo/Product.h"
+#include "plugin_core/controls/ComponentIgnoringRightButton.h"
 #include "plugin_core/look/StyleProperties.h"
 
 namespace mk::orlo
@@ -120,7 +121,7 @@ void SpectrogramContainer::showReadout (const juce::MouseEvent& event, float hz,
 
 void SpectrogramContainer::mouseDown (const juce::MouseEvent& event)
 {
-    if (event.mods.isPopupMenu())
+    if (pluginCore::isMenuClick (event.mods))
         showContextMenu();
 }
 

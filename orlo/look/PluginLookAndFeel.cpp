@@ -72,8 +72,10 @@ void PluginLookAndFeel::drawLabel (juce::Graphics& g, juce::Label& label)
 
     if (withGradient && ! label.isBeingEdited())
     {
-        g.fillAll (label.findColour (juce::Label::backgroundColourId));
         const auto alpha = label.isEnabled() ? 1.0f : disabledTextAlpha;
+        g.fillAll (label.findColour (juce::Label::backgroundColourId));
+        g.setColour (label.findColour (juce::Label::outlineColourId).withMultipliedAlpha (alpha));
+        g.drawRect (label.getLocalBounds());
         setTextGradient (g, label, label.findColour (juce::Label::textColourId).withMultipliedAlpha (alpha));
         drawLabelText (g, label);
         return;

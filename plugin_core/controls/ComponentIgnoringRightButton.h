@@ -13,6 +13,9 @@ namespace mk::pluginCore
     return ! modifiers.testFlags (juce::ModifierKeys::rightButtonModifier | juce::ModifierKeys::ctrlModifier);
 }
 
+/** The others: a click with the right button or with ctrl asks for a menu, on every system. Any thread. */
+[[nodiscard]] inline bool isMenuClick (juce::ModifierKeys modifiers) noexcept { return ! isEditingClick (modifiers); }
+
 /** A widget that reacts to the left button alone: right clicks and ctrl-clicks never reach Base.
 
     A press and its release reach Base together or not at all, whichever keys go down or up in between, so

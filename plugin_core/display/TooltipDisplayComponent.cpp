@@ -4,6 +4,7 @@
 #include "TooltipLine.h"
 #include "plugin_core/look/ColourLookup.h"
 #include "plugin_core/look/StyleProperties.h"
+#include "plugin_core/window/ActiveApplication.h"
 
 #include <juce_audio_processors/juce_audio_processors.h>
 
@@ -56,7 +57,7 @@ constexpr int helpSizeClass = 4;
 } // namespace
 
 TooltipDisplayComponent::TooltipDisplayComponent()
-    : isApplicationActive ([] { return juce::Process::isForegroundProcess(); }),
+    : isApplicationActive ([this] { return pluginCore::isApplicationActive (*this); }),
       regularFont (juce::FontOptions {}),
       boldFont (juce::FontOptions {})
 {
@@ -100,7 +101,7 @@ void TooltipDisplayComponent::showTipOf (juce::Component* underMouse)
     if (underMouse != nullptr && belongsToOtherWindow (*underMouse))
         return;
 
-    if (! isApplicationActive())
+    if (underMouse != nullptr && ! isApplicationActive())
         underMouse = nullptr;
 
     const auto tip = findTip (underMouse);

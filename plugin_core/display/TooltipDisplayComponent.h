@@ -30,7 +30,7 @@ public:
     void setHideWhenEmpty (bool shouldHide);
 
     /** Tells whether the user is at this application; tips of a background window are not shown.
-        Asks the system by default. */
+        Asks the system by default, and only while there is something to show. */
     std::function<bool()> isApplicationActive;
 
     /** Looks at a component as if the mouse were on it; null for none. Called by the timer. */

@@ -22,6 +22,20 @@ template <typename Control>
     return control != nullptr ? control : component.findParentComponentOfClass<Control>();
 }
 
+/** Whether the mouse presses on a menu that lies in the editor. */
+[[nodiscard]] bool isMenuBeingClicked (const juce::Component& editor)
+{
+    if (! juce::ModifierKeys::currentModifiers.isAnyMouseButtonDown())
+        return false;
+
+    const juce::Component* component = juce::Desktop::getInstance().getMainMouseSource().getComponentUnderMouse();
+
+    while (component != nullptr && component != &editor && ! component->isCurrentlyModal (false))
+        component = component->getParentComponent();
+
+    return component != nullptr && component != &editor && editor.isParentOf (component);
+}
+
 /** The parameter that a component sets; components other than sliders and toggles have it for their name. */
 [[nodiscard]] juce::String findParameterId (const juce::Component& component)
 {
@@ -105,10 +119,14 @@ void PluginEditor::open (int width, int height)
 
 int PluginEditor::getCornerSize() const { return juce::roundToInt (float (getHeight()) * cornerPerHeight); }
 
+const juce::Array<juce::Displays::Display>& PluginEditor::getDisplays() const
+{
+    return juce::Desktop::getInstance().getDisplays().displays;
+}
+
 const juce::Displays::Display* PluginEditor::findDisplay() const
 {
-    return editorSize::findDisplay (juce::Desktop::getInstance().getDisplays().displays,
-                                    localPointToGlobal (getLocalBounds().getCentre()));
+    return editorSize::findDisplay (getDisplays(), localPointToGlobal (getLocalBounds().getCentre()));
 }
 
 void PluginEditor::updateSizeConstraints()
@@ -176,7 +194,12 @@ void PluginEditor::applicationActiveChanged (PluginMoveDetector&, bool wentInact
         juce::PopupMenu::dismissAllActiveMenus();
 }
 
-void PluginEditor::broughtToFront() { juce::PopupMenu::dismissAllActiveMenus(); }
+void PluginEditor::broughtToFront()
+{
+    // Some systems bring a window to the front at every press in it, be it on a row of its own menu.
+    if (! isMenuBeingClicked (*this))
+        juce::PopupMenu::dismissAllActiveMenus();
+}
 
 int PluginEditor::getControlParameterIndex (juce::Component& component)
 {

@@ -88,6 +88,9 @@ public:
 protected:
     [[nodiscard]] juce::Component& getCornerResizer() noexcept { return *cornerResizer; }
 
+    /** The displays that the window may stand on. The system's, unless a test puts others in their place. */
+    [[nodiscard]] virtual const juce::Array<juce::Displays::Display>& getDisplays() const;
+
 private:
     class PluginEditorListener;
 

@@ -3,6 +3,7 @@
 #include "orlo/Params.h"
 #include "plugin_core/window/MappedWindow.h"
 #include "tests/support/EditorWindow.h"
+#include "tests/support/FindComponents.h"
 #include "tests/support/Window.h"
 
 #include <gtest/gtest.h>
@@ -29,6 +30,18 @@ protected:
 
     AudioPluginAudioProcessor processor;
     const pluginCore::PluginGlobalSettings settings;
+};
+
+/** A window of a host's, for as long as it lives. */
+class HostWindow
+{
+public:
+    HostWindow (int width, int height) : handle (Screen::getInstance().createHostWindow (width, height)) {}
+    ~HostWindow() { Screen::getInstance().destroyHostWindow (handle); }
+
+    void* const handle;
+
+    JUCE_DECLARE_NON_COPYABLE (HostWindow)
 };
 
 [[nodiscard]] int countThreads()
@@ -108,9 +121,9 @@ TEST_F (EditorLifeTest, AHiddenWindowAnalysesNothing)
 TEST_F (EditorLifeTest, AnalysesNothingWhileTheHostsWindowIsMinimised)
 {
     auto& screen = Screen::getInstance();
-    auto* const host = screen.createHostWindow (1200, 700);
+    const HostWindow host (1200, 700);
     std::unique_ptr<juce::AudioProcessorEditor> editor (processor.createEditorIfNeeded());
-    editor->addToDesktop (0, host);
+    editor->addToDesktop (0, host.handle);
     editor->setVisible (true);
     ASSERT_TRUE (pumpUntil ([this] { return isAnalysing(); }));
 
@@ -120,14 +133,34 @@ TEST_F (EditorLifeTest, AnalysesNothingWhileTheHostsWindowIsMinimised)
     const auto ticks = processor.getFrameClock().tickCount.load();
     ASSERT_TRUE (pumpUntil ([&] { return processor.getFrameClock().tickCount.load() > ticks + 20; })); // 200 ms or more
 
-    screen.setMapped (host, false);
+    screen.setMapped (host.handle, false);
     EXPECT_TRUE (pumpUntil ([this] { return ! isAnalysing(); }));
-    screen.setMapped (host, true);
+    screen.setMapped (host.handle, true);
     EXPECT_TRUE (pumpUntil ([this] { return isAnalysing(); }));
 
     editor = nullptr;
     pumpPending();
-    screen.destroyHostWindow (host);
+}
+
+TEST_F (EditorLifeTest, ShowsTipsWhileAnotherWindowOfTheHostHasTheKeyboard)
+{
+#if defined(__SANITIZE_THREAD__)
+    GTEST_SKIP() << "not under ThreadSanitizer, where the mouse runs away from the window";
+#endif
+
+    const HostWindow tracks (300, 200), host (1200, 700);
+    Screen::getInstance().giveKeyboardTo (tracks.handle);
+    EditorWindow window (processor, host.handle);
+    ASSERT_TRUE (window.isOpen);
+    auto* const button = findInside<juce::Button> (window.getMain().getSideBar());
+    ASSERT_NE (button, nullptr);
+    ASSERT_TRUE (window.moveToCentre (*button));
+    auto& line = window.getContainer().getHelpLine();
+    EXPECT_TRUE (pumpUntil ([&] { return line.isVisible() && line.getTip() == button->getTooltip(); }));
+    EXPECT_TRUE (line.getTip().isNotEmpty());
+
+    ASSERT_TRUE (window.moveToCentre (window.getPicture()));
+    EXPECT_TRUE (pumpUntil ([&] { return ! line.isVisible(); }));
 }
 
 TEST_F (EditorLifeTest, MovesIntoAnotherWindowOfTheHost)

@@ -1,80 +1,17 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 // The whole window with the real mouse and the real keyboard; needs a display.
-#include "tests/support/EditorWindow.h"
-#include "orlo/Params.h"
+#include "tests/orlo/EditorInWindow.h"
 #include "tests/support/PlayNoise.h"
 #include "tests/support/ScreenCapture.h"
 #include "tests/support/TemporaryFolder.h"
-
-#include <gtest/gtest.h>
 
 namespace mk::orlo::test
 {
 namespace
 {
 
-class EditorWindowTest : public testing::Test
+class EditorWindowTest : public EditorInWindowTest
 {
-protected:
-    void SetUp() override
-    {
-        if (! Screen::getInstance().isAvailable())
-            GTEST_SKIP() << "needs a screen";
-
-#if defined(__SANITIZE_THREAD__)
-        // All of this is the message thread's, and so slow there that the mouse runs away from it.
-        GTEST_SKIP() << "not under ThreadSanitizer";
-#endif
-
-        processor.prepareToPlay (44100.0, 512);
-        set (Params::id::ruler, 1.0f);
-        set (Params::id::keyboard, 1.0f);
-        set (Params::id::autoFreeze, 0.0f);
-        set (Params::id::drawMode, 1.0f); // Scroll: the newest is at the right
-        open();
-    }
-
-    void TearDown() override
-    {
-        window = nullptr;
-        settings.getSettings().removeAllProperties (nullptr);
-    }
-
-    void open()
-    {
-        window = std::make_unique<EditorWindow> (processor);
-        ASSERT_TRUE (window->isOpen);
-    }
-
-    void set (const char* id, float value)
-    {
-        auto& parameter = *processor.getParameterState().getParameter (id);
-        parameter.setValueNotifyingHost (parameter.convertTo0to1 (value));
-    }
-
-    [[nodiscard]] float get (const char* id)
-    {
-        const auto& parameter = *processor.getParameterState().getParameter (id);
-        return parameter.convertFrom0to1 (parameter.getValue());
-    }
-
-    /** Opens the menu of a part of the picture, and waits until it shows. */
-    [[nodiscard]] bool openMenuOn (juce::Component& component)
-    {
-        return window->click (component, EditorWindow::rightButton)
-               && pumpUntil ([] { return findOpenMenu() != nullptr && findOpenMenu()->isShowing(); });
-    }
-
-    [[nodiscard]] static bool waitUntilNoMenu()
-    {
-        return pumpUntil ([] { return findOpenMenu() == nullptr; });
-    }
-
-    [[nodiscard]] bool playUntilItShows() { return playNoiseUntilItShows (processor, window->getPicture().getWidth()); }
-
-    AudioPluginAudioProcessor processor;
-    const pluginCore::PluginGlobalSettings settings;
-    std::unique_ptr<EditorWindow> window;
 };
 
 //==============================================================================
@@ -115,39 +52,9 @@ TEST_F (EditorWindowTest, AShiftClickFreezesThePicture)
 }
 
 //==============================================================================
-TEST_F (EditorWindowTest, ARightClickAnywhereOnThePictureOpensItsMenu)
-{
-    auto& container = window->getContainer();
-
-    for (auto* const part : { static_cast<juce::Component*> (&container.getSpectrogram()),
-                              static_cast<juce::Component*> (&container.getRuler()),
-                              static_cast<juce::Component*> (&container.getKeyboard()) })
-    {
-        ASSERT_TRUE (openMenuOn (*part)) << part->getTitle();
-        EXPECT_EQ (container.getContextMenu().getNumItems(), 6);
-        EXPECT_FALSE (container.getReadout().isVisible());
-        EXPECT_FALSE (container.getSpectrogram().isCrosshairVisible());
-        window->typeKey (Screen::escapeKey);
-        ASSERT_TRUE (waitUntilNoMenu());
-    }
-}
-
-TEST_F (EditorWindowTest, TheMenuCanBeUsedByKeys)
-{
-    const auto getState = [this] { return processor.getStateXml (true)->toString(); };
-    ASSERT_TRUE (openMenuOn (window->getPicture()));
-    const auto before = getState();
-
-    // The next entry that can be chosen after the one under the mouse: either freezes or switches the view.
-    window->typeKey (Screen::downKey);
-    window->typeKey (Screen::returnKey);
-    EXPECT_TRUE (waitUntilNoMenu());
-    EXPECT_TRUE (pumpUntil ([&] { return getState() != before; }));
-}
-
 TEST_F (EditorWindowTest, TheExportedPictureIsWhatTheScreenShows)
 {
-    ASSERT_TRUE (playUntilItShows());
+    ASSERT_TRUE (playNoiseUntilItShows (processor, window->getPicture().getWidth()));
     set (Params::id::freeze, 1.0f);
     ASSERT_TRUE (window->moveAway());
 
@@ -229,24 +136,6 @@ TEST_F (EditorWindowTest, TheViewButtonSwitchesBetweenTheViewsAndTheirSizes)
     EXPECT_NEAR (window->editor->getConstrainer()->getFixedAspectRatio(), 1.818, 1.0e-6);
 }
 
-TEST_F (EditorWindowTest, AFrozenPictureOffersItsButtonsInFullViewOnly)
-{
-    auto& main = window->getMain();
-    set (Params::id::freeze, 1.0f);
-    pumpPending();
-    EXPECT_FALSE (main.getFreezeButton().isVisible());
-    EXPECT_FALSE (main.getExportButton().isVisible());
-
-    processor.getUIView().cleanViewMode = true;
-    ASSERT_TRUE (pumpUntil ([&] { return main.getFreezeButton().isVisible() && main.getExportButton().isVisible(); }));
-    EXPECT_GT (main.getExportButton().getY(), main.getFreezeButton().getBottom());
-
-    ASSERT_TRUE (window->click (main.getFreezeButton()));
-    EXPECT_TRUE (pumpUntil ([&] { return get (Params::id::freeze) < 0.5f; }));
-    EXPECT_TRUE (
-        pumpUntil ([&] { return ! main.getFreezeButton().isVisible() && ! main.getExportButton().isVisible(); }));
-}
-
 TEST_F (EditorWindowTest, ARestoredSessionSwitchesTheOpenWindow)
 {
     AudioPluginAudioProcessor other;
@@ -301,60 +190,6 @@ TEST_F (EditorWindowTest, TheGripShowsWhileTheMouseIsInTheWindow)
     EXPECT_TRUE (pumpUntil ([&] { return findGrip()->isVisible(); }));
     ASSERT_TRUE (window->moveAway());
     EXPECT_TRUE (pumpUntil ([&] { return ! findGrip()->isVisible(); }));
-}
-
-//==============================================================================
-TEST_F (EditorWindowTest, TheTabKeyReachesTheViewButtonAndReturnUsesIt)
-{
-    ASSERT_TRUE (window->moveAway());
-    auto& button = window->getMain().getViewButton();
-
-    ASSERT_TRUE (pumpUntil (
-        [&, tries = 0]() mutable
-        {
-            if (tries++ % 10 == 0)
-                window->typeKey (Screen::tabKey);
-
-            return button.hasKeyboardFocus (false);
-        }));
-
-    EXPECT_TRUE (button.isVisible());
-    window->typeKey (Screen::returnKey);
-    EXPECT_TRUE (pumpUntil ([&] { return processor.getUIView().cleanViewMode.get(); }));
-}
-
-TEST_F (EditorWindowTest, KeysThatItDoesNotUseAreLeftToTheHost)
-{
-    ASSERT_TRUE (window->click (window->getPicture()));
-    pumpPending();
-    EXPECT_EQ (dynamic_cast<juce::Button*> (juce::Component::getCurrentlyFocusedComponent()), nullptr)
-        << "a space bar meant for the host would press it";
-
-    auto& peer = *window->editor->getPeer();
-
-    for (const auto key : { int ('q'), int ('1'), juce::KeyPress::F5Key, juce::KeyPress::spaceKey })
-        EXPECT_FALSE (peer.handleKeyPress (juce::KeyPress (key))) << key;
-}
-
-TEST_F (EditorWindowTest, EveryButtonHasAnAccessibleName)
-{
-    set (Params::id::freeze, 1.0f);
-    processor.getUIView().cleanViewMode = true;
-    pumpPending();
-
-    std::function<void (juce::Component&)> check = [&] (juce::Component& component)
-    {
-        if (dynamic_cast<juce::Button*> (&component) != nullptr)
-        {
-            const auto* const handler = component.getAccessibilityHandler();
-            EXPECT_TRUE (handler == nullptr || handler->getTitle().isNotEmpty()) << component.getName();
-        }
-
-        for (auto* const child : component.getChildren())
-            check (*child);
-    };
-
-    check (*window->editor);
 }
 
 } // namespace

@@ -9,6 +9,7 @@
 #include "tests/support/MessageLoop.h"
 #include "tests/support/Mouse.h"
 #include "tests/support/StyledWindow.h"
+#include "tests/support/Transport.h"
 
 #include <gtest/gtest.h>
 
@@ -40,30 +41,6 @@ protected:
         const auto centre = button.getLocalBounds().getCentre().toFloat();
         button.mouseDown (makeMouseEvent (button, centre, modifiers));
         button.mouseUp (makeMouseEvent (button, centre, modifiers));
-    }
-
-    /** Lets the host play or stop through one block of audio. */
-    void runBlock (bool isPlaying)
-    {
-        struct PlayHead final : juce::AudioPlayHead
-        {
-            juce::Optional<PositionInfo> getPosition() const override
-            {
-                PositionInfo info;
-                info.setIsPlaying (playing);
-                return info;
-            }
-
-            bool playing = false;
-        } playHead;
-
-        playHead.playing = isPlaying;
-        juce::AudioBuffer<float> buffer (2, 64);
-        juce::MidiBuffer midi;
-        buffer.clear();
-        processor.setPlayHead (&playHead);
-        processor.processBlock (buffer, midi);
-        processor.setPlayHead (nullptr);
     }
 
     /** Makes the audio thread's side answer at all. */
@@ -198,7 +175,7 @@ TEST_F (SideBarComponentTest, DimsAnAutomaticPause)
 
     prepare();
     setOn (Params::id::autoFreeze, true);
-    runBlock (false);
+    runBlock (processor, false);
     ASSERT_TRUE (processor.isAutoPaused());
     EXPECT_TRUE (pumpUntil ([&] { return freeze.getAlpha() < 0.9f; }));
     EXPECT_NEAR (freeze.getAlpha(), 0.7f, 1.0f / 255.0f);
@@ -210,7 +187,7 @@ TEST_F (SideBarComponentTest, DimsAnAutomaticPause)
     setOn (Params::id::freeze, false);
     EXPECT_TRUE (pumpUntil ([&] { return freeze.getAlpha() < 0.9f; }));
 
-    runBlock (true);
+    runBlock (processor, true);
     EXPECT_TRUE (pumpUntil ([&] { return juce::approximatelyEqual (freeze.getAlpha(), 1.0f); }));
     EXPECT_FALSE (getButton ("export").isVisible());
 }

@@ -12,8 +12,8 @@
 namespace mk::orlo::test
 {
 
-/** The product's editor in a frameless window at the screen's upper left, with the real mouse and the real
-    keyboard at it. [message thread] */
+/** The product's editor at the screen's upper left, in a frameless window or in one of a host, with the real
+    mouse and the real keyboard at it. [message thread] */
 class EditorWindow
 {
 public:
@@ -28,6 +28,15 @@ public:
         editor->setVisible (true);
         editor->toFront (true);
         isOpen = pumpUntil ([this] { return editor->isShowing() && editor->getPeer()->isFocused(); });
+    }
+
+    /** Opens inside a host's window, see Screen::createHostWindow(), and leaves the keyboard where it is. */
+    EditorWindow (AudioPluginAudioProcessor& processor, void* hostWindow)
+        : editor (dynamic_cast<AudioPluginAudioProcessorEditor*> (processor.createEditorIfNeeded()))
+    {
+        editor->addToDesktop (0, hostWindow);
+        editor->setVisible (true);
+        isOpen = pumpUntil ([this] { return editor->isShowing(); });
     }
 
     ~EditorWindow()

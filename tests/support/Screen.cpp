@@ -17,6 +17,7 @@ using WarpPointer = int (*) (void*, unsigned long, unsigned long, int, int, unsi
 using CreateWindow =
     unsigned long (*) (void*, unsigned long, int, int, unsigned, unsigned, unsigned, unsigned long, unsigned long);
 using UseWindow = int (*) (void*, unsigned long);
+using SetInputFocus = int (*) (void*, unsigned long, int, unsigned long);
 using FakeButton = int (*) (void*, unsigned, int, unsigned long);
 using FakeKey = int (*) (void*, unsigned, int, unsigned long);
 using KeysymToKeycode = unsigned char (*) (void*, unsigned long);
@@ -80,6 +81,13 @@ void Screen::setMapped (void* hostWindow, bool shouldBeMapped)
 void Screen::destroyHostWindow (void* hostWindow)
 {
     find<UseWindow> (library, "XDestroyWindow") (connection, reinterpret_cast<unsigned long> (hostWindow));
+    find<Sync> (library, "XSync") (connection, 0);
+}
+
+void Screen::giveKeyboardTo (void* hostWindow)
+{
+    const auto window = reinterpret_cast<unsigned long> (hostWindow);
+    find<SetInputFocus> (library, "XSetInputFocus") (connection, window, 0, 0);
     find<Sync> (library, "XSync") (connection, 0);
 }
 

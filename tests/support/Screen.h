@@ -26,6 +26,9 @@ public:
     void setMapped (void* hostWindow, bool shouldBeMapped);
     void destroyHostWindow (void* hostWindow);
 
+    /** Sends the keys to such a window, as a window manager does when the user clicks into it. */
+    void giveKeyboardTo (void* hostWindow);
+
     /** Presses or lets go of a button of the real mouse where it stands: 1 left, 3 right, 4 and 5 the wheel. */
     void setButton (int button, bool isDown);
 

@@ -24,7 +24,16 @@ public:
 
     double aspectRatio;
 
+    /** What the window believes to stand on; the system's displays if null. */
+    const juce::Array<juce::Displays::Display>* displays = nullptr;
+
     using PluginEditor::getCornerResizer;
+
+private:
+    [[nodiscard]] const juce::Array<juce::Displays::Display>& getDisplays() const override
+    {
+        return displays != nullptr ? *displays : PluginEditor::getDisplays();
+    }
 };
 
 } // namespace mk::orlo::test

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <thread>
+
 namespace mk::orlo::test
 {
 namespace
@@ -69,6 +71,62 @@ TEST (FreqScaleComponent, RebuildsWhenTheScaleHasChanged)
     test.scale.setScaleType (FrequencyScale::log);
     pumpPending();
     EXPECT_GT (test.ruler.getLabels().size(), linear) << "all decades fit on a log scale";
+}
+
+/** Notes what a component asks to have painted again. */
+class RepaintRecorder final : public juce::CachedComponentImage
+{
+public:
+    struct Counts
+    {
+        int numOnMessageThread = 0, numElsewhere = 0;
+    };
+
+    explicit RepaintRecorder (Counts& countsToRaise) : counts (countsToRaise) {}
+
+    bool invalidateAll() override
+    {
+        ++(juce::MessageManager::existsAndIsCurrentThread() ? counts.numOnMessageThread : counts.numElsewhere);
+        return true;
+    }
+
+    bool invalidate (const juce::Rectangle<int>&) override { return invalidateAll(); }
+    void paint (juce::Graphics&) override {}
+    void releaseResources() override {}
+
+private:
+    Counts& counts;
+};
+
+TEST (FreqScaleComponent, AScaleSetByAnotherThreadIsPaintedByTheMessageThread)
+{
+    RulerInEditor test { 1818, 1000 };
+    test.scale.setRange (20.0f, 20000.0f);
+    test.scale.notifyListenersNow();
+    pumpPending();
+    const auto getTexts = [&]
+    {
+        juce::StringArray texts;
+
+        for (const auto& label : test.ruler.getLabels())
+            texts.add (label.text);
+
+        return texts;
+    };
+    const auto linear = getTexts();
+
+    RepaintRecorder::Counts repaints;
+    test.ruler.setCachedComponentImage (new RepaintRecorder (repaints));
+    repaints = {};
+    std::thread ([&] { test.scale.setScaleType (FrequencyScale::log); }).join();
+    EXPECT_EQ (repaints.numElsewhere, 0);
+    EXPECT_EQ (repaints.numOnMessageThread, 0) << "nothing happens before the message thread gets to it";
+    EXPECT_EQ (getTexts(), linear);
+
+    pumpPending();
+    EXPECT_GT (repaints.numOnMessageThread, 0);
+    EXPECT_EQ (repaints.numElsewhere, 0);
+    EXPECT_GT (getTexts().size(), linear.size()) << "all decades fit on a log scale";
 }
 
 TEST (FreqScaleComponent, OutlivesNoneOfItsPendingUpdates)

@@ -248,15 +248,26 @@ TEST_F (SpectrogramComponentTest, ShiftClickFreezesAndShowsNoCrosshair)
     EXPECT_TRUE (held.empty());
 }
 
-TEST_F (SpectrogramComponentTest, ARightClickIsLeftToTheMenu)
+TEST_F (SpectrogramComponentTest, RightClicksAndCtrlClicksAreLeftToTheMenu)
 {
     show();
-    mouse (100.0f, 50.0f);
-    mouse (100.0f, 50.0f, Modifiers::rightButtonModifier);
-    mouse (120.0f, 60.0f, Modifiers::rightButtonModifier);
-    EXPECT_FALSE (view.isCrosshairVisible());
-    EXPECT_TRUE (held.empty());
-    mouse (120.0f, 60.0f);
+
+    for (const auto modifiers :
+         { int (Modifiers::rightButtonModifier), Modifiers::leftButtonModifier | Modifiers::ctrlModifier })
+    {
+        mouse (100.0f, 50.0f);
+        mouse (100.0f, 50.0f, modifiers);
+        mouse (120.0f, 60.0f, modifiers);
+        EXPECT_FALSE (view.isCrosshairVisible());
+        EXPECT_TRUE (held.empty());
+        mouse (120.0f, 60.0f);
+    }
+
+    // Nor does it tell of a cursor that is on its way to such a click.
+    mouse (140.0f, 60.0f);
+    const auto numMoved = moved.size();
+    mouse (160.0f, 60.0f, Modifiers::ctrlModifier);
+    EXPECT_EQ (moved.size(), numMoved);
 }
 
 TEST_F (SpectrogramComponentTest, LeavingTheViewIsReported)

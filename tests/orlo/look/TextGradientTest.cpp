@@ -68,6 +68,17 @@ TEST_F (TextGradientTest, WithoutThePropertyTheTextHasOneColour)
     EXPECT_EQ (rows()[63], 255);
 }
 
+TEST_F (TextGradientTest, TheLabelKeepsItsGroundAndItsOutline)
+{
+    label.setColour (juce::Label::backgroundColourId, juce::Colours::blue);
+    label.setColour (juce::Label::outlineColourId, juce::Colours::red);
+    const auto image = test::snapshotOf (label);
+    EXPECT_EQ (image.getPixelAt (0, 0), juce::Colours::red);
+    EXPECT_EQ (image.getPixelAt (299, 99), juce::Colours::red);
+    EXPECT_EQ (image.getPixelAt (1, 1), juce::Colours::blue);
+    EXPECT_EQ (image.getPixelAt (298, 98), juce::Colours::blue);
+}
+
 TEST_F (TextGradientTest, DisabledTextIsDimmedToo)
 {
     label.setEnabled (false);
