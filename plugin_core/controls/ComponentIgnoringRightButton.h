@@ -6,14 +6,15 @@
 namespace mk::pluginCore
 {
 
-/** Whether these modifiers are of a click that edits: neither the right button nor ctrl is held. Whether the
-    system takes a ctrl-click as a right click plays no part: it never edits. Any thread. */
+/** Whether these modifiers are of a click that edits: neither another button than the left one nor ctrl is held.
+    Whether the system takes a ctrl-click as a right click plays no part: it never edits. Any thread. */
 [[nodiscard]] inline bool isEditingClick (juce::ModifierKeys modifiers) noexcept
 {
-    return ! modifiers.testFlags (juce::ModifierKeys::rightButtonModifier | juce::ModifierKeys::ctrlModifier);
+    return ! modifiers.testFlags (juce::ModifierKeys::rightButtonModifier | juce::ModifierKeys::middleButtonModifier
+                                  | juce::ModifierKeys::ctrlModifier);
 }
 
-/** A widget that reacts to the left button alone: right clicks and ctrl-clicks never reach Base.
+/** A widget that reacts to the left button alone: clicks of other buttons and ctrl-clicks never reach Base.
 
     A press and its release reach Base together or not at all, whichever keys go down or up in between, so
     that no drag stays open. [message thread] */

@@ -113,6 +113,7 @@ TEST_F (ColourMapPreviewTest, OnlyALeftPressClicks)
     auto numClicks = 0;
     preview.onClick = [&numClicks] { ++numClicks; };
     preview.mouseDown (test::makeMouseEvent (preview, {}, juce::ModifierKeys::rightButtonModifier));
+    preview.mouseDown (test::makeMouseEvent (preview, {}, juce::ModifierKeys::middleButtonModifier));
     EXPECT_EQ (numClicks, 0);
     preview.mouseDown (test::makeMouseEvent (preview, {}, juce::ModifierKeys::leftButtonModifier));
     EXPECT_EQ (numClicks, 1);
