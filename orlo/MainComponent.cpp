@@ -5,6 +5,7 @@
 #include "ParameterAccess.h"
 #include "Params.h"
 
+#include "plugin_core/attachments/UndoFlush.h"
 #include "plugin_core/look/Palette.h"
 #include "plugin_core/look/icons/IconDrawable.h"
 
@@ -18,7 +19,7 @@ constexpr int pollEveryMs = 40;
 
 MainComponent::MainComponent (pluginCore::PluginEditor& editor, AudioPluginAudioProcessor& audioProcessor)
     : processor (audioProcessor),
-      freezeButton (std::make_unique<FreezeButton> (juce::String(), juce::DrawableButton::ImageFitted)),
+      freezeButton (std::make_unique<FreezeButton> (Params::id::freeze, juce::DrawableButton::ImageFitted)),
       cleanViewMode (audioProcessor.getUIView().getCleanViewModeValue()),
       rulerParameter (findParameter (audioProcessor, Params::id::ruler)),
       keyboardParameter (findParameter (audioProcessor, Params::id::keyboard)),
@@ -79,6 +80,7 @@ void MainComponent::setUpButtons()
 
     pluginCore::setIcon (*freezeButton, Icon::freeze);
     freezeButton->setClickingTogglesState (true);
+    freezeButton->onClick = [this] { pluginCore::flushSoon (*freezeButton, processor.getParameterState()); };
 
     pluginCore::setIcon (exportButton, Icon::exportPicture);
     exportButton.setTooltip (juce::translate ("Export as PNG"));
