@@ -5,7 +5,6 @@
 #include "ParameterAccess.h"
 #include "Params.h"
 
-#include "plugin_core/attachments/UndoFlush.h"
 #include "plugin_core/look/Palette.h"
 #include "plugin_core/look/icons/IconDrawable.h"
 
@@ -80,7 +79,6 @@ void MainComponent::setUpButtons()
 
     pluginCore::setIcon (*freezeButton, Icon::freeze);
     freezeButton->setClickingTogglesState (true);
-    freezeButton->onClick = [this] { pluginCore::flushSoon (*freezeButton, processor.getParameterState()); };
 
     pluginCore::setIcon (exportButton, Icon::exportPicture);
     exportButton.setTooltip (juce::translate ("Export as PNG"));

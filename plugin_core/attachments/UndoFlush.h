@@ -14,17 +14,4 @@ inline void flushIntoTransaction (juce::AudioProcessorValueTreeState& state)
         static_cast<void> (state.copyState());
 }
 
-/** [message thread] The same after the present message, unless the control has gone by then. For callbacks of a
-    button, where a click of the user and a value of the host look the same: with the latter the parameter holds a
-    lock, under which the state must not be locked. */
-inline void flushSoon (juce::Component& control, juce::AudioProcessorValueTreeState& state)
-{
-    juce::MessageManager::callAsync (
-        [safeControl = juce::Component::SafePointer (&control), &state]
-        {
-            if (safeControl != nullptr)
-                flushIntoTransaction (state);
-        });
-}
-
 } // namespace mk::pluginCore

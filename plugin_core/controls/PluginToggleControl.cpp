@@ -34,7 +34,17 @@ PluginToggleControl::~PluginToggleControl() { button->removeListener (this); }
 void PluginToggleControl::resized() { button->setBounds (getLocalBounds()); }
 void PluginToggleControl::lookAndFeelChanged() { buttonStateChanged (button.get()); }
 
-void PluginToggleControl::buttonClicked (juce::Button*) { flushSoon (*this, state); }
+void PluginToggleControl::buttonClicked (juce::Button*)
+{
+    // A click of the user and a value of the host look the same here. With the latter the parameter holds a lock
+    // at this moment, under which the state must not be locked.
+    juce::MessageManager::callAsync (
+        [control = SafePointer<PluginToggleControl> (this)]
+        {
+            if (control != nullptr)
+                flushIntoTransaction (control->state);
+        });
+}
 
 void PluginToggleControl::buttonStateChanged (juce::Button*)
 {
