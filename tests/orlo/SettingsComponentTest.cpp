@@ -6,7 +6,7 @@
 #include "plugin_core/look/StyleProperties.h"
 #include "tests/orlo/SettingsPanel.h"
 #include "tests/support/MessageLoop.h"
-#include "tests/support/Mouse.h"
+#include "tests/support/StyledWindow.h"
 
 #include <gtest/gtest.h>
 
@@ -132,6 +132,54 @@ TEST_F (SettingsComponentTest, SetsItsSlidersUpAsFlatBars)
 
     for (const auto* const id : { "fftSizeBox", "scaleBox" })
         EXPECT_EQ (int (inner<juce::ComboBox> (id).getProperties()[styleProperty::numCol]), 2) << id;
+}
+
+TEST_F (SettingsComponentTest, GivesBarsAndBoxesTheirClassOfText)
+{
+    for (auto* const control : { &child ("modeBar"),
+                                 &child ("drawModeBar"),
+                                 static_cast<juce::Component*> (&inner<juce::ComboBox> ("fftSizeBox")),
+                                 static_cast<juce::Component*> (&inner<juce::ComboBox> ("scaleBox")),
+                                 static_cast<juce::Component*> (&inner<juce::ComboBox> ("colourBox")) })
+    {
+        EXPECT_EQ (int (control->getProperties()[styleProperty::cat]), 2) << control->getName();
+        EXPECT_EQ (double (control->getProperties()[styleProperty::fontScale]), 1.0) << control->getName();
+    }
+
+    EXPECT_EQ (int (child ("title").getProperties()[styleProperty::cat]), 0);
+    EXPECT_EQ (int (child ("displayHeading").getProperties()[styleProperty::cat]), 1);
+    EXPECT_EQ (int (child ("speedLabel").getProperties()[styleProperty::cat]), 2);
+    EXPECT_FALSE (inner<juce::ComboBox> ("colourBox").getProperties().contains (styleProperty::numCol))
+        << "the previews stand in one column";
+}
+
+TEST_F (SettingsComponentTest, GivesThePresetMenusButtonAGroundAndAnIcon)
+{
+    auto& button = dynamic_cast<juce::DrawableButton&> (child ("presetsButton"));
+    EXPECT_TRUE (bool (button.getProperties()[styleProperty::bg]));
+
+    const auto* const icon = button.getNormalImage();
+    ASSERT_NE (icon, nullptr);
+    const auto image = drawnImage (96,
+                                   96,
+                                   [icon] (juce::Graphics& g) {
+                                       icon->drawWithin (g, { 96.0f, 96.0f }, juce::RectanglePlacement::centred, 1.0f);
+                                   });
+    int numOpaque = 0;
+
+    for (int y = 0; y < 96; ++y)
+    {
+        for (int x = 0; x < 96; ++x)
+        {
+            if (const auto pixel = image.getPixelAt (x, y); pixel.getAlpha() == 255)
+            {
+                EXPECT_EQ (pixel, juce::Colour (0xFFEEEEEE));
+                ++numOpaque;
+            }
+        }
+    }
+
+    EXPECT_GT (numOpaque, 100);
 }
 
 //==============================================================================
