@@ -18,7 +18,7 @@ constexpr int pollEveryMs = 40;
 
 MainComponent::MainComponent (pluginCore::PluginEditor& editor, AudioPluginAudioProcessor& audioProcessor)
     : processor (audioProcessor),
-      freezeButton (std::make_unique<IconButton> (juce::String(), juce::DrawableButton::ImageFitted)),
+      freezeButton (std::make_unique<IconButton> (Params::id::freeze, juce::DrawableButton::ImageFitted)),
       cleanViewMode (audioProcessor.getUIView().getCleanViewModeValue()),
       rulerParameter (findParameter (audioProcessor, Params::id::ruler)),
       keyboardParameter (findParameter (audioProcessor, Params::id::keyboard)),

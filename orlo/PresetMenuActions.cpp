@@ -3,6 +3,7 @@
 
 #include "Params.h"
 
+#include "plugin_core/attachments/UndoFlush.h"
 #include "plugin_core/presets/PresetReference.h"
 #include "plugin_core/processor/PluginProcessor.h"
 
@@ -70,6 +71,9 @@ void PresetMenuActions::loadInit()
 
     presets.loadPresetFile (file, &processor.getUndoManager());
     colourMap.setValueNotifyingHost (kept);
+
+    // Into the load's own step: undoing what the user does next must not change the colours.
+    pluginCore::flushIntoTransaction (processor.getParameterState());
 }
 
 void PresetMenuActions::setAsDefault (const juce::File& file)

@@ -14,9 +14,8 @@ namespace
 {
 namespace scaleRule = pluginCore::scaleRule;
 
-// The longer of the two texts has to fit into a tag as wide as it is high.
 constexpr double textScale = 0.5;
-constexpr float leastTextWidth = 0.7f;
+constexpr int textMarginShare = 12; // of the width, at each side
 constexpr float outlineWidth = 1.5f;
 constexpr float overContrast = 0.05f;
 constexpr float downContrast = 0.2f;
@@ -69,9 +68,23 @@ void RetinaParamLabel::paint (juce::Graphics& g)
     g.drawRoundedRectangle (area, radius, outlineWidth);
 
     g.setColour (findColour (on ? juce::TextButton::textColourOnId : juce::TextButton::textColourOffId));
-    g.setFont (getLookAndFeel().getLabelFont (*this));
-    g.drawFittedText (
-        getText(), getLocalBounds().reduced (getWidth() / 12, 0), getJustificationType(), 1, leastTextWidth);
+    g.setFont (getTextFont());
+    g.drawText (getText(), getTextArea(), getJustificationType(), false);
+}
+
+juce::Rectangle<int> RetinaParamLabel::getTextArea() const
+{
+    return getLocalBounds().reduced (getWidth() / textMarginShare, 0);
+}
+
+juce::Font RetinaParamLabel::getTextFont()
+{
+    const auto type = getLookAndFeel().getLabelFont (*this);
+    const auto width = juce::GlyphArrangement::getStringWidth (type, getText());
+    const auto room = float (getTextArea().getWidth());
+
+    // A tag as wide as it is high is narrow for a word.
+    return width > room ? type.withHeight (type.getHeight() * room / width) : type;
 }
 
 void RetinaParamLabel::mouseDown (const juce::MouseEvent& event)

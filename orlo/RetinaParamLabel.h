@@ -17,6 +17,10 @@ public:
     /** Changes the parameter to its other choice: one gesture, one undo transaction. */
     void flip();
 
+    /** Where the text stands, and its type: small enough for the text to fit at its natural width. */
+    [[nodiscard]] juce::Rectangle<int> getTextArea() const;
+    [[nodiscard]] juce::Font getTextFont();
+
     void paint (juce::Graphics& g) override;
     void mouseDown (const juce::MouseEvent& event) override;
     void mouseUp (const juce::MouseEvent& event) override;

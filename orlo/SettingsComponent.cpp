@@ -96,7 +96,7 @@ SettingsComponent::SettingsComponent (pluginCore::PluginEditor& editorToUse, plu
     setUpColours();
     setUpPresets();
 
-    updateFreqSliderTextFunctions (owner.getSampleRate());
+    updateFreqSliderTextFunctions (owner.getPreparedRate());
     editor.getMoveDetector().addListener (this);
 }
 
@@ -194,17 +194,19 @@ void SettingsComponent::setUpSliders()
 
 void SettingsComponent::setUpColours()
 {
-    setUpBox (colourBox.getComboBox(),
-              Params::id::colourMap,
-              juce::translate ("Colour"),
-              juce::translate ("Select a colour palette for the spectrogram"));
+    const auto tip = juce::translate ("Select a colour palette for the spectrogram");
+    setUpBox (colourBox.getComboBox(), Params::id::colourMap, juce::translate ("Colour"), tip);
     add (colourBox, "colourBox");
 
     arrows.onPrevious = [this] { colourBox.step (-1); };
     arrows.onNext = [this] { colourBox.step (1); };
+    arrows.setName (Params::id::colourMap);
     add (arrows, "arrows");
 
     colourPreview.onClick = [this] { colourBox.showPopup(); };
+    colourPreview.setName (Params::id::colourMap);
+    colourPreview.setTooltip (tip);
+    colourPreview.setHelpText (tip);
     add (colourPreview, "colourPreview");
     colourMapAttachment.sendInitialUpdate();
 }

@@ -27,7 +27,10 @@ FFTProcessor::~FFTProcessor()
 
 void FFTProcessor::prepareToPlay (double rate)
 {
-    if (juce::approximatelyEqual (rate, sampleRate.load (std::memory_order_relaxed)))
+    // The rate that stands before the first call is nobody's: to those who wait for one, even the same is news.
+    const auto isFirst = ! isPrepared.exchange (true, std::memory_order_relaxed);
+
+    if (! isFirst && juce::approximatelyEqual (rate, sampleRate.load (std::memory_order_relaxed)))
         return;
 
     sampleRate.store (rate, std::memory_order_relaxed);

@@ -31,8 +31,8 @@ public:
     ~FFTProcessor() override;
 
     //==============================================================================
-    /** [message or host thread] Stores the rate in hertz; on a change, onSampleRateChanged is called
-        later on the message thread. */
+    /** [message or host thread] Stores the rate in hertz; at the first call and on each change,
+        onSampleRateChanged is called later on the message thread. */
     void prepareToPlay (double rate);
 
     /** [message thread] Gets the new rate in hertz. */
@@ -94,6 +94,7 @@ private:
     static constexpr size_t largestFrame = 4097;
 
     std::atomic<double> sampleRate { 44100.0 };
+    std::atomic<bool> isPrepared { false }; // written and read by whoever prepares
     AtomicAnalysisConfig pendingConfig { AnalysisConfig {} };
     AtomicAnalysisConfig currentConfig { AnalysisConfig { 511, 0, 0 } };
     std::atomic<int> fftSize { 0 };

@@ -116,7 +116,13 @@ void ColourMapPreviewComponent::mouseDown (const juce::MouseEvent& event)
 
 std::unique_ptr<juce::AccessibilityHandler> ColourMapPreviewComponent::createAccessibilityHandler()
 {
-    return std::make_unique<juce::AccessibilityHandler> (*this, juce::AccessibilityRole::image);
+    if (onClick == nullptr)
+        return std::make_unique<juce::AccessibilityHandler> (*this, juce::AccessibilityRole::image);
+
+    return std::make_unique<juce::AccessibilityHandler> (
+        *this,
+        juce::AccessibilityRole::button,
+        juce::AccessibilityActions().addAction (juce::AccessibilityActionType::press, [this] { onClick(); }));
 }
 
 } // namespace mk::orlo

@@ -9,8 +9,8 @@ namespace mk::orlo
 {
 
 /** A bar with the colours of a map, level 0 at the left end and 1 at the right, with or without the map's
-    name beside it. [message thread] */
-class ColourMapPreviewComponent : public juce::Component
+    name beside it. With something to do at a click it is a button for screen readers. [message thread] */
+class ColourMapPreviewComponent : public juce::Component, public juce::SettableTooltipClient
 {
 public:
     /** An index without a map is taken for the first one. */

@@ -60,7 +60,7 @@ SpectrogramContainer::SpectrogramContainer (AudioPluginAudioProcessor& audioProc
       freqScaleAttachment (findParameter (audioProcessor, Params::id::freqScale),
                            [this] (float value) { scale.setScaleType (juce::roundToInt (value)); }),
       freezeAttachment (freezeParameter, [] (float) {}),
-      sampleRate (float (fftProcessor.getSampleRate())),
+      sampleRate (float (audioProcessor.getPreparedRate())),
       octaveOfMiddleC (notes::getOctaveOfMiddleC())
 {
     for (auto* const component : { static_cast<juce::Component*> (this),

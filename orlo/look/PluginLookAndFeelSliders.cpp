@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "PluginLookAndFeel.h"
 #include "SliderProperties.h"
+#include "plugin_core/controls/ParameterSlider.h"
 #include "plugin_core/look/MouseFade.h"
 #include "plugin_core/look/Palette.h"
 #include "plugin_core/look/ScaleRule.h"
@@ -100,16 +101,24 @@ void PluginLookAndFeel::drawLinearSlider (juce::Graphics& g,
     juce::Path inside;
     inside.addRoundedRectangle (bar, radius);
     g.reduceClipRegion (inside);
-    g.setColour (slider.findColour (juce::Slider::trackColourId).withMultipliedAlpha (alpha));
+
+    const auto fillKnob = [&] (float knobPosition, bool isNearMouse)
+    {
+        const auto id = isNearMouse ? int (juce::ComboBox::focusedOutlineColourId) : int (juce::Slider::trackColourId);
+        g.setColour (slider.findColour (id).withMultipliedAlpha (alpha));
+        g.fillRect (knobAt (bar, vertical, knobPosition));
+    };
 
     if (isRange)
     {
-        g.fillRect (knobAt (bar, vertical, minPosition));
-        g.fillRect (knobAt (bar, vertical, maxPosition));
+        const auto* const parameterSlider = dynamic_cast<const pluginCore::ParameterSlider*> (&slider);
+        const auto nearThumb = parameterSlider != nullptr ? parameterSlider->getThumbNearMouse() : 0;
+        fillKnob (minPosition, nearThumb == 1);
+        fillKnob (maxPosition, nearThumb == 2);
     }
 
     if (! slider.isTwoValue())
-        g.fillRect (knobAt (bar, vertical, position));
+        fillKnob (position, false);
 }
 
 juce::Slider::SliderLayout PluginLookAndFeel::getSliderLayout (juce::Slider& slider)

@@ -6,17 +6,22 @@
 namespace mk::pluginCore
 {
 
-/** Whether these modifiers are of a click that edits: neither the right button nor ctrl is held. Whether the
-    system takes a ctrl-click as a right click plays no part: it never edits. Any thread. */
+/** Whether these modifiers are of a click that edits: neither another button than the left one nor ctrl is held.
+    Whether the system takes a ctrl-click as a right click plays no part: it never edits. Any thread. */
 [[nodiscard]] inline bool isEditingClick (juce::ModifierKeys modifiers) noexcept
 {
-    return ! modifiers.testFlags (juce::ModifierKeys::rightButtonModifier | juce::ModifierKeys::ctrlModifier);
+    return ! modifiers.testFlags (juce::ModifierKeys::rightButtonModifier | juce::ModifierKeys::middleButtonModifier
+                                  | juce::ModifierKeys::ctrlModifier);
 }
 
-/** The others: a click with the right button or with ctrl asks for a menu, on every system. Any thread. */
-[[nodiscard]] inline bool isMenuClick (juce::ModifierKeys modifiers) noexcept { return ! isEditingClick (modifiers); }
+/** Whether these modifiers are of a click that asks for a menu: with the right button or with ctrl, on every
+    system. Any thread. */
+[[nodiscard]] inline bool isMenuClick (juce::ModifierKeys modifiers) noexcept
+{
+    return modifiers.testFlags (juce::ModifierKeys::rightButtonModifier | juce::ModifierKeys::ctrlModifier);
+}
 
-/** A widget that reacts to the left button alone: right clicks and ctrl-clicks never reach Base.
+/** A widget that reacts to the left button alone: clicks of other buttons and ctrl-clicks never reach Base.
 
     A press and its release reach Base together or not at all, whichever keys go down or up in between, so
     that no drag stays open. [message thread] */

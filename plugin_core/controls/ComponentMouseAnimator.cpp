@@ -73,10 +73,9 @@ void ComponentMouseAnimator::timerCallback()
 
 void ComponentMouseAnimator::mouseEnter (const juce::MouseEvent&)
 {
-    if (mouseOverToken != nullptr)
-        return;
+    if (mouseOverToken == nullptr)
+        mouseOverToken = std::make_unique<MouseOverToken>();
 
-    mouseOverToken = std::make_unique<MouseOverToken>();
     start (State::entered);
 }
 
@@ -84,13 +83,17 @@ void ComponentMouseAnimator::mouseExit (const juce::MouseEvent&) { leaveUnlessIn
 
 void ComponentMouseAnimator::mouseDown (const juce::MouseEvent& event)
 {
-    if (isEditingClick (event.mods))
+    isPressIgnored = ! isEditingClick (event.mods);
+
+    if (! isPressIgnored)
         press();
 }
 
 void ComponentMouseAnimator::mouseUp (const juce::MouseEvent&)
 {
-    release();
+    if (! isPressIgnored)
+        release();
+
     leaveUnlessInside();
 }
 

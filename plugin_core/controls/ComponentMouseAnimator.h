@@ -64,6 +64,7 @@ private:
     const int tickMs;
     Times times;
     std::unique_ptr<MouseOverToken> mouseOverToken;
+    bool isPressIgnored = false; // the last one, whose release is then no release either
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (ComponentMouseAnimator)
 };

@@ -4,6 +4,7 @@
 #include "../look/MouseFade.h"
 
 #include <cmath>
+#include <utility>
 
 namespace mk::pluginCore
 {
@@ -70,12 +71,19 @@ void ParameterSlider::mouseDoubleClick (const juce::MouseEvent& event)
 void ParameterSlider::mouseMove (const juce::MouseEvent& event)
 {
     Base::mouseMove (event);
+    setThumbNearMouse (findNearestThumb (event.position));
+}
 
-    if (const auto thumb = findNearestThumb (event.position); thumb != thumbNearMouse)
-    {
-        thumbNearMouse = thumb;
+void ParameterSlider::mouseExit (const juce::MouseEvent& event)
+{
+    Base::mouseExit (event);
+    setThumbNearMouse (0);
+}
+
+void ParameterSlider::setThumbNearMouse (int thumb)
+{
+    if (std::exchange (thumbNearMouse, thumb) != thumb)
         repaint();
-    }
 }
 
 int ParameterSlider::findNearestThumb (juce::Point<float> position) const

@@ -24,8 +24,8 @@ public:
         has been written by then. */
     std::function<void()> gestureEnded;
 
-    /** The thumb of a two-value slider that a press would take, 1 for the minimum and 2 for the maximum; 0 as
-        long as the mouse has not been here, and for other sliders. */
+    /** The thumb of a two-value slider that a press would take, 1 for the minimum and 2 for the maximum; 0
+        while the mouse is not here, and for other sliders. */
     [[nodiscard]] int getThumbNearMouse() const noexcept { return thumbNearMouse; }
 
     /** The thumb that is nearer to a position along the track, with the same numbers. At equal distance it is
@@ -39,6 +39,7 @@ public:
     void mouseDrag (const juce::MouseEvent& event) override;
     void mouseDoubleClick (const juce::MouseEvent& event) override;
     void mouseMove (const juce::MouseEvent& event) override;
+    void mouseExit (const juce::MouseEvent& event) override;
     bool keyPressed (const juce::KeyPress& key) override;
     void startedDragging() override;
     void stoppedDragging() override;
@@ -47,6 +48,7 @@ private:
     using Base = ComponentIgnoringRightButton<AnimatedComponent<juce::Slider>>;
 
     void handleNewPopup();
+    void setThumbNearMouse (int thumb);
 
     juce::Component::SafePointer<juce::Component> popupHandled;
     int thumbNearMouse = 0;

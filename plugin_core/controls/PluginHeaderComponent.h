@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
+#include "../presets/PresetsManager.h"
+
 #include <juce_gui_basics/juce_gui_basics.h>
 
 namespace mk::pluginCore
@@ -10,7 +12,8 @@ namespace mk::pluginCore
 class PluginHeaderComponent : public juce::Component,
                               public juce::Timer,
                               public juce::ChangeListener,
-                              public juce::Button::Listener
+                              public juce::Button::Listener,
+                              public PresetsManager::Listener
 {
 public:
     /** What a look and feel offers that draws the header. */

@@ -36,16 +36,24 @@ template <typename Control>
     return component != nullptr && component != &editor && editor.isParentOf (component);
 }
 
-/** The parameter that a component sets; components other than sliders and toggles have it for their name. */
-[[nodiscard]] juce::String findParameterId (const juce::Component& component)
+/** The parameter of the control within the editor that the component is or lies in; null if it has none.
+    Controls other than sliders and toggles have the parameter's id for their name. */
+[[nodiscard]] const juce::AudioProcessorParameter* findParameter (const juce::AudioProcessorValueTreeState& state,
+                                                                  const juce::Component& component,
+                                                                  const juce::Component& editor)
 {
     if (const auto* const slider = findControl<PluginSliderControl> (component))
-        return slider->getParamIDs()[0];
+        return state.getParameter (slider->getParamIDs()[0]);
 
     if (const auto* const toggle = findControl<PluginToggleControl> (component))
-        return toggle->getParamID();
+        return state.getParameter (toggle->getParamID());
 
-    return component.getName();
+    // Hosts ask with the innermost part under the mouse, such as the label in a box.
+    for (const auto* part = &component; part != nullptr && part != &editor; part = part->getParentComponent())
+        if (const auto* const parameter = state.getParameter (part->getName()))
+            return parameter;
+
+    return nullptr;
 }
 } // namespace
 
@@ -203,7 +211,7 @@ void PluginEditor::broughtToFront()
 
 int PluginEditor::getControlParameterIndex (juce::Component& component)
 {
-    const auto* const parameter = pluginProcessor.getParameterState().getParameter (findParameterId (component));
+    const auto* const parameter = findParameter (pluginProcessor.getParameterState(), component, *this);
     return parameter != nullptr ? parameter->getParameterIndex() : -1;
 }
 

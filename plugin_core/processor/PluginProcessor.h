@@ -115,6 +115,9 @@ public:
     [[nodiscard]] PresetsManager& getPresetsManager() noexcept { return presets; }
     [[nodiscard]] SessionState& getSessionState() noexcept { return state; }
 
+    /** Any thread, wait-free. The rate in hertz that the host has asked for last; 0 before the first time. */
+    [[nodiscard]] double getPreparedRate() const noexcept { return sampleRate.load (std::memory_order_relaxed); }
+
     /** [message thread] What a preset and the parameters' controls record into. */
     [[nodiscard]] juce::UndoManager& getUndoManager() noexcept { return undoManager; }
 
@@ -135,7 +138,7 @@ protected:
         bypassDelay.process (buffer, getLatencySamples());
     }
 
-    /** Hertz; written by prepareToPlay(), read by the audio thread. */
+    /** Hertz; written by prepareToPlay(), read by the audio and the message thread. */
     std::atomic<double> sampleRate { 0.0 };
 
 private:

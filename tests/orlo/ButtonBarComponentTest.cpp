@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "orlo/ButtonBarComponent.h"
+#include "orlo/look/OrloColours.h"
+#include "orlo/look/PluginLookAndFeel.h"
 #include "plugin_core/look/StyleProperties.h"
 #include "tests/support/GestureRecorder.h"
+#include "tests/support/Painting.h"
+#include "tests/support/StyledWindow.h"
 #include "tests/support/TestProcessor.h"
 
 #include <gtest/gtest.h>
@@ -73,6 +77,45 @@ TEST_F (ButtonBarParameterTest, EachClickIsOneTransaction)
     EXPECT_TRUE (bar.getButton (3).getToggleState());
     EXPECT_TRUE (processor.getUndoManager().undo());
     EXPECT_TRUE (bar.getButton (1).getToggleState());
+}
+
+TEST_F (ButtonBarParameterTest, ItsFrameIsALineWithCornersOfTheWindowsHeight)
+{
+    test::StyledWindow<PluginLookAndFeel> window (1818, 1000);
+    window.add (bar, { 0, 0, 334, 60 });
+    const auto colour = window.style.findColour (colourId::buttonBarFrame);
+
+    const auto frameAt = [&] (int editorHeight)
+    {
+        window.style.setEditorSize (1818, editorHeight);
+        return test::paintComponent (bar);
+    };
+
+    // Two pixels thick around a rectangle that is inset by one and a half.
+    const auto image = frameAt (1000);
+    EXPECT_NEAR (int (image.getPixelAt (167, 0).getAlpha()), 128, 2);
+    EXPECT_EQ (image.getPixelAt (167, 1), colour);
+    EXPECT_NEAR (int (image.getPixelAt (167, 2).getAlpha()), 128, 2);
+    EXPECT_EQ (image.getPixelAt (167, 3).getAlpha(), 0);
+    EXPECT_EQ (image.getPixelAt (1, 30), colour);
+    EXPECT_EQ (image.getPixelAt (332, 30), colour);
+    EXPECT_EQ (image.getPixelAt (167, 58), colour);
+    EXPECT_EQ (image.getPixelAt (167, 30).getAlpha(), 0);
+
+    const auto firstInRow = [] (const juce::Image& picture)
+    {
+        int x = 0;
+
+        while (x < 100 && picture.getPixelAt (x, 1).getAlpha() < 128)
+            ++x;
+
+        return x;
+    };
+
+    // The outer edge of a corner of radius r is r - sqrt (2 r - 1) away there, and half a pixel inside the bar.
+    EXPECT_NEAR (firstInRow (image), 0.5 + 6.5 - 3.5, 1.0);
+    EXPECT_NEAR (firstInRow (frameAt (3000)), 0.5 + 17.5 - 5.8, 1.0);
+    EXPECT_LE (firstInRow (frameAt (0)), 1);
 }
 
 TEST_F (ButtonBarParameterTest, AnUnknownParameterGivesAnEmptyBar)

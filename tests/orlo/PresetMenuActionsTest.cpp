@@ -4,7 +4,9 @@
 #include "orlo/AudioPluginAudioProcessor.h"
 #include "orlo/Params.h"
 #include "plugin_core/presets/PresetReference.h"
+#include "tests/support/FindComponents.h"
 #include "tests/support/MenuRows.h"
+#include "tests/support/MessageLoop.h"
 #include "tests/support/TemporaryHome.h"
 
 #include <gtest/gtest.h>
@@ -107,6 +109,32 @@ TEST_F (PresetMenuActionsTest, SaveWritesNothingWithoutAFile)
     EXPECT_FALSE (gone.exists());
 }
 
+TEST_F (PresetMenuActionsTest, SaveAsAsksForAFileAndLoadsItOnceItIsSaved)
+{
+    using Box = juce::FileChooserDialogBox;
+
+    // Such a box is another program's window.
+    if (juce::FileChooser::isPlatformDialogAvailable())
+        GTEST_SKIP() << "the system has a box of its own";
+
+    setValue (Params::id::speed, 58.0f);
+    ASSERT_EQ (presets.getCurrentPresetFile(), juce::File());
+    perform (PresetMenu::saveAs);
+    ASSERT_EQ (findWindows<Box>().size(), 1u);
+
+    auto& box = *findWindows<Box>().front();
+    findInside<juce::FileBrowserComponent> (box)->setFileName ("Mine.mkpreset");
+    box.exitModalState (1);
+    const auto file = presets.getUserFolder().getChildFile ("Mine.mkpreset");
+    ASSERT_TRUE (pumpUntil ([&] { return presets.getCurrentPresetFile() == file; }));
+    EXPECT_TRUE (file.loadFileAsString().contains ("value=\"58.0\""));
+    EXPECT_FALSE (presets.isDirty());
+
+    // It has been loaded: that can be undone.
+    ASSERT_TRUE (processor.getUndoManager().undo());
+    EXPECT_FLOAT_EQ (getValue (Params::id::speed), 58.0f);
+}
+
 TEST_F (PresetMenuActionsTest, APresetsRowLoadsIt)
 {
     setValue (Params::id::speed, 11.0f);
@@ -170,6 +198,49 @@ TEST_F (PresetMenuActionsTest, InitKeepsTheColourMapAndNothingElse)
     EXPECT_FLOAT_EQ (getValue (Params::id::speed), 70.0f);
     EXPECT_FLOAT_EQ (getValue (Params::id::fftSize), 5.0f);
     EXPECT_EQ (presets.getCurrentPresetFile(), juce::File());
+}
+
+TEST_F (PresetMenuActionsTest, InitCanBeUndoneAndDoneAgainWithTheSameColours)
+{
+    static_cast<void> (writePreset (presets.getInitFile()));
+    setValue (Params::id::speed, 91.0f);
+    setValue (Params::id::colourMap, 17.0f);
+
+    // The state's own timer has recorded what was set meanwhile.
+    const auto pump = [this]
+    {
+        pumpPending();
+        static_cast<void> (processor.getParameterState().copyState());
+    };
+
+    pump();
+    perform (PresetMenu::init);
+    pump();
+    ASSERT_TRUE (processor.getUndoManager().undo());
+    pump();
+    EXPECT_FLOAT_EQ (getValue (Params::id::speed), 91.0f);
+    EXPECT_FLOAT_EQ (getValue (Params::id::colourMap), 17.0f);
+
+    ASSERT_TRUE (processor.getUndoManager().redo());
+    pump();
+    EXPECT_FLOAT_EQ (getValue (Params::id::speed), 40.0f);
+    EXPECT_FLOAT_EQ (getValue (Params::id::colourMap), 17.0f);
+}
+
+TEST_F (PresetMenuActionsTest, InitIsOneStepWhateverTheUserDoesNext)
+{
+    static_cast<void> (writePreset (presets.getInitFile()));
+    setValue (Params::id::colourMap, 17.0f);
+    setValue (Params::id::speed, 91.0f);
+    perform (PresetMenu::init);
+
+    // Before the state's timer has run, as a control would.
+    processor.getUndoManager().beginNewTransaction();
+    setValue (Params::id::speed, 12.0f);
+    static_cast<void> (processor.getParameterState().copyState());
+    ASSERT_TRUE (processor.getUndoManager().undo());
+    EXPECT_FLOAT_EQ (getValue (Params::id::speed), 40.0f);
+    EXPECT_FLOAT_EQ (getValue (Params::id::colourMap), 17.0f);
 }
 
 TEST_F (PresetMenuActionsTest, InitLeavesALockedParameterAlone)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "orlo/Params.h"
 #include "tests/orlo/SettingsInWindow.h"
+#include "tests/support/FindComponents.h"
 
 #include <gtest/gtest.h>
 
@@ -50,7 +51,44 @@ protected:
         return pumpUntil ([] { return getMenu() == nullptr; });
     }
 
+    /** Writes the present state into a preset and goes back to no preset. */
+    [[nodiscard]] juce::File writePreset (const juce::File& file)
+    {
+        file.getParentDirectory().createDirectory();
+        presets.savePresetFile (file, false);
+        presets.setCurrentPresetFile ({});
+        return file;
+    }
+
+    [[nodiscard]] juce::File writeUserPreset (const juce::String& name)
+    {
+        return writePreset (presets.getUserFolder().getChildFile (name + ".mkpreset"));
+    }
+
+    /** The rows of the menu that is open, without the separators: those that cannot be chosen in brackets, a star
+        before those with a tick. */
+    [[nodiscard]] static juce::String readRows()
+    {
+        juce::StringArray rows;
+
+        for (auto* const row : getMenu()->getChildren())
+        {
+            const auto* const handler = row->getAccessibilityHandler();
+
+            if (handler == nullptr || handler->getTitle().isEmpty())
+                continue;
+
+            const auto canBeChosen = handler->getActions().contains (juce::AccessibilityActionType::press);
+            const auto text =
+                (handler->getCurrentState().isChecked() ? juce::String ("*") : juce::String()) + handler->getTitle();
+            rows.add (canBeChosen ? text : "(" + text + ")");
+        }
+
+        return rows.joinIntoString (", ");
+    }
+
     juce::String shownPage;
+    pluginCore::PresetsManager& presets = processor.getPresetsManager();
 };
 
 using Key = juce::KeyPress;
@@ -87,10 +125,8 @@ TEST_F (PresetMenuInWindowTest, OpensTheManual)
 
 TEST_F (PresetMenuInWindowTest, LoadsAPreset)
 {
-    auto& presets = processor.getPresetsManager();
     setValue (Params::id::speed, 77.0f);
-    presets.savePresetFile (presets.getUserFolder().getChildFile ("mine.mkpreset"), false);
-    presets.setCurrentPresetFile ({});
+    static_cast<void> (writeUserPreset ("mine"));
     setValue (Params::id::speed, 11.0f);
 
     ASSERT_TRUE (open());
@@ -106,6 +142,118 @@ TEST_F (PresetMenuInWindowTest, LoadsAPreset)
     press ({ Key::downKey, Key::returnKey });
     EXPECT_TRUE (pumpUntil ([&] { return ! presets.isDirty(); }));
     EXPECT_TRUE (presets.getCurrentPresetFile().loadFileAsString().contains ("value=\"33.0\""));
+}
+
+TEST_F (PresetMenuInWindowTest, ShowsWhichRowsCanBeChosenAndWhichAreTicked)
+{
+    ASSERT_TRUE (open());
+    EXPECT_EQ (readRows(), "(Save), Save as..., (Set Preset as Default), Manual");
+    press ({ Key::escapeKey });
+    ASSERT_TRUE (waitUntilClosed());
+
+    static_cast<void> (writePreset (presets.getInitFile()));
+    static_cast<void> (writeUserPreset ("drums/kick"));
+    const auto current = writeUserPreset ("drums/loud/snare");
+    static_cast<void> (writeUserPreset ("voice"));
+    presets.setCurrentPresetFile (current);
+
+    ASSERT_TRUE (open());
+    EXPECT_EQ (readRows(), "Save, Save as..., Set Preset as Default, Init, Manual, Presets");
+    press ({ Key::upKey, Key::rightKey });
+    EXPECT_EQ (readRows(), "*drums, voice");
+    press ({ Key::rightKey });
+    EXPECT_EQ (readRows(), "kick, *loud");
+    press ({ Key::downKey, Key::rightKey });
+    EXPECT_EQ (readRows(), "*snare");
+}
+
+TEST_F (PresetMenuInWindowTest, LoadsAPresetTwoFoldersDown)
+{
+    setValue (Params::id::speed, 66.0f);
+    const auto file = writeUserPreset ("drums/loud/snare");
+    setValue (Params::id::speed, 11.0f);
+
+    ASSERT_TRUE (open());
+    press ({ Key::upKey, Key::rightKey, Key::rightKey, Key::rightKey, Key::returnKey });
+    EXPECT_TRUE (pumpUntil ([this] { return getValue (Params::id::speed) > 60.0f; }));
+    EXPECT_EQ (presets.getCurrentPresetFile(), file);
+}
+
+TEST_F (PresetMenuInWindowTest, StandsAtItsButtonInRowsOfItsHeight)
+{
+    auto& button = child ("presetsButton");
+    ASSERT_TRUE (open());
+    auto& menu = *getMenu();
+    EXPECT_GE (menu.getWidth(), button.getWidth());
+    EXPECT_EQ (menu.getChildComponent (0)->getHeight(), button.getHeight());
+
+    const auto place = editor.getLocalArea (&button, button.getLocalBounds());
+    EXPECT_EQ (menu.getX(), place.getX());
+    EXPECT_NEAR (menu.getY(), place.getBottom(), 2);
+}
+
+TEST_F (PresetMenuInWindowTest, InitKeepsTheColourMap)
+{
+    static_cast<void> (writePreset (presets.getInitFile()));
+    setValue (Params::id::speed, 91.0f);
+    setValue (Params::id::colourMap, 17.0f);
+
+    ASSERT_TRUE (open());
+    press ({ Key::downKey, Key::downKey, Key::returnKey });
+    EXPECT_TRUE (pumpUntil ([this] { return juce::approximatelyEqual (getValue (Params::id::speed), 40.0f); }));
+    EXPECT_EQ (valueText ("speedSlider"), "40 %");
+    EXPECT_FLOAT_EQ (getValue (Params::id::colourMap), 17.0f);
+    EXPECT_EQ (panel.getColourMapIndex(), 17);
+}
+
+TEST_F (PresetMenuInWindowTest, TheDefaultIsThePresetOfTheOpeningWhateverIsUndone)
+{
+    const auto first = writeUserPreset ("first");
+    const auto second = writeUserPreset ("second");
+    presets.setCurrentPresetFile (first);
+    ASSERT_TRUE (presets.loadPresetFile (second, &processor.getUndoManager()));
+
+    ASSERT_TRUE (open());
+    ASSERT_TRUE (processor.getUndoManager().undo());
+    EXPECT_EQ (presets.getCurrentPresetFile(), first);
+    press ({ Key::downKey, Key::downKey, Key::downKey, Key::returnKey });
+
+    const auto getDefault = [this]
+    { return settings.getSettings()[pluginCore::SettingsIds::defaultPreset].toString(); };
+    EXPECT_TRUE (pumpUntil ([&] { return getDefault().isNotEmpty(); }));
+    EXPECT_TRUE (getDefault().contains ("second.mkpreset")) << getDefault();
+}
+
+TEST_F (PresetMenuInWindowTest, SavesUnderAnotherNameAndReloads)
+{
+    using Box = juce::FileChooserDialogBox;
+
+    // Such a box is another program's window.
+    if (juce::FileChooser::isPlatformDialogAvailable())
+        GTEST_SKIP() << "the system has a box of its own";
+
+    setValue (Params::id::speed, 58.0f);
+    ASSERT_TRUE (open());
+    press ({ Key::downKey, Key::returnKey });
+    ASSERT_TRUE (pumpUntil ([] { return ! findWindows<Box>().empty(); }));
+
+    auto& box = *findWindows<Box>().front();
+    auto& browser = *findInside<juce::FileBrowserComponent> (box);
+    browser.setFileName ("Other.mkpreset");
+    auto* const button = findInside<juce::TextButton> (
+        box, [&] (const auto& candidate) { return candidate.getButtonText() == browser.getActionVerb(); });
+    ASSERT_NE (button, nullptr);
+    ASSERT_TRUE (pumpUntil ([button] { return button->isEnabled(); }));
+    button->triggerClick();
+
+    const auto file = presets.getUserFolder().getChildFile ("Other.mkpreset");
+    ASSERT_TRUE (pumpUntil ([&] { return presets.getCurrentPresetFile() == file; }));
+    EXPECT_TRUE (file.loadFileAsString().contains ("value=\"58.0\""));
+    EXPECT_FALSE (presets.isDirty());
+    EXPECT_TRUE (processor.getUndoManager().canUndo()) << "it has been loaded";
+
+    ASSERT_TRUE (open());
+    EXPECT_EQ (readRows(), "Save, Save as..., Set Preset as Default, Manual, Presets");
 }
 
 TEST_F (PresetMenuInWindowTest, CanBeDismissedByTheWindow)

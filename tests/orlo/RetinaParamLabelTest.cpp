@@ -81,6 +81,7 @@ TEST_F (RetinaParamLabelTest, OtherClicksChangeNothing)
 {
     const HostEar ear (parameter);
     click (juce::ModifierKeys::rightButtonModifier);
+    click (juce::ModifierKeys::middleButtonModifier);
     click (leftButton | juce::ModifierKeys::ctrlModifier);
     click (leftButton, { 500.0f, 5.0f });
     EXPECT_EQ (ear.events, "");

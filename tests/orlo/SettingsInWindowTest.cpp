@@ -2,6 +2,10 @@
 #include "tests/orlo/SettingsInWindow.h"
 
 #include "orlo/Params.h"
+#include "orlo/analysis/ColourMap.h"
+#include "tests/support/StyledWindow.h"
+
+#include <thread>
 
 namespace mk::orlo::test
 {
@@ -98,6 +102,116 @@ TEST_F (SettingsInWindowTest, ADragMovesASliderAndADoubleClickResetsIt)
     EXPECT_EQ (counter.numBegun, counter.numEnded);
 }
 
+constexpr std::array sliders { std::pair ("speedSlider", Params::id::speed),
+                               std::pair ("maxFreqSlider", Params::id::maxFreq),
+                               std::pair ("minFreqSlider", Params::id::minFreq),
+                               std::pair ("floorSlider", Params::id::floor),
+                               std::pair ("ceilingSlider", Params::id::ceiling) };
+
+TEST_F (SettingsInWindowTest, ADoubleClickResetsEachSlider)
+{
+    for (const auto& [name, id] : sliders)
+    {
+        const auto& parameter = *processor.getParameterState().getParameter (id);
+        setNormalised (id, 0.37f);
+        pumpPending();
+
+        auto& control = child (name);
+        const GestureCounter counter (processor);
+        PeerMouse (*window).doubleClick (control, control.getLocalBounds().getCentre().toFloat());
+        EXPECT_TRUE (
+            pumpUntil ([&] { return juce::approximatelyEqual (parameter.getValue(), parameter.getDefaultValue()); }))
+            << name << ": " << parameter.getValue();
+        EXPECT_GE (counter.numBegun, 1) << name;
+        EXPECT_EQ (counter.numBegun, counter.numEnded) << name;
+        EXPECT_FALSE (inner<juce::Label> (name).isBeingEdited()) << name;
+    }
+}
+
+TEST_F (SettingsInWindowTest, TheWheelMovesTheSliderUnderTheMouse)
+{
+    for (const auto& [name, id] : sliders)
+    {
+        setNormalised (id, 0.5f);
+        pumpPending();
+
+        auto& control = child (name);
+        const auto middle = control.getLocalBounds().getCentre().toFloat();
+        const auto before = getValue (id);
+        const GestureCounter counter (processor);
+        PeerMouse mouse (*window);
+        mouse.turnWheel (control, middle, 0.2f);
+        EXPECT_TRUE (pumpUntil ([&, parameter = id] { return getValue (parameter) > before; })) << name;
+        mouse.turnWheel (control, middle, -0.4f);
+        EXPECT_TRUE (pumpUntil ([&, parameter = id] { return getValue (parameter) < before; })) << name;
+        EXPECT_EQ (counter.numBegun, 2) << name;
+        EXPECT_EQ (counter.numEnded, 2) << name;
+    }
+}
+
+TEST_F (SettingsInWindowTest, TheArrowKeysMoveTheSliderThatHasTheFocus)
+{
+    window->toFront (true);
+    ASSERT_TRUE (pumpUntil ([this] { return window->getPeer()->isFocused(); }));
+
+    for (const auto& [name, id] : sliders)
+    {
+        setNormalised (id, 0.5f);
+        slider (name).grabKeyboardFocus();
+        ASSERT_TRUE (pumpUntil ([&, control = name] { return slider (control).hasKeyboardFocus (false); })) << name;
+
+        const auto before = getValue (id);
+        const GestureCounter counter (processor);
+
+        for (const auto key : { juce::KeyPress::upKey, juce::KeyPress::rightKey })
+            EXPECT_TRUE (window->getPeer()->handleKeyPress (juce::KeyPress (key))) << name;
+
+        EXPECT_GT (getValue (id), before) << name;
+
+        for (const auto key : { juce::KeyPress::downKey, juce::KeyPress::leftKey })
+            EXPECT_TRUE (window->getPeer()->handleKeyPress (juce::KeyPress (key))) << name;
+
+        EXPECT_NEAR (getValue (id), before, 1.0e-3f) << name;
+        EXPECT_EQ (counter.numBegun, 4) << name;
+        EXPECT_EQ (counter.numEnded, 4) << name;
+    }
+}
+
+TEST_F (SettingsInWindowTest, OtherClicksEditNothingAnywhere)
+{
+    panel.setOnRetinaDisplay (true);
+    auto& arrows = dynamic_cast<CyclingArrowsComponent&> (child ("arrows"));
+    auto& modeBar = dynamic_cast<ButtonBarComponent&> (child ("modeBar"));
+    auto& drawModeBar = dynamic_cast<ButtonBarComponent&> (child ("drawModeBar"));
+    const GestureCounter counter (processor);
+
+    for (auto* const component : { static_cast<juce::Component*> (&modeBar.getButton (0)),
+                                   static_cast<juce::Component*> (&modeBar.getButton (1)),
+                                   static_cast<juce::Component*> (&drawModeBar.getButton (0)),
+                                   static_cast<juce::Component*> (&drawModeBar.getButton (1)),
+                                   &child ("hiDPILabel"),
+                                   &child ("autoFreezeToggle"),
+                                   &child ("keyboardToggle"),
+                                   &child ("rulerToggle"),
+                                   &child ("fftSizeBox"),
+                                   &child ("scaleBox"),
+                                   &child ("colourBox"),
+                                   &child ("colourPreview"),
+                                   &child ("presetsButton"),
+                                   static_cast<juce::Component*> (&arrows.getPreviousButton()),
+                                   static_cast<juce::Component*> (&arrows.getNextButton()) })
+    {
+        for (const auto modifiers : { PeerMouse::right, PeerMouse::middle, PeerMouse::left | PeerMouse::ctrl })
+        {
+            clickOn (*component, modifiers);
+            pumpPending();
+            EXPECT_EQ (counter.numBegun + counter.numChanges, 0) << component->getComponentID() << component->getName();
+            EXPECT_EQ (juce::Component::getCurrentlyModalComponent(), nullptr)
+                << component->getComponentID() << component->getName();
+        }
+    }
+}
+
 TEST_F (SettingsInWindowTest, ARightDragMovesNoSlider)
 {
     for (const auto* const id : { "speedSlider", "maxFreqSlider", "minFreqSlider", "floorSlider", "ceilingSlider" })
@@ -126,6 +240,65 @@ TEST_F (SettingsInWindowTest, TheArrowsStepThroughTheColourMaps)
     EXPECT_TRUE (pumpUntil ([this] { return panel.getColourMapIndex() == 1; }));
     clickOn (arrows.getPreviousButton());
     EXPECT_TRUE (pumpUntil ([this] { return panel.getColourMapIndex() == 0; }));
+}
+
+TEST_F (SettingsInWindowTest, ThePreviewShowsTheMapHoweverItIsChosen)
+{
+    processor.applyInitialSettings();
+    auto& preview = dynamic_cast<ColourMapPreviewComponent&> (child ("colourPreview"));
+
+    const auto shows = [&] (int map)
+    {
+        const auto image = snapshotOf (preview);
+        const ColourMap colours { unsigned (map) };
+
+        // Where the maps differ most from each other.
+        for (const auto share : { 0.25f, 0.5f, 0.75f })
+        {
+            const auto x = juce::roundToInt (share * float (image.getWidth()));
+            const auto level = float (x) / float (image.getWidth() - 1);
+
+            if (distance (image.getPixelAt (x, image.getHeight() / 2),
+                          colours.getColours()[ColourMap::entryForLevel (level)])
+                > 8)
+                return false;
+        }
+
+        return true;
+    };
+
+    EXPECT_TRUE (shows (0));
+
+    // From the menu, by keys.
+    clickOn (child ("colourBox"));
+    ASSERT_TRUE (pumpUntil ([] { return juce::Component::getCurrentlyModalComponent() != nullptr; }));
+
+    for (const auto key : { juce::KeyPress::downKey, juce::KeyPress::downKey, juce::KeyPress::returnKey })
+        juce::Component::getCurrentlyModalComponent()->keyPressed (juce::KeyPress (key));
+
+    EXPECT_TRUE (pumpUntil ([&] { return shows (2); })) << preview.getMapIndex();
+
+    clickOn (dynamic_cast<CyclingArrowsComponent&> (child ("arrows")).getNextButton());
+    EXPECT_TRUE (pumpUntil ([&] { return shows (3); })) << preview.getMapIndex();
+
+    EXPECT_TRUE (processor.getUndoManager().undo());
+    EXPECT_TRUE (pumpUntil ([&] { return shows (2); })) << preview.getMapIndex();
+    EXPECT_TRUE (processor.getUndoManager().redo());
+    EXPECT_TRUE (pumpUntil ([&] { return shows (3); })) << preview.getMapIndex();
+
+    // From a preset.
+    auto& presets = processor.getPresetsManager();
+    const auto file = presets.getUserFolder().getChildFile ("colours.mkpreset");
+    setValue (Params::id::colourMap, 9.0f);
+    presets.savePresetFile (file, false);
+    setValue (Params::id::colourMap, 5.0f);
+    EXPECT_TRUE (pumpUntil ([&] { return shows (5); })) << preview.getMapIndex();
+    ASSERT_TRUE (presets.loadPresetFile (file, &processor.getUndoManager()));
+    EXPECT_TRUE (pumpUntil ([&] { return shows (9); })) << preview.getMapIndex();
+
+    // From the host, on a thread of its own.
+    std::thread ([this] { setValue (Params::id::colourMap, 41.0f); }).join();
+    EXPECT_TRUE (pumpUntil ([&] { return shows (41); })) << preview.getMapIndex();
 }
 
 TEST_F (SettingsInWindowTest, AClickOnThePreviewOpensTheListOfColourMaps)

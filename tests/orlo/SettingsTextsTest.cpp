@@ -4,6 +4,7 @@
 
 #include "orlo/AudioPluginAudioProcessor.h"
 #include "orlo/LocalisedStringsManager.h"
+#include "orlo/Params.h"
 #include "orlo/look/PluginLookAndFeel.h"
 #include "tests/support/StyledWindow.h"
 #include "tests/support/TemporaryHome.h"
@@ -58,9 +59,17 @@ TEST_P (SettingsTextsTest, Fit)
 
     for (auto* const child : panel.getChildren())
     {
-        const auto id = child->getComponentID();
+        if (auto* const tag = dynamic_cast<RetinaParamLabel*> (child))
+        {
+            for (const auto value : { 0.0f, 1.0f })
+            {
+                processor.getParameterState().getParameter (Params::id::hiDPI)->setValueNotifyingHost (value);
+                expectFits (tag->getText(), tag->getTextFont(), tag->getTextArea().getWidth());
+            }
 
-        if (auto* const label = dynamic_cast<juce::Label*> (child); label != nullptr && id != "hiDPILabel")
+            ++numTexts;
+        }
+        else if (auto* const label = dynamic_cast<juce::Label*> (child))
         {
             const auto area = label->getBorderSize().subtractedFrom (label->getLocalBounds());
             expectFits (label->getText(), window.style.getLabelFont (*label), area.getWidth());
@@ -105,8 +114,8 @@ TEST_P (SettingsTextsTest, Fit)
         }
     }
 
-    // Nine labels, four buttons, five sliders, two boxes.
-    EXPECT_EQ (numTexts, 20);
+    // The tag, nine labels, four buttons, five sliders, two boxes.
+    EXPECT_EQ (numTexts, 21);
 }
 
 INSTANTIATE_TEST_SUITE_P (

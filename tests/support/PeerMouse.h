@@ -17,6 +17,7 @@ public:
 
     static constexpr int left = Modifiers::leftButtonModifier;
     static constexpr int right = Modifiers::rightButtonModifier;
+    static constexpr int middle = Modifiers::middleButtonModifier;
     static constexpr int ctrl = Modifiers::ctrlModifier;
 
     explicit PeerMouse (Window& windowToUse) : window (windowToUse) {}

@@ -236,6 +236,47 @@ TEST_F (ColourComboBoxControlTest, TheLastEntryIsReachedByScrolling)
     EXPECT_TRUE (pumpUntil ([&] { return last->getBottom() <= menu->getHeight() && last->getY() >= 0; }));
 }
 
+TEST_F (ColourComboBoxControlTest, TheWheelScrollsTheOpenList)
+{
+#if defined(__SANITIZE_THREAD__)
+    // All of this is the message thread's, and so slow there that the mouse runs away from it.
+    GTEST_SKIP() << "not under ThreadSanitizer";
+#endif
+
+    editor.setSize (1818, 600);
+    auto* const menu = open();
+    ASSERT_NE (menu, nullptr);
+    auto* const first = menu->getChildComponent (0);
+    const auto before = first->getY();
+
+    auto& screen = test::Screen::getInstance();
+    const auto mouse = juce::Desktop::getInstance().getMainMouseSource();
+    const auto middle = menu->localPointToGlobal (menu->getLocalBounds().getCentre());
+    ASSERT_TRUE (pumpUntil (
+        [&, tries = 0]() mutable
+        {
+            if (tries++ % 10 == 0)
+                screen.moveMouseTo (middle + juce::Point { tries % 20, 0 });
+
+            auto* const under = mouse.getComponentUnderMouse();
+            return under != nullptr && menu->isParentOf (under);
+        }));
+
+    constexpr int wheelUp = 4, wheelDown = 5;
+
+    const auto turn = [&screen] (int direction)
+    {
+        screen.setButton (direction, true);
+        screen.setButton (direction, false);
+    };
+
+    turn (wheelDown);
+    EXPECT_TRUE (pumpUntil ([&] { return first->getY() < before; })) << first->getY();
+    turn (wheelUp);
+    EXPECT_TRUE (pumpUntil ([&] { return first->getY() >= before; })) << first->getY();
+    EXPECT_EQ (heard.take(), "") << "nothing is chosen by it";
+}
+
 TEST_F (ColourComboBoxControlTest, ItMayGoWhileTheListIsOpen)
 {
     auto shortLived = std::make_unique<ColourComboBoxControl> (state, Params::id::colourMap);

@@ -73,5 +73,33 @@ TEST (ColourMapMenuItemTest, TheHighlightLightensIt)
     EXPECT_EQ (test::snapshotOf (item).getPixelAt (100, 25), plain);
 }
 
+TEST (ColourMapMenuItemTest, TheHighlightIsAFaintRoundedRectangleOverAllOfIt)
+{
+    test::StyledWindow<PluginLookAndFeel> window { 1818, 1000 };
+    juce::Component box;
+    ColourMapMenuItem item (0, box);
+    window.add (item, { 0, 0, 350, 50 });
+
+    const auto paintOver = [&item]
+    { return test::drawnImage (350, 50, [&item] (juce::Graphics& g) { item.paintOverChildren (g); }); };
+
+    EXPECT_TRUE (test::findInk (paintOver()).isEmpty());
+    item.setHighlighted (true);
+    const auto image = paintOver();
+    const auto colour = window.style.findColour (juce::PopupMenu::highlightedTextColourId);
+    const auto centre = image.getPixelAt (175, 25);
+    EXPECT_EQ (int (centre.getAlpha()), 0x0D);
+    EXPECT_LE (test::distance (centre.withAlpha (juce::uint8 (255)), colour), 20) << "few bits are left of it";
+    EXPECT_EQ (image.getPixelAt (100, 10), centre);
+    EXPECT_EQ (image.getPixelAt (300, 40), centre);
+
+    // A corner of 7 pixels: 0.15 of the height, cut.
+    EXPECT_EQ (image.getPixelAt (0, 0).getAlpha(), 0);
+    EXPECT_EQ (image.getPixelAt (1, 1).getAlpha(), 0);
+    EXPECT_GT (image.getPixelAt (0, 8).getAlpha(), 0);
+    EXPECT_GT (image.getPixelAt (8, 0).getAlpha(), 0);
+    EXPECT_GT (image.getPixelAt (349, 25).getAlpha(), 0);
+}
+
 } // namespace
 } // namespace mk::orlo

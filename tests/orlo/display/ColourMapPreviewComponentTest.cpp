@@ -98,6 +98,37 @@ TEST_F (ColourMapPreviewTest, TheGroundShowsBesideTheGradient)
     EXPECT_EQ (window.style.findColour (colourId::controlBackground), juce::Colour (0xFF232323));
 }
 
+TEST_F (ColourMapPreviewTest, ItsCornersGrowWithTheEditor)
+{
+    // How far from the corner the paint of the second row begins.
+    const auto cornerAt = [this] (int editorWidth)
+    {
+        window.window.setSize (editorWidth, editorWidth * 1000 / 1818);
+        ColourMapPreviewComponent preview (0, false);
+        show (preview, 200, 44);
+        const auto image = test::snapshotOf (preview);
+        int x = 0;
+
+        while (x < 100 && image.getPixelAt (x, 1).getAlpha() < 128)
+            ++x;
+
+        return x;
+    };
+
+    // For a radius r the circle is r - sqrt (2 r - 1) away there.
+    EXPECT_NEAR (cornerAt (909), 5.0 - 3.0, 1.0);
+    EXPECT_NEAR (cornerAt (1818), 10.0 - 4.36, 1.0);
+    EXPECT_NEAR (cornerAt (3636), 20.0 - 6.24, 1.0);
+
+    ColourMapPreviewComponent alone (0, false);
+    alone.setLookAndFeel (&window.style);
+    alone.setSize (200, 44);
+    const auto image = test::snapshotOf (alone);
+    EXPECT_LT (image.getPixelAt (4, 1).getAlpha(), 128);
+    EXPECT_GT (image.getPixelAt (7, 1).getAlpha(), 128);
+    alone.setLookAndFeel (nullptr);
+}
+
 TEST_F (ColourMapPreviewTest, ItPaintsNothingAtSizeZero)
 {
     ColourMapPreviewComponent preview (0, true);
@@ -113,6 +144,7 @@ TEST_F (ColourMapPreviewTest, OnlyALeftPressClicks)
     auto numClicks = 0;
     preview.onClick = [&numClicks] { ++numClicks; };
     preview.mouseDown (test::makeMouseEvent (preview, {}, juce::ModifierKeys::rightButtonModifier));
+    preview.mouseDown (test::makeMouseEvent (preview, {}, juce::ModifierKeys::middleButtonModifier));
     EXPECT_EQ (numClicks, 0);
     preview.mouseDown (test::makeMouseEvent (preview, {}, juce::ModifierKeys::leftButtonModifier));
     EXPECT_EQ (numClicks, 1);

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "orlo/look/PluginLookAndFeel.h"
 #include "orlo/look/SliderLabelComp.h"
+#include "plugin_core/controls/ParameterSlider.h"
 #include "plugin_core/look/Palette.h"
 #include "plugin_core/look/StyleProperties.h"
+#include "tests/support/Mouse.h"
 #include "tests/support/StyledWindow.h"
 
 #include <gtest/gtest.h>
@@ -111,6 +113,37 @@ TEST_F (SliderDrawingTest, ATwoValueBarIsFullBetweenItsValues)
     EXPECT_NEAR (int (image.getPixelAt (25, 20).getAlpha()), 128, 1);
     EXPECT_LE (distance (image.getPixelAt (100, 20), fullColour()), 1);
     EXPECT_NEAR (int (image.getPixelAt (175, 20).getAlpha()), 128, 1);
+}
+
+TEST_F (SliderDrawingTest, TheThumbThatAPressWouldTakeStandsOut)
+{
+    pluginCore::ParameterSlider range;
+    range.setSliderStyle (juce::Slider::TwoValueHorizontal);
+    range.setTextBoxStyle (juce::Slider::NoTextBox, false, 0, 0);
+    range.setRange (0.0, 100.0, 0.0);
+    range.setMinAndMaxValues (25.0, 75.0, juce::dontSendNotification);
+    control.addAndMakeVisible (range);
+    range.setBounds (control.getLocalBounds());
+
+    const auto plain = window.style.findColour (juce::Slider::trackColourId);
+    const auto bright = window.style.findColour (juce::ComboBox::focusedOutlineColourId);
+    const auto minimum = juce::roundToInt (range.getPositionOfValue (25.0));
+    const auto maximum = juce::roundToInt (range.getPositionOfValue (75.0));
+
+    const auto expectThumbs = [&] (juce::Colour left, juce::Colour right)
+    {
+        const auto image = snapshotOf (range);
+        EXPECT_LE (distance (image.getPixelAt (minimum, 20), left), 1);
+        EXPECT_LE (distance (image.getPixelAt (maximum, 20), right), 1);
+    };
+
+    expectThumbs (plain, plain);
+    range.mouseMove (test::makeMouseEvent (range, { float (minimum) + 10.0f, 20.0f }));
+    expectThumbs (bright, plain);
+    range.mouseMove (test::makeMouseEvent (range, { float (maximum) - 10.0f, 20.0f }));
+    expectThumbs (plain, bright);
+    range.mouseExit (test::makeMouseEvent (range, { float (maximum), 50.0f }));
+    expectThumbs (plain, plain);
 }
 
 TEST_F (SliderDrawingTest, AnUprightBarFillsFromBelow)

@@ -16,6 +16,7 @@ using Modifiers = juce::ModifierKeys;
 
 constexpr int left = Modifiers::leftButtonModifier;
 constexpr int right = Modifiers::rightButtonModifier;
+constexpr int middle = Modifiers::middleButtonModifier;
 constexpr int ctrl = Modifiers::ctrlModifier;
 constexpr int alt = Modifiers::altModifier;
 constexpr int command = Modifiers::commandModifier;
@@ -61,9 +62,10 @@ TEST_F (ComponentIgnoringRightButtonTest, ShiftAndAltClicksReachTheWidget)
     EXPECT_THAT (recorder.calls, ElementsAre ("down", "drag", "double", "up"));
 }
 
-TEST_F (ComponentIgnoringRightButtonTest, NeitherTheRightButtonNorCtrlReachesTheWidget)
+TEST_F (ComponentIgnoringRightButtonTest, NeitherOtherButtonsNorCtrlReachTheWidget)
 {
-    for (const auto modifiers : { right, left | right, left | ctrl, right | ctrl, left | ctrl | alt | command })
+    for (const auto modifiers :
+         { right, middle, left | right, left | middle, left | ctrl, right | ctrl, left | ctrl | alt | command })
         clickTwice (modifiers);
 
     EXPECT_THAT (recorder.calls, IsEmpty());

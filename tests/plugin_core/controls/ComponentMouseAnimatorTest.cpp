@@ -86,11 +86,33 @@ TEST_F (ComponentMouseAnimatorTest, TheSameEventAgainDoesNotStartItsFadeAgain)
     EXPECT_EQ (animator.getTimes().elapsed[size_t (State::pressed)], tick);
 }
 
-TEST_F (ComponentMouseAnimatorTest, ARightClickIsNoPress)
+TEST_F (ComponentMouseAnimatorTest, ComingInAfterAnythingElseStartsTheFadeAgain)
 {
+    setAllDurations (1000);
     animator.mouseEnter (event());
+    animator.timerCallback();
+    animator.mouseEnter (event());
+    EXPECT_EQ (animator.getTimes().elapsed[size_t (State::entered)], tick);
+
+    animator.mouseDown (event (left));
+    animator.mouseEnter (event());
+    EXPECT_EQ (state(), State::entered);
+    EXPECT_EQ (animator.getTimes().elapsed[size_t (State::entered)], 0);
+}
+
+TEST_F (ComponentMouseAnimatorTest, ARightClickIsNoPressAndNoRelease)
+{
+    setAllDurations (1000);
+    animator.mouseEnter (event());
+    animator.timerCallback();
     animator.mouseDown (event (right));
     EXPECT_EQ (state(), State::entered);
+    animator.mouseUp (event (right));
+    EXPECT_EQ (animator.getTimes().elapsed[size_t (State::released)], tick);
+
+    animator.mouseDown (event (left));
+    animator.mouseUp (event (left));
+    EXPECT_EQ (animator.getTimes().elapsed[size_t (State::released)], 0);
 }
 
 TEST_F (ComponentMouseAnimatorTest, AFastInAndOutEndsWithTheLeavesFade)

@@ -163,6 +163,31 @@ TEST_F (PresetMenuTest, CountsTwelvePresetsAndAFolderOfThreeFrom7To21)
     EXPECT_EQ (menu.getPresetFile (0), juce::File());
 }
 
+TEST_F (PresetMenuTest, ListsTwoThousandPresetsInFiftyFolders)
+{
+    constexpr int numFolders = 50;
+    constexpr int numPresetsEach = 40;
+
+    for (int folder = 0; folder < numFolders; ++folder)
+    {
+        const auto directory = presets.getUserFolder().getChildFile ("Folder " + juce::String (folder));
+        ASSERT_TRUE (directory.createDirectory());
+
+        for (int preset = 0; preset < numPresetsEach; ++preset)
+            ASSERT_TRUE (directory.getChildFile ("Preset " + juce::String (preset) + ".mkpreset").create());
+    }
+
+    const auto menu = makeMenu();
+    const auto rows = presetRows (menu);
+    ASSERT_EQ (rows.size(), size_t (numFolders * (1 + numPresetsEach)));
+    ASSERT_EQ (menu.presetFiles.size(), numFolders * numPresetsEach);
+    EXPECT_EQ (rows[1].id, PresetMenu::firstPreset);
+    EXPECT_EQ (rows.back().id, PresetMenu::firstPreset + numFolders * numPresetsEach - 1);
+    EXPECT_EQ (menu.getPresetFile (rows.back().id).getFileName(), "Preset 39.mkpreset");
+    EXPECT_EQ (menu.getPresetFile (rows.back().id).getParentDirectory().getFileName(), "Folder 49");
+    EXPECT_EQ (menu.getPresetFile (rows.back().id + 1), juce::File());
+}
+
 TEST_F (PresetMenuTest, TicksTheCurrentPresetAndTheFoldersAboveIt)
 {
     const auto file = writePreset ("drums/loud/kick.mkpreset");
