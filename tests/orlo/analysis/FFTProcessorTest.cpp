@@ -312,6 +312,19 @@ TEST_F (FFTProcessorTest, ANewRateIsReportedOnTheMessageThreadAndTheSameOneIsNot
     EXPECT_EQ (rates.size(), 1u);
 }
 
+TEST_F (FFTProcessorTest, TheFirstRateIsReportedEvenIfItIsTheOneThatStandsAnyway)
+{
+    std::vector<double> rates;
+    worker.onSampleRateChanged = [&] (double rate) { rates.push_back (rate); };
+
+    for (int i = 0; i < 2; ++i)
+    {
+        worker.prepareToPlay (44100.0);
+        pumpPending();
+        EXPECT_EQ (rates, std::vector<double> { 44100.0 });
+    }
+}
+
 TEST_F (FFTProcessorTest, ARateReportedAfterTheWorkerHasGoneReachesNobody)
 {
     auto called = false;
