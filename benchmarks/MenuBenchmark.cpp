@@ -56,7 +56,8 @@ private:
 class Panel
 {
 public:
-    explicit Panel (AudioPluginAudioProcessor& processor) : editor (openEditor (processor))
+    explicit Panel (std::shared_ptr<Library> libraryToShow)
+        : library (std::move (libraryToShow)), editor (openEditor (library->getProcessor()))
     {
         editor->getMainComponent().setSettingsWanted (true);
     }
@@ -87,7 +88,8 @@ public:
     }
 
 private:
-    std::unique_ptr<AudioPluginAudioProcessorEditor> editor;
+    const std::shared_ptr<Library> library;
+    const std::unique_ptr<AudioPluginAudioProcessorEditor> editor;
 };
 } // namespace
 
@@ -99,7 +101,7 @@ void registerBenchmarks()
     if (juce::Desktop::getInstance().getDisplays().displays.isEmpty())
         return;
 
-    const auto panel = std::make_shared<Panel> (library->getProcessor());
+    const auto panel = std::make_shared<Panel> (library);
     measure ("preset menu, opened with 2000 presets and closed",
              [panel] { panel->openAndClose ([&] { panel->find<juce::Button> ("presetsButton").onClick(); }); });
     measure ("list of colour maps, opened and closed",

@@ -17,5 +17,8 @@ int main (int argc, char** argv)
     mk::orlo::bench::registerBenchmarks();
     mk::orlo::bench::RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks (&reporter);
+
+    // What they hold has to go while JUCE is still there.
+    benchmark::ClearRegisteredBenchmarks();
     return 0;
 }
