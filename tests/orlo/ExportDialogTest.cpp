@@ -41,6 +41,7 @@ protected:
         ASSERT_TRUE (window->isOpen);
         ASSERT_TRUE (playNoiseUntilItShows (processor, window->getPicture().getWidth()));
         set (Params::id::freeze, 1.0f);
+        ASSERT_TRUE (waitUntilAllIsPainted (processor));
     }
 
     void TearDown() override

@@ -31,4 +31,27 @@ namespace mk::orlo::test
         30.0);
 }
 
+/** Waits, once nothing is played any more, until all that has been played is painted as well: until for several
+    ticks of the display no frame has been taken. [message thread] */
+[[nodiscard]] inline bool waitUntilAllIsPainted (AudioPluginAudioProcessor& processor)
+{
+    constexpr auto ticksOfRest = 20u;
+
+    auto& worker = processor.getFftProcessor();
+    const auto& tickCount = processor.getFrameClock().tickCount;
+    auto restsSince = tickCount.load (std::memory_order_relaxed);
+
+    return pumpUntil (
+        [&, lastNumReady = -1]() mutable
+        {
+            const auto now = tickCount.load (std::memory_order_relaxed);
+            const auto numReady = worker.getNumSamplesReady() + worker.getNumFramesReady();
+
+            if (std::exchange (lastNumReady, numReady) != numReady)
+                restsSince = now;
+
+            return now >= restsSince + ticksOfRest;
+        });
+}
+
 } // namespace mk::orlo::test
