@@ -163,20 +163,12 @@ TEST_F (ColourComboBoxControlTest, ALeftClickOpensTheListAndOthersDoNot)
 
 TEST_F (ColourComboBoxControlTest, TheListOpensAgainAndAgain)
 {
-    auto best = 1e9;
-
     for (int i = 0; i < 5; ++i)
     {
-        const auto start = juce::Time::getMillisecondCounterHiRes();
-        auto* const menu = open();
-        ASSERT_NE (menu, nullptr);
-        static_cast<void> (test::snapshotOf (*menu));
-        best = std::min (best, juce::Time::getMillisecondCounterHiRes() - start);
+        ASSERT_NE (open(), nullptr);
         juce::PopupMenu::dismissAllActiveMenus();
         ASSERT_TRUE (pumpUntil ([this] { return ! control.getComboBox().isPopupActive(); }));
     }
-
-    RecordProperty ("milliseconds", juce::String (best, 2).toStdString());
 }
 
 TEST_F (ColourComboBoxControlTest, TheEntriesScaleWithTheEditorThatTheBoxIsIn)
