@@ -15,7 +15,8 @@ namespace
 namespace scaleRule = pluginCore::scaleRule;
 
 constexpr double textScale = 0.5;
-constexpr int textMarginShare = 12; // of the width, at each side
+constexpr int textMarginShare = 24; // of the width, at each side
+constexpr float leastTextWidth = 0.92f;
 constexpr float outlineWidth = 1.5f;
 constexpr float overContrast = 0.05f;
 constexpr float downContrast = 0.2f;
@@ -69,7 +70,7 @@ void RetinaParamLabel::paint (juce::Graphics& g)
 
     g.setColour (findColour (on ? juce::TextButton::textColourOnId : juce::TextButton::textColourOffId));
     g.setFont (getTextFont());
-    g.drawText (getText(), getTextArea(), getJustificationType(), false);
+    g.drawFittedText (getText(), getTextArea(), getJustificationType(), 1, leastTextWidth);
 }
 
 juce::Rectangle<int> RetinaParamLabel::getTextArea() const
@@ -80,10 +81,10 @@ juce::Rectangle<int> RetinaParamLabel::getTextArea() const
 juce::Font RetinaParamLabel::getTextFont()
 {
     const auto type = getLookAndFeel().getLabelFont (*this);
-    const auto width = juce::GlyphArrangement::getStringWidth (type, getText());
+    const auto width = juce::GlyphArrangement::getStringWidth (type, getText()) * leastTextWidth;
     const auto room = float (getTextArea().getWidth());
 
-    // A tag as wide as it is high is narrow for a word.
+    // A tag as wide as it is high is narrow for a word. As little smaller as will do.
     return width > room ? type.withHeight (type.getHeight() * room / width) : type;
 }
 

@@ -17,7 +17,8 @@ public:
     /** Changes the parameter to its other choice: one gesture, one undo transaction. */
     void flip();
 
-    /** Where the text stands, and its type: small enough for the text to fit at its natural width. */
+    /** Where the text stands, and its type: small enough for the text to fit without being squeezed
+        visibly. */
     [[nodiscard]] juce::Rectangle<int> getTextArea() const;
     [[nodiscard]] juce::Font getTextFont();
 
