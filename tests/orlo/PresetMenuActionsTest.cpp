@@ -8,6 +8,7 @@
 #include "tests/support/MenuRows.h"
 #include "tests/support/MessageLoop.h"
 #include "tests/support/TemporaryHome.h"
+#include "tests/support/WritePreset.h"
 
 #include <gtest/gtest.h>
 
@@ -41,20 +42,6 @@ protected:
         parameter.setValueNotifyingHost (parameter.convertTo0to1 (value));
     }
 
-    /** Writes the present state into a preset and goes back to no preset. */
-    [[nodiscard]] juce::File writePreset (const juce::File& file)
-    {
-        file.getParentDirectory().createDirectory();
-        presets.savePresetFile (file, false);
-        presets.setCurrentPresetFile ({});
-        return file;
-    }
-
-    [[nodiscard]] juce::File writeUserPreset (const juce::String& name)
-    {
-        return writePreset (presets.getUserFolder().getChildFile (name + ".mkpreset"));
-    }
-
     void perform (int id) { actions.perform (id, actions.makeMenu()); }
 
     [[nodiscard]] juce::String getDefaultPreset() const
@@ -84,7 +71,7 @@ TEST_F (PresetMenuActionsTest, DoNothingForADismissedMenu)
 
 TEST_F (PresetMenuActionsTest, SaveWritesTheCurrentFile)
 {
-    const auto file = writeUserPreset ("mine");
+    const auto file = writeUserPreset (presets, "mine");
     presets.setCurrentPresetFile (file);
     setValue (Params::id::speed, 77.0f);
     EXPECT_TRUE (presets.isDirty());
@@ -102,7 +89,7 @@ TEST_F (PresetMenuActionsTest, SaveWritesNothingWithoutAFile)
     perform (PresetMenu::save);
     EXPECT_EQ (presets.getCurrentPresetFile(), juce::File());
 
-    const auto gone = writeUserPreset ("gone");
+    const auto gone = writeUserPreset (presets, "gone");
     presets.setCurrentPresetFile (gone);
     gone.deleteFile();
     perform (PresetMenu::save);
@@ -138,9 +125,9 @@ TEST_F (PresetMenuActionsTest, SaveAsAsksForAFileAndLoadsItOnceItIsSaved)
 TEST_F (PresetMenuActionsTest, APresetsRowLoadsIt)
 {
     setValue (Params::id::speed, 11.0f);
-    static_cast<void> (writeUserPreset ("a"));
+    writeUserPreset (presets, "a");
     setValue (Params::id::speed, 22.0f);
-    const auto second = writeUserPreset ("b");
+    const auto second = writeUserPreset (presets, "b");
     setValue (Params::id::speed, 33.0f);
 
     perform (PresetMenu::firstPreset + 1);
@@ -154,7 +141,7 @@ TEST_F (PresetMenuActionsTest, APresetsRowLoadsIt)
 
 TEST_F (PresetMenuActionsTest, APresetThatHasGoneLoadsNothing)
 {
-    const auto file = writeUserPreset ("a");
+    const auto file = writeUserPreset (presets, "a");
     const auto menu = actions.makeMenu();
     file.deleteFile();
     setValue (Params::id::speed, 33.0f);
@@ -168,7 +155,7 @@ TEST_F (PresetMenuActionsTest, APresetThatHasGoneLoadsNothing)
 //==============================================================================
 TEST_F (PresetMenuActionsTest, InitKeepsTheColourMapAndNothingElse)
 {
-    static_cast<void> (writePreset (presets.getInitFile()));
+    writePreset (presets, presets.getInitFile());
 
     for (auto* const parameter : processor.getParameters())
         parameter->setValueNotifyingHost (0.7f);
@@ -202,7 +189,7 @@ TEST_F (PresetMenuActionsTest, InitKeepsTheColourMapAndNothingElse)
 
 TEST_F (PresetMenuActionsTest, InitCanBeUndoneAndDoneAgainWithTheSameColours)
 {
-    static_cast<void> (writePreset (presets.getInitFile()));
+    writePreset (presets, presets.getInitFile());
     setValue (Params::id::speed, 91.0f);
     setValue (Params::id::colourMap, 17.0f);
 
@@ -229,7 +216,7 @@ TEST_F (PresetMenuActionsTest, InitCanBeUndoneAndDoneAgainWithTheSameColours)
 
 TEST_F (PresetMenuActionsTest, InitIsOneStepWhateverTheUserDoesNext)
 {
-    static_cast<void> (writePreset (presets.getInitFile()));
+    writePreset (presets, presets.getInitFile());
     setValue (Params::id::colourMap, 17.0f);
     setValue (Params::id::speed, 91.0f);
     perform (PresetMenu::init);
@@ -245,7 +232,7 @@ TEST_F (PresetMenuActionsTest, InitIsOneStepWhateverTheUserDoesNext)
 
 TEST_F (PresetMenuActionsTest, InitLeavesALockedParameterAlone)
 {
-    static_cast<void> (writePreset (presets.getInitFile()));
+    writePreset (presets, presets.getInitFile());
     processor.getSessionState().setLockedParams ({ Params::id::speed });
     setValue (Params::id::speed, 91.0f);
     setValue (Params::id::floor, -50.0f);
@@ -266,8 +253,8 @@ TEST_F (PresetMenuActionsTest, InitDoesNothingWithoutItsFile)
 //==============================================================================
 TEST_F (PresetMenuActionsTest, TheDefaultIsTheFileOfTheOpening)
 {
-    const auto first = writeUserPreset ("sub/first");
-    const auto second = writeUserPreset ("second");
+    const auto first = writeUserPreset (presets, "sub/first");
+    const auto second = writeUserPreset (presets, "second");
     presets.setCurrentPresetFile (first);
     const auto menu = actions.makeMenu();
     presets.setCurrentPresetFile (second);
@@ -284,7 +271,7 @@ TEST_F (PresetMenuActionsTest, TheDefaultIsTheFileOfTheOpening)
 
 TEST_F (PresetMenuActionsTest, AFactoryPresetCanBeTheDefault)
 {
-    const auto file = writePreset (presets.getFactoryFolder().getChildFile ("Bass.mkpreset"));
+    const auto file = writePreset (presets, presets.getFactoryFolder().getChildFile ("Bass.mkpreset"));
     presets.setCurrentPresetFile (file);
     perform (PresetMenu::setAsDefault);
     EXPECT_TRUE (getDefaultPreset().contains ("FACTORY")) << getDefaultPreset();
@@ -295,12 +282,12 @@ TEST_F (PresetMenuActionsTest, AFileElsewhereIsNoDefault)
     perform (PresetMenu::setAsDefault);
     EXPECT_TRUE (getDefaultPreset().isEmpty());
 
-    const auto outside = writePreset (home.getFolder().getChildFile ("outside.mkpreset"));
+    const auto outside = writePreset (presets, home.getFolder().getChildFile ("outside.mkpreset"));
     presets.setCurrentPresetFile (outside);
     perform (PresetMenu::setAsDefault);
     EXPECT_TRUE (getDefaultPreset().isEmpty());
 
-    const auto gone = writeUserPreset ("gone");
+    const auto gone = writeUserPreset (presets, "gone");
     presets.setCurrentPresetFile (gone);
     gone.deleteFile();
     perform (PresetMenu::setAsDefault);

@@ -2,6 +2,7 @@
 #include "orlo/Params.h"
 #include "tests/orlo/SettingsInWindow.h"
 #include "tests/support/FindComponents.h"
+#include "tests/support/WritePreset.h"
 
 #include <gtest/gtest.h>
 
@@ -49,20 +50,6 @@ protected:
     [[nodiscard]] static bool waitUntilClosed()
     {
         return pumpUntil ([] { return getMenu() == nullptr; });
-    }
-
-    /** Writes the present state into a preset and goes back to no preset. */
-    [[nodiscard]] juce::File writePreset (const juce::File& file)
-    {
-        file.getParentDirectory().createDirectory();
-        presets.savePresetFile (file, false);
-        presets.setCurrentPresetFile ({});
-        return file;
-    }
-
-    [[nodiscard]] juce::File writeUserPreset (const juce::String& name)
-    {
-        return writePreset (presets.getUserFolder().getChildFile (name + ".mkpreset"));
     }
 
     /** The rows of the menu that is open, without the separators: those that cannot be chosen in brackets, a star
@@ -126,7 +113,7 @@ TEST_F (PresetMenuInWindowTest, OpensTheManual)
 TEST_F (PresetMenuInWindowTest, LoadsAPreset)
 {
     setValue (Params::id::speed, 77.0f);
-    static_cast<void> (writeUserPreset ("mine"));
+    writeUserPreset (presets, "mine");
     setValue (Params::id::speed, 11.0f);
 
     ASSERT_TRUE (open());
@@ -151,10 +138,10 @@ TEST_F (PresetMenuInWindowTest, ShowsWhichRowsCanBeChosenAndWhichAreTicked)
     press ({ Key::escapeKey });
     ASSERT_TRUE (waitUntilClosed());
 
-    static_cast<void> (writePreset (presets.getInitFile()));
-    static_cast<void> (writeUserPreset ("drums/kick"));
-    const auto current = writeUserPreset ("drums/loud/snare");
-    static_cast<void> (writeUserPreset ("voice"));
+    writePreset (presets, presets.getInitFile());
+    writeUserPreset (presets, "drums/kick");
+    const auto current = writeUserPreset (presets, "drums/loud/snare");
+    writeUserPreset (presets, "voice");
     presets.setCurrentPresetFile (current);
 
     ASSERT_TRUE (open());
@@ -170,7 +157,7 @@ TEST_F (PresetMenuInWindowTest, ShowsWhichRowsCanBeChosenAndWhichAreTicked)
 TEST_F (PresetMenuInWindowTest, LoadsAPresetTwoFoldersDown)
 {
     setValue (Params::id::speed, 66.0f);
-    const auto file = writeUserPreset ("drums/loud/snare");
+    const auto file = writeUserPreset (presets, "drums/loud/snare");
     setValue (Params::id::speed, 11.0f);
 
     ASSERT_TRUE (open());
@@ -194,7 +181,7 @@ TEST_F (PresetMenuInWindowTest, StandsAtItsButtonInRowsOfItsHeight)
 
 TEST_F (PresetMenuInWindowTest, InitKeepsTheColourMap)
 {
-    static_cast<void> (writePreset (presets.getInitFile()));
+    writePreset (presets, presets.getInitFile());
     setValue (Params::id::speed, 91.0f);
     setValue (Params::id::colourMap, 17.0f);
 
@@ -208,8 +195,8 @@ TEST_F (PresetMenuInWindowTest, InitKeepsTheColourMap)
 
 TEST_F (PresetMenuInWindowTest, TheDefaultIsThePresetOfTheOpeningWhateverIsUndone)
 {
-    const auto first = writeUserPreset ("first");
-    const auto second = writeUserPreset ("second");
+    const auto first = writeUserPreset (presets, "first");
+    const auto second = writeUserPreset (presets, "second");
     presets.setCurrentPresetFile (first);
     ASSERT_TRUE (presets.loadPresetFile (second, &processor.getUndoManager()));
 

@@ -1,11 +1,21 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
+#include "orlo/Params.h"
 #include "tests/orlo/SettingsPanel.h"
 #include "tests/support/PeerMouse.h"
 
+#include <array>
+
 namespace mk::orlo::test
 {
+
+/** The panel's sliders and what they set. */
+inline constexpr std::array sliders { std::pair ("speedSlider", Params::id::speed),
+                                      std::pair ("maxFreqSlider", Params::id::maxFreq),
+                                      std::pair ("minFreqSlider", Params::id::minFreq),
+                                      std::pair ("floorSlider", Params::id::floor),
+                                      std::pair ("ceilingSlider", Params::id::ceiling) };
 
 /** The settings panel in a window on the screen. Tests are skipped where there is none, and
     under ThreadSanitizer. */

@@ -102,12 +102,6 @@ TEST_F (SettingsInWindowTest, ADragMovesASliderAndADoubleClickResetsIt)
     EXPECT_EQ (counter.numBegun, counter.numEnded);
 }
 
-constexpr std::array sliders { std::pair ("speedSlider", Params::id::speed),
-                               std::pair ("maxFreqSlider", Params::id::maxFreq),
-                               std::pair ("minFreqSlider", Params::id::minFreq),
-                               std::pair ("floorSlider", Params::id::floor),
-                               std::pair ("ceilingSlider", Params::id::ceiling) };
-
 TEST_F (SettingsInWindowTest, ADoubleClickResetsEachSlider)
 {
     for (const auto& [name, id] : sliders)

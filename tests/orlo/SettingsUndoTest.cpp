@@ -79,12 +79,6 @@ protected:
     juce::UndoManager& undo = processor.getUndoManager();
 };
 
-constexpr std::array sliders { std::pair ("speedSlider", Params::id::speed),
-                               std::pair ("maxFreqSlider", Params::id::maxFreq),
-                               std::pair ("minFreqSlider", Params::id::minFreq),
-                               std::pair ("floorSlider", Params::id::floor),
-                               std::pair ("ceilingSlider", Params::id::ceiling) };
-
 TEST_F (SettingsUndoTest, ADragOfASliderIsOneStep)
 {
     for (const auto& [control, id] : sliders)
