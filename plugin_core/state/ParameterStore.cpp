@@ -155,10 +155,15 @@ bool ParameterStore::setAnnounced()
 //==============================================================================
 void ParameterStore::updateTree()
 {
+    // The parameter state takes a change of its tree for an order to set the parameter, and would take back what
+    // another thread has set between our reading and its hearing of it. It is a listener in private; only this
+    // kind of cast may say so.
+    auto* const parameterState = (juce::ValueTree::Listener*) &state;
+
     for (size_t i = 0; i < parameters.size(); ++i)
         if (auto child = state.state.getChildWithProperty (idAttribute, parameters[i]->getParameterID());
             child.isValid())
-            child.setProperty (valueAttribute, double (getCurrentValue (i)), nullptr);
+            child.setPropertyExcludingListener (parameterState, valueAttribute, double (getCurrentValue (i)), nullptr);
 }
 
 } // namespace mk::pluginCore

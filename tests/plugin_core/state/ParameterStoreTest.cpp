@@ -5,7 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cmath>
+#include <thread>
 #include <vector>
 
 namespace mk::orlo::test
@@ -245,6 +247,35 @@ TEST_F (ParameterStoreTest, UpdatingTheTreeLeavesNothingToUndo)
 
     EXPECT_FALSE (processor.getUndoManager().canUndo());
     EXPECT_FLOAT_EQ (float (state.state.getChildWithProperty ("id", "floor")["value"]), -7.0f);
+}
+
+TEST_F (ParameterStoreTest, UpdatingTheTreeMovesNoParameterBack)
+{
+    std::atomic<int> numMovedBack { 0 };
+    std::atomic<bool> isDone { false };
+
+    std::thread host (
+        [&]
+        {
+            for (int i = 0; i < 100000; ++i)
+            {
+                const auto value = -float (i % 100);
+                processor.setValue ("floor", value);
+                numMovedBack += std::abs (processor.getValue ("floor") - value) < 0.01f ? 0 : 1;
+            }
+
+            isDone.store (true);
+        });
+
+    while (! isDone.load())
+        store.updateTree();
+
+    host.join();
+    EXPECT_EQ (numMovedBack, 0);
+
+    store.updateTree();
+    const auto tree = processor.getParameterState().state.getChildWithProperty ("id", "floor");
+    EXPECT_FLOAT_EQ (float (tree["value"]), -99.0f);
 }
 
 } // namespace
