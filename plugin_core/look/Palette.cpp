@@ -50,6 +50,7 @@ constexpr ColourSetting frameworkColours[] {
     { juce::TextEditor::highlightColourId, palette::accentDeep },
     { juce::TextEditor::highlightedTextColourId, palette::brightText },
     { juce::TextEditor::focusedOutlineColourId, palette::accent },
+    { juce::Label::outlineWhenEditingColourId, palette::accent },
     { juce::ListBox::backgroundColourId, palette::well },
     { juce::DirectoryContentsDisplayComponent::highlightColourId, palette::highlight },
     { juce::DirectoryContentsDisplayComponent::textColourId, palette::text },

@@ -139,5 +139,18 @@ TEST_F (LabelTest, GroundAndFrameArePaintedInTheLabelsColours)
     EXPECT_EQ (image.getPixelAt (0, 50), juce::Colours::red);
     EXPECT_EQ (image.getPixelAt (399, 99), juce::Colours::red);
 }
+
+TEST_F (LabelTest, HasAFrameOfItsOwnWhileItIsBeingEdited)
+{
+    label.setText ("440 Hz", juce::dontSendNotification);
+    label.showEditor();
+    ASSERT_TRUE (label.isBeingEdited());
+
+    // Its editor would cover it.
+    label.getCurrentTextEditor()->setVisible (false);
+    const auto image = snapshotOf (label);
+    EXPECT_EQ (image.getPixelAt (0, 0), window.style.findColour (juce::TextEditor::focusedOutlineColourId));
+}
+
 } // namespace
 } // namespace mk::pluginCore
