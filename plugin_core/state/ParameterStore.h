@@ -15,7 +15,8 @@ namespace mk::pluginCore
     The value tree of juce::AudioProcessorValueTreeState is not used for it: replacing that tree drops the
     undo history, even from within an undo, and flushing it records into an undo manager that is the message
     thread's. The parameters themselves are set instead. No lock is held while a parameter tells its
-    listeners, so a host may do what it likes in answer. */
+    listeners, so a host may do what it likes in answer; only the locked parameters are spoken for by one thread
+    at a time, whose host must not wait for another thread's restore in answer. */
 class ParameterStore
 {
 public:
