@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 // The menu of the picture by mouse and by keys; needs a display.
 #include "tests/orlo/EditorInWindow.h"
+#include "tests/support/FindComponents.h"
 
 namespace mk::orlo::test
 {
@@ -14,6 +15,23 @@ protected:
     [[nodiscard]] bool openMenuOn (juce::Component& component)
     {
         return window->click (component, EditorWindow::rightButton) && waitForMenu();
+    }
+
+    /** The row of the open menu with that text; null if there is none. */
+    [[nodiscard]] static juce::Component* findMenuRow (const juce::String& text)
+    {
+        const auto hasText = [&] (const juce::Component& row)
+        {
+            const auto* const handler = const_cast<juce::Component&> (row).getAccessibilityHandler();
+            return handler != nullptr && handler->getTitle() == text;
+        };
+
+        return findInside<juce::Component> (*findOpenMenu(), hasText);
+    }
+
+    [[nodiscard]] static bool isHighlighted (juce::Component& row)
+    {
+        return row.getAccessibilityHandler()->getCurrentState().isSelected();
     }
 
     /** Clicks on a row as slowly as a user: the menu looks at the mouse now and then, and takes a release in its
@@ -33,6 +51,20 @@ protected:
 
         window->release();
         return true;
+    }
+
+    /** Moves the highlight down to a row. */
+    [[nodiscard]] bool keyTo (juce::Component& row)
+    {
+        return pumpUntil (
+            [&, tries = 0]() mutable
+            {
+                if (! isHighlighted (row) && tries++ % 5 == 0)
+                    window->typeKey (Screen::downKey);
+
+                pumpPending();
+                return isHighlighted (row);
+            });
     }
 
     /** The parameters' values with one of them at another. */
