@@ -2,11 +2,13 @@
 find_program (ORLO_CCACHE ccache)
 
 if (ORLO_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER AND UNIX)
-    # Precompiled headers are cached by their content, whatever macros and times were around. A script, since
-    # JUCE's own helper program is configured with the launcher too and takes one word only.
+    # Paths below the project's own folder are cached as relative ones, so that clones, worktrees and presets share
+    # what they have in common. Precompiled headers are cached by their content, whatever macros and times were
+    # around. A script, since JUCE's own helper program is configured with the launcher too and takes one word only.
     set (launcher "${CMAKE_BINARY_DIR}/ccache-launcher")
     file (CONFIGURE OUTPUT "${launcher}" @ONLY CONTENT [[#!/bin/sh
-CCACHE_SLOPPINESS=pch_defines,time_macros exec "@ORLO_CCACHE@" "$@"
+CCACHE_BASEDIR='@PROJECT_SOURCE_DIR@' CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=pch_defines,time_macros \
+    exec "@ORLO_CCACHE@" "$@"
 ]])
     file (CHMOD "${launcher}" PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
     set (CMAKE_C_COMPILER_LAUNCHER "${launcher}")
