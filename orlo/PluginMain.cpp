@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-#include "AudioPluginAudioProcessor.h"
+#include "orlo/processor/AudioPluginAudioProcessor.h"
+#include "orlo/window/CreateEditor.h"
 
 #if JUCE_DSP_USE_STATIC_FFTW
 extern "C" void fftwf_cleanup (void);
@@ -18,7 +19,7 @@ const struct TransformCleanup
 /** What the format wrappers call for a new instance. The wrapper owns what it gets. */
 juce::AudioProcessor* JUCE_CALLTYPE createPluginFilter()
 {
-    auto processor = std::make_unique<mk::orlo::AudioPluginAudioProcessor>();
+    auto processor = std::make_unique<mk::orlo::AudioPluginAudioProcessor> (mk::orlo::createEditor);
     processor->applyInitialSettings();
     return processor.release();
 }

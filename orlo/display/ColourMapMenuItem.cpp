@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "ColourMapMenuItem.h"
 
-#include "plugin_core/look/ScaleRule.h"
+#include "plugin_core/style/ScaleRule.h"
 
 namespace mk::orlo
 {

@@ -2,8 +2,8 @@
 #include "FreqReadoutPopup.h"
 
 #include "StripText.h"
-#include "plugin_core/look/ColourLookup.h"
-#include "plugin_core/look/StyleProperties.h"
+#include "plugin_core/style/ColourLookup.h"
+#include "plugin_core/style/StyleProperties.h"
 
 #include <juce_audio_processors/juce_audio_processors.h>
 

@@ -2,8 +2,8 @@
 #include "FreqScaleComponent.h"
 
 #include "StripText.h"
-#include "plugin_core/look/ColourLookup.h"
-#include "plugin_core/look/StyleProperties.h"
+#include "plugin_core/style/ColourLookup.h"
+#include "plugin_core/style/StyleProperties.h"
 
 namespace mk::orlo
 {

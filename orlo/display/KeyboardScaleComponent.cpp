@@ -4,8 +4,8 @@
 #include "NoteNames.h"
 #include "PixelGrid.h"
 #include "StripText.h"
-#include "plugin_core/look/ColourLookup.h"
-#include "plugin_core/look/StyleProperties.h"
+#include "plugin_core/style/ColourLookup.h"
+#include "plugin_core/style/StyleProperties.h"
 
 #include <algorithm>
 

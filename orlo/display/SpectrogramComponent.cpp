@@ -2,10 +2,10 @@
 #include "SpectrogramComponent.h"
 
 #include "Crosshair.h"
-#include "orlo/AudioPluginAudioProcessor.h"
-#include "orlo/ParameterAccess.h"
-#include "orlo/Params.h"
 #include "orlo/analysis/HopPlan.h"
+#include "orlo/parameters/Params.h"
+#include "orlo/processor/AudioPluginAudioProcessor.h"
+#include "orlo/processor/ParameterAccess.h"
 #include "plugin_core/controls/ComponentIgnoringRightButton.h"
 
 namespace mk::orlo

@@ -7,12 +7,12 @@
 #include "PictureFile.h"
 #include "StripText.h"
 
-#include "orlo/AudioPluginAudioProcessor.h"
-#include "orlo/ParameterAccess.h"
-#include "orlo/Params.h"
-#include "orlo/Product.h"
+#include "orlo/parameters/Params.h"
+#include "orlo/processor/AudioPluginAudioProcessor.h"
+#include "orlo/processor/ParameterAccess.h"
+#include "orlo/processor/Product.h"
 #include "plugin_core/controls/ComponentIgnoringRightButton.h"
-#include "plugin_core/look/StyleProperties.h"
+#include "plugin_core/style/StyleProperties.h"
 
 namespace mk::orlo
 {

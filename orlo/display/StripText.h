@@ -2,7 +2,7 @@
 #pragma once
 
 #include "orlo/look/PluginLookAndFeel.h"
-#include "plugin_core/look/ScaleRule.h"
+#include "plugin_core/style/ScaleRule.h"
 
 namespace mk::orlo
 {

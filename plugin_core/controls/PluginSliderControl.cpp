@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "PluginSliderControl.h"
 
-#include "../attachments/UndoFlush.h"
-#include "../look/ScaleRule.h"
-#include "../look/StyleProperties.h"
+#include "plugin_core/attachments/UndoFlush.h"
+#include "plugin_core/style/ScaleRule.h"
+#include "plugin_core/style/StyleProperties.h"
 
 #include <algorithm>
 

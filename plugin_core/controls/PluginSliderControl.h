@@ -3,8 +3,8 @@
 
 #include "ParameterSlider.h"
 
-#include "../attachments/TwoValueSliderAttachment.h"
-#include "../processor/PluginProcessor.h"
+#include "plugin_core/attachments/TwoValueSliderAttachment.h"
+#include "plugin_core/processor/PluginProcessor.h"
 
 #include <memory>
 #include <vector>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
-#include "../processor/PluginProcessor.h"
+#include "plugin_core/processor/PluginProcessor.h"
 
 #include <array>
 #include <memory>

@@ -74,7 +74,7 @@ private:
 };
 
 PluginEditor::PluginEditor (PluginProcessor& processorToEdit, UpdateEnvironment updates)
-    : juce::AudioProcessorEditor (processorToEdit),
+    : ProcessorEditor (processorToEdit),
       sharedLookAndFeel (SharedLookAndFeel<DefaultPluginLookAndFeel>::acquire()),
       pluginProcessor (processorToEdit),
       moveDetector (std::make_unique<PluginMoveDetector> (*this)),

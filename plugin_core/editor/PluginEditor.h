@@ -2,6 +2,7 @@
 #pragma once
 
 #include "plugin_core/look/LookAndFeel.h"
+#include "plugin_core/processor/ProcessorEditor.h"
 #include "plugin_core/settings/PluginGlobalSettings.h"
 #include "plugin_core/updates/UpdateChangeLogComponent.h"
 #include "plugin_core/updates/UpdateChecker.h"
@@ -21,9 +22,7 @@ class PluginProcessor;
 /** The window of every product of the family, without its content: the shared look and feel, the rules of
     its size, the grip in its corner, the watch on its display, the notice of a new version.
     [message thread] */
-class PluginEditor : public juce::AudioProcessorEditor,
-                     public UpdateChecker::Listener,
-                     public PluginMoveDetector::Listener
+class PluginEditor : public ProcessorEditor, public UpdateChecker::Listener, public PluginMoveDetector::Listener
 {
 public:
     /** The look and feel that all editors of a process share. */
@@ -61,16 +60,13 @@ public:
     void broughtToFront() override;
 
     //==============================================================================
-    /** Gives the complete window its first size, within its limits. Until then no size is remembered as the
-        user's. Called once, by PluginProcessor::createEditor(). */
-    void open (int width, int height);
+    void open (int width, int height) override;
 
     /** Fits the window to its display, the grip to the window, and remembers the size. Called at every
         resize. */
     void updateSizeConstraints();
 
-    /** Asks for a new version if it is time to. Called once, by PluginProcessor::createEditor(). */
-    void startUpdateCheck();
+    void startUpdateCheck() override;
 
     /** Fetches what is new in a newer version, if it is time to tell of it. */
     void versionInfoReceived (UpdateChecker&, bool newVersionAvailable, juce::int64 latestReleaseDate) override;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "UntrustedXml.h"
 
-#include "Utf8.h"
+#include "plugin_core/text/Utf8.h"
 
 #include <algorithm>
 #include <array>

@@ -6,7 +6,6 @@
 
 #include "plugin_core/files/FileReplacement.h"
 #include "plugin_core/files/UntrustedXml.h"
-#include "plugin_core/processor/PluginProcessor.h"
 
 namespace mk::pluginCore
 {
@@ -33,8 +32,8 @@ private:
 };
 } // namespace
 
-PresetsManager::PresetsManager (PluginProcessor& processorToUse, PresetFolders foldersToUse)
-    : processor (processorToUse), folders (std::move (foldersToUse))
+PresetsManager::PresetsManager (PresetState& stateToUse, PresetFolders foldersToUse)
+    : pluginState (stateToUse), folders (std::move (foldersToUse))
 {
 }
 
@@ -51,9 +50,9 @@ bool PresetsManager::loadPresetFile (const juce::File& file, juce::UndoManager* 
         return applyPresetFile (file);
 
     // What the user has moved so far belongs to the step before.
-    processor.getParameterState().copyState();
+    pluginState.flushParameterChanges();
     undoManager->beginNewTransaction();
-    return undoManager->perform (new LoadPresetFileAction (processor, *this, file));
+    return undoManager->perform (new LoadPresetFileAction (pluginState, *this, file));
 }
 
 bool PresetsManager::applyPresetFile (const juce::File& file)
@@ -67,7 +66,7 @@ bool PresetsManager::applyPresetFile (const juce::File& file)
         return false;
 
     setCurrentPresetFile (file);
-    processor.setStateFromXml (*xml, false);
+    pluginState.setStateFromXml (*xml, false);
     setDirty (false);
     callListeners ([this, &file] (Listener& listener) { listener.presetFileLoaded (*this, file); });
     return true;
@@ -77,18 +76,18 @@ void PresetsManager::goBackTo (const juce::File& previousFile, const juce::XmlEl
 {
     const ScopedFlag scopedLoading (loading);
     setCurrentPresetFile (previousFile);
-    processor.setStateFromXml (snapshot, false);
-    processor.refreshStateCopies();
+    pluginState.setStateFromXml (snapshot, false);
+    pluginState.refreshStateCopies();
 }
 
 //==============================================================================
 void PresetsManager::savePresetFile (const juce::File& file, bool reloadAfterSaving)
 {
     setCurrentPresetFile (file);
-    replaceFileContent (file, processor.getStateXml (false)->toString());
+    replaceFileContent (file, pluginState.getStateXml (false)->toString());
 
     if (reloadAfterSaving)
-        loadPresetFile (file, &processor.getUndoManager());
+        loadPresetFile (file, &pluginState.getUndoManager());
     else
         setDirty (false);
 }

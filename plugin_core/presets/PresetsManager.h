@@ -2,6 +2,7 @@
 #pragma once
 
 #include "PresetFolders.h"
+#include "PresetState.h"
 
 #include <juce_data_structures/juce_data_structures.h>
 #include <juce_gui_basics/juce_gui_basics.h>
@@ -11,8 +12,6 @@
 
 namespace mk::pluginCore
 {
-
-class PluginProcessor;
 
 /** Stores and recalls a plug-in's settings as files, and knows which file the session is on and whether the
     parameters have moved away from it. Message thread, but for what says otherwise. No failure is reported:
@@ -34,7 +33,7 @@ public:
         virtual void lockedParamsChanged (PresetsManager&) {}
     };
 
-    PresetsManager (PluginProcessor& processor, PresetFolders folders);
+    PresetsManager (PresetState& pluginState, PresetFolders folders);
 
     //==============================================================================
     /** Any thread. Whether the file exists, is no folder, is not hidden and has the presets' extension. */
@@ -112,7 +111,7 @@ private:
     std::unique_ptr<juce::FileChooser> fileChooser;
     juce::ThreadSafeListenerList<Listener> listeners;
     std::atomic<int> numListeners { 0 }; // lets the audio thread pass by an empty list without its lock
-    PluginProcessor& processor;
+    PresetState& pluginState;
     const PresetFolders folders;
 
     mutable juce::CriticalSection lock;

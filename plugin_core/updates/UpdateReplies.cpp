@@ -3,7 +3,7 @@
 
 #include "LeadingInteger.h"
 
-#include "plugin_core/files/Utf8.h"
+#include "plugin_core/text/Utf8.h"
 
 #include <string>
 #include <string_view>

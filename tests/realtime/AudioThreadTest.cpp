@@ -2,8 +2,8 @@
 // What the audio thread does on every path of the audio callback, counted by machine.
 #include "RealtimeGuard.h"
 
-#include "orlo/AudioPluginAudioProcessor.h"
-#include "orlo/Params.h"
+#include "orlo/parameters/Params.h"
+#include "orlo/processor/AudioPluginAudioProcessor.h"
 
 #include <gtest/gtest.h>
 

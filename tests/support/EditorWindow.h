@@ -4,8 +4,8 @@
 #include "MessageLoop.h"
 #include "Screen.h"
 
-#include "orlo/AudioPluginAudioProcessor.h"
-#include "orlo/AudioPluginAudioProcessorEditor.h"
+#include "orlo/processor/AudioPluginAudioProcessor.h"
+#include "orlo/window/AudioPluginAudioProcessorEditor.h"
 
 #include <memory>
 

@@ -21,7 +21,7 @@ public:
     void prepareInternal (int, double) override {}
     void onResetRequested() override { ++numResets; }
     void processInternal (juce::AudioBuffer<float>&, juce::MidiBuffer&) override {}
-    [[nodiscard]] std::unique_ptr<pluginCore::PluginEditor> createEditorInternal() override;
+    [[nodiscard]] std::unique_ptr<pluginCore::ProcessorEditor> createEditorInternal() override;
 
     [[nodiscard]] juce::RangedAudioParameter& getParameter (const juce::String& id);
 

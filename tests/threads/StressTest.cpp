@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 // All threads of the product at work while every parameter changes. Worth most under ThreadSanitizer.
-#include "orlo/AudioPluginAudioProcessor.h"
+#include "orlo/processor/AudioPluginAudioProcessor.h"
 
 #include "tests/support/MessageLoop.h"
 #include "tests/support/Signals.h"

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 // Windows that open and close while the web thread is at every point of its work. Worth most under
 // ThreadSanitizer.
-#include "orlo/AudioPluginAudioProcessorEditor.h"
+#include "orlo/window/AudioPluginAudioProcessorEditor.h"
+#include "orlo/window/CreateEditor.h"
 
 #include "tests/support/FakeSite.h"
 #include "tests/support/HttpServer.h"
@@ -40,7 +41,7 @@ void answer (HttpServer::Connection& connection)
 
 TEST (WebThread, EndsAtAnyPointOfItsWork)
 {
-    AudioPluginAudioProcessor processor;
+    AudioPluginAudioProcessor processor { createEditor };
     HttpServer server (answer);
 
     for (int lifetimeMs = 0; lifetimeMs <= 400; lifetimeMs += 20)
@@ -69,7 +70,7 @@ TEST (WebThread, ServesWindowsThatComeAndGo)
 {
     FakeSite site;
     site.setReplies ("macVersion:9.9.9;macReleaseDate:" + juce::String (site.now), "the log");
-    AudioPluginAudioProcessor first, second;
+    AudioPluginAudioProcessor first { createEditor }, second { createEditor };
 
     for (int i = 0; i < 10; ++i)
     {

@@ -3,7 +3,7 @@
 
 #include "NumberText.h"
 #include "RenderError.h"
-#include "orlo/Params.h"
+#include "orlo/parameters/Params.h"
 
 namespace mk::orlo::render
 {

@@ -5,7 +5,7 @@
 #include "OutputFile.h"
 #include "PngWriter.h"
 #include "RenderError.h"
-#include "orlo/Params.h"
+#include "orlo/parameters/Params.h"
 
 #include <cmath>
 #include <optional>

@@ -2,6 +2,7 @@
 #include "orlo/analysis/ColourMap.h"
 
 #include "orlo/analysis/ColourTables.h"
+#include "orlo/parameters/ColourMapNames.h"
 
 #include <gtest/gtest.h>
 
@@ -43,7 +44,7 @@ constexpr KnownEntries knownEntries[] {
 
 [[nodiscard]] unsigned indexOf (const juce::String& name)
 {
-    const auto& names = colourTables::getNames();
+    const auto& names = colourMapNames;
     return unsigned (std::find (names.begin(), names.end(), name) - names.begin());
 }
 

@@ -2,9 +2,9 @@
 // The live view in a real window; needs a display.
 #include "orlo/display/SpectrogramComponent.h"
 
-#include "orlo/AudioPluginAudioProcessor.h"
-#include "orlo/Params.h"
 #include "orlo/display/Crosshair.h"
+#include "orlo/parameters/Params.h"
+#include "orlo/processor/AudioPluginAudioProcessor.h"
 #include "tests/support/MessageLoop.h"
 #include "tests/support/Signals.h"
 

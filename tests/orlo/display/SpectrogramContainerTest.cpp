@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "orlo/display/SpectrogramContainer.h"
 
-#include "orlo/AudioPluginAudioProcessor.h"
-#include "orlo/Params.h"
+#include "orlo/parameters/Params.h"
+#include "orlo/processor/AudioPluginAudioProcessor.h"
 #include "tests/support/MessageLoop.h"
 #include "tests/support/TemporaryFolder.h"
 

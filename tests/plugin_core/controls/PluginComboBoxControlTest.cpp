@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "plugin_core/controls/PluginComboBoxControl.h"
-#include "orlo/Params.h"
+#include "orlo/parameters/Params.h"
 #include "tests/support/GestureRecorder.h"
 #include "tests/support/PeerMouse.h"
 #include "tests/support/TestProcessor.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "plugin_core/localisation/LocalisedStringsManager.h"
 
-#include "orlo/AudioPluginAudioProcessor.h"
-#include "orlo/LocalisedStringsManager.h"
+#include "orlo/processor/AudioPluginAudioProcessor.h"
+#include "orlo/processor/LocalisedStringsManager.h"
 #include "plugin_core/localisation/PreferredLanguage.h"
 #include "tests/support/TranslationFile.h"
 

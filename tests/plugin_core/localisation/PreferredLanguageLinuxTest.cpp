@@ -3,8 +3,8 @@
 
 #if JUCE_LINUX
 
-    #include "orlo/AudioPluginAudioProcessor.h"
-    #include "orlo/LocalisedStringsManager.h"
+    #include "orlo/processor/AudioPluginAudioProcessor.h"
+    #include "orlo/processor/LocalisedStringsManager.h"
     #include "plugin_core/localisation/PreferredLanguage.h"
     #include "tests/support/TemporaryFolder.h"
 

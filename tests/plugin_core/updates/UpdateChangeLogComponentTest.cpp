@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "plugin_core/updates/UpdateChangeLogComponent.h"
 
-#include "orlo/LocalisedStringsManager.h"
 #include "orlo/look/PluginLookAndFeel.h"
-#include "plugin_core/look/ColourIds.h"
+#include "orlo/processor/LocalisedStringsManager.h"
+#include "plugin_core/style/ColourIds.h"
 #include "tests/support/MessageLoop.h"
 #include "tests/support/StyledWindow.h"
 #include "tests/support/TranslationFile.h"

@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+// Whether all that can be read in the panel changes with the language.
+#include "orlo/window/SettingsComponent.h"
+
+#include "orlo/processor/AudioPluginAudioProcessor.h"
+#include "orlo/processor/LocalisedStringsManager.h"
+#include "orlo/window/SideBarComponent.h"
+#include "tests/support/MenuRows.h"
+#include "tests/support/TemporaryHome.h"
+#include "tests/support/TestPluginEditor.h"
+#include "tests/support/TranslationFile.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+namespace mk::orlo::test
+{
+namespace
+{
+/** What a user or a screen reader can read, by where it stands. */
+using Texts = std::map<juce::String, juce::String>;
+
+class SettingsLanguageTest : public testing::TestWithParam<juce::String>
+{
+protected:
+    ~SettingsLanguageTest() override { LocalisedStringsManager().setLanguage ("en"); }
+
+    [[nodiscard]] Texts readIn (const juce::String& language)
+    {
+        LocalisedStringsManager().setLanguage (language);
+        Texts texts;
+        SettingsComponent panel (editor, processor);
+        panel.setOnRetinaDisplay (true);
+        read (panel, "panel", texts);
+
+        SideBarComponent sideBar (processor);
+        read (sideBar, "side bar", texts);
+
+        int row = 0;
+
+        for (const auto& entry : collectRows (panel.getPresetActions().makeMenu().menu))
+            if (entry.id != 0)
+                texts["menu " + juce::String (row++)] = entry.text;
+
+        return texts;
+    }
+
+    static void read (juce::Component& component, const juce::String& place, Texts& texts)
+    {
+        if (auto* const client = dynamic_cast<juce::TooltipClient*> (&component))
+            add (texts, place + " tooltip", client->getTooltip());
+
+        // The preview has its map's name, which is the same in all languages.
+        if (dynamic_cast<ColourMapPreviewComponent*> (&component) == nullptr)
+            add (texts, place + " title", component.getTitle());
+
+        add (texts, place + " help", component.getHelpText());
+
+        if (auto* const label = dynamic_cast<juce::Label*> (&component))
+        {
+            // On controls there are values, not words.
+            if (dynamic_cast<SettingsComponent*> (label->getParentComponent()) != nullptr
+                && dynamic_cast<RetinaParamLabel*> (label) == nullptr)
+                add (texts, place + " text", label->getText());
+        }
+
+        for (int i = 0; i < component.getNumChildComponents(); ++i)
+        {
+            auto& child = *component.getChildComponent (i);
+            const auto id = child.getComponentID();
+            read (child, place + "/" + (id.isNotEmpty() ? id : juce::String (i)), texts);
+        }
+    }
+
+    static void add (Texts& texts, const juce::String& place, const juce::String& text)
+    {
+        if (text.isNotEmpty())
+            texts[place] = text;
+    }
+
+    const TemporaryHome home;
+    AudioPluginAudioProcessor processor;
+    TestPluginEditor editor { processor, 0.0 };
+};
+
+TEST_P (SettingsLanguageTest, AllThatCanBeReadIsTranslated)
+{
+    auto& presets = processor.getPresetsManager();
+    presets.getInitFile().getParentDirectory().createDirectory();
+    ASSERT_TRUE (presets.getInitFile().replaceWithText ("x"));
+
+    juce::StringArray keys;
+
+    for (const auto& set : getTranslationSets())
+        keys.addArray (TranslationFile (set, "en").getKeys());
+
+    const auto english = readIn ("en");
+    const auto other = readIn (GetParam());
+    ASSERT_EQ (english.size(), other.size());
+    EXPECT_GT (english.size(), 60u);
+    int numChanged = 0;
+
+    for (const auto& [place, text] : english)
+    {
+        ASSERT_TRUE (other.contains (place)) << place;
+
+        // What follows a translated text, not being a word.
+        const auto key = text.endsWith ("...") ? text.dropLastCharacters (3) : text;
+        EXPECT_TRUE (keys.contains (key)) << place << ": " << text;
+        EXPECT_EQ (other.at (place), juce::translate (key) + text.substring (key.length())) << place;
+        numChanged += other.at (place) != text ? 1 : 0;
+    }
+
+    // A few words are the same in two languages.
+    EXPECT_GT (numChanged, int (english.size()) * 9 / 10);
+}
+
+INSTANTIATE_TEST_SUITE_P (EveryLanguage,
+                          SettingsLanguageTest,
+                          testing::Values ("fr", "es", "pt", "it"),
+                          [] (const auto& parameters) { return parameters.param.toStdString(); });
+} // namespace
+} // namespace mk::orlo::test
