@@ -131,8 +131,12 @@ void SpectrogramRing::paint (const std::vector<Column>& columns,
         return;
 
     const juce::Image::BitmapData data (image, juce::Image::BitmapData::writeOnly);
-    const auto ringWidth = image.getWidth();
     const auto numNew = int (columns.size());
+
+    // Scroll writes round the whole ring, Static round its half.
+    const auto start = scroll ? 0 : getHalfStart();
+    const auto length = scroll ? image.getWidth() : getWidth();
+    const auto xOf = [=, firstX = writeX - start] (int index) { return start + (firstX + index) % length; };
 
     for (int i = 0; i < numNew; ++i)
     {
@@ -141,7 +145,7 @@ void SpectrogramRing::paint (const std::vector<Column>& columns,
         if (int (column.size()) != data.height)
             continue;
 
-        auto* pixel = data.getPixelPointer ((writeX + i) % ringWidth, 0);
+        auto* pixel = data.getPixelPointer (xOf (i), 0);
 
         for (const auto level : column)
         {
@@ -152,8 +156,7 @@ void SpectrogramRing::paint (const std::vector<Column>& columns,
         }
     }
 
-    const auto start = getHalfStart();
-    writeX = scroll ? (writeX + numNew) % ringWidth : start + (writeX + numNew) % getWidth();
+    writeX = xOf (numNew);
 
     numColumns += numNew;
     numRebuilds += scroll ? 1 : 0; // all columns have moved

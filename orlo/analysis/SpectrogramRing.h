@@ -26,8 +26,10 @@ public:
     /** What a change from Scroll to Static does: black, and on from the left of a half. */
     void restart();
 
-    /** Paints the columns from the write position on and moves it. Columns of another height than the
-        picture's leave their place as it is.
+    /** Paints the columns from the write position on and moves it. Column i goes to start + (writeX - start + i)
+        modulo length: in Scroll, start is 0 and length the whole ring; in Static they are those of the half,
+        so that a sweep goes on at the half's left edge at once. Columns of another height than the picture's
+        leave their place as it is.
         @param zeroColour  ARGB of a level of 0 or less */
     void paint (const std::vector<Column>& columns, const ColourMap& map, juce::uint32 zeroColour, bool scroll);
 
