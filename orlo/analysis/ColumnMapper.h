@@ -24,6 +24,9 @@ public:
         column. Allocates only when sizes change. */
     void map (const Frame& frame, const ColumnSettings& settings, FrequencyScale& scale, Column& column);
 
+    /** How many columns a window's span touches, that is, how many are kept. Both in samples, hop at least 1. */
+    [[nodiscard]] static int getHistoryLength (int windowLength, int hop) noexcept;
+
 private:
     void shiftHistory (const ColumnSettings& settings);
 
