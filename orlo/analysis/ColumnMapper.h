@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
-#include "ClassicColumn.h"
+#include "ClassicColumnMapper.h"
 #include "ColumnSettings.h"
-#include "EnhancedColumn.h"
+#include "EnhancedColumnPlotter.h"
 #include "FrameBin.h"
 
 namespace mk::orlo
@@ -30,8 +30,8 @@ public:
 private:
     void shiftHistory (const ColumnSettings& settings);
 
-    ClassicColumn classic;
-    EnhancedColumn enhanced;
+    ClassicColumnMapper classic;
+    EnhancedColumnPlotter enhanced;
     std::vector<Column> history; // oldest first
 };
 

@@ -49,8 +49,8 @@ public:
 
     //==============================================================================
     /** [owner thread] Sets the shown range, 0 <= minHz <= maxHz. A range equal to the present one within
-        rounding is ignored and costs nothing; any other rebuilds the tables (without allocating, once
-        they have been as large before) and notifies the listeners. */
+        rounding is ignored and costs nothing. Any other rebuilds the tables and notifies the listeners;
+        it allocates only if the tables have never been as large before. */
     void setRange (float minHz, float maxHz);
 
     /** Any thread. Sets the Type; the listeners hear of it if it is another one. */
@@ -70,8 +70,8 @@ public:
     /** Any thread. Position to hertz, within the range; the linear scale goes on beyond it. */
     [[nodiscard]] float frequencyForPosition (float position) const noexcept;
 
-    /** The forward direction of one moment, for whoever converts many frequencies in a row. Valid on the
-        owner thread until the next setRange(). */
+    /** The forward direction of one moment, for converting many frequencies in a row. Valid on the owner
+        thread until the next setRange(). */
     class ForwardMap
     {
     public:
