@@ -8,12 +8,15 @@
 namespace mk::orlo
 {
 
-void ColumnMapper::shiftHistory (const ColumnSettings& settings)
+int ColumnMapper::getHistoryLength (int windowLength, int hop) noexcept
 {
     // Every hop that a window touches, and one more for what is rounded up.
-    const auto length = (settings.windowLength + settings.hop - 1) / settings.hop + 1;
+    return (windowLength + hop - 1) / hop + 1;
+}
 
-    history.resize (size_t (length));
+void ColumnMapper::shiftHistory (const ColumnSettings& settings)
+{
+    history.resize (size_t (getHistoryLength (settings.windowLength, settings.hop)));
 
     for (auto& column : history)
         column.resize (size_t (settings.numRows));

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
-#include "ClassicColumn.h"
+#include "ClassicColumnMapper.h"
 #include "ColumnSettings.h"
-#include "EnhancedColumn.h"
+#include "EnhancedColumnPlotter.h"
 #include "FrameBin.h"
 
 namespace mk::orlo
@@ -24,11 +24,14 @@ public:
         column. Allocates only when sizes change. */
     void map (const Frame& frame, const ColumnSettings& settings, FrequencyScale& scale, Column& column);
 
+    /** How many columns a window's span touches, that is, how many are kept. Both in samples, hop at least 1. */
+    [[nodiscard]] static int getHistoryLength (int windowLength, int hop) noexcept;
+
 private:
     void shiftHistory (const ColumnSettings& settings);
 
-    ClassicColumn classic;
-    EnhancedColumn enhanced;
+    ClassicColumnMapper classic;
+    EnhancedColumnPlotter enhanced;
     std::vector<Column> history; // oldest first
 };
 

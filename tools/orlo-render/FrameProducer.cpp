@@ -17,8 +17,8 @@ FrameProducer::FrameProducer (AudioSource& audio, FFTProcessor& worker, const Re
     : source (audio),
       processor (worker),
       plan (renderPlan),
-      framesPerBatch (std::clamp (mostSamplesInBatch / plan.hop.hop, 1, mostFramesInBatch)),
-      samples (size_t (framesPerBatch) * size_t (plan.hop.hop)),
+      framesPerBatch (std::clamp (mostSamplesInBatch / plan.analysis.hop, 1, mostFramesInBatch)),
+      samples (size_t (framesPerBatch) * size_t (plan.analysis.hop)),
       spare (numBatches),
       thread ([this] { run(); })
 {
@@ -75,7 +75,7 @@ void FrameProducer::run()
             fill (batch, position, numFrames);
             deliver (batch);
 
-            position += std::int64_t (numFrames) * plan.hop.hop;
+            position += std::int64_t (numFrames) * plan.analysis.hop;
             remaining -= numFrames;
         }
 
@@ -89,7 +89,7 @@ void FrameProducer::run()
 
 void FrameProducer::fill (std::vector<Frame>& batch, std::int64_t position, int numFrames)
 {
-    const auto numSamples = numFrames * plan.hop.hop;
+    const auto numSamples = numFrames * plan.analysis.hop;
     source.read (position, std::span (samples).first (size_t (numSamples)));
     processor.pushSamples (samples.data(), numSamples);
     processor.processAvailable();

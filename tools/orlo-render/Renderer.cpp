@@ -21,7 +21,7 @@ public:
         config.windowLength = plan.windowLength;
         worker.setPendingConfig (config);
         worker.prepareToPlay (sampleRate);
-        worker.hopSize.store (plan.hop.hop, std::memory_order_relaxed);
+        worker.hopSize.store (plan.analysis.hop, std::memory_order_relaxed);
         worker.enhanced.store (settings.hop.enhanced, std::memory_order_relaxed);
         worker.magnitudeThreshold.store (magnitudeForDecibels (juce::jmin (settings.floorDb, settings.ceilingDb)),
                                          std::memory_order_relaxed);
@@ -69,14 +69,14 @@ public:
     void finish (Column& merged) const noexcept
     {
         if (mergesMagnitudes)
-            ClassicColumn::magnitudesToLevels (settings, merged);
+            ClassicColumnMapper::magnitudesToLevels (settings, merged);
     }
 
 private:
     SpectrogramImageBuilder& builder;
     const ColumnSettings settings;
     const bool mergesMagnitudes;
-    ClassicColumn classic;
+    ClassicColumnMapper classic;
     Column column;
 };
 
@@ -90,7 +90,7 @@ LevelGrid
     ColumnMaker maker (engine.builder);
 
     ColumnReducer reducer (plan.getNumPictureFrames(),
-                           plan.hop.framesPerColumn,
+                           plan.analysis.framesPerColumn,
                            plan.width,
                            [&] (int x, Column& merged)
                            {

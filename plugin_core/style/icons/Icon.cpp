@@ -12,10 +12,10 @@ namespace
 /** Maps the icons' grid to pixels so that strokes have sharp edges. The drawn square is a pixel smaller
     than asked for where that is what lets a stroke lie in its very middle: then everything else can be
     a whole number of pixels away from the middle, the same on both sides. */
-class PixelGrid
+class IconGrid
 {
 public:
-    explicit PixelGrid (float sizeAskedFor) noexcept
+    explicit IconGrid (float sizeAskedFor) noexcept
     {
         const auto whole = std::max (8, int (std::floor (sizeAskedFor + 0.01f)));
         weight = std::max (1, juce::roundToInt (float (whole) * iconStrokeWeight / iconGridSize));
@@ -45,7 +45,7 @@ private:
     float middle = 0.0f;
 };
 
-[[nodiscard]] juce::Path makeLine (const IconMark& mark, const PixelGrid& grid)
+[[nodiscard]] juce::Path makeLine (const IconMark& mark, const IconGrid& grid)
 {
     juce::Path path;
 
@@ -67,7 +67,7 @@ private:
     return path;
 }
 
-[[nodiscard]] juce::Path makeRound (const IconMark& mark, const PixelGrid& grid)
+[[nodiscard]] juce::Path makeRound (const IconMark& mark, const IconGrid& grid)
 {
     const auto x = grid.snapped (mark.values[0]);
     const auto y = grid.snapped (mark.values[1]);
@@ -89,7 +89,7 @@ private:
     return path;
 }
 
-[[nodiscard]] juce::Path makeBox (const IconMark& mark, const PixelGrid& grid)
+[[nodiscard]] juce::Path makeBox (const IconMark& mark, const IconGrid& grid)
 {
     const auto x = grid.snapped (mark.values[0]);
     const auto y = grid.snapped (mark.values[1]);
@@ -112,7 +112,7 @@ void addStroke (juce::Path& icon, const juce::Path& line, float weight)
 
 /** A filled block as one wide level stroke: its outline then runs the same way round as all others, so
     that where they overlap nothing is cut out. */
-void addBlock (juce::Path& icon, const IconMark& mark, const PixelGrid& grid)
+void addBlock (juce::Path& icon, const IconMark& mark, const IconGrid& grid)
 {
     const auto width = std::max (grid.getWeight(), grid.wholeLength (mark.values[2]));
     const auto sameParity = int (width) % 2 == int (grid.getWeight()) % 2 ? width : width + 1.0f;
@@ -125,7 +125,7 @@ void addBlock (juce::Path& icon, const IconMark& mark, const PixelGrid& grid)
     icon.addPath (outline);
 }
 
-void addMark (juce::Path& icon, const IconMark& mark, const PixelGrid& grid)
+void addMark (juce::Path& icon, const IconMark& mark, const IconGrid& grid)
 {
     switch (mark.kind)
     {
@@ -150,7 +150,7 @@ void addMark (juce::Path& icon, const IconMark& mark, const PixelGrid& grid)
 
 juce::Path makeIconPath (Icon icon, float size)
 {
-    const PixelGrid grid (size);
+    const IconGrid grid (size);
     juce::Path path;
 
     for (const auto& mark : getIconArt (icon))

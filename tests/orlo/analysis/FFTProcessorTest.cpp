@@ -147,8 +147,10 @@ TEST_F (FFTProcessorTest, SilenceUnderAThresholdIsZeroEverywhere)
 {
     configure (1023, 256);
     worker.magnitudeThreshold = 1.0e-7f;
+    const auto frames = analyse (Samples (4096, 0.0f));
+    ASSERT_EQ (frames.size(), 16u);
 
-    for (const auto& frame : analyse (Samples (4096, 0.0f)))
+    for (const auto& frame : frames)
         expectSilent (frame);
 }
 
@@ -160,6 +162,23 @@ TEST_F (FFTProcessorTest, BinsNotAboveTheThresholdReadZero)
 
     for (size_t k = 0; k < frames.back().size(); ++k)
         EXPECT_EQ (frames.back()[k].magnitude > 0.0f, k == 64u) << k;
+}
+
+TEST_F (FFTProcessorTest, ABinExactlyAtTheThresholdReadsZero)
+{
+    // The same samples three times, each after enough silence to empty the window.
+    const auto analyseWith = [this] (float threshold)
+    {
+        worker.magnitudeThreshold = threshold;
+        static_cast<void> (analyse (Samples (2048, 0.0f)));
+        return analyse (makeSine (44100.0 * 64 / 1024, 0.5f, 2048, 44100.0)).back()[64].magnitude;
+    };
+
+    configure (1023, 256);
+    const auto magnitude = analyseWith (0.0f);
+    ASSERT_GT (magnitude, 0.4f);
+    EXPECT_EQ (analyseWith (magnitude), 0.0f);
+    EXPECT_EQ (analyseWith (std::nextafter (magnitude, 0.0f)), magnitude);
 }
 
 TEST_F (FFTProcessorTest, AHopLongerThanTheWindowSeesOnlyItsFirstSamples)
@@ -224,8 +243,10 @@ TEST_F (FFTProcessorTest, ANaNLeavesWithTheSamplesAroundItWhateverChangesMeanwhi
 TEST_F (FFTProcessorTest, NaNsReadAsSilence)
 {
     configure (1023, 256);
+    const auto frames = analyse (Samples (2048, std::numeric_limits<float>::quiet_NaN()));
+    ASSERT_EQ (frames.size(), 8u);
 
-    for (const auto& frame : analyse (Samples (2048, std::numeric_limits<float>::quiet_NaN())))
+    for (const auto& frame : frames)
         expectSilent (frame);
 }
 

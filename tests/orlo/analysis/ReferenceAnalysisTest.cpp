@@ -124,7 +124,7 @@ TEST_P (ReferenceAnalysisTest, ColumnsMatch)
 
     for (const auto& expected : reference.columns)
     {
-        EXPECT_EQ (expected.history, (reference.label - 1 + reference.hop - 1) / reference.hop + 1);
+        EXPECT_EQ (ColumnMapper::getHistoryLength (reference.label - 1, reference.hop), expected.history);
 
         const FrameClock clock;
         SpectrogramImageBuilder builder (worker, clock);

@@ -133,6 +133,7 @@ TEST (Robustness, SilenceIsBlack)
     {
         Pipeline pipeline (2048, 44100.0, 40.0f, enhanced);
         pipeline.push (Samples (20000, 0.0f), 512);
+        ASSERT_EQ (pipeline.columns.size(), 20000u / 163u);
 
         for (const auto& column : pipeline.columns)
             EXPECT_EQ (column, Column (200, 0.0f));

@@ -104,6 +104,38 @@ TEST_F (SpectrogramRingTest, StaticSweepsInsideTheFirstHalf)
     EXPECT_EQ (ring.getWriteX(), 1);
 }
 
+TEST_F (SpectrogramRingTest, ASweepThatPassesTheRightEdgeGoesOnAtTheLeftAtOnce)
+{
+    ring.resize (5, 1, false);
+    write ("9999");
+    write (".9.");
+    EXPECT_EQ (shown(), "9.99.");
+    EXPECT_EQ (whole(), "9.99......");
+    EXPECT_EQ (ring.getWriteX(), 2);
+}
+
+TEST_F (SpectrogramRingTest, ASweepInTheSecondHalfTurnsAtItsOwnEdges)
+{
+    scroll = true;
+    ring.resize (5, 1, true);
+    write ("999999");
+    ring.restart();
+    scroll = false;
+    write ("9999");
+    write (".9.");
+    EXPECT_EQ (shown(), "9.99.");
+    EXPECT_EQ (whole(), ".....9.99.");
+    EXPECT_EQ (ring.getWriteX(), 7);
+}
+
+TEST_F (SpectrogramRingTest, OfMoreColumnsThanASweepHoldsTheNewestStay)
+{
+    ring.resize (3, 1, false);
+    write ("99999.9");
+    EXPECT_EQ (shown(), "99.");
+    EXPECT_EQ (ring.getWriteX(), 1);
+}
+
 TEST_F (SpectrogramRingTest, ScrollRunsRoundTheWholeRingAndShowsTheNewestColumns)
 {
     scroll = true;
@@ -286,7 +318,7 @@ TEST_F (SpectrogramRingTest, OfASweepOnlyWhatIsNewIsCopied)
     const auto isCopied = [&snapshot] (int x) { return snapshot.image.getPixelAt (x, 0) != juce::Colours::white; };
     const auto getCopied = [&] { return std::ranges::count_if (std::views::iota (0, 6), isCopied); };
 
-    // The second lies beyond the edge, and at the left edge stays what was there.
+    // The second goes to the left edge.
     write ("67");
     ring.copyShownPart (snapshot, false);
     EXPECT_TRUE (isCopied (5) && isCopied (0));

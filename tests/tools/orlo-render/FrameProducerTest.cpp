@@ -19,7 +19,7 @@ constexpr int length = 60000;
 void prepare (FFTProcessor& processor, const RenderPlan& plan)
 {
     processor.setPendingConfig ({ plan.windowLength, 0, int (WindowType::hann) });
-    processor.hopSize = plan.hop.hop;
+    processor.hopSize = plan.analysis.hop;
     processor.enhanced = true;
     processor.processAvailable();
 }
@@ -47,7 +47,7 @@ TEST_F (FrameProducerTest, GivesTheFramesThatTheWorkerMakesOfTheSamplesOneHopAtA
 
     AudioSource source (file), again (file);
     FrameProducer producer (source, processor, plan);
-    std::vector<float> hop (static_cast<size_t> (plan.hop.hop));
+    std::vector<float> hop (static_cast<size_t> (plan.analysis.hop));
     auto position = plan.feedStart;
     std::int64_t numFrames = 0;
 
@@ -55,8 +55,8 @@ TEST_F (FrameProducerTest, GivesTheFramesThatTheWorkerMakesOfTheSamplesOneHopAtA
         for (const auto& frame : batch)
         {
             again.read (position, hop);
-            position += plan.hop.hop;
-            reference.pushSamples (hop.data(), plan.hop.hop);
+            position += plan.analysis.hop;
+            reference.pushSamples (hop.data(), plan.analysis.hop);
             reference.processAvailable();
 
             Frame expected;
@@ -125,7 +125,7 @@ TEST_F (FrameProducerTest, ALongHopFitsIntoTheWorkersRing)
 {
     // 16 ms at 1 MHz: 16000 samples a hop.
     const auto slow = makePlan ({ { 256, 1.0e6, 0.0f, false, false }, 0, 600000, 0 });
-    ASSERT_EQ (slow.hop.hop, 16000);
+    ASSERT_EQ (slow.analysis.hop, 16000);
     prepare (processor, slow);
 
     AudioSource source (file);

@@ -9,9 +9,9 @@ namespace mk::orlo
 
 class FrequencyScale;
 
-/** The column of a plain transform: each row shows the loudest of the bins that it covers, or, where it
-    covers less than a bin, a raised-cosine interpolation between two. One thread at a time. */
-class ClassicColumn
+/** Maps the bins of a plain transform to a column: each row shows the loudest of the bins that it covers,
+    or, where it covers less than a bin, a raised-cosine interpolation between two. One thread at a time. */
+class ClassicColumnMapper
 {
 public:
     /** Writes every row of the column, which must have settings.numRows levels. The scale must have the
@@ -20,8 +20,8 @@ public:
 
     /** The first half of fill(): what is loudest in each row, as linear magnitudes of 0 or more.
 
-        The louder of two magnitudes has the higher level, as long as the floor is below the ceiling. Whoever
-        merges many columns by maximum can merge magnitudes, and take the logarithms of the result alone. */
+        As long as the floor is below the ceiling, the louder of two magnitudes has the higher level. Many
+        columns can then be merged by maximum as magnitudes, which leaves the logarithms of one column. */
     void fillMagnitudes (const Frame& frame,
                          const ColumnSettings& settings,
                          const FrequencyScale& scale,
@@ -31,7 +31,7 @@ public:
     static void magnitudesToLevels (const ColumnSettings& settings, Column& column) noexcept;
 
 private:
-    /** Which bins a row shows. Fixed by the geometry, so worked out once and not for every column. */
+    /** Which bins a row shows. Depends on the geometry alone, so it is computed once and not for every column. */
     struct Row
     {
         int lowBin; // the row's low edge lies between this bin and nextBin
@@ -41,7 +41,7 @@ private:
         int endPeakBin;
     };
 
-    /** What the rows were worked out from. */
+    /** What the rows were computed from. */
     struct Geometry
     {
         int numRows, maxBin, scaleType;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-#include "orlo/analysis/ClassicColumn.h"
+#include "orlo/analysis/ClassicColumnMapper.h"
 
 #include "orlo/analysis/FrequencyScale.h"
 
@@ -13,10 +13,10 @@ namespace mk::orlo::test
 namespace
 {
 
-class ClassicColumnMerge : public testing::Test
+class ClassicColumnMapperTest : public testing::Test
 {
 protected:
-    ClassicColumnMerge()
+    ClassicColumnMapperTest()
     {
         settings.enhanced = false;
         settings.numRows = 600;
@@ -38,19 +38,19 @@ protected:
 
     ColumnSettings settings;
     FrequencyScale scale;
-    ClassicColumn classic;
+    ClassicColumnMapper classic;
 };
 
-TEST_F (ClassicColumnMerge, TheHalvesMakeTheWhole)
+TEST_F (ClassicColumnMapperTest, TheHalvesMakeTheWhole)
 {
     Column whole (600), halves (600);
     classic.fill (makeFrame (1), settings, scale, whole);
     classic.fillMagnitudes (makeFrame (1), settings, scale, halves);
-    ClassicColumn::magnitudesToLevels (settings, halves);
+    ClassicColumnMapper::magnitudesToLevels (settings, halves);
     EXPECT_EQ (whole, halves);
 }
 
-TEST_F (ClassicColumnMerge, MergedMagnitudesHaveTheLevelsOfMergedLevels)
+TEST_F (ClassicColumnMapperTest, MergedMagnitudesHaveTheLevelsOfMergedLevels)
 {
     Column magnitudes (600), levels (600), column (600);
 
@@ -64,11 +64,11 @@ TEST_F (ClassicColumnMerge, MergedMagnitudesHaveTheLevelsOfMergedLevels)
         std::transform (magnitudes.begin(), magnitudes.end(), column.begin(), magnitudes.begin(), louder);
     }
 
-    ClassicColumn::magnitudesToLevels (settings, magnitudes);
+    ClassicColumnMapper::magnitudesToLevels (settings, magnitudes);
     EXPECT_EQ (magnitudes, levels);
 }
 
-TEST_F (ClassicColumnMerge, NoMagnitudeIsNotANumber)
+TEST_F (ClassicColumnMapperTest, NoMagnitudeIsNotANumber)
 {
     auto frame = makeFrame (1);
     frame[100].magnitude = std::numeric_limits<float>::infinity();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-#include "EnhancedColumn.h"
+#include "EnhancedColumnPlotter.h"
 
 #include "FrequencyScale.h"
 
@@ -11,10 +11,10 @@ namespace
 constexpr float smallestPlottedMagnitude = 1.0e-7f;
 } // namespace
 
-void EnhancedColumn::plot (const Frame& frame,
-                           const ColumnSettings& settings,
-                           const FrequencyScale& scale,
-                           std::vector<Column>& columns)
+void EnhancedColumnPlotter::plot (const Frame& frame,
+                                  const ColumnSettings& settings,
+                                  const FrequencyScale& scale,
+                                  std::vector<Column>& columns)
 {
     if (settings.numRows < 1)
         return;
@@ -28,7 +28,7 @@ void EnhancedColumn::plot (const Frame& frame,
         *points.pixel[i] = points.level[i] > *points.pixel[i] ? points.level[i] : *points.pixel[i];
 }
 
-void EnhancedColumn::selectPoints (const Frame& frame, const ColumnSettings& settings)
+void EnhancedColumnPlotter::selectPoints (const Frame& frame, const ColumnSettings& settings)
 {
     const auto half = float (settings.windowLength / 2);
     const auto binWidth = settings.getBinWidth();
@@ -42,7 +42,7 @@ void EnhancedColumn::selectPoints (const Frame& frame, const ColumnSettings& set
         points.pixel.resize (frame.size());
     }
 
-    // Copies, since the compiler must assume that a float written may be one of the settings.
+    // Copies, because a float that is written could for all the compiler knows be one of the settings.
     const auto minHz = settings.minHz;
     const auto maxHz = settings.maxHz;
     auto* const magnitudes = points.magnitude.data();
@@ -50,8 +50,8 @@ void EnhancedColumn::selectPoints (const Frame& frame, const ColumnSettings& set
     auto* const frequencies = points.hz.data();
     size_t count = 0;
 
-    // DC has no frequency to move. All comparisons are written so that a NaN fails them. Which bins pass is
-    // as good as random in noise, so every bin is written down and the count decides which ones stay.
+    // DC has no frequency to move. All comparisons are written so that a NaN fails them. In noise a branch on
+    // them could not be predicted, so every bin is stored and only the count depends on the result.
     for (size_t k = 1; k < frame.size(); ++k)
     {
         const auto& bin = frame[k];
@@ -70,9 +70,9 @@ void EnhancedColumn::selectPoints (const Frame& frame, const ColumnSettings& set
     points.count = count;
 }
 
-void EnhancedColumn::placePoints (const ColumnSettings& settings,
-                                  const FrequencyScale& scale,
-                                  std::vector<Column>& columns)
+void EnhancedColumnPlotter::placePoints (const ColumnSettings& settings,
+                                         const FrequencyScale& scale,
+                                         std::vector<Column>& columns)
 {
     const auto positionOf = scale.getForwardMap();
     const auto hop = float (settings.hop);
@@ -96,7 +96,7 @@ void EnhancedColumn::placePoints (const ColumnSettings& settings,
     points.count = count;
 }
 
-void EnhancedColumn::computeLevels (const ColumnSettings& settings)
+void EnhancedColumnPlotter::computeLevels (const ColumnSettings& settings)
 {
     for (size_t i = 0; i < points.count; ++i)
         points.level[i] = std::log10 (points.magnitude[i]);

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-#include "ClassicColumn.h"
+#include "ClassicColumnMapper.h"
 
 #include "FrequencyScale.h"
 
 namespace mk::orlo
 {
 
-ClassicColumn::Row ClassicColumn::makeRow (int y, const Geometry& geometry, const FrequencyScale& scale)
+ClassicColumnMapper::Row ClassicColumnMapper::makeRow (int y, const Geometry& geometry, const FrequencyScale& scale)
 {
     const auto lastRow = float (geometry.numRows - 1);
 
@@ -36,7 +36,7 @@ ClassicColumn::Row ClassicColumn::makeRow (int y, const Geometry& geometry, cons
     return row;
 }
 
-void ClassicColumn::updateRows (const Geometry& wanted, const FrequencyScale& scale)
+void ClassicColumnMapper::updateRows (const Geometry& wanted, const FrequencyScale& scale)
 {
     if (wanted == geometry)
         return;
@@ -48,19 +48,19 @@ void ClassicColumn::updateRows (const Geometry& wanted, const FrequencyScale& sc
         rows[size_t (y)] = makeRow (y, geometry, scale);
 }
 
-void ClassicColumn::fill (const Frame& frame,
-                          const ColumnSettings& settings,
-                          const FrequencyScale& scale,
-                          Column& column)
+void ClassicColumnMapper::fill (const Frame& frame,
+                                const ColumnSettings& settings,
+                                const FrequencyScale& scale,
+                                Column& column)
 {
     fillMagnitudes (frame, settings, scale, column);
     magnitudesToLevels (settings, column);
 }
 
-void ClassicColumn::fillMagnitudes (const Frame& frame,
-                                    const ColumnSettings& settings,
-                                    const FrequencyScale& scale,
-                                    Column& column)
+void ClassicColumnMapper::fillMagnitudes (const Frame& frame,
+                                          const ColumnSettings& settings,
+                                          const FrequencyScale& scale,
+                                          Column& column)
 {
     const auto numBins = int (frame.size());
     const auto maxBin = juce::jmax (0, juce::jmin (numBins - 1, settings.fftSize / 2));
@@ -86,7 +86,7 @@ void ClassicColumn::fillMagnitudes (const Frame& frame,
     }
 }
 
-void ClassicColumn::magnitudesToLevels (const ColumnSettings& settings, Column& column) noexcept
+void ClassicColumnMapper::magnitudesToLevels (const ColumnSettings& settings, Column& column) noexcept
 {
     for (auto& value : column)
         value = settings.levelForDecibels (decibelsForMagnitude (value));

@@ -9,12 +9,12 @@ namespace mk::orlo
 
 class FrequencyScale;
 
-/** Draws the reassigned points of frames into the columns of their window's span. One thread at a time.
+/** Plots the reassigned points of frames into the columns of their window's span. One thread at a time.
 
-    A point is one pixel, the louder of two on one pixel wins. Points without a meaning are left out:
-    those that would lie outside the window, more than a bin away, or outside the range.
+    A point is one pixel; of two points on one pixel the louder is shown. Points that were moved out of
+    their window, by a bin or more, or out of the range are left out: there the reassignment has failed.
 */
-class EnhancedColumn
+class EnhancedColumnPlotter
 {
 public:
     /** Adds the frame's points to the columns, the oldest of the window's span first. Columns must have
@@ -29,7 +29,7 @@ private:
     void placePoints (const ColumnSettings& settings, const FrequencyScale& scale, std::vector<Column>& columns);
     void computeLevels (const ColumnSettings& settings);
 
-    /** Of one call, and kept so that calls need not allocate: an entry for every point that is drawn. */
+    /** One entry for every point that is plotted. A member, so that a call does not allocate. */
     struct Points
     {
         std::vector<float> magnitude;
@@ -40,8 +40,8 @@ private:
         size_t count = 0;
     };
 
-    // The steps run one after the other over all points: the logarithm's calls would otherwise throw
-    // everything else out of its registers, and the scattered pixels would be waited for one by one.
+    // Each step is a loop of its own over all points. In one common loop every call of log10 would spill the
+    // registers, and the processor would wait for each of the scattered pixels instead of loading several.
     Points points;
 };
 
