@@ -203,7 +203,8 @@ void SpectrogramComponent::mouseDown (const juce::MouseEvent& event)
 {
     storeCursor (event);
 
-    if (pluginCore::isMenuClick (event.mods))
+    // The middle button has no meaning here, and the right one's menu is the container's.
+    if (! pluginCore::isEditingClick (event.mods))
         return;
 
     if (event.mods.isShiftDown())
@@ -225,11 +226,14 @@ void SpectrogramComponent::mouseDrag (const juce::MouseEvent& event)
 {
     storeCursor (event);
 
+    // A drag belongs to the press that began it: after a shift-click or a press of the middle button nothing is held.
+    if (! crosshairVisible)
+        return;
+
     if (! pluginCore::isMenuClick (event.mods))
         callWithFrequency (onMouseHeld, event);
 
-    if (crosshairVisible)
-        repaint();
+    repaint();
 }
 
 void SpectrogramComponent::mouseUp (const juce::MouseEvent& event)
