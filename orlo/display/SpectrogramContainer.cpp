@@ -175,8 +175,12 @@ void SpectrogramContainer::exportAsImage()
 {
     const auto lastFile = globalSettings.getSettings()[pluginCore::SettingsIds::lastExportFile];
 
-    fileChooser = std::make_unique<juce::FileChooser> (
-        juce::translate ("Save as png"), pictureFile::chooseStart (lastFile.toString()), "*.png");
+    fileChooser = std::make_unique<juce::FileChooser> (juce::translate ("Save as png"),
+                                                       pictureFile::chooseStart (lastFile.toString()),
+                                                       "*.png",
+                                                       true,
+                                                       false,
+                                                       findDialogParent());
     fileChooser->launchAsync (juce::FileBrowserComponent::saveMode | juce::FileBrowserComponent::canSelectFiles
                                   | juce::FileBrowserComponent::warnAboutOverwriting,
                               [this] (const juce::FileChooser& chooser) { exportTo (chooser.getResult()); });
@@ -190,8 +194,17 @@ void SpectrogramContainer::exportTo (const juce::File& chosenFile)
     const auto file = pictureFile::withPngExtension (chosenFile);
     globalSettings.getSettings().setProperty (pluginCore::SettingsIds::lastExportFile, file.getFullPathName(), nullptr);
 
-    if (file.create().wasOk())
-        pictureFile::write (createPicture(), file);
+    pictureWriter.write (createPicture(), file);
+}
+
+juce::Component* SpectrogramContainer::findDialogParent() const
+{
+    // JUCE puts a dialog of its own into the parent, at this size whether or not there is room for it.
+    constexpr int dialogWidth = 600, dialogHeight = 500;
+    auto* const editor = findParentComponentOfClass<juce::AudioProcessorEditor>();
+    const auto hasRoom = editor != nullptr && editor->getWidth() >= dialogWidth && editor->getHeight() >= dialogHeight;
+
+    return hasRoom || juce::FileChooser::isPlatformDialogAvailable() ? editor : nullptr;
 }
 
 juce::Image SpectrogramContainer::createPicture()
