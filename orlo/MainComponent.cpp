@@ -165,6 +165,22 @@ void MainComponent::updateFreezeButton (float freezeValue)
 //==============================================================================
 void MainComponent::paint (juce::Graphics& g) { g.fillAll (juce::Colour (pluginCore::palette::window)); }
 
+void MainComponent::paintOverChildren (juce::Graphics& g)
+{
+    // Here and not in the picture, so that an export does not show it.
+    if (spectrogramContainer.getSpectrogram().hasKeyboardFocus (false))
+    {
+        g.setColour (findColour (juce::ComboBox::focusedOutlineColourId));
+        g.drawRect (getPictureArea());
+    }
+}
+
+juce::Rectangle<int> MainComponent::getPictureArea()
+{
+    auto& picture = spectrogramContainer.getSpectrogram();
+    return getLocalArea (&picture, picture.getLocalBounds());
+}
+
 void MainComponent::resized()
 {
     const auto layout = layOutMain ({ getWidth(),
@@ -191,6 +207,7 @@ void MainComponent::focusOfChildComponentChanged (FocusChangeType cause)
 {
     focusCameByKey = cause == focusChangedByTabKey;
     updateViewButtonVisibility();
+    repaint(); // the frame of the picture
 }
 
 bool MainComponent::keyPressed (const juce::KeyPress& key)
@@ -202,7 +219,13 @@ bool MainComponent::keyPressed (const juce::KeyPress& key)
         updateViewButtonVisibility();
     }
 
-    return false;
+    return hasKeyboardFocus (false) && spectrogramContainer.getSpectrogram().keyPressed (key);
+}
+
+bool MainComponent::keyStateChanged (bool isKeyDown)
+{
+    // While no control has the focus, the keys of the menu mean the picture.
+    return hasKeyboardFocus (false) && spectrogramContainer.getSpectrogram().keyStateChanged (isKeyDown);
 }
 
 void MainComponent::updateViewButtonVisibility()

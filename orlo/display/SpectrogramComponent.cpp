@@ -2,6 +2,7 @@
 #include "SpectrogramComponent.h"
 
 #include "Crosshair.h"
+#include "MenuKey.h"
 #include "orlo/AudioPluginAudioProcessor.h"
 #include "orlo/ParameterAccess.h"
 #include "orlo/Params.h"
@@ -37,6 +38,13 @@ SpectrogramComponent::SpectrogramComponent (AudioPluginAudioProcessor& audioProc
 
     setMouseCursor (juce::MouseCursor::CrosshairCursor);
     setOpaque (true);
+
+    // For those who use the keyboard. A click leaves the keys with the host.
+    setWantsKeyboardFocus (true);
+    setMouseClickGrabsKeyboardFocus (false);
+    setTitle (juce::translate ("Spectrogram"));
+    setDescription (juce::translate ("The frequencies of the sound over time"));
+    setHelpText (juce::translate ("Press the Menu key or Shift+F10 to open the menu"));
 
     visibilityObserver = std::make_unique<pluginCore::GuiUtils::ComponentVisibilityObserver> (
         *this, [this] (bool isVisible) { onVisibilityChanged (isVisible); });
@@ -249,6 +257,31 @@ void SpectrogramComponent::mouseUp (const juce::MouseEvent& event)
 void SpectrogramComponent::toggleFreeze()
 {
     freezeAttachment.setValueAsCompleteGesture (isOn (freezeParameter) ? 0.0f : 1.0f);
+}
+
+//==============================================================================
+bool SpectrogramComponent::keyPressed (const juce::KeyPress& key) { return menuKey::isShiftF10 (key) && requestMenu(); }
+
+bool SpectrogramComponent::keyStateChanged (bool isKeyDown)
+{
+    return isKeyDown && menuKey::isMenuKeyDown() && requestMenu();
+}
+
+bool SpectrogramComponent::requestMenu()
+{
+    if (onMenuRequested == nullptr)
+        return false;
+
+    onMenuRequested();
+    return true;
+}
+
+std::unique_ptr<juce::AccessibilityHandler> SpectrogramComponent::createAccessibilityHandler()
+{
+    return std::make_unique<juce::AccessibilityHandler> (
+        *this,
+        juce::AccessibilityRole::image,
+        juce::AccessibilityActions().addAction (juce::AccessibilityActionType::showMenu, [this] { requestMenu(); }));
 }
 
 } // namespace mk::orlo

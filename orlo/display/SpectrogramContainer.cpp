@@ -80,9 +80,8 @@ SpectrogramContainer::SpectrogramContainer (AudioPluginAudioProcessor& audioProc
          { &rulerAttachment, &keyboardAttachment, &minFreqAttachment, &maxFreqAttachment, &freqScaleAttachment })
         attachment->sendInitialUpdate();
 
-    // The keyboard stays with the host.
+    // A click leaves the keys with the host.
     for (auto* const component : { static_cast<juce::Component*> (this),
-                                   static_cast<juce::Component*> (&spectrogram),
                                    static_cast<juce::Component*> (&ruler),
                                    static_cast<juce::Component*> (&keyboard) })
         component->setMouseClickGrabsKeyboardFocus (false);
@@ -112,6 +111,7 @@ void SpectrogramContainer::connectMouse()
     spectrogram.onMouseExited = [this] (const juce::MouseEvent&) { readout.setVisible (false); };
     spectrogram.onMouseReleased = [this] (const juce::MouseEvent&)
     { keyboard.setHighlightedNote (KeyboardScaleComponent::noNote); };
+    spectrogram.onMenuRequested = [this] { showContextMenuOnPicture(); };
 }
 
 void SpectrogramContainer::showReadout (const juce::MouseEvent& event, float hz, bool followCursor)
@@ -122,11 +122,25 @@ void SpectrogramContainer::showReadout (const juce::MouseEvent& event, float hz,
 void SpectrogramContainer::mouseDown (const juce::MouseEvent& event)
 {
     if (pluginCore::isMenuClick (event.mods))
-        showContextMenu();
+        showContextMenuAtMouse();
 }
 
 //==============================================================================
-void SpectrogramContainer::showContextMenu()
+void SpectrogramContainer::showContextMenuAtMouse()
+{
+    showContextMenu (juce::PopupMenu::Options {}.withMousePosition());
+}
+
+void SpectrogramContainer::showContextMenuOnPicture()
+{
+    // Who opens it by a key sees where the keys begin.
+    const auto middle = spectrogram.getScreenBounds().getCentre();
+    showContextMenu (juce::PopupMenu::Options {}
+                         .withTargetScreenArea ({ middle.x, middle.y, 1, 1 })
+                         .withInitiallySelectedItem (contextMenu::freeze));
+}
+
+void SpectrogramContainer::showContextMenu (juce::PopupMenu::Options options)
 {
     contextMenu::fill (contextMenu,
                        { isOn (freezeParameter),
@@ -139,14 +153,12 @@ void SpectrogramContainer::showContextMenu()
                                               : getContextMenuItemHeight (0, 0);
 
     readout.setVisible (false);
-    contextMenu.showMenuAsync (
-        juce::PopupMenu::Options {}.withParentComponent (editor).withMousePosition().withStandardItemHeight (
-            itemHeight),
-        [self = juce::Component::SafePointer (this)] (int result)
-        {
-            if (self != nullptr)
-                self->carryOut (result);
-        });
+    contextMenu.showMenuAsync (options.withParentComponent (editor).withStandardItemHeight (itemHeight),
+                               [self = juce::Component::SafePointer (this)] (int result)
+                               {
+                                   if (self != nullptr)
+                                       self->carryOut (result);
+                               });
 }
 
 void SpectrogramContainer::carryOut (int menuItem)
@@ -186,6 +198,16 @@ void SpectrogramContainer::exportAsImage()
                               [this] (const juce::FileChooser& chooser) { exportTo (chooser.getResult()); });
 }
 
+juce::Component* SpectrogramContainer::findDialogParent() const
+{
+    // JUCE puts a dialog of its own into the parent, at this size whether or not there is room for it.
+    constexpr int dialogWidth = 600, dialogHeight = 500;
+    auto* const editor = findParentComponentOfClass<juce::AudioProcessorEditor>();
+    const auto hasRoom = editor != nullptr && editor->getWidth() >= dialogWidth && editor->getHeight() >= dialogHeight;
+
+    return (hasRoom || juce::FileChooser::isPlatformDialogAvailable()) ? editor : nullptr;
+}
+
 void SpectrogramContainer::exportTo (const juce::File& chosenFile)
 {
     if (chosenFile == juce::File())
@@ -195,16 +217,6 @@ void SpectrogramContainer::exportTo (const juce::File& chosenFile)
     globalSettings.getSettings().setProperty (pluginCore::SettingsIds::lastExportFile, file.getFullPathName(), nullptr);
 
     pictureWriter.write (createPicture(), file);
-}
-
-juce::Component* SpectrogramContainer::findDialogParent() const
-{
-    // JUCE puts a dialog of its own into the parent, at this size whether or not there is room for it.
-    constexpr int dialogWidth = 600, dialogHeight = 500;
-    auto* const editor = findParentComponentOfClass<juce::AudioProcessorEditor>();
-    const auto hasRoom = editor != nullptr && editor->getWidth() >= dialogWidth && editor->getHeight() >= dialogHeight;
-
-    return hasRoom || juce::FileChooser::isPlatformDialogAvailable() ? editor : nullptr;
 }
 
 juce::Image SpectrogramContainer::createPicture()
