@@ -12,7 +12,7 @@ namespace mk::orlo
 {
 namespace
 {
-// The audio thread sets the automatic pause and tells nobody.
+// The audio thread sets the automatic pause without a notification, so that it has to be polled.
 constexpr int pollEveryMs = 40;
 } // namespace
 
@@ -48,7 +48,7 @@ MainComponent::MainComponent (pluginCore::PluginEditor& editor, AudioPluginAudio
     cleanViewMode.addListener (this);
     updateView();
 
-    // Over the children as well.
+    // With the nested children, since the mouse is nearly always over one of them.
     addMouseListener (this, true);
     buttonPoller.startTimer (pollEveryMs);
 }
@@ -167,7 +167,7 @@ void MainComponent::paint (juce::Graphics& g) { g.fillAll (juce::Colour (pluginC
 
 void MainComponent::paintOverChildren (juce::Graphics& g)
 {
-    // Here and not in the picture, so that an export does not show it.
+    // Painted here and not by the picture, so that an exported picture does not contain the frame.
     if (spectrogramContainer.getSpectrogram().hasKeyboardFocus (false))
     {
         g.setColour (findColour (juce::ComboBox::focusedOutlineColourId));
@@ -212,7 +212,7 @@ void MainComponent::focusOfChildComponentChanged (FocusChangeType cause)
 
 bool MainComponent::keyPressed (const juce::KeyPress& key)
 {
-    // Before the focus moves on, so that it finds the button.
+    // Shown before the focus moves on, since the focus goes to visible components only.
     if (key.getKeyCode() == juce::KeyPress::tabKey)
     {
         focusCameByKey = true;
@@ -224,13 +224,13 @@ bool MainComponent::keyPressed (const juce::KeyPress& key)
 
 bool MainComponent::keyStateChanged (bool isKeyDown)
 {
-    // While no control has the focus, the keys of the menu mean the picture.
+    // While no control has the focus, the Menu key applies to the picture.
     return hasKeyboardFocus (false) && spectrogramContainer.getSpectrogram().keyStateChanged (isKeyDown);
 }
 
 void MainComponent::updateViewButtonVisibility()
 {
-    // Who goes through the window by keys has to be able to reach it too.
+    // Keyboard users have to be able to reach the button too.
     viewButton.setVisible (isMouseOver (true) || (focusCameByKey && hasKeyboardFocus (true)));
 }
 

@@ -74,7 +74,7 @@ private:
     SpectrogramContainer spectrogramContainer;
     AboutComponent aboutComponent;
 
-    // Nothing tells when the host has stopped, nor that the mouse has left for a dialog of ours.
+    // There is no notification when the host stops, nor when the mouse leaves for one of our dialogs.
     juce::TimedCallback buttonPoller { [this]
                                        {
                                            updateExportButton();

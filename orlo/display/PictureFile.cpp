@@ -27,10 +27,10 @@ bool write (const juce::Image& image, const juce::File& file)
     if (! image.isValid() || ! juce::PNGImageFormat().writeImageToStream (image, png))
         return false;
 
-    // To replace a link by a file would leave the picture that it leads to as it was.
+    // Replacing a link would leave the picture that it leads to unchanged.
     const auto target = file.isSymbolicLink() ? file.getLinkedTarget() : file;
 
-    // A folder lets its files be replaced even if they are protected themselves.
+    // A write-protected file could still be replaced, since that takes the right to write to its folder alone.
     return target.hasWriteAccess() && pluginCore::replaceFileContent (target, png.getData(), png.getDataSize());
 }
 

@@ -7,8 +7,8 @@
 namespace mk::orlo::pictureFile
 {
 
-/** Where an export begins to ask: at the last picture if its setting is a whole path, else in the user's
-    folder of pictures. */
+/** Where the dialog of an export starts: at the last picture if its setting is an absolute path, else in the
+    user's folder of pictures. */
 [[nodiscard]] juce::File chooseStart (const juce::String& lastExportFile);
 
 /** The file with the extension that a picture has. */

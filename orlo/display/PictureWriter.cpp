@@ -25,7 +25,7 @@ void PictureWriter::write (const juce::Image& picture, const juce::File& file)
         waiting.push_back ({ juce::SoftwareImageType().convert (picture), file });
     }
 
-    // Where the system has no thread left, a window that stands still for a moment is better than a lost picture.
+    // If the system cannot start a thread, a window that stalls for a moment is better than a lost picture.
     if (! isThreadRunning() && ! startThread())
         writeAllWaiting();
 
@@ -34,7 +34,7 @@ void PictureWriter::write (const juce::Image& picture, const juce::File& file)
 
 void PictureWriter::run()
 {
-    // The request to stop comes after the last picture, so that this order leaves none behind.
+    // All pictures are given before the request to stop, so that one look at the queue after it finds the rest.
     for (auto isLast = false; ! isLast;)
     {
         isLast = threadShouldExit();

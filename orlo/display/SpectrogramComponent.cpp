@@ -39,7 +39,8 @@ SpectrogramComponent::SpectrogramComponent (AudioPluginAudioProcessor& audioProc
     setMouseCursor (juce::MouseCursor::CrosshairCursor);
     setOpaque (true);
 
-    // For those who use the keyboard. A click leaves the keys with the host.
+    // Tab has to reach the picture, so that its menu can be opened by a key. A click leaves the keyboard focus
+    // with the host, whose space bar it would otherwise take.
     setWantsKeyboardFocus (true);
     setMouseClickGrabsKeyboardFocus (false);
     setTitle (juce::translate ("Spectrogram"));
@@ -202,7 +203,7 @@ void SpectrogramComponent::mouseEnter (const juce::MouseEvent& event)
 
 void SpectrogramComponent::mouseExit (const juce::MouseEvent& event)
 {
-    // Moving onto a child or a popup of the view is not leaving it.
+    // The mouse is still over the view when it moves onto a child or a popup of it.
     if (! isMouseOver (true) && onMouseExited != nullptr)
         onMouseExited (event);
 }
@@ -211,7 +212,7 @@ void SpectrogramComponent::mouseDown (const juce::MouseEvent& event)
 {
     storeCursor (event);
 
-    // The middle button has no meaning here, and the right one's menu is the container's.
+    // Only a plain left click acts here: the container opens the menu, and the middle button has no function.
     if (! pluginCore::isEditingClick (event.mods))
         return;
 
@@ -234,7 +235,8 @@ void SpectrogramComponent::mouseDrag (const juce::MouseEvent& event)
 {
     storeCursor (event);
 
-    // A drag belongs to the press that began it: after a shift-click or a press of the middle button nothing is held.
+    // Only the press that has shown the crosshair holds it: a drag after a shift-click or with another button does
+    // nothing.
     if (! crosshairVisible)
         return;
 

@@ -80,7 +80,7 @@ SpectrogramContainer::SpectrogramContainer (AudioPluginAudioProcessor& audioProc
          { &rulerAttachment, &keyboardAttachment, &minFreqAttachment, &maxFreqAttachment, &freqScaleAttachment })
         attachment->sendInitialUpdate();
 
-    // A click leaves the keys with the host.
+    // A click leaves the keyboard focus with the host.
     for (auto* const component : { static_cast<juce::Component*> (this),
                                    static_cast<juce::Component*> (&ruler),
                                    static_cast<juce::Component*> (&keyboard) })
@@ -90,7 +90,7 @@ SpectrogramContainer::SpectrogramContainer (AudioPluginAudioProcessor& audioProc
     spectrogram.onSampleRateChanged = [this] (double rate) { sampleRateChanged (rate); };
     updateRange();
 
-    // Of all that happens on the children too.
+    // With the nested children, so that a right click on any of them opens the menu.
     addMouseListener (this, true);
 }
 
@@ -133,7 +133,7 @@ void SpectrogramContainer::showContextMenuAtMouse()
 
 void SpectrogramContainer::showContextMenuOnPicture()
 {
-    // Who opens it by a key sees where the keys begin.
+    // A keyboard user goes on from the first entry, so that it is highlighted from the start.
     const auto middle = spectrogram.getScreenBounds().getCentre();
     showContextMenu (juce::PopupMenu::Options {}
                          .withTargetScreenArea ({ middle.x, middle.y, 1, 1 })
@@ -200,7 +200,7 @@ void SpectrogramContainer::exportAsImage()
 
 juce::Component* SpectrogramContainer::findDialogParent() const
 {
-    // JUCE puts a dialog of its own into the parent, at this size whether or not there is room for it.
+    // JUCE draws its own dialog inside the parent and at this size, so that a smaller window would cut it off.
     constexpr int dialogWidth = 600, dialogHeight = 500;
     auto* const editor = findParentComponentOfClass<juce::AudioProcessorEditor>();
     const auto hasRoom = editor != nullptr && editor->getWidth() >= dialogWidth && editor->getHeight() >= dialogHeight;

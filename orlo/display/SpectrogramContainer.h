@@ -29,8 +29,8 @@ public:
     void exportAsImage();
 
     /** Takes what the container shows at this moment and returns; a thread writes it. The file gets the extension of
-        a PNG. It keeps its content until the whole picture is on the disk, and for good if that fails, of which
-        nobody is told. */
+        a PNG and keeps its content until the whole picture is on the disk. Failures are silent and leave it as it
+        was. */
     void exportTo (const juce::File& chosenFile);
 
     /** What the container shows, at two pixels for one at double resolution. */
@@ -39,7 +39,7 @@ public:
     /** Carries out an entry of the context menu. 0 and unknown ones do nothing. */
     void carryOut (int menuItem);
 
-    /** Opens a page. The browser, unless somebody puts something else in its place. */
+    /** Opens a page, by default in the browser. */
     std::function<void (const juce::URL&)> openPage;
 
     /** Gets the new rate in hertz. */
@@ -53,7 +53,6 @@ public:
     [[nodiscard]] FreqReadoutPopup& getReadout() noexcept { return readout; }
     [[nodiscard]] pluginCore::TooltipDisplayComponent& getHelpLine() noexcept { return tooltipDisplay; }
     [[nodiscard]] const juce::PopupMenu& getContextMenu() const noexcept { return contextMenu; }
-
 
     //==============================================================================
     void resized() override;
