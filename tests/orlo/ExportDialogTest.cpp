@@ -22,7 +22,7 @@ using Box = juce::FileChooserDialogBox;
     if (first.getBounds() != second.getBounds())
         return false;
 
-    auto compared = juce::RectangleList (first.getBounds());
+    juce::RectangleList<int> compared (first.getBounds());
     compared.subtract (ignored);
 
     const auto a = first.convertedToFormat (juce::Image::ARGB);
