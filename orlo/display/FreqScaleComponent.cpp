@@ -63,7 +63,7 @@ void FreqScaleComponent::lookAndFeelChanged()
 
 void FreqScaleComponent::parentHierarchyChanged()
 {
-    // Entering an editor brings its size and its look and feel with it.
+    // The editor decides on the size of the text and on the look and feel.
     lookAndFeelChanged();
 }
 

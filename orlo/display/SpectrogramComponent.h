@@ -35,6 +35,9 @@ public:
 
     std::function<void (const juce::MouseEvent&)> onMouseReleased, onMouseEntered, onMouseExited;
 
+    /** A key or a screen reader asks for the menu. */
+    std::function<void()> onMenuRequested;
+
     /** Gets the new rate in hertz, after the component has taken it over. */
     std::function<void (double)> onSampleRateChanged;
 
@@ -66,6 +69,8 @@ public:
     void mouseDown (const juce::MouseEvent&) override;
     void mouseDrag (const juce::MouseEvent&) override;
     void mouseUp (const juce::MouseEvent&) override;
+    bool keyPressed (const juce::KeyPress&) override;
+    bool keyStateChanged (bool isKeyDown) override;
 
 private:
     using MouseCallback = std::function<void (const juce::MouseEvent&, float)>;
@@ -76,6 +81,8 @@ private:
     void storeCursor (const juce::MouseEvent&);
     void callWithFrequency (const MouseCallback& callback, const juce::MouseEvent& event);
     void toggleFreeze();
+    bool requestMenu();
+    std::unique_ptr<juce::AccessibilityHandler> createAccessibilityHandler() override;
 
     AudioPluginAudioProcessor& processor;
     FFTProcessor& fftProcessor;

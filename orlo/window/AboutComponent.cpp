@@ -119,7 +119,7 @@ void AboutComponent::paint (juce::Graphics& g)
         pluginCore::findColourOr (*this, colourId::overlayBackground, juce::Colour (pluginCore::palette::panel)));
 }
 
-// The look comes with the parent.
+// The look and feel is that of the parent.
 void AboutComponent::parentHierarchyChanged() { lookAndFeelChanged(); }
 
 void AboutComponent::lookAndFeelChanged()

@@ -12,7 +12,7 @@ namespace mk::orlo
 {
 namespace
 {
-// The audio thread sets the automatic pause and tells nobody.
+// The audio thread sets the automatic pause without a notification, so that it has to be polled.
 constexpr int pollEveryMs = 40;
 } // namespace
 
@@ -48,7 +48,7 @@ MainComponent::MainComponent (pluginCore::PluginEditor& editor, AudioPluginAudio
     cleanViewMode.addListener (this);
     updateView();
 
-    // Over the children as well.
+    // With the nested children, since the mouse is nearly always over one of them.
     addMouseListener (this, true);
     buttonPoller.startTimer (pollEveryMs);
 }
@@ -165,6 +165,22 @@ void MainComponent::updateFreezeButton (float freezeValue)
 //==============================================================================
 void MainComponent::paint (juce::Graphics& g) { g.fillAll (juce::Colour (pluginCore::palette::window)); }
 
+void MainComponent::paintOverChildren (juce::Graphics& g)
+{
+    // Painted here and not by the picture, so that an exported picture does not contain the frame.
+    if (spectrogramContainer.getSpectrogram().hasKeyboardFocus (false))
+    {
+        g.setColour (findColour (juce::ComboBox::focusedOutlineColourId));
+        g.drawRect (getPictureArea());
+    }
+}
+
+juce::Rectangle<int> MainComponent::getPictureArea()
+{
+    auto& picture = spectrogramContainer.getSpectrogram();
+    return getLocalArea (&picture, picture.getLocalBounds());
+}
+
 void MainComponent::resized()
 {
     const auto layout = layOutMain ({ getWidth(),
@@ -191,23 +207,30 @@ void MainComponent::focusOfChildComponentChanged (FocusChangeType cause)
 {
     focusCameByKey = cause == focusChangedByTabKey;
     updateViewButtonVisibility();
+    repaint(); // the frame of the picture
 }
 
 bool MainComponent::keyPressed (const juce::KeyPress& key)
 {
-    // Before the focus moves on, so that it finds the button.
+    // Shown before the focus moves on, since the focus goes to visible components only.
     if (key.getKeyCode() == juce::KeyPress::tabKey)
     {
         focusCameByKey = true;
         updateViewButtonVisibility();
     }
 
-    return false;
+    return hasKeyboardFocus (false) && spectrogramContainer.getSpectrogram().keyPressed (key);
+}
+
+bool MainComponent::keyStateChanged (bool isKeyDown)
+{
+    // While no control has the focus, the Menu key applies to the picture.
+    return hasKeyboardFocus (false) && spectrogramContainer.getSpectrogram().keyStateChanged (isKeyDown);
 }
 
 void MainComponent::updateViewButtonVisibility()
 {
-    // Who goes through the window by keys has to be able to reach it too.
+    // Keyboard users have to be able to reach the button too.
     viewButton.setVisible (isMouseOver (true) || (focusCameByKey && hasKeyboardFocus (true)));
 }
 

@@ -36,11 +36,13 @@ public:
 
     //==============================================================================
     void paint (juce::Graphics&) override;
+    void paintOverChildren (juce::Graphics&) override;
     void resized() override;
     void mouseEnter (const juce::MouseEvent&) override;
     void mouseExit (const juce::MouseEvent&) override;
     void focusOfChildComponentChanged (FocusChangeType cause) override;
     bool keyPressed (const juce::KeyPress&) override;
+    bool keyStateChanged (bool isKeyDown) override;
 
 private:
     using IconButton = pluginCore::ComponentIgnoringRightButton<juce::DrawableButton>;
@@ -55,6 +57,7 @@ private:
     void updateFreezeButton (float freezeValue);
     [[nodiscard]] bool isFullView() const;
     [[nodiscard]] bool isFrozen() const;
+    [[nodiscard]] juce::Rectangle<int> getPictureArea();
 
     AudioPluginAudioProcessor& processor;
     std::unique_ptr<IconButton> freezeButton;
@@ -71,7 +74,7 @@ private:
     SpectrogramContainer spectrogramContainer;
     AboutComponent aboutComponent;
 
-    // Nothing tells when the host has stopped, nor that the mouse has left for a dialog of ours.
+    // There is no notification when the host stops, nor when the mouse leaves for one of our dialogs.
     juce::TimedCallback buttonPoller { [this]
                                        {
                                            updateExportButton();

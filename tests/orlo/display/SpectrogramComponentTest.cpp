@@ -241,11 +241,32 @@ TEST_F (SpectrogramComponentTest, ShiftClickFreezesAndShowsNoCrosshair)
     {
         mouse (100.0f, 50.0f, Modifiers::leftButtonModifier | Modifiers::shiftModifier);
         EXPECT_EQ (valueOf (Params::id::freeze), expected);
+        mouse (101.0f, 50.0f, Modifiers::leftButtonModifier | Modifiers::shiftModifier);
         EXPECT_FALSE (view.isCrosshairVisible());
-        mouse (100.0f, 50.0f, Modifiers::shiftModifier);
+        mouse (101.0f, 50.0f, Modifiers::shiftModifier);
+        EXPECT_EQ (valueOf (Params::id::freeze), expected);
+        mouse (100.0f, 50.0f);
+    }
+
+    EXPECT_TRUE (held.empty()) << "a shift-click opens no readout, even if the mouse moves during it";
+}
+
+TEST_F (SpectrogramComponentTest, TheMiddleButtonDoesNothing)
+{
+    show();
+
+    for (const auto modifiers :
+         { int (Modifiers::middleButtonModifier), Modifiers::middleButtonModifier | Modifiers::shiftModifier })
+    {
+        mouse (100.0f, 50.0f);
+        mouse (100.0f, 50.0f, modifiers);
+        mouse (120.0f, 60.0f, modifiers);
+        EXPECT_FALSE (view.isCrosshairVisible());
+        mouse (120.0f, 60.0f);
     }
 
     EXPECT_TRUE (held.empty());
+    EXPECT_EQ (valueOf (Params::id::freeze), 0.0f);
 }
 
 TEST_F (SpectrogramComponentTest, RightClicksAndCtrlClicksAreLeftToTheMenu)

@@ -238,6 +238,92 @@ TEST_F (EditorKeysTest, KeysThatItDoesNotUseAreLeftToTheHost)
         EXPECT_FALSE (peer.handleKeyPress (juce::KeyPress (key))) << key;
 }
 
+//==============================================================================
+TEST_F (EditorKeysTest, TabReachesThePictureWhoseMenuTheMenuKeyAndShiftF10Open)
+{
+    ASSERT_TRUE (window->moveAway());
+    auto& picture = window->getPicture();
+    ASSERT_TRUE (tabTo (picture));
+
+    for (const auto isMenuKey : { true, false })
+    {
+        if (isMenuKey)
+        {
+            window->typeKey (Screen::menuKey);
+        }
+        else
+        {
+            ASSERT_TRUE (holdModifier (Screen::shiftKey, juce::ModifierKeys::shiftModifier));
+            window->typeKey (Screen::f10Key);
+            window->releaseAll();
+        }
+
+        ASSERT_TRUE (waitForMenu()) << (isMenuKey ? "Menu" : "Shift+F10");
+        EXPECT_TRUE (picture.getScreenBounds().contains (findOpenMenu()->getScreenPosition()));
+        window->typeKey (Screen::escapeKey);
+        ASSERT_TRUE (waitUntilNoMenu());
+        EXPECT_TRUE (pumpUntil ([&] { return getFocus() == &picture; })) << "the focus returns to where it was";
+    }
+}
+
+TEST_F (EditorKeysTest, TheMenuKeyOpensThePicturesMenuToWhichReturnThenApplies)
+{
+    ASSERT_TRUE (window->moveAway());
+    ASSERT_TRUE (tabTo (window->getPicture()));
+    window->typeKey (Screen::menuKey);
+    ASSERT_TRUE (waitForMenu());
+    window->typeKey (Screen::returnKey);
+    ASSERT_TRUE (waitUntilNoMenu());
+    EXPECT_TRUE (pumpUntil ([this] { return get (Params::id::freeze) >= 0.5f; })) << "the first entry";
+}
+
+TEST_F (EditorKeysTest, TheMenuKeyOpensThePicturesMenuWhileTheFocusIsOnTheWindowItself)
+{
+    ASSERT_TRUE (window->moveAway());
+    window->getMain().grabKeyboardFocus();
+    ASSERT_TRUE (pumpUntil ([this] { return getFocus() == &window->getMain(); }));
+    window->typeKey (Screen::menuKey);
+    ASSERT_TRUE (waitForMenu());
+    window->typeKey (Screen::escapeKey);
+    EXPECT_TRUE (waitUntilNoMenu());
+}
+
+TEST_F (EditorKeysTest, TheMenuKeyOpensNothingWhileAnotherControlHasTheFocus)
+{
+    ASSERT_TRUE (window->moveAway());
+    auto& button = getSideBarButton ("about");
+    ASSERT_TRUE (tabTo (button));
+    window->typeKey (Screen::menuKey);
+    window->typeKey (Screen::returnKey);
+
+    // By the time the button has taken its key, the key before it has been dealt with.
+    ASSERT_TRUE (pumpUntil ([this] { return window->getMain().getAboutComponent().isVisible(); }));
+    EXPECT_EQ (findOpenMenu(), nullptr);
+}
+
+TEST_F (EditorKeysTest, AClickOnThePictureGivesItNoFocus)
+{
+    ASSERT_TRUE (window->click (window->getPicture()));
+    pumpPending();
+    EXPECT_NE (getFocus(), &window->getPicture());
+}
+
+TEST_F (EditorKeysTest, ThePictureHasANameARoleAndAHelpText)
+{
+    const auto* const handler = window->getPicture().getAccessibilityHandler();
+    ASSERT_NE (handler, nullptr);
+    EXPECT_EQ (handler->getTitle(), juce::translate ("Spectrogram"));
+    EXPECT_EQ (handler->getRole(), juce::AccessibilityRole::image);
+    EXPECT_EQ (handler->getDescription(), juce::translate ("The frequencies of the sound over time"));
+    EXPECT_EQ (handler->getHelp(), juce::translate ("Press the Menu key or Shift+F10 to open the menu"));
+    EXPECT_TRUE (handler->getCurrentState().isFocusable());
+
+    ASSERT_TRUE (handler->getActions().invoke (juce::AccessibilityActionType::showMenu));
+    ASSERT_TRUE (waitForMenu());
+    window->typeKey (Screen::escapeKey);
+    EXPECT_TRUE (waitUntilNoMenu());
+}
+
 TEST_F (EditorKeysTest, EveryButtonHasAnAccessibleName)
 {
     set (Params::id::freeze, 1.0f);

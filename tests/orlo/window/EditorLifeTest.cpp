@@ -250,7 +250,7 @@ TEST_F (EditorLifeTest, ClosesDuringADrag)
     pumpPending();
     EXPECT_EQ (processor.getActiveEditor(), nullptr);
 
-    // The release went to nobody, so JUCE takes the button for pressed until the next click.
+    // No window was left to receive the release, so JUCE takes the button for pressed until the next click.
     EditorWindow next (processor);
     next.press();
     next.release();

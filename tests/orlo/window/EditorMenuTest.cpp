@@ -34,23 +34,27 @@ protected:
         return row.getAccessibilityHandler()->getCurrentState().isSelected();
     }
 
-    /** Clicks on a row as slowly as a user: the menu looks at the mouse now and then, and takes a release in its
-        first quarter of a second for that of the click that has opened it. */
+    /** Clicks on a row, and again for as long as the menu stays: a release soon after the menu has opened counts
+        as that of the click which opened it. */
     [[nodiscard]] bool clickRow (juce::Component& row)
     {
-        const auto opened = juce::Time::getMillisecondCounter();
-
-        if (! window->moveToCentre (row) || ! pumpUntil ([&row] { return isHighlighted (row); })
-            || ! pumpUntil ([opened] { return juce::Time::getMillisecondCounter() > opened + 300; }))
+        if (! window->moveToCentre (row) || ! pumpUntil ([&row] { return isHighlighted (row); }))
             return false;
 
-        window->press();
+        return pumpUntil (
+            [this]
+            {
+                if (findOpenMenu() == nullptr)
+                    return true;
 
-        if (! pumpUntil ([] { return juce::ModifierKeys::currentModifiers.isLeftButtonDown(); }))
-            return false;
-
-        window->release();
-        return true;
+                const auto isLeftDown = [] { return juce::ModifierKeys::currentModifiers.isLeftButtonDown(); };
+                window->press();
+                const auto wentDown = pumpUntil (isLeftDown);
+                window->release();
+                const auto wentUp = pumpUntil ([&] { return ! isLeftDown(); });
+                pumpPending();
+                return wentDown && wentUp && findOpenMenu() == nullptr;
+            });
     }
 
     /** Moves the highlight down to a row. */

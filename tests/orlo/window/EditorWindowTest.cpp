@@ -82,7 +82,12 @@ TEST_F (EditorWindowTest, TheExportedPictureIsWhatTheScreenShows)
     EXPECT_TRUE (pumpUntil (
         [&]
         {
+            file.deleteFile();
             container.exportTo (file);
+
+            if (! pumpUntil ([&] { return file.existsAsFile(); }))
+                return false;
+
             const auto exported = juce::ImageFileFormat::loadFrom (file);
             const auto shown = captureScreen (container.getScreenBounds());
 

@@ -77,7 +77,7 @@ TEST_F (SettingsComponentValuesTest, TakesTheFirstRateEvenIfItIsTheUsualOne)
     setNormalised (Params::id::ruler, 1.0f);
     auto& container = editor.getMainComponent().getSpectrogramContainer();
     EXPECT_EQ (container.getFrequencyScale().getMaxFrequency(), 0.0f);
-    EXPECT_TRUE (container.getRuler().getLabels().empty()) << "nobody knows the frequencies yet";
+    EXPECT_TRUE (container.getRuler().getLabels().empty()) << "without a sample rate there are no frequencies";
 
     processor.prepareToPlay (44100.0, 64);
     EXPECT_TRUE (pumpUntil ([this] { return valueText ("maxFreqSlider") == "22050 Hz"; }))
