@@ -206,6 +206,54 @@ TEST_F (EditorKeysTest, EachKindOfSettingIsUsedByKeys)
     EXPECT_TRUE (waitUntilNoMenu());
 }
 
+TEST_F (EditorKeysTest, ASliderIsOneStopOfTheTabKey)
+{
+    window->getMain().setSettingsWanted (true);
+    ASSERT_TRUE (window->moveAway());
+    auto& speed = getSetting<juce::Slider> ("speedSlider");
+    ASSERT_TRUE (tabTo (speed));
+
+    for (const auto* const id : { "maxFreqSlider", "minFreqSlider" })
+    {
+        ASSERT_TRUE (pressTab());
+        EXPECT_EQ (getFocus(), &getSetting<juce::Slider> (id)) << id;
+    }
+}
+
+TEST_F (EditorKeysTest, ReturnEditsTheTextOfASliderAndGivesTheKeyboardBackToIt)
+{
+    window->getMain().setSettingsWanted (true);
+    ASSERT_TRUE (window->moveAway());
+    auto& slider = getSetting<juce::Slider> ("speedSlider");
+    const auto isEdited = [&] { return dynamic_cast<juce::TextEditor*> (getFocus()) != nullptr; };
+
+    for (const auto& [lastKey, expected] : { std::pair (Screen::returnKey, 7.0f), { Screen::escapeKey, 7.0f } })
+    {
+        ASSERT_TRUE (tabTo (slider));
+        window->typeKey (Screen::returnKey);
+        ASSERT_TRUE (pumpUntil (isEdited));
+        EXPECT_TRUE (slider.isParentOf (getFocus()));
+        window->typeKey (lastKey == Screen::returnKey ? '7' : '9');
+        ASSERT_TRUE (pumpUntil (
+            [&] { return isEdited() && dynamic_cast<juce::TextEditor&> (*getFocus()).getText().length() == 1; }));
+        window->typeKey (lastKey);
+        EXPECT_TRUE (pumpUntil ([&] { return getFocus() == &slider; }));
+        EXPECT_FLOAT_EQ (get (Params::id::speed), expected);
+    }
+}
+
+TEST_F (EditorKeysTest, TabInTheTextOfASliderGoesOnToTheNextOne)
+{
+    window->getMain().setSettingsWanted (true);
+    ASSERT_TRUE (window->moveAway());
+    auto& slider = getSetting<juce::Slider> ("speedSlider");
+    ASSERT_TRUE (tabTo (slider));
+    window->typeKey (Screen::returnKey);
+    ASSERT_TRUE (pumpUntil ([&] { return slider.isParentOf (getFocus()); }));
+    window->typeKey (Screen::tabKey);
+    EXPECT_TRUE (pumpUntil ([this] { return getFocus() == &getSetting<juce::Slider> ("maxFreqSlider"); }));
+}
+
 TEST_F (EditorKeysTest, TheTabKeyReachesTheViewButtonAndReturnUsesIt)
 {
     ASSERT_TRUE (window->moveAway());
