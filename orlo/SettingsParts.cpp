@@ -97,7 +97,7 @@ void setUpSlider (pluginCore::PluginSliderControl& control, const juce::String& 
 juce::Button* makeToggle (pluginCore::Icon icon, const juce::String& title, float margin)
 {
     auto button = std::make_unique<ToggleIcon> (title, margin);
-    pluginCore::setIcon (*button, icon);
+    pluginCore::setSwitchIcon (*button, icon);
     button->setTitle (title);
     return button.release();
 }
