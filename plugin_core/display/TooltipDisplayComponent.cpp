@@ -3,6 +3,7 @@
 
 #include "TooltipLine.h"
 #include "plugin_core/look/ColourLookup.h"
+#include "plugin_core/look/ScaleRule.h"
 #include "plugin_core/look/StyleProperties.h"
 #include "plugin_core/window/ActiveApplication.h"
 
@@ -13,7 +14,6 @@ namespace mk::pluginCore
 namespace
 {
 constexpr int lookEveryMs = 40;
-constexpr int helpSizeClass = 4;
 
 [[nodiscard]] juce::Colour getDefaultColour (int colourId)
 {
@@ -44,7 +44,7 @@ constexpr int helpSizeClass = 4;
 [[nodiscard]] juce::Font findFont (const juce::Component& line, bool isBold)
 {
     juce::Label label;
-    label.getProperties().set (styleProperty::cat, helpSizeClass);
+    label.getProperties().set (styleProperty::cat, scaleRule::defaultCategory);
 
     if (isBold)
     {

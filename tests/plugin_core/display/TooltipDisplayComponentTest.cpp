@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "plugin_core/display/TooltipDisplayComponent.h"
 
+#include "plugin_core/look/LookAndFeel.h"
 #include "tests/support/MessageLoop.h"
 #include "tests/support/Painting.h"
 #include "tests/support/TestEditor.h"
@@ -204,6 +205,20 @@ TEST (TooltipDisplayComponent, PaintsItsTextWholeInsideTheLineAtAnySize)
         EXPECT_TRUE (findBandsOfRows (image, ground, { 0, margin }).empty());
         EXPECT_TRUE (findBandsOfRows (image, ground, { margin + width, image.getWidth() }).empty());
     }
+}
+
+TEST (TooltipDisplayComponent, IsSetInTheFaceOfPlainText)
+{
+    LookAndFeel style;
+    LineInEditor test;
+    test.editor.setLookAndFeel (&style);
+    test.line.showTipOf (&test.control);
+    const auto& text = test.line.getAttributedText();
+    ASSERT_EQ (text.getNumAttributes(), 2);
+    EXPECT_EQ (text.getAttribute (0).font.getTypefacePtr(), style.getFont (LookAndFeel::Face::bold).getTypefacePtr());
+    EXPECT_EQ (text.getAttribute (1).font.getTypefacePtr(),
+               style.getFont (LookAndFeel::Face::semiBold).getTypefacePtr());
+    test.editor.setLookAndFeel (nullptr);
 }
 
 TEST (TooltipDisplayComponent, WithoutATextPaintsItsGroundAlone)
