@@ -56,7 +56,10 @@ constexpr float frequencySkew = 0.30103f;
         juce::ParameterID { name, hint }, text, std::move (choices), defaultIndex);
 }
 
-/** The framework's own reading of a switch depends on the user's language; a host's automation must not. */
+// The framework's own words for a switch, and its reading of them, depend on the user's language; what a host
+// shows and automates must not.
+[[nodiscard]] juce::String writeSwitch (bool isOn, int) { return isOn ? "On" : "Off"; }
+
 [[nodiscard]] bool parseSwitch (const juce::String& text)
 {
     for (const auto* const word : { "on", "yes", "true" })
@@ -68,11 +71,12 @@ constexpr float frequencySkew = 0.30103f;
 
 [[nodiscard]] auto makeBool (const char* name, int hint, const char* text)
 {
-    return std::make_unique<juce::AudioParameterBool> (
-        juce::ParameterID { name, hint },
-        text,
-        false,
-        juce::AudioParameterBoolAttributes().withValueFromStringFunction (parseSwitch));
+    return std::make_unique<juce::AudioParameterBool> (juce::ParameterID { name, hint },
+                                                       text,
+                                                       false,
+                                                       juce::AudioParameterBoolAttributes()
+                                                           .withStringFromValueFunction (writeSwitch)
+                                                           .withValueFromStringFunction (parseSwitch));
 }
 
 [[nodiscard]] auto makeFloat (const char* name,

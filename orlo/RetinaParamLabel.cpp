@@ -42,7 +42,7 @@ RetinaParamLabel::RetinaParamLabel (juce::AudioProcessorValueTreeState& stateToU
 
 void RetinaParamLabel::showValue (float value)
 {
-    setText (parameter.getText (parameter.convertTo0to1 (value), 0), juce::dontSendNotification);
+    setText (juce::translate (parameter.getText (parameter.convertTo0to1 (value), 0)), juce::dontSendNotification);
     repaint();
 }
 
