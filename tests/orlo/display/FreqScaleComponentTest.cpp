@@ -132,14 +132,34 @@ TEST (FreqScaleComponent, AScaleSetByAnotherThreadIsPaintedByTheMessageThread)
 TEST (FreqScaleComponent, OutlivesNoneOfItsPendingUpdates)
 {
     FrequencyScale scale;
+    RepaintRecorder::Counts repaints;
+    juce::Component parent;
+    parent.setSize (50, 1000);
+
+    const auto changeAndGo = [&] (bool waitsForIt)
     {
         FreqScaleComponent ruler { scale };
+        parent.addAndMakeVisible (ruler);
         ruler.setSize (50, 1000);
-        scale.setRange (0.0f, 500.0f);
+        pumpPending();
+        ruler.setCachedComponentImage (new RepaintRecorder (repaints));
+        repaints = {};
+        scale.setRange (0.0f, scale.getMaxFrequency() + 500.0f);
         scale.notifyListenersNow();
-    }
+
+        if (waitsForIt)
+            pumpPending();
+
+        return repaints.numOnMessageThread;
+    };
+
+    EXPECT_GT (changeAndGo (true), 0) << "a change leaves something to be done";
+    static_cast<void> (changeAndGo (false));
+    repaints = {};
     scale.setRange (0.0f, 600.0f);
+    scale.notifyListenersNow();
     pumpPending();
+    EXPECT_EQ (repaints.numOnMessageThread, 0);
 }
 
 TEST (FreqScaleComponent, PaintsNothingButItsGroundForAnEmptyRange)

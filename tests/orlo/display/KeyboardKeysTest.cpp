@@ -71,6 +71,7 @@ TEST (KeyboardKeys, OfTheWholeRangeAreSevenOctavesFromCToC)
 TEST (KeyboardKeys, SpanASemitoneEach)
 {
     const Keyboard keyboard { 0.0f, 22050.0f, FrequencyScale::log, 1000 };
+    ASSERT_EQ (keyboard.keys.size(), 85u);
 
     for (const auto& key : keyboard.keys)
     {
