@@ -27,9 +27,9 @@ void setUp (juce::DrawableButton& button, const juce::String& title, const juce:
 }
 } // namespace
 
-SideBarComponent::SideBarComponent (AudioPluginAudioProcessor& processorToShow)
-    : processor (processorToShow),
-      freezeValue (*processorToShow.getParameterState().getRawParameterValue (Params::id::freeze)),
+SideBarComponent::SideBarComponent (AudioPluginAudioProcessor& processorToUse)
+    : processor (processorToUse),
+      freezeValue (*processorToUse.getParameterState().getRawParameterValue (Params::id::freeze)),
       settingsButton ("settings", juce::DrawableButton::ImageFitted),
       exportButton ("export", juce::DrawableButton::ImageFitted),
       aboutButton ("about", juce::DrawableButton::ImageFitted)

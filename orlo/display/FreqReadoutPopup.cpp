@@ -2,6 +2,7 @@
 #include "FreqReadoutPopup.h"
 
 #include "StripText.h"
+#include "orlo/look/OrloColours.h"
 #include "plugin_core/look/ColourLookup.h"
 #include "plugin_core/look/StyleProperties.h"
 
@@ -9,12 +10,6 @@
 
 namespace mk::orlo
 {
-namespace
-{
-const juce::Colour defaultBackground { 0xe6181818 };
-const juce::Colour defaultTextColour { 0xffeeeeee };
-} // namespace
-
 FreqReadoutPopup::FreqReadoutPopup() : font (juce::FontOptions {})
 {
     getProperties().set (pluginCore::styleProperty::cat, displaySizeClass);
@@ -67,10 +62,10 @@ void FreqReadoutPopup::paint (juce::Graphics& g)
         0.5f, 0.5f, juce::jmax (float (getWidth()) - 1.0f, 0.0f), juce::jmax (float (getHeight()) - 1.0f, 0.0f)
     };
 
-    g.setColour (pluginCore::findColourOr (*this, backgroundColourId, defaultBackground));
+    g.setColour (pluginCore::findColourOr (*this, colourId::readoutBackground, getOrloColours()));
     g.fillRoundedRectangle (outline, float (int (float (getHeight()) * 0.2f)));
 
-    g.setColour (pluginCore::findColourOr (*this, textColourId, defaultTextColour));
+    g.setColour (pluginCore::findColourOr (*this, colourId::readoutText, getOrloColours()));
     g.setFont (font);
     g.drawFittedText (text, getReadoutTextArea (getLocalBounds()), justification, 1, narrowestTextScale);
 }

@@ -2,6 +2,7 @@
 #include "FreqScaleComponent.h"
 
 #include "StripText.h"
+#include "orlo/look/OrloColours.h"
 #include "plugin_core/look/ColourLookup.h"
 #include "plugin_core/look/StyleProperties.h"
 
@@ -9,7 +10,6 @@ namespace mk::orlo
 {
 namespace
 {
-const juce::Colour defaultBackground { 0xff101010 };
 const juce::Colour textColour { 0xffd3d3d3 };
 } // namespace
 
@@ -39,7 +39,7 @@ void FreqScaleComponent::rebuild()
 
 void FreqScaleComponent::paint (juce::Graphics& g)
 {
-    g.fillAll (pluginCore::findColourOr (*this, backgroundColourId, defaultBackground));
+    g.fillAll (pluginCore::findColourOr (*this, colourId::rulerBackground, getOrloColours()));
     g.setColour (textColour);
     g.setFont (font);
 

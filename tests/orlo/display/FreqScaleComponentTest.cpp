@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "orlo/display/FreqScaleComponent.h"
 
+#include "orlo/look/OrloColours.h"
 #include "tests/support/MessageLoop.h"
 #include "tests/support/Painting.h"
 #include "tests/support/TestEditor.h"
@@ -174,7 +175,7 @@ TEST (FreqScaleComponent, PaintsNothingButItsGroundForAnEmptyRange)
 TEST (FreqScaleComponent, TakesItsGroundFromTheColourId)
 {
     RulerInEditor test { 1818, 1000 };
-    test.ruler.setColour (FreqScaleComponent::backgroundColourId, juce::Colours::darkblue);
+    test.ruler.setColour (colourId::rulerBackground, juce::Colours::darkblue);
     EXPECT_EQ (paintComponent (test.ruler).getPixelAt (48, 500), juce::Colours::darkblue);
 }
 

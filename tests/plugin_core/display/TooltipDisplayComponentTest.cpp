@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "plugin_core/display/TooltipDisplayComponent.h"
 
+#include "plugin_core/look/ColourIds.h"
 #include "plugin_core/look/LookAndFeel.h"
 #include "tests/support/MessageLoop.h"
 #include "tests/support/Painting.h"
@@ -136,9 +137,9 @@ TEST (TooltipDisplayComponent, SurvivesTheEndOfTheControlItShows)
 TEST (TooltipDisplayComponent, HasADefaultTextInItsOwnColour)
 {
     LineInEditor test;
-    test.line.setColour (TooltipDisplayComponent::textColourId, juce::Colours::green);
-    test.line.setColour (TooltipDisplayComponent::boldTextColourId, juce::Colours::yellow);
-    test.line.setColour (TooltipDisplayComponent::defaultTextColourId, juce::Colours::blue);
+    test.line.setColour (colourId::tooltipText, juce::Colours::green);
+    test.line.setColour (colourId::tooltipBoldText, juce::Colours::yellow);
+    test.line.setColour (colourId::tooltipDefaultText, juce::Colours::blue);
     test.line.setDefaultText ("Drag to measure **nothing bold here**");
 
     const auto& text = test.line.getAttributedText();
@@ -173,9 +174,9 @@ TEST (TooltipDisplayComponent, IsOpaqueAsLongAsItsGroundIs)
 {
     TooltipDisplayComponent line;
     EXPECT_TRUE (line.isOpaque());
-    line.setColour (TooltipDisplayComponent::backgroundColourId, juce::Colour { 0x80111111 });
+    line.setColour (colourId::tooltipBackground, juce::Colour { 0x80111111 });
     EXPECT_FALSE (line.isOpaque());
-    line.setColour (TooltipDisplayComponent::backgroundColourId, juce::Colours::darkgrey);
+    line.setColour (colourId::tooltipBackground, juce::Colours::darkgrey);
     EXPECT_TRUE (line.isOpaque());
 }
 
