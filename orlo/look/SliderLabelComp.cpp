@@ -170,19 +170,19 @@ juce::TextEditor* PluginLookAndFeel::SliderLabelComp::createEditorComponent()
     return textEditor;
 }
 
-void PluginLookAndFeel::SliderLabelComp::textEditorReturnKeyPressed (juce::TextEditor& editor)
+void PluginLookAndFeel::SliderLabelComp::textEditorReturnKeyPressed (juce::TextEditor& textEditor)
 {
     const SafePointer<SliderLabelComp> self (this);
-    juce::Label::textEditorReturnKeyPressed (editor);
+    juce::Label::textEditorReturnKeyPressed (textEditor);
 
     if (self != nullptr)
         giveKeyboardToSlider();
 }
 
-void PluginLookAndFeel::SliderLabelComp::textEditorEscapeKeyPressed (juce::TextEditor& editor)
+void PluginLookAndFeel::SliderLabelComp::textEditorEscapeKeyPressed (juce::TextEditor& textEditor)
 {
     const SafePointer<SliderLabelComp> self (this);
-    juce::Label::textEditorEscapeKeyPressed (editor);
+    juce::Label::textEditorEscapeKeyPressed (textEditor);
 
     if (self != nullptr)
         giveKeyboardToSlider();

@@ -31,8 +31,8 @@ public:
     std::unique_ptr<juce::AccessibilityHandler> createAccessibilityHandler() override;
 
 protected:
-    void textEditorReturnKeyPressed (juce::TextEditor& editor) override;
-    void textEditorEscapeKeyPressed (juce::TextEditor& editor) override;
+    void textEditorReturnKeyPressed (juce::TextEditor& textEditor) override;
+    void textEditorEscapeKeyPressed (juce::TextEditor& textEditor) override;
 
 private:
     [[nodiscard]] juce::Slider* findSlider() const;

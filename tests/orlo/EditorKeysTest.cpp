@@ -227,18 +227,20 @@ TEST_F (EditorKeysTest, ReturnEditsTheTextOfASliderAndGivesTheKeyboardBackToIt)
     auto& slider = getSetting<juce::Slider> ("speedSlider");
     const auto isEdited = [&] { return dynamic_cast<juce::TextEditor*> (getFocus()) != nullptr; };
 
-    for (const auto& [lastKey, expected] : { std::pair (Screen::returnKey, 7.0f), { Screen::escapeKey, 7.0f } })
+    for (const auto& [digit, lastKey] : { std::pair (0x37ul, Screen::returnKey), { 0x39ul, Screen::escapeKey } })
     {
         ASSERT_TRUE (tabTo (slider));
         window->typeKey (Screen::returnKey);
         ASSERT_TRUE (pumpUntil (isEdited));
         EXPECT_TRUE (slider.isParentOf (getFocus()));
-        window->typeKey (lastKey == Screen::returnKey ? '7' : '9');
+
+        // What is typed takes the place of the whole text.
+        window->typeKey (digit);
         ASSERT_TRUE (pumpUntil (
             [&] { return isEdited() && dynamic_cast<juce::TextEditor&> (*getFocus()).getText().length() == 1; }));
         window->typeKey (lastKey);
         EXPECT_TRUE (pumpUntil ([&] { return getFocus() == &slider; }));
-        EXPECT_FLOAT_EQ (get (Params::id::speed), expected);
+        EXPECT_NEAR (get (Params::id::speed), 7.0f, 1.0e-3f) << "Escape takes back what was typed";
     }
 }
 

@@ -63,16 +63,18 @@ TEST_F (PictureTickTest, ARefreshOfTheDisplayAllocatesNothing)
 
 TEST_F (PictureTickTest, PaintingAllocatesNoMoreThanDrawingAnImageDoes)
 {
-    const auto& picture = processor.getImageBuilder().getFrontImage();
     juce::AudioBuffer<float> buffer (2, 512);
+    buffer.clear();
     juce::MidiBuffer midi;
     ASSERT_TRUE (pumpUntil (
         [&]
         {
             processor.processBlock (buffer, midi);
             refreshDisplay();
-            return picture.isValid();
+            return processor.getImageBuilder().getFrontImage().isValid();
         }));
+
+    const auto picture = processor.getImageBuilder().getFrontImage();
 
     juce::Image canvas (juce::Image::ARGB, 400, 200, true, juce::SoftwareImageType());
     const auto countFor = [&canvas] (const auto& draw)

@@ -292,7 +292,10 @@ TEST_F (SpectrogramComponentTest, AskingForDoubleResolutionDoublesThePicture)
             const auto& picture = builder.getFrontImage();
             return picture.getWidth() == 800 && picture.getPixelAt (600, 200).getBrightness() > 0.1f;
         }));
-    const auto& picture = builder.getFrontImage();
+
+    // No newer one comes while this one is looked at.
+    builder.stopThread (1000);
+    const auto picture = builder.getFrontImage();
     ASSERT_EQ (picture.getHeight(), 400);
 
     // Where a pixel of the window is two by two of the display's, each has one of the picture's own.

@@ -112,8 +112,13 @@ protected:
 
     [[nodiscard]] static bool giveKeyboardTo (juce::Component& component)
     {
-        component.grabKeyboardFocus();
-        return test::pumpUntil ([&] { return component.hasKeyboardFocus (false); });
+        // A window that is not on the screen yet cannot take it.
+        return test::pumpUntil (
+            [&]
+            {
+                component.grabKeyboardFocus();
+                return component.hasKeyboardFocus (false);
+            });
     }
 
     [[nodiscard]] bool isFrame (const juce::Image& image, int x, int y) const
