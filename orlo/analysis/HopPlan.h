@@ -7,7 +7,7 @@ namespace mk::orlo
 /** What decides how far the analysis advances from frame to frame. */
 struct HopSettings
 {
-    int windowLabel = 2048;      /**< The window size as the user reads it, 256 .. 8192; 0 if none. */
+    int windowSize = 2048;       /**< The window size as the user reads it, 256 .. 8192; 0 if none. */
     double sampleRate = 44100.0; /**< Hertz. */
     float speed = 40.0f;         /**< Percent, 0 (slow) .. 100 (fast). */
     bool doubleResolution = false;

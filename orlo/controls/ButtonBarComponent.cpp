@@ -46,7 +46,7 @@ void ButtonBarComponent::addButtons (const juce::StringArray& texts)
 {
     for (const auto& text : texts)
     {
-        auto* button = buttons.add (std::make_unique<pluginCore::AnimatedTextButton> (text));
+        auto* button = buttons.add (std::make_unique<pluginCore::AnimatedTextButton> (juce::translate (text)));
         button->setRadioGroupId (radioGroup);
         button->setClickingTogglesState (true);
         button->getProperties().set (pluginCore::styleProperty::cat, 2);

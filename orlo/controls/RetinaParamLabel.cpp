@@ -15,7 +15,7 @@ namespace
 namespace scaleRule = pluginCore::scaleRule;
 
 constexpr double textScale = 0.5;
-constexpr int textMarginShare = 24; // of the width, at each side
+constexpr int textMarginsPerWidth = 24;
 constexpr float leastTextWidth = 0.92f;
 constexpr float outlineWidth = 1.5f;
 constexpr float overContrast = 0.05f;
@@ -42,7 +42,7 @@ RetinaParamLabel::RetinaParamLabel (juce::AudioProcessorValueTreeState& stateToU
 
 void RetinaParamLabel::showValue (float value)
 {
-    setText (parameter.getText (parameter.convertTo0to1 (value), 0), juce::dontSendNotification);
+    setText (juce::translate (parameter.getText (parameter.convertTo0to1 (value), 0)), juce::dontSendNotification);
     repaint();
 }
 
@@ -75,7 +75,7 @@ void RetinaParamLabel::paint (juce::Graphics& g)
 
 juce::Rectangle<int> RetinaParamLabel::getTextArea() const
 {
-    return getLocalBounds().reduced (getWidth() / textMarginShare, 0);
+    return getLocalBounds().reduced (getWidth() / textMarginsPerWidth, 0);
 }
 
 juce::Font RetinaParamLabel::getTextFont()

@@ -27,14 +27,19 @@ ColourComboBoxControl::ColourComboBoxControl (juce::AudioProcessorValueTreeState
         return;
 
     comboBox.setTitle (juce::translate (parameter->getName (128)));
-    attachment = std::make_unique<pluginCore::ComboBoxAttachment> (*parameter,
-                                                                   comboBox,
-                                                                   state.undoManager,
-                                                                   [this, &state]
-                                                                   {
-                                                                       pluginCore::flushIntoTransaction (state);
-                                                                       rememberChoice();
-                                                                   });
+    const auto afterGesture = [this, &state]
+    {
+        pluginCore::flushIntoTransaction (state);
+        rememberChoice();
+    };
+
+    // The parameter has values in reserve that have no map: they are painted with the first one.
+    attachment =
+        std::make_unique<pluginCore::ComboBoxAttachment> (*parameter,
+                                                          comboBox,
+                                                          state.undoManager,
+                                                          afterGesture,
+                                                          pluginCore::ComboBoxAttachment::ValuesBeyond::showFirstEntry);
 }
 
 ColourComboBoxControl::~ColourComboBoxControl() { comboBox.hidePopup(); }

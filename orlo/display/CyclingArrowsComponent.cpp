@@ -15,20 +15,14 @@ constexpr float share = 0.5f;
 {
     return pluginCore::makeIconPath (icon, pluginCore::iconGridSize);
 }
-
-void call (const std::function<void()>& callback)
-{
-    if (callback != nullptr)
-        callback();
-}
 } // namespace
 
 CyclingArrowsComponent::CyclingArrowsComponent()
     : previousButton (juce::translate ("Previous colour palette"), makeArrow (pluginCore::Icon::arrowLeft)),
       nextButton (juce::translate ("Next colour palette"), makeArrow (pluginCore::Icon::arrowRight))
 {
-    previousButton.onClick = [this] { call (onPrevious); };
-    nextButton.onClick = [this] { call (onNext); };
+    previousButton.onClick = [this] { juce::NullCheckedInvocation::invoke (onPrevious); };
+    nextButton.onClick = [this] { juce::NullCheckedInvocation::invoke (onNext); };
 
     for (auto* button : { &previousButton, &nextButton })
     {
@@ -40,7 +34,7 @@ CyclingArrowsComponent::CyclingArrowsComponent()
 
 void CyclingArrowsComponent::paint (juce::Graphics& g)
 {
-    g.fillAll (pluginCore::findColourOr (*this, colourId::arrowsBackground, juce::Colours::transparentBlack));
+    g.fillAll (pluginCore::findColourOr (*this, colourId::arrowsBackground, getOrloColours()));
 }
 
 void CyclingArrowsComponent::resized()

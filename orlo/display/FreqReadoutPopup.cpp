@@ -4,17 +4,12 @@
 #include "StripText.h"
 #include "plugin_core/style/ColourLookup.h"
 #include "plugin_core/style/StyleProperties.h"
+#include "orlo/style/OrloColours.h"
 
 #include <juce_audio_processors/juce_audio_processors.h>
 
 namespace mk::orlo
 {
-namespace
-{
-const juce::Colour defaultBackground { 0xe6181818 };
-const juce::Colour defaultTextColour { 0xffeeeeee };
-} // namespace
-
 FreqReadoutPopup::FreqReadoutPopup() : font (juce::FontOptions {})
 {
     getProperties().set (pluginCore::styleProperty::cat, displaySizeClass);
@@ -67,10 +62,10 @@ void FreqReadoutPopup::paint (juce::Graphics& g)
         0.5f, 0.5f, juce::jmax (float (getWidth()) - 1.0f, 0.0f), juce::jmax (float (getHeight()) - 1.0f, 0.0f)
     };
 
-    g.setColour (pluginCore::findColourOr (*this, backgroundColourId, defaultBackground));
+    g.setColour (pluginCore::findColourOr (*this, colourId::readoutBackground, getOrloColours()));
     g.fillRoundedRectangle (outline, float (int (float (getHeight()) * 0.2f)));
 
-    g.setColour (pluginCore::findColourOr (*this, textColourId, defaultTextColour));
+    g.setColour (pluginCore::findColourOr (*this, colourId::readoutText, getOrloColours()));
     g.setFont (font);
     g.drawFittedText (text, getReadoutTextArea (getLocalBounds()), justification, 1, narrowestTextScale);
 }

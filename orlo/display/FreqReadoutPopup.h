@@ -13,12 +13,6 @@ namespace mk::orlo
 class FreqReadoutPopup final : public juce::Component
 {
 public:
-    enum ColourIds
-    {
-        backgroundColourId = 0x2765412,
-        textColourId = 0x2765413
-    };
-
     FreqReadoutPopup();
 
     /** Shows the text in the parent, which must exist.

@@ -4,12 +4,12 @@
 #include "StripText.h"
 #include "plugin_core/style/ColourLookup.h"
 #include "plugin_core/style/StyleProperties.h"
+#include "orlo/style/OrloColours.h"
 
 namespace mk::orlo
 {
 namespace
 {
-const juce::Colour defaultBackground { 0xff101010 };
 const juce::Colour textColour { 0xffd3d3d3 };
 } // namespace
 
@@ -39,7 +39,7 @@ void FreqScaleComponent::rebuild()
 
 void FreqScaleComponent::paint (juce::Graphics& g)
 {
-    g.fillAll (pluginCore::findColourOr (*this, backgroundColourId, defaultBackground));
+    g.fillAll (pluginCore::findColourOr (*this, colourId::rulerBackground, getOrloColours()));
     g.setColour (textColour);
     g.setFont (font);
 

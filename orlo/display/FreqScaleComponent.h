@@ -13,11 +13,6 @@ namespace mk::orlo
 class FreqScaleComponent : public juce::Component, private FrequencyScale::Listener, private juce::AsyncUpdater
 {
 public:
-    enum ColourIds
-    {
-        backgroundColourId = 0x2733209
-    };
-
     /** The scale must outlive the component. */
     explicit FreqScaleComponent (FrequencyScale& scale);
     ~FreqScaleComponent() override;

@@ -101,7 +101,6 @@ std::vector<KeyboardKey> buildKeyboardKeys (const FrequencyScale& scale, int wid
         const auto keyHeight = juce::jmax (rows.row (key.lowFrequency) - top, 1);
         key.body = { 0, top, key.isBlack ? getBlackKeyWidth (width) : width, keyHeight };
         key.shape = makeShape (key, note == first, note == last, rows, width);
-        key.outline = key.shape.toPath();
 
         key.hasLabel = notes::getPitchClass (note) == 0;
 

@@ -19,7 +19,6 @@ struct KeyboardKey
 
     juce::Rectangle<int> body;      /**< The rows of the semitone, at the width of the key. */
     juce::RectangleList<int> shape; /**< The body and, for a white key, what lies under its black neighbours. */
-    juce::Path outline;             /**< Of the shape. */
 
     juce::String label; /**< The name of the note, on every C. */
 

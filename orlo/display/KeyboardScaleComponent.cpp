@@ -6,6 +6,7 @@
 #include "StripText.h"
 #include "plugin_core/style/ColourLookup.h"
 #include "plugin_core/style/StyleProperties.h"
+#include "orlo/style/OrloColours.h"
 
 #include <algorithm>
 
@@ -13,20 +14,9 @@ namespace mk::orlo
 {
 namespace
 {
-[[nodiscard]] juce::Colour getDefaultColour (int colourId)
+[[nodiscard]] juce::Colour findKeyboardColour (const juce::Component& keyboard, int id)
 {
-    switch (colourId)
-    {
-        case KeyboardScaleComponent::whiteKeyColourId: return juce::Colour { 0xffbbbbbb };
-        case KeyboardScaleComponent::highlightColourId: return juce::Colours::white;
-        case KeyboardScaleComponent::labelColourId: return juce::Colour { 0xff555555 }.darker (0.1f);
-        default: return juce::Colour { 0xff101010 };
-    }
-}
-
-[[nodiscard]] juce::Colour findKeyboardColour (const juce::Component& keyboard, int colourId)
-{
-    return pluginCore::findColourOr (keyboard, colourId, getDefaultColour (colourId));
+    return pluginCore::findColourOr (keyboard, id, getOrloColours());
 }
 } // namespace
 
@@ -75,7 +65,7 @@ void KeyboardScaleComponent::repaintKey (int note)
 //==============================================================================
 void KeyboardScaleComponent::paint (juce::Graphics& g)
 {
-    g.fillAll (findKeyboardColour (*this, backgroundColourId));
+    g.fillAll (findKeyboardColour (*this, colourId::keyboardBackground));
 
     // Black keys lie on the white ones.
     const PixelGrid grid { g.getInternalContext().getPhysicalPixelScaleFactor() };
@@ -107,21 +97,21 @@ void KeyboardScaleComponent::paintKeys (juce::Graphics& g, const PixelGrid& grid
         separators.addWithoutMerging (grid.snapLine (getKeySeparator (key, getWidth())));
     }
 
-    const auto fill = [this, &g] (int colourId, const juce::RectangleList<float>& list)
+    const auto fill = [this, &g] (int id, const juce::RectangleList<float>& list)
     {
-        g.setColour (findKeyboardColour (*this, colourId));
+        g.setColour (findKeyboardColour (*this, id));
         g.fillRectList (list);
     };
 
-    fill (black ? blackKeyColourId : whiteKeyColourId, plain);
-    fill (highlightColourId, highlighted);
-    fill (separatorColourId, separators);
+    fill (black ? colourId::keyboardBlackKey : colourId::keyboardWhiteKey, plain);
+    fill (colourId::keyboardHighlight, highlighted);
+    fill (colourId::keyboardSeparator, separators);
 }
 
 void KeyboardScaleComponent::paintLabels (juce::Graphics& g) const
 {
     g.setFont (font);
-    g.setColour (findKeyboardColour (*this, labelColourId));
+    g.setColour (findKeyboardColour (*this, colourId::keyboardLabel));
 
     for (const auto& key : keys)
         if (isLabelShown (key, font.getHeight()))

@@ -17,16 +17,6 @@ class PixelGrid;
 class KeyboardScaleComponent : public juce::Component, private FrequencyScale::Listener, private juce::AsyncUpdater
 {
 public:
-    enum ColourIds
-    {
-        backgroundColourId = 0x2733300,
-        whiteKeyColourId = 0x2733301,
-        blackKeyColourId = 0x2733302,
-        separatorColourId = 0x2733303,
-        highlightColourId = 0x2733304,
-        labelColourId = 0x2733305
-    };
-
     static constexpr int noNote = -1;
 
     /** The scale must outlive the component. */

@@ -18,13 +18,12 @@ constexpr float buttonInset = 1.5f;
 constexpr float imageGroundInset = 5.0f;
 constexpr float mostOfHeight = 0.8f;
 
-[[nodiscard]] juce::Path makeConnectedShape (const juce::Button& button, float radius)
+[[nodiscard]] juce::Path makeConnectedShape (const juce::Button& button, juce::Rectangle<float> area, float radius)
 {
     const auto left = button.isConnectedOnLeft();
     const auto right = button.isConnectedOnRight();
     const auto top = button.isConnectedOnTop();
     const auto bottom = button.isConnectedOnBottom();
-    const auto area = button.getLocalBounds().toFloat().reduced (0.5f);
     juce::Path shape;
     shape.addRoundedRectangle (area.getX(),
                                area.getY(),
@@ -56,7 +55,17 @@ void drawImageGround (juce::Graphics& g, const juce::DrawableButton& button)
     g.drawRoundedRectangle (area.reduced (outlineWidth * 0.5f), radius, outlineWidth);
 }
 
-void drawFocusFrame (juce::Graphics& g, const juce::DrawableButton& button)
+/** The frame of a button that is joined to others, within the part of it that is seen. */
+void drawFocusFrame (juce::Graphics& g, const juce::Button& button, float radius)
+{
+    // The next button's edge lies over the last pixel.
+    const auto seen = button.getLocalBounds().withTrimmedRight (button.isConnectedOnRight() ? 1 : 0);
+    const auto shape = makeConnectedShape (button, seen.toFloat().reduced (outlineWidth * 0.5f), radius);
+    g.setColour (button.findColour (juce::ComboBox::focusedOutlineColourId));
+    g.strokePath (shape, juce::PathStrokeType (outlineWidth));
+}
+
+void drawImageFocusFrame (juce::Graphics& g, const juce::DrawableButton& button)
 {
     g.setColour (button.findColour (juce::ComboBox::focusedOutlineColourId));
     g.drawRoundedRectangle (button.getLocalBounds().toFloat().reduced (outlineWidth * 0.5f),
@@ -84,7 +93,8 @@ void PluginLookAndFeel::drawButtonBackground (juce::Graphics& g,
                                               bool isDown)
 {
     const auto radius = scaleRule::cornerRadius (button);
-    auto face = colour.withMultipliedSaturation (button.hasKeyboardFocus (true) ? 1.3f : 0.9f)
+    const auto isFocused = button.hasKeyboardFocus (true);
+    auto face = colour.withMultipliedSaturation (isFocused ? 1.3f : 0.9f)
                     .withMultipliedAlpha (button.isEnabled() ? 1.0f : 0.5f);
 
     const auto contrast = isDown ? 0.2f : 0.05f * pluginCore::mouseFade::hoverFactor (button, isOver);
@@ -100,7 +110,12 @@ void PluginLookAndFeel::drawButtonBackground (juce::Graphics& g,
         const auto area = button.getLocalBounds().toFloat().reduced (buttonInset);
         g.fillRoundedRectangle (area, radius);
 
-        if (button.findParentComponentOfClass<ButtonBarComponent>() != nullptr)
+        if (isFocused)
+        {
+            g.setColour (button.findColour (juce::ComboBox::focusedOutlineColourId));
+            g.drawRoundedRectangle (area.reduced (outlineWidth * 0.5f), radius, outlineWidth);
+        }
+        else if (button.findParentComponentOfClass<ButtonBarComponent>() != nullptr)
         {
             g.setColour (button.findColour (colourId::barButtonOutline));
             g.drawRoundedRectangle (area, radius, outlineWidth);
@@ -109,10 +124,14 @@ void PluginLookAndFeel::drawButtonBackground (juce::Graphics& g,
         return;
     }
 
-    const auto shape = makeConnectedShape (button, radius);
+    const auto shape = makeConnectedShape (button, button.getLocalBounds().toFloat().reduced (0.5f), radius);
     g.fillPath (shape);
 
-    if (isOn)
+    if (isFocused)
+    {
+        drawFocusFrame (g, button, radius);
+    }
+    else if (isOn)
     {
         g.setColour (button.findColour (juce::ComboBox::focusedOutlineColourId));
         g.strokePath (shape, juce::PathStrokeType (1.0f));
@@ -155,7 +174,7 @@ void PluginLookAndFeel::drawDrawableButton (juce::Graphics& g, juce::DrawableBut
     if (withGround)
         drawImageGround (g, button);
     else if (button.hasKeyboardFocus (true))
-        drawFocusFrame (g, button);
+        drawImageFocusFrame (g, button);
 
     // The image is a child of the button, which is painted after this.
     for (auto* child : button.getChildren())

@@ -170,6 +170,30 @@ juce::TextEditor* PluginLookAndFeel::SliderLabelComp::createEditorComponent()
     return textEditor;
 }
 
+void PluginLookAndFeel::SliderLabelComp::textEditorReturnKeyPressed (juce::TextEditor& textEditor)
+{
+    const SafePointer<SliderLabelComp> self (this);
+    juce::Label::textEditorReturnKeyPressed (textEditor);
+
+    if (self != nullptr)
+        giveKeyboardToSlider();
+}
+
+void PluginLookAndFeel::SliderLabelComp::textEditorEscapeKeyPressed (juce::TextEditor& textEditor)
+{
+    const SafePointer<SliderLabelComp> self (this);
+    juce::Label::textEditorEscapeKeyPressed (textEditor);
+
+    if (self != nullptr)
+        giveKeyboardToSlider();
+}
+
+void PluginLookAndFeel::SliderLabelComp::giveKeyboardToSlider()
+{
+    if (auto* slider = findSlider(); slider != nullptr && slider->getWantsKeyboardFocus() && slider->isShowing())
+        slider->grabKeyboardFocus();
+}
+
 std::unique_ptr<juce::AccessibilityHandler> PluginLookAndFeel::SliderLabelComp::createAccessibilityHandler()
 {
     // Screen readers are told of the slider, which has the same text.

@@ -30,9 +30,14 @@ public:
     void parentHierarchyChanged() override;
     std::unique_ptr<juce::AccessibilityHandler> createAccessibilityHandler() override;
 
+protected:
+    void textEditorReturnKeyPressed (juce::TextEditor& textEditor) override;
+    void textEditorEscapeKeyPressed (juce::TextEditor& textEditor) override;
+
 private:
     [[nodiscard]] juce::Slider* findSlider() const;
     void handOn (void (juce::Component::*callback) (const juce::MouseEvent&), const juce::MouseEvent& event);
+    void giveKeyboardToSlider();
     void updateJustification (const juce::Slider& slider);
 
     juce::Time editorOpened; // when a click did so last

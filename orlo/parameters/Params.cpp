@@ -12,7 +12,7 @@ namespace mk::orlo::Params
 {
 namespace
 {
-constexpr std::array windowLabels { 256, 512, 1024, 2048, 4096, 8192 };
+constexpr std::array windowSizes { 256, 512, 1024, 2048, 4096, 8192 };
 
 // Empty choices at the end hold places, so that the normalised values of the present ones never move.
 constexpr int numWindowSizeChoices = 10;
@@ -34,8 +34,8 @@ constexpr float frequencySkew = 0.30103f;
 {
     juce::StringArray choices;
 
-    for (const auto label : windowLabels)
-        choices.add (juce::String (label));
+    for (const auto size : windowSizes)
+        choices.add (juce::String (size));
 
     return paddedTo (numWindowSizeChoices, choices);
 }
@@ -57,7 +57,10 @@ constexpr float frequencySkew = 0.30103f;
         juce::ParameterID { name, hint }, text, std::move (choices), defaultIndex);
 }
 
-/** The framework's own reading of a switch depends on the user's language; a host's automation must not. */
+// The framework's own words for a switch, and its reading of them, depend on the user's language; what a host
+// shows and automates must not.
+[[nodiscard]] juce::String writeSwitch (bool isOn, int) { return isOn ? "On" : "Off"; }
+
 [[nodiscard]] bool parseSwitch (const juce::String& text)
 {
     for (const auto* const word : { "on", "yes", "true" })
@@ -69,11 +72,12 @@ constexpr float frequencySkew = 0.30103f;
 
 [[nodiscard]] auto makeBool (const char* name, int hint, const char* text)
 {
-    return std::make_unique<juce::AudioParameterBool> (
-        juce::ParameterID { name, hint },
-        text,
-        false,
-        juce::AudioParameterBoolAttributes().withValueFromStringFunction (parseSwitch));
+    return std::make_unique<juce::AudioParameterBool> (juce::ParameterID { name, hint },
+                                                       text,
+                                                       false,
+                                                       juce::AudioParameterBoolAttributes()
+                                                           .withStringFromValueFunction (writeSwitch)
+                                                           .withValueFromStringFunction (parseSwitch));
 }
 
 [[nodiscard]] auto makeFloat (const char* name,
@@ -132,9 +136,9 @@ juce::AudioParameterFloatAttributes getGainParameterAttributes()
         });
 }
 
-int getWindowLabel (float fftSizeValue) noexcept
+int getWindowSize (float fftSizeValue) noexcept
 {
-    return windowLabels[size_t (juce::jlimit (0, int (windowLabels.size()) - 1, juce::roundToInt (fftSizeValue)))];
+    return windowSizes[size_t (juce::jlimit (0, int (windowSizes.size()) - 1, juce::roundToInt (fftSizeValue)))];
 }
 
 } // namespace mk::orlo::Params

@@ -17,17 +17,17 @@ constexpr int smallestSide = 100;
 constexpr int largestSide = 10000;
 } // namespace
 
-AudioPluginAudioProcessorEditor::AudioPluginAudioProcessorEditor (AudioPluginAudioProcessor& processorToEdit,
+AudioPluginAudioProcessorEditor::AudioPluginAudioProcessorEditor (AudioPluginAudioProcessor& processorToUse,
                                                                   pluginCore::UpdateEnvironment updates)
-    : PluginEditor (processorToEdit, std::move (updates)),
+    : PluginEditor (processorToUse, std::move (updates)),
       pluginLookAndFeel (pluginCore::SharedLookAndFeel<DefaultPluginLookAndFeel>::acquire()),
-      orloProcessor (processorToEdit),
-      mainComponent (*this, processorToEdit),
-      cleanViewMode (processorToEdit.getUIView().getCleanViewModeValue()),
-      cleanBounds (processorToEdit.getUIView().getCleanBoundsValue()),
-      normalBounds (processorToEdit.getUIView().getNormalBoundsValue()),
-      hiDPIParameter (findParameter (processorToEdit, Params::id::hiDPI)),
-      colourMapAttachment (findParameter (processorToEdit, Params::id::colourMap),
+      orloProcessor (processorToUse),
+      mainComponent (*this, processorToUse),
+      cleanViewMode (processorToUse.getUIView().getCleanViewModeValue()),
+      cleanBounds (processorToUse.getUIView().getCleanBoundsValue()),
+      normalBounds (processorToUse.getUIView().getNormalBoundsValue()),
+      hiDPIParameter (findParameter (processorToUse, Params::id::hiDPI)),
+      colourMapAttachment (findParameter (processorToUse, Params::id::colourMap),
                            [this] (float value) { setColourMap (value); }),
       hiDPIAttachment (hiDPIParameter, [this] (float value) { updateDoubleResolution (value); })
 {

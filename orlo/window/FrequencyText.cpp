@@ -14,7 +14,7 @@ constexpr double highestTyped = 1.0e9;
 juce::String fromPercent (double percent, double sampleRate)
 {
     const auto hertz = percent * double (0.01f) * double (0.5f) * std::max (sampleRate, 0.0);
-    return juce::String (juce::roundToInt (hertz)) + " Hz";
+    return juce::String (juce::roundToInt (hertz)) + " " + juce::translate ("Hz");
 }
 
 double toPercent (const juce::String& text, double sampleRate)

@@ -77,7 +77,7 @@ void MainComponent::setUpButtons()
                                 static_cast<juce::Button*> (&viewButton) })
         addChildComponent (button);
 
-    pluginCore::setIcon (*freezeButton, Icon::freeze);
+    pluginCore::setSwitchIcon (*freezeButton, Icon::freeze);
     freezeButton->setClickingTogglesState (true);
 
     pluginCore::setIcon (exportButton, Icon::exportPicture);

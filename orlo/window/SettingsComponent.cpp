@@ -54,39 +54,40 @@ void beginTextAfter (juce::Label& label, juce::Rectangle<int> bounds, int x)
 }
 } // namespace
 
-SettingsComponent::SettingsComponent (pluginCore::PluginEditor& editorToUse, pluginCore::PluginProcessor& owner)
+SettingsComponent::SettingsComponent (pluginCore::PluginEditor& editorToUse,
+                                      pluginCore::PluginProcessor& processorToUse)
     : editor (editorToUse),
-      processor (owner),
-      hiDPILabel (owner.getParameterState(), Params::id::hiDPI),
-      modeBar (owner.getParameterState(), Params::id::mode),
-      drawModeBar (owner.getParameterState(), Params::id::drawMode),
-      fftSizeBox (owner, Params::id::fftSize),
-      scaleBox (owner, Params::id::freqScale),
-      autoFreezeToggle (owner,
+      processor (processorToUse),
+      hiDPILabel (processorToUse.getParameterState(), Params::id::hiDPI),
+      modeBar (processorToUse.getParameterState(), Params::id::mode),
+      drawModeBar (processorToUse.getParameterState(), Params::id::drawMode),
+      fftSizeBox (processorToUse, Params::id::fftSize),
+      scaleBox (processorToUse, Params::id::freqScale),
+      autoFreezeToggle (processorToUse,
                         Params::id::autoFreeze,
                         makeToggle (Icon::autoPause, juce::translate ("Auto-Pause"), wideToggleMargin),
                         getAutoFreezeTip(),
                         getAutoFreezeTip()),
-      keyboardToggle (owner,
+      keyboardToggle (processorToUse,
                       Params::id::keyboard,
                       makeToggle (Icon::keyboard, juce::translate ("Show Piano"), narrowToggleMargin),
                       juce::translate ("Show or hide the piano keyboard"),
                       juce::translate ("Show or hide the piano keyboard")),
-      rulerToggle (owner,
+      rulerToggle (processorToUse,
                    Params::id::ruler,
                    makeToggle (Icon::ruler, juce::translate ("Show Ruler"), narrowToggleMargin),
                    juce::translate ("Show or hide the frequency ruler"),
                    juce::translate ("Show or hide the frequency ruler")),
-      speedSlider (owner, Params::id::speed, juce::translate ("Speed")),
-      maxFreqSlider (owner, Params::id::maxFreq, juce::translate ("Max Freq")),
-      minFreqSlider (owner, Params::id::minFreq, juce::translate ("Min Freq")),
-      floorSlider (owner, Params::id::floor, juce::translate ("Floor Gain")),
-      ceilingSlider (owner, Params::id::ceiling, juce::translate ("Ceiling Gain")),
-      colourBox (owner.getParameterState(), Params::id::colourMap),
+      speedSlider (processorToUse, Params::id::speed, juce::translate ("Speed")),
+      maxFreqSlider (processorToUse, Params::id::maxFreq, juce::translate ("Max Freq")),
+      minFreqSlider (processorToUse, Params::id::minFreq, juce::translate ("Min Freq")),
+      floorSlider (processorToUse, Params::id::floor, juce::translate ("Floor Gain")),
+      ceilingSlider (processorToUse, Params::id::ceiling, juce::translate ("Ceiling Gain")),
+      colourBox (processorToUse.getParameterState(), Params::id::colourMap),
       colourPreview (0, false),
-      colourMapAttachment (*owner.getParameterState().getParameter (Params::id::colourMap),
+      colourMapAttachment (*processorToUse.getParameterState().getParameter (Params::id::colourMap),
                            [this] (float value) { showColourMap (value); }),
-      presetActions (owner),
+      presetActions (processorToUse),
       presetsButton ("presets", juce::DrawableButton::ImageFitted)
 {
     setUpLabels();
@@ -96,7 +97,7 @@ SettingsComponent::SettingsComponent (pluginCore::PluginEditor& editorToUse, plu
     setUpColours();
     setUpPresets();
 
-    updateFreqSliderTextFunctions (owner.getPreparedRate());
+    updateFreqSliderTextFunctions (processorToUse.getPreparedRate());
     editor.getMoveDetector().addListener (this);
 }
 

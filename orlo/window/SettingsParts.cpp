@@ -55,9 +55,8 @@ void setUpLabel (juce::Label& label, const juce::String& text, LabelKind kind)
     label.setText (text, juce::dontSendNotification);
     label.getProperties().set (styleProperty::cat, categoryFor (kind));
     label.setColour (juce::Label::textColourId,
-                     pluginCore::findColourOr (label,
-                                               isRow ? colourId::panelLabelText : colourId::panelHeadingText,
-                                               juce::Colour (pluginCore::palette::text)));
+                     pluginCore::findColourOr (
+                         label, isRow ? colourId::panelLabelText : colourId::panelHeadingText, getOrloColours()));
     label.setJustificationType (isRow ? juce::Justification::centredRight : juce::Justification::centredLeft);
     label.setBorderSize (juce::BorderSize<int> (0));
     label.setMinimumHorizontalScale (narrowestText);
@@ -97,7 +96,7 @@ void setUpSlider (pluginCore::PluginSliderControl& control, const juce::String& 
 juce::Button* makeToggle (pluginCore::Icon icon, const juce::String& title, float margin)
 {
     auto button = std::make_unique<ToggleIcon> (title, margin);
-    pluginCore::setIcon (*button, icon);
+    pluginCore::setSwitchIcon (*button, icon);
     button->setTitle (title);
     return button.release();
 }

@@ -18,43 +18,45 @@ constexpr int closedIndent = 3;
 constexpr float openIndentShare = 0.11f;
 constexpr float dimmedAlpha = 0.7f;
 
-/** Gives a button its icon, its help and, for screen readers, its name. */
-void setUp (juce::DrawableButton& button, Icon icon, const juce::String& title, const juce::String& tooltip)
+/** Gives a button its help and, for screen readers, its name. */
+void setUp (juce::DrawableButton& button, const juce::String& title, const juce::String& tooltip)
 {
-    pluginCore::setIcon (button, icon);
     button.setEdgeIndent (closedIndent);
     button.setTitle (title);
     button.setTooltip (tooltip);
 }
 } // namespace
 
-SideBarComponent::SideBarComponent (AudioPluginAudioProcessor& processorToShow)
-    : processor (processorToShow),
-      freezeValue (*processorToShow.getParameterState().getRawParameterValue (Params::id::freeze)),
+SideBarComponent::SideBarComponent (AudioPluginAudioProcessor& processorToUse)
+    : processor (processorToUse),
+      freezeValue (*processorToUse.getParameterState().getRawParameterValue (Params::id::freeze)),
       settingsButton ("settings", juce::DrawableButton::ImageFitted),
       exportButton ("export", juce::DrawableButton::ImageFitted),
       aboutButton ("about", juce::DrawableButton::ImageFitted)
 {
-    setUp (
-        settingsButton, Icon::settings, juce::translate ("Settings"), juce::translate ("Show or hide settings panel"));
+    pluginCore::setIcon (settingsButton, Icon::settings);
+    setUp (settingsButton, juce::translate ("Settings"), juce::translate ("Show or hide settings panel"));
     settingsButton.setClickingTogglesState (true);
     settingsButton.onClick = [this] { settingsClicked(); };
     addAndMakeVisible (settingsButton);
 
     auto freeze = std::make_unique<IconButton> ("freeze", juce::DrawableButton::ImageFitted);
     freezeButton = freeze.get();
-    setUp (*freezeButton, Icon::freeze, juce::translate ("Freeze"), {});
+    pluginCore::setSwitchIcon (*freezeButton, Icon::freeze);
+    setUp (*freezeButton, juce::translate ("Freeze"), {});
     freezeControl = std::make_unique<pluginCore::PluginToggleControl> (
         processor, Params::id::freeze, freeze.release(), juce::translate ("Freeze"), juce::translate ("Unfreeze"));
     addAndMakeVisible (*freezeControl);
 
     const auto exportText = juce::translate ("Export as PNG");
-    setUp (exportButton, Icon::exportPicture, exportText, exportText);
+    pluginCore::setIcon (exportButton, Icon::exportPicture);
+    setUp (exportButton, exportText, exportText);
     exportButton.onClick = [this] { juce::NullCheckedInvocation::invoke (onExportClicked); };
     addChildComponent (exportButton);
 
     const auto aboutText = juce::translate ("About");
-    setUp (aboutButton, Icon::about, aboutText, aboutText);
+    pluginCore::setIcon (aboutButton, Icon::about);
+    setUp (aboutButton, aboutText, aboutText);
     aboutButton.onClick = [this] { juce::NullCheckedInvocation::invoke (onAboutClicked); };
     addAndMakeVisible (aboutButton);
 

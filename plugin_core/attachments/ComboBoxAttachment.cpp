@@ -10,11 +10,13 @@ namespace mk::pluginCore
 ComboBoxAttachment::ComboBoxAttachment (juce::RangedAudioParameter& parameter,
                                         juce::ComboBox& boxToAttach,
                                         juce::UndoManager* undoManagerToUse,
-                                        std::function<void()> callbackAfterGesture)
+                                        std::function<void()> callbackAfterGesture,
+                                        ValuesBeyond valuesBeyondEntries)
     : box (boxToAttach),
       storedParameter (parameter),
       undoManager (undoManagerToUse),
       afterGesture (std::move (callbackAfterGesture)),
+      valuesBeyond (valuesBeyondEntries),
       attachment (parameter, [this] (float value) { parameterChangedCallback (value); })
 {
     attachment.sendInitialUpdate();
@@ -26,7 +28,9 @@ ComboBoxAttachment::~ComboBoxAttachment() { box.removeListener (this); }
 void ComboBoxAttachment::parameterChangedCallback (float value)
 {
     const auto index = juce::roundToInt (value);
-    const auto itemId = index < 0 ? 1 : std::min (index + 1, box.getNumItems());
+    const auto numEntries = box.getNumItems();
+    const auto highestId = valuesBeyond == ValuesBeyond::showFirstEntry && index >= numEntries ? 1 : numEntries;
+    const auto itemId = index < 0 ? 1 : std::min (index + 1, highestId);
 
     if (itemId == box.getSelectedId())
         return;

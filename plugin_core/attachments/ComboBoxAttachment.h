@@ -14,16 +14,24 @@ namespace mk::pluginCore
 class ComboBoxAttachment : public juce::ComboBox::Listener
 {
 public:
+    /** What the box shows for a value that is higher than all that it has entries for. */
+    enum class ValuesBeyond
+    {
+        showLastEntry,
+        showFirstEntry
+    };
+
     /** Shows the present value. With an undo manager each choice opens a transaction; afterGesture is called
         at the end of each. */
     ComboBoxAttachment (juce::RangedAudioParameter& parameter,
                         juce::ComboBox& box,
                         juce::UndoManager* undoManager,
-                        std::function<void()> afterGesture = {});
+                        std::function<void()> afterGesture = {},
+                        ValuesBeyond valuesBeyond = ValuesBeyond::showLastEntry);
     ~ComboBoxAttachment() override;
 
-    /** Selects the entry of the value, which is not normalised: the first one if it is below 0, the last one
-        if it is too high. The box tells its listeners at once. */
+    /** Selects the entry of the value, which is not normalised: the first one if it is below 0, that of
+        valuesBeyond if it is too high. The box tells its listeners at once. */
     void parameterChangedCallback (float value);
 
     void comboBoxChanged (juce::ComboBox*) override;
@@ -33,6 +41,7 @@ private:
     juce::RangedAudioParameter& storedParameter;
     juce::UndoManager* const undoManager;
     const std::function<void()> afterGesture;
+    const ValuesBeyond valuesBeyond;
     juce::ParameterAttachment attachment;
     bool ignoreCallbacks = false;
 

@@ -8,15 +8,6 @@
 
 namespace mk::pluginCore
 {
-namespace
-{
-void call (const std::function<void()>& callback)
-{
-    if (callback != nullptr)
-        callback();
-}
-} // namespace
-
 ConfirmDialogComponent::ConfirmDialogComponent (const juce::String& question,
                                                 const juce::String& confirmText,
                                                 const juce::String& cancelText)
@@ -24,8 +15,8 @@ ConfirmDialogComponent::ConfirmDialogComponent (const juce::String& question,
 {
     questionLabel.setJustificationType (juce::Justification::centred);
     questionLabel.getProperties().set (styleProperty::cat, 2);
-    confirmButton.onClick = [this] { call (onConfirm); };
-    cancelButton.onClick = [this] { call (onCancel); };
+    confirmButton.onClick = [this] { juce::NullCheckedInvocation::invoke (onConfirm); };
+    cancelButton.onClick = [this] { juce::NullCheckedInvocation::invoke (onCancel); };
 
     for (auto* child : { static_cast<juce::Component*> (&questionLabel),
                          static_cast<juce::Component*> (&confirmButton),
@@ -53,16 +44,16 @@ void ConfirmDialogComponent::lookAndFeelChanged()
 void ConfirmDialogComponent::colourChanged()
 {
     questionLabel.setColour (juce::Label::textColourId,
-                             findColourOr (*this, colourId::dialogText, juce::Colour (palette::text)));
+                             findColourOr (*this, colourId::dialogText, getFrameworkColours()));
     repaint();
 }
 
 bool ConfirmDialogComponent::keyPressed (const juce::KeyPress& key)
 {
     if (key == juce::KeyPress::returnKey)
-        call (onConfirm);
+        juce::NullCheckedInvocation::invoke (onConfirm);
     else if (key == juce::KeyPress::escapeKey)
-        call (onCancel);
+        juce::NullCheckedInvocation::invoke (onCancel);
     else
         return false;
 

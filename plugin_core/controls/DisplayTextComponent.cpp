@@ -88,8 +88,8 @@ int DisplayTextComponent::getScrollPosition() const
 
 void DisplayTextComponent::paint (juce::Graphics& g)
 {
-    g.fillAll (findColourOr (*this, colourId::textViewBackground, juce::Colour (palette::well)));
-    g.setColour (findColourOr (*this, colourId::textViewOutline, juce::Colours::transparentBlack));
+    g.fillAll (findColourOr (*this, colourId::textViewBackground, getFrameworkColours()));
+    g.setColour (findColourOr (*this, colourId::textViewOutline, getFrameworkColours()));
     g.drawRect (getLocalBounds());
 }
 
@@ -101,7 +101,7 @@ void DisplayTextComponent::colourChanged() { applyStyle(); }
 
 void DisplayTextComponent::applyStyle()
 {
-    const auto colour = findColourOr (*this, colourId::textViewText, juce::Colour (palette::text));
+    const auto colour = findColourOr (*this, colourId::textViewText, getFrameworkColours());
     textEditor.applyFontToAllText (makeFont());
     textEditor.applyColourToAllText (colour);
     repaint();

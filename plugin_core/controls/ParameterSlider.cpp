@@ -122,6 +122,27 @@ bool ParameterSlider::keyPressed (const juce::KeyPress& key)
     return false;
 }
 
+// An editable text box takes part in the walk of the Tab key, and opens its editor when it is reached. The slider
+// makes the box anew with each style, which ends with a call of resized(), and makes it editable as it is enabled.
+void ParameterSlider::keepKeyboardFromTextBox()
+{
+    for (auto* child : getChildren())
+        if (dynamic_cast<juce::Label*> (child) != nullptr)
+            child->setWantsKeyboardFocus (false);
+}
+
+void ParameterSlider::resized()
+{
+    Base::resized();
+    keepKeyboardFromTextBox();
+}
+
+void ParameterSlider::enablementChanged()
+{
+    Base::enablementChanged();
+    keepKeyboardFromTextBox();
+}
+
 void ParameterSlider::startedDragging() { getMouseAnimator().press(); }
 
 void ParameterSlider::stoppedDragging()

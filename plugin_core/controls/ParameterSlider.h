@@ -10,7 +10,8 @@ namespace mk::pluginCore
 {
 
 /** The slider of the ready-made controls: only the left button moves it, a double click resets it to its
-    double-click value if that is set and in range, arrow keys move it by a step and Return edits its text.
+    double-click value if that is set and in range, arrow keys move it by a step and Return edits its text. For the Tab key
+    slider and text are one stop.
     Whatever the user does is bracketed by the slider's drag notifications. [message thread] */
 class ParameterSlider : public ComponentIgnoringRightButton<AnimatedComponent<juce::Slider>>
 {
@@ -41,6 +42,8 @@ public:
     void mouseMove (const juce::MouseEvent& event) override;
     void mouseExit (const juce::MouseEvent& event) override;
     bool keyPressed (const juce::KeyPress& key) override;
+    void resized() override;
+    void enablementChanged() override;
     void startedDragging() override;
     void stoppedDragging() override;
 
@@ -48,6 +51,7 @@ private:
     using Base = ComponentIgnoringRightButton<AnimatedComponent<juce::Slider>>;
 
     void handleNewPopup();
+    void keepKeyboardFromTextBox();
     void setThumbNearMouse (int thumb);
 
     juce::Component::SafePointer<juce::Component> popupHandled;

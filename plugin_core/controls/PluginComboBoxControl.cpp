@@ -20,7 +20,7 @@ PluginComboBoxControl::PluginComboBoxControl (juce::AudioProcessorValueTreeState
 
     for (int i = 0; i < names.size(); ++i)
         if (names[i].isNotEmpty())
-            comboBox.addItem (names[i], i + 1);
+            comboBox.addItem (juce::translate (names[i]), i + 1);
 
     comboBox.setTitle (juce::translate (parameter->getName (128)));
     attachment = std::make_unique<ComboBoxAttachment> (

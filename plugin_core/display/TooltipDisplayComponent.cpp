@@ -4,6 +4,8 @@
 #include "TooltipLine.h"
 #include "plugin_core/style/ColourLookup.h"
 #include "plugin_core/style/StyleProperties.h"
+#include "plugin_core/style/ColourIds.h"
+#include "plugin_core/look/LookAndFeel.h"
 #include "plugin_core/window/ActiveApplication.h"
 
 #include <juce_audio_processors/juce_audio_processors.h>
@@ -13,22 +15,10 @@ namespace mk::pluginCore
 namespace
 {
 constexpr int lookEveryMs = 40;
-constexpr int helpSizeClass = 4;
 
-[[nodiscard]] juce::Colour getDefaultColour (int colourId)
+[[nodiscard]] juce::Colour findLineColour (const juce::Component& line, int id)
 {
-    switch (colourId)
-    {
-        case TooltipDisplayComponent::backgroundColourId: return juce::Colour { 0xff111111 };
-        case TooltipDisplayComponent::boldTextColourId: return juce::Colour { 0xfff2f2f2 };
-        case TooltipDisplayComponent::defaultTextColourId: return juce::Colour { 0xff777777 };
-        default: return juce::Colour { 0xffaaaaaa };
-    }
-}
-
-[[nodiscard]] juce::Colour findLineColour (const juce::Component& line, int colourId)
-{
-    return findColourOr (line, colourId, getDefaultColour (colourId));
+    return findColourOr (line, id, getFrameworkColours());
 }
 
 [[nodiscard]] juce::String findTip (juce::Component* component)
@@ -40,20 +30,6 @@ constexpr int helpSizeClass = 4;
     return {};
 }
 
-/** Only the look and feel knows its bold face, and it gives it to the labels that ask for it. */
-[[nodiscard]] juce::Font findFont (const juce::Component& line, bool isBold)
-{
-    juce::Label label;
-    label.getProperties().set (styleProperty::cat, helpSizeClass);
-
-    if (isBold)
-    {
-        label.setFont (label.getFont().boldened());
-        label.getProperties().set (styleProperty::bold, true);
-    }
-
-    return line.getLookAndFeel().getLabelFont (label);
-}
 } // namespace
 
 TooltipDisplayComponent::TooltipDisplayComponent()
@@ -123,8 +99,8 @@ void TooltipDisplayComponent::showTipOf (juce::Component* underMouse)
 void TooltipDisplayComponent::updateFonts()
 {
     const auto height = getTooltipTextHeight (getHeight());
-    regularFont = findFont (*this, false).withHeight (height);
-    boldFont = findFont (*this, true).withHeight (height);
+    regularFont = LookAndFeel::getFontFor (*this, LookAndFeel::Face::semiBold).withHeight (height);
+    boldFont = LookAndFeel::getFontFor (*this, LookAndFeel::Face::bold).withHeight (height);
 }
 
 void TooltipDisplayComponent::rebuild()
@@ -145,8 +121,8 @@ void TooltipDisplayComponent::rebuild()
     const auto area = getTooltipTextArea (getLocalBounds()).toFloat();
     const TipStyle style { regularFont,
                            boldFont,
-                           findLineColour (*this, hasTip ? textColourId : defaultTextColourId),
-                           findLineColour (*this, boldTextColourId) };
+                           findLineColour (*this, hasTip ? colourId::tooltipText : colourId::tooltipDefaultText),
+                           findLineColour (*this, colourId::tooltipBoldText) };
 
     attributedText = makeTooltipLine (runs, style, area.getWidth());
     layout.createLayout (attributedText, area.getWidth(), area.getHeight());
@@ -155,7 +131,7 @@ void TooltipDisplayComponent::rebuild()
 
 void TooltipDisplayComponent::paint (juce::Graphics& g)
 {
-    g.fillAll (findLineColour (*this, backgroundColourId));
+    g.fillAll (findLineColour (*this, colourId::tooltipBackground));
     layout.draw (g, getTooltipTextArea (getLocalBounds()).toFloat());
 }
 
@@ -181,7 +157,7 @@ void TooltipDisplayComponent::parentHierarchyChanged()
 
 void TooltipDisplayComponent::colourChanged()
 {
-    setOpaque (findLineColour (*this, backgroundColourId).isOpaque());
+    setOpaque (findLineColour (*this, colourId::tooltipBackground).isOpaque());
     rebuild();
 }
 

@@ -13,14 +13,6 @@ namespace mk::pluginCore
 class TooltipDisplayComponent final : public juce::Component, private juce::Timer
 {
 public:
-    enum ColourIds
-    {
-        backgroundColourId = 0xC32AADA,
-        textColourId = 0xC32AADB,
-        boldTextColourId = 0xC32AADC,
-        defaultTextColourId = 0xC32AADD
-    };
-
     TooltipDisplayComponent();
 
     /** Shown while no control has a tip. */

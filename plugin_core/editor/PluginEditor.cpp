@@ -73,13 +73,13 @@ private:
     PluginEditor& editor;
 };
 
-PluginEditor::PluginEditor (PluginProcessor& processorToEdit, UpdateEnvironment updates)
-    : ProcessorEditor (processorToEdit),
+PluginEditor::PluginEditor (PluginProcessor& processorToUse, UpdateEnvironment updates)
+    : ProcessorEditor (processorToUse),
       sharedLookAndFeel (SharedLookAndFeel<DefaultPluginLookAndFeel>::acquire()),
-      pluginProcessor (processorToEdit),
+      pluginProcessor (processorToUse),
       moveDetector (std::make_unique<PluginMoveDetector> (*this)),
       updateEnvironment (std::move (updates)),
-      updateChecker (std::make_unique<UpdateChecker> (processorToEdit, updateEnvironment.makeTransport())),
+      updateChecker (std::make_unique<UpdateChecker> (processorToUse, updateEnvironment.makeTransport())),
       updateSchedule (UpdateSchedule::readFrom (globalSettings.getSettings()))
 {
     moveDetector->startTimer (PluginMoveDetector::periodMs);

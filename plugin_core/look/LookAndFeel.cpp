@@ -68,7 +68,7 @@ juce::Font LookAndFeel::getFontFor (const juce::Component& component, Face face)
     if (const auto* style = dynamic_cast<const LookAndFeel*> (&component.getLookAndFeel()))
         return style->getFont (face).withHeight (height);
 
-    return juce::FontOptions (height);
+    return juce::FontOptions (height, face == Face::bold ? juce::Font::bold : juce::Font::plain);
 }
 
 LookAndFeel::Face LookAndFeel::getFaceForCategory (int category) noexcept

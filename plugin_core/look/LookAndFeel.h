@@ -34,7 +34,7 @@ public:
     [[nodiscard]] const juce::Font& getFont (Face face) const noexcept;
 
     /** The face at the text height of the component (scaleRule::textHeight). With a look and feel that is
-        not of this class JUCE's default face at that height. */
+        not of this class JUCE's default face at that height, bold for Face::bold. */
     [[nodiscard]] static juce::Font getFontFor (const juce::Component& component, Face face);
 
     /** The face that text of a size class is set in: bold for titles and headings (0, 1), monospaced for

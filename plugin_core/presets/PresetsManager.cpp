@@ -15,20 +15,20 @@ constexpr auto lastPresetTag = "lastPreset";
 constexpr auto dirtyAttribute = "dirty";
 
 /** True while it lives. */
-class ScopedFlag
+class TrueWithinScope
 {
 public:
-    explicit ScopedFlag (std::atomic<bool>& flagToSet) noexcept : flag (flagToSet)
+    explicit TrueWithinScope (std::atomic<bool>& flagToSet) noexcept : flag (flagToSet)
     {
         flag.store (true, std::memory_order_release);
     }
 
-    ~ScopedFlag() { flag.store (false, std::memory_order_release); }
+    ~TrueWithinScope() { flag.store (false, std::memory_order_release); }
 
 private:
     std::atomic<bool>& flag;
 
-    JUCE_DECLARE_NON_COPYABLE (ScopedFlag)
+    JUCE_DECLARE_NON_COPYABLE (TrueWithinScope)
 };
 } // namespace
 
@@ -57,7 +57,7 @@ bool PresetsManager::loadPresetFile (const juce::File& file, juce::UndoManager* 
 
 bool PresetsManager::applyPresetFile (const juce::File& file)
 {
-    const ScopedFlag scopedLoading (loading);
+    const TrueWithinScope scopedLoading (loading);
 
     // A pipe or a device has no size, and reading it might never end.
     const auto xml = file.getSize() > 0 ? parseUntrustedXml (file) : nullptr;
@@ -74,7 +74,7 @@ bool PresetsManager::applyPresetFile (const juce::File& file)
 
 void PresetsManager::goBackTo (const juce::File& previousFile, const juce::XmlElement& snapshot)
 {
-    const ScopedFlag scopedLoading (loading);
+    const TrueWithinScope scopedLoading (loading);
     setCurrentPresetFile (previousFile);
     pluginState.setStateFromXml (snapshot, false);
     pluginState.refreshStateCopies();

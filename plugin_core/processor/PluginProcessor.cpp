@@ -23,20 +23,20 @@ constexpr int fallbackEditorWidth = 1050;
 constexpr int fallbackEditorHeight = 900;
 
 /** Counts up while it lives. */
-class ScopedCount
+class RaisedWithinScope
 {
 public:
-    explicit ScopedCount (std::atomic<int>& countToRaise) noexcept : count (countToRaise)
+    explicit RaisedWithinScope (std::atomic<int>& countToRaise) noexcept : count (countToRaise)
     {
         count.fetch_add (1, std::memory_order_acq_rel);
     }
 
-    ~ScopedCount() { count.fetch_sub (1, std::memory_order_acq_rel); }
+    ~RaisedWithinScope() { count.fetch_sub (1, std::memory_order_acq_rel); }
 
 private:
     std::atomic<int>& count;
 
-    JUCE_DECLARE_NON_COPYABLE (ScopedCount)
+    JUCE_DECLARE_NON_COPYABLE (RaisedWithinScope)
 };
 
 /** The session's size if there is one, else the user's, else that of a first start. */
@@ -197,7 +197,7 @@ void PluginProcessor::getStateInformation (juce::MemoryBlock& destination)
 
 void PluginProcessor::setStateInformation (const void* data, int size)
 {
-    const ScopedCount restoring (numRestoring);
+    const RaisedWithinScope restoring (numRestoring);
     const auto xml = readStateBlob (data, size);
 
     if (xml != nullptr)

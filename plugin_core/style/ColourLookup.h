@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
-#include <juce_gui_basics/juce_gui_basics.h>
+#include "Palette.h"
+
+#include <algorithm>
 
 namespace mk::pluginCore
 {
@@ -13,6 +15,17 @@ namespace mk::pluginCore
     const auto isKnown =
         component.isColourSpecified (colourId) || component.getLookAndFeel().isColourSpecified (colourId);
     return isKnown ? component.findColour (colourId) : fallback;
+}
+
+/** The same with what our own look and feel would set from that list; transparent for an id that is not in it.
+    [message thread] */
+[[nodiscard]] inline juce::Colour
+    findColourOr (const juce::Component& component, int colourId, std::span<const ColourSetting> settings)
+{
+    const auto found = std::find_if (
+        settings.begin(), settings.end(), [colourId] (const ColourSetting& setting) { return setting.id == colourId; });
+    const auto fallback = found != settings.end() ? juce::Colour (found->argb) : juce::Colour();
+    return findColourOr (component, colourId, fallback);
 }
 
 } // namespace mk::pluginCore

@@ -9,7 +9,10 @@ class FakeWindow::Peer final : public juce::ComponentPeer
 public:
     using juce::ComponentPeer::ComponentPeer;
 
+    using juce::ComponentPeer::callVBlankListeners;
+
     juce::Point<float> position;
+    int numRepaints = 0;
 
     void* getNativeHandle() const override { return nullptr; }
     void setVisible (bool) override {}
@@ -34,7 +37,7 @@ public:
     void toBehind (juce::ComponentPeer*) override {}
     bool isFocused() const override { return false; }
     void grabFocus() override {}
-    void repaint (const juce::Rectangle<int>&) override {}
+    void repaint (const juce::Rectangle<int>&) override { ++numRepaints; }
     void performAnyPendingRepaintsNow() override {}
     void setAlpha (float) override {}
     juce::StringArray getAvailableRenderingEngines() override { return {}; }
@@ -48,10 +51,13 @@ FakeWindow::FakeWindow() { addToDesktop (0); }
 
 FakeWindow::~FakeWindow() { removeFromDesktop(); }
 
-void FakeWindow::moveSilently (juce::Point<float> screenPosition)
-{
-    dynamic_cast<Peer&> (*getPeer()).position = screenPosition;
-}
+void FakeWindow::moveSilently (juce::Point<float> screenPosition) { getFakePeer().position = screenPosition; }
+
+void FakeWindow::refreshDisplay (double time) { getFakePeer().callVBlankListeners (time); }
+
+int FakeWindow::getNumRepaints() const { return getFakePeer().numRepaints; }
+
+FakeWindow::Peer& FakeWindow::getFakePeer() const { return dynamic_cast<Peer&> (*getPeer()); }
 
 juce::ComponentPeer* FakeWindow::createNewPeer (int styleFlags, void*)
 {

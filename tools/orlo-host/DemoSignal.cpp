@@ -27,10 +27,10 @@ constexpr std::array<double, demo::numBars> roots { 110.0, 137.5, 123.75, 146.66
 }
 
 /** Adds to the signal, each voice at its place in time and between the loudspeakers. */
-class Painter
+class Mixer
 {
 public:
-    Painter (juce::AudioBuffer<float>& bufferToPaintOn, double rate) : buffer (bufferToPaintOn), sampleRate (rate) {}
+    Mixer (juce::AudioBuffer<float>& bufferToPaintOn, double rate) : buffer (bufferToPaintOn), sampleRate (rate) {}
 
     [[nodiscard]] double getNyquist() const noexcept { return sampleRate * 0.5; }
     [[nodiscard]] double getSampleRate() const noexcept { return sampleRate; }
@@ -77,12 +77,12 @@ private:
 
 //==============================================================================
 /** One note: harmonics that are weaker and die sooner the higher they are. */
-void addNote (Painter& painter, double start, double length, double hz, double level, double pan)
+void addNote (Mixer& mixer, double start, double length, double hz, double level, double pan)
 {
     constexpr int numHarmonics = 9;
 
     for (int n = 1; n <= numHarmonics; ++n)
-        painter.addTone (
+        mixer.addTone (
             start,
             length,
             pan,
@@ -91,14 +91,14 @@ void addNote (Painter& painter, double start, double length, double hz, double l
             { return level / std::pow (n, 1.3) * std::exp (-0.28 * (n - 1) * t) * fade (t, length, 0.03, 0.3); });
 }
 
-void addChord (Painter& painter, double start, double root)
+void addChord (Mixer& mixer, double start, double root)
 {
     constexpr double strum = 0.22;
 
     for (int note = 1; note <= 5; ++note)
     {
         const auto delay = strum * (note - 1);
-        addNote (painter,
+        addNote (mixer,
                  start + delay,
                  demo::barSeconds - 0.1 - delay,
                  root * note,
@@ -108,7 +108,7 @@ void addChord (Painter& painter, double start, double root)
 }
 
 /** Seven octaves along an S, up or down. */
-void addChirp (Painter& painter, double start, bool upwards)
+void addChirp (Mixer& mixer, double start, bool upwards)
 {
     constexpr double length = 2.7;
     constexpr double lowest = 140.0, octaves = 7.05;
@@ -119,11 +119,11 @@ void addChirp (Painter& painter, double start, bool upwards)
         return lowest * std::exp2 (octaves * (x - std::sin (twoPi * x) / (1.6 * twoPi)));
     };
 
-    painter.addTone (start, length, 0.0, frequencyAt, [] (double t) { return 0.11 * fade (t, length, 0.08, 0.08); });
+    mixer.addTone (start, length, 0.0, frequencyAt, [] (double t) { return 0.11 * fade (t, length, 0.08, 0.08); });
 }
 
 /** A held note whose vibrato grows. */
-void addVibrato (Painter& painter, double start, double hz)
+void addVibrato (Mixer& mixer, double start, double hz)
 {
     constexpr double length = 2.3;
     constexpr double rate = 4.6, depthInOctaves = 0.14;
@@ -135,7 +135,7 @@ void addVibrato (Painter& painter, double start, double hz)
     };
 
     for (int n = 1; n <= 3; ++n)
-        painter.addTone (
+        mixer.addTone (
             start,
             length,
             0.3,
@@ -144,10 +144,10 @@ void addVibrato (Painter& painter, double start, double hz)
 }
 
 /** Single samples: four beats, and a roll that quickens towards the end of the bar. */
-void addClicks (Painter& painter, double start)
+void addClicks (Mixer& mixer, double start)
 {
     const auto addClick = [&] (double time, double level)
-    { painter.add (start + time, 1.0 / painter.getSampleRate(), 0.0, [level] (double) { return level; }); };
+    { mixer.add (start + time, 1.0 / mixer.getSampleRate(), 0.0, [level] (double) { return level; }); };
 
     for (int beat = 0; beat < 4; ++beat)
         addClick (0.12 + beat, 0.7);
@@ -195,29 +195,29 @@ private:
 };
 
 /** Strokes of high noise on the off-beats, and a gust that comes up in pitch and dies away. */
-void addNoise (Painter& painter, double start, juce::Random& random)
+void addNoise (Mixer& mixer, double start, juce::Random& random)
 {
     for (int beat = 0; beat < 4; ++beat)
     {
-        NoiseBand band (random, painter.getSampleRate(), 0.8f);
-        painter.add (start + 0.5 + beat,
-                     0.3,
-                     beat % 2 == 0 ? -0.4 : 0.4,
-                     [&] (double t)
-                     { return 0.25 * std::exp (-t / 0.035) * fade (t, 0.3, 0.002, 0.05) * band.next (9500.0); });
+        NoiseBand band (random, mixer.getSampleRate(), 0.8f);
+        mixer.add (start + 0.5 + beat,
+                   0.3,
+                   beat % 2 == 0 ? -0.4 : 0.4,
+                   [&] (double t)
+                   { return 0.25 * std::exp (-t / 0.035) * fade (t, 0.3, 0.002, 0.05) * band.next (9500.0); });
     }
 
     constexpr double length = 1.7;
-    NoiseBand band (random, painter.getSampleRate(), 5.0f);
-    painter.add (start + 2.1,
-                 length,
-                 0.0,
-                 [&] (double t)
-                 {
-                     const auto x = t / length;
-                     const auto centre = 3000.0 * std::exp2 (1.7 * std::sin (juce::MathConstants<double>::halfPi * x));
-                     return 0.012 * fade (t, length, 1.2, 0.5) * band.next (centre);
-                 });
+    NoiseBand band (random, mixer.getSampleRate(), 5.0f);
+    mixer.add (start + 2.1,
+               length,
+               0.0,
+               [&] (double t)
+               {
+                   const auto x = t / length;
+                   const auto centre = 3000.0 * std::exp2 (1.7 * std::sin (juce::MathConstants<double>::halfPi * x));
+                   return 0.012 * fade (t, length, 1.2, 0.5) * band.next (centre);
+               });
 }
 } // namespace
 
@@ -228,7 +228,7 @@ juce::AudioBuffer<float> makeDemoSignal (double sampleRate)
     juce::AudioBuffer<float> buffer (2, juce::roundToInt (demo::seconds * sampleRate));
     buffer.clear();
 
-    Painter painter (buffer, sampleRate);
+    Mixer mixer (buffer, sampleRate);
     juce::Random random (noiseSeed);
 
     for (int bar = 0; bar < demo::numBars; ++bar)
@@ -236,11 +236,11 @@ juce::AudioBuffer<float> makeDemoSignal (double sampleRate)
         const auto start = bar * demo::barSeconds;
         const auto root = demo::getRoot (bar);
 
-        addChord (painter, start, root);
-        addChirp (painter, start + 0.9, bar % 2 == 0);
-        addVibrato (painter, start + 1.3, root * 12.0);
-        addClicks (painter, start);
-        addNoise (painter, start, random);
+        addChord (mixer, start, root);
+        addChirp (mixer, start + 0.9, bar % 2 == 0);
+        addVibrato (mixer, start + 1.3, root * 12.0);
+        addClicks (mixer, start);
+        addNoise (mixer, start, random);
     }
 
     return buffer;

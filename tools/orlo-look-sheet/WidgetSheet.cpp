@@ -74,6 +74,13 @@ private:
         return button;
     }
 
+    void addSwitch (Icon icon, juce::Rectangle<int> area, bool isOn)
+    {
+        auto& button = addIcon (icon, area);
+        pluginCore::setSwitchIcon (button, icon);
+        button.setToggleState (isOn, juce::dontSendNotification);
+    }
+
     void addLabel (const juce::String& text, int category, juce::Rectangle<int> area, bool alignRight)
     {
         auto& label = add (std::make_unique<juce::Label> (juce::String(), text), area);
@@ -106,7 +113,7 @@ private:
     void addSideBar()
     {
         addIcon (Icon::settings, { 15, 15, 60, 60 }).setToggleState (true, juce::dontSendNotification);
-        addIcon (Icon::freeze, { 15, 94, 60, 60 });
+        addSwitch (Icon::freeze, { 15, 94, 60, 60 }, true);
         addIcon (Icon::exportPicture, { 17, 185, 56, 56 });
         addIcon (Icon::about, { 15, 920, 60, 60 }).setState (juce::Button::buttonOver);
     }
@@ -130,11 +137,11 @@ private:
         addBox ("2048", inPanel (199, 251, 169, 56));
         addLabel ("Display", 1, inPanel (31, 347, 371, 40), false);
         add (std::make_unique<ButtonBarComponent> (parameters, Params::id::drawMode), inPanel (34, 403, 278, 60));
-        addIcon (Icon::autoPause, inPanel (324, 403, 40, 56)).setToggleState (true, juce::dontSendNotification);
+        addSwitch (Icon::autoPause, inPanel (324, 403, 40, 56), true);
         addLabel ("Scale", 2, inPanel (0, 479, 157, 56), true);
         addBox ("Mel", inPanel (173, 479, 123, 56));
-        addIcon (Icon::keyboard, inPanel (305, 479, 30, 56)).setToggleState (true, juce::dontSendNotification);
-        addIcon (Icon::ruler, inPanel (338, 479, 30, 56));
+        addSwitch (Icon::keyboard, inPanel (305, 479, 30, 56), true);
+        addSwitch (Icon::ruler, inPanel (338, 479, 30, 56), false);
         addLabel ("Speed", 2, inPanel (0, 551, 157, 39), true);
         addSlider (50.0, " %", inPanel (173, 551, 196, 39));
         addLabel ("Max Freq", 2, inPanel (0, 602, 157, 39), true);

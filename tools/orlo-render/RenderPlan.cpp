@@ -20,7 +20,7 @@ RenderPlan makePlan (const PlanRequest& request) noexcept
         return plan;
 
     const std::int64_t hop = plan.analysis.hop;
-    plan.windowLength = request.hop.windowLabel - 1;
+    plan.windowLength = request.hop.windowSize - 1;
     plan.samplesPerColumn = hop * plan.analysis.framesPerColumn;
     plan.numColumns = divideUp (request.length, plan.samplesPerColumn);
 

@@ -27,7 +27,7 @@ constexpr std::int64_t mostPixels = std::int64_t (1) << 27;
     const auto& parameters = options.parameters;
 
     RenderSettings settings;
-    settings.hop.windowLabel = Params::getWindowLabel (parameters.get (Params::id::fftSize));
+    settings.hop.windowSize = Params::getWindowSize (parameters.get (Params::id::fftSize));
     settings.hop.sampleRate = sampleRate;
     settings.hop.speed = parameters.get (Params::id::speed);
     settings.hop.doubleResolution = getIndex (parameters, Params::id::hiDPI) == 1;

@@ -7,6 +7,14 @@
 
 namespace mk::pluginCore
 {
+namespace
+{
+void setImages (juce::DrawableButton& button, const IconDrawable& off, const IconDrawable& on)
+{
+    button.setMouseClickGrabsKeyboardFocus (false);
+    button.setImages (&off, nullptr, nullptr, nullptr, &on);
+}
+} // namespace
 
 IconDrawable::IconDrawable (Icon iconToDraw, juce::Colour colourToUse) : icon (iconToDraw), colour (colourToUse)
 {
@@ -54,18 +62,13 @@ void IconDrawable::paint (juce::Graphics& g)
 void setIcon (juce::DrawableButton& button, Icon icon, std::optional<Icon> iconWhenOn)
 {
     const juce::Colour colour (palette::text);
-    const IconDrawable normal (icon, colour);
-    button.setMouseClickGrabsKeyboardFocus (false);
+    setImages (button, IconDrawable (icon, colour), IconDrawable (iconWhenOn.value_or (icon), colour));
+}
 
-    if (iconWhenOn.has_value())
-    {
-        const IconDrawable on (*iconWhenOn, colour);
-        button.setImages (&normal, nullptr, nullptr, nullptr, &on);
-    }
-    else
-    {
-        button.setImages (&normal);
-    }
+void setSwitchIcon (juce::DrawableButton& button, Icon icon)
+{
+    setImages (
+        button, IconDrawable (icon, juce::Colour (palette::text)), IconDrawable (icon, juce::Colour (palette::accent)));
 }
 
 } // namespace mk::pluginCore

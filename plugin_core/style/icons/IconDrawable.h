@@ -36,4 +36,7 @@ private:
     icon. A click then no longer gives it the keyboard focus, which shows as a frame: only keys do. */
 void setIcon (juce::DrawableButton& button, Icon icon, std::optional<Icon> iconWhenOn = std::nullopt);
 
+/** The same for a switch: its icon has the palette's accent colour while it is on. */
+void setSwitchIcon (juce::DrawableButton& button, Icon icon);
+
 } // namespace mk::pluginCore

@@ -50,7 +50,7 @@ TEST (HopPlan, AColumnShorterThanTheOverlapStillEndsInAHop)
     EXPECT_EQ (plan.framesPerColumn, 1);
 }
 
-TEST (HopPlan, WithoutAWindowLabelTheSmallestEnhancedHopHolds)
+TEST (HopPlan, WithoutAWindowSizeTheSmallestEnhancedHopHolds)
 {
     EXPECT_EQ (planHop ({ 0, 44100.0, 0.0f, false, true }).hop, 88);
 }

@@ -113,8 +113,15 @@ TEST_F (ColourComboBoxControlTest, TheFaceFollowsTheParameterHoweverItChanges)
     EXPECT_EQ (control.getComboBox().getText(), "magma");
     std::thread ([this] { setIndex (7); }).join();
     EXPECT_TRUE (pumpUntil ([this] { return control.getComboBox().getText() == "rocket"; }));
-    setIndex (100);
-    EXPECT_EQ (control.getComboBox().getText(), "voltage") << "a value held in reserve";
+
+    for (const auto reserved : { 46, 100, 127 })
+    {
+        setIndex (5);
+        setIndex (reserved);
+        EXPECT_EQ (control.getComboBox().getText(), "gray") << "as the picture and the preview: " << reserved;
+        EXPECT_EQ (getIndex(), reserved) << "the parameter keeps what the host has set";
+    }
+
     EXPECT_FALSE (settings.getSettings().hasProperty (preferedMap)) << "none of these is the user's choice";
 }
 
@@ -269,14 +276,29 @@ TEST_F (ColourComboBoxControlTest, TheWheelScrollsTheOpenList)
     EXPECT_EQ (heard.take(), "") << "nothing is chosen by it";
 }
 
+TEST_F (ColourComboBoxControlTest, FromAValueHeldInReserveTheArrowsStepAsFromTheFirstMap)
+{
+    for (const auto& [distance, expected] : { std::pair (1, 1), { -1, numMaps - 1 } })
+    {
+        setIndex (100);
+        control.step (distance);
+        EXPECT_TRUE (pumpUntil ([this, wanted = expected] { return getIndex() == wanted; })) << getIndex();
+    }
+}
+
 TEST_F (ColourComboBoxControlTest, ItMayGoWhileTheListIsOpen)
 {
     auto shortLived = std::make_unique<ColourComboBoxControl> (state, Params::id::colourMap);
     editor.addAndMakeVisible (*shortLived);
     shortLived->setBounds (50, 100, 126, 28);
     shortLived->showPopup();
+    const auto getNumMenus = [] { return juce::ModalComponentManager::getInstance()->getNumModalComponents(); };
+    ASSERT_EQ (getNumMenus(), 1);
+
     shortLived.reset();
-    pumpPending();
+    EXPECT_TRUE (pumpUntil ([&] { return getNumMenus() == 0; })) << "the list goes with it";
+    EXPECT_EQ (heard.take(), "");
+    EXPECT_EQ (getIndex(), 0);
 }
 
 TEST_F (ColourComboBoxControlTest, AnUnknownParameterIsNotSet)

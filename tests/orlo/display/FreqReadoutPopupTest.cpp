@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "orlo/display/FreqReadoutPopup.h"
 
+#include "orlo/style/OrloColours.h"
 #include "tests/support/Mouse.h"
 #include "tests/support/Painting.h"
 #include "tests/support/TestEditor.h"
@@ -25,8 +26,8 @@ struct ReadoutInEditor
         container.addAndMakeVisible (picture);
         picture.setBounds (container.getLocalBounds().withTrimmedRight (50));
         container.addChildComponent (readout);
-        readout.setColour (FreqReadoutPopup::backgroundColourId, ground);
-        readout.setColour (FreqReadoutPopup::textColourId, ink);
+        readout.setColour (colourId::readoutBackground, ground);
+        readout.setColour (colourId::readoutText, ink);
     }
 
     void showAt (juce::Point<float> cursor, const juce::String& text, bool followCursor = true)
@@ -128,7 +129,7 @@ TEST (FreqReadoutPopup, NeverCutsItsTextOrLeavesTheContainer)
 
             // The text would reach into the margin if it were cut at the sides.
             constexpr int margin = 30;
-            test.readout.setColour (FreqReadoutPopup::backgroundColourId, juce::Colours::transparentBlack);
+            test.readout.setColour (colourId::readoutBackground, juce::Colours::transparentBlack);
             const auto image = paintUnclipped (test.readout, margin);
             const auto none = juce::Colours::transparentBlack;
             EXPECT_TRUE (findBandsOfRows (image, none, { 0, margin }).empty());

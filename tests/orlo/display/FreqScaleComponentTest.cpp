@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "orlo/display/FreqScaleComponent.h"
 
+#include "orlo/style/OrloColours.h"
 #include "tests/support/MessageLoop.h"
 #include "tests/support/Painting.h"
 #include "tests/support/TestEditor.h"
@@ -132,14 +133,34 @@ TEST (FreqScaleComponent, AScaleSetByAnotherThreadIsPaintedByTheMessageThread)
 TEST (FreqScaleComponent, OutlivesNoneOfItsPendingUpdates)
 {
     FrequencyScale scale;
+    RepaintRecorder::Counts repaints;
+    juce::Component parent;
+    parent.setSize (50, 1000);
+
+    const auto changeAndGo = [&] (bool waitsForIt)
     {
         FreqScaleComponent ruler { scale };
+        parent.addAndMakeVisible (ruler);
         ruler.setSize (50, 1000);
-        scale.setRange (0.0f, 500.0f);
+        pumpPending();
+        ruler.setCachedComponentImage (new RepaintRecorder (repaints));
+        repaints = {};
+        scale.setRange (0.0f, scale.getMaxFrequency() + 500.0f);
         scale.notifyListenersNow();
-    }
+
+        if (waitsForIt)
+            pumpPending();
+
+        return repaints.numOnMessageThread;
+    };
+
+    EXPECT_GT (changeAndGo (true), 0) << "a change leaves something to be done";
+    static_cast<void> (changeAndGo (false));
+    repaints = {};
     scale.setRange (0.0f, 600.0f);
+    scale.notifyListenersNow();
     pumpPending();
+    EXPECT_EQ (repaints.numOnMessageThread, 0);
 }
 
 TEST (FreqScaleComponent, PaintsNothingButItsGroundForAnEmptyRange)
@@ -154,7 +175,7 @@ TEST (FreqScaleComponent, PaintsNothingButItsGroundForAnEmptyRange)
 TEST (FreqScaleComponent, TakesItsGroundFromTheColourId)
 {
     RulerInEditor test { 1818, 1000 };
-    test.ruler.setColour (FreqScaleComponent::backgroundColourId, juce::Colours::darkblue);
+    test.ruler.setColour (colourId::rulerBackground, juce::Colours::darkblue);
     EXPECT_EQ (paintComponent (test.ruler).getPixelAt (48, 500), juce::Colours::darkblue);
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "orlo/display/KeyboardScaleComponent.h"
 
+#include "orlo/style/OrloColours.h"
 #include "tests/support/MessageLoop.h"
 #include "tests/support/Mouse.h"
 #include "tests/support/Painting.h"
@@ -73,7 +74,7 @@ TEST (KeyboardScaleComponent, PaintsWhiteAndBlackKeysWithTheirLines)
 TEST (KeyboardScaleComponent, LeavesTheStripEmptyBeyondItsKeys)
 {
     EvenOctave test;
-    test.keyboard.setColour (KeyboardScaleComponent::backgroundColourId, juce::Colours::darkblue);
+    test.keyboard.setColour (colourId::keyboardBackground, juce::Colours::darkblue);
     test.scale.setRange (0.0f, 12000.0f);
     test.scale.setScaleType (FrequencyScale::linear);
     test.scale.notifyListenersNow();
@@ -92,7 +93,7 @@ TEST (KeyboardScaleComponent, ShowsNoGapBetweenKeysAtAnySizeAndScale)
 {
     FrequencyScale scale;
     KeyboardScaleComponent keyboard { scale };
-    keyboard.setColour (KeyboardScaleComponent::backgroundColourId, juce::Colours::red);
+    keyboard.setColour (colourId::keyboardBackground, juce::Colours::red);
 
     for (const auto& [width, height] : { std::pair { 30, 100 }, { 30, 352 }, { 50, 1000 }, { 106, 2112 }, { 7, 333 } })
         for (int type = 0; type < FrequencyScale::numTypes; ++type)

@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 namespace mk::orlo::test
 {
 namespace
@@ -301,16 +303,39 @@ TEST_F (SpectrogramComponentTest, LeavingTheViewIsReported)
 
 TEST_F (SpectrogramComponentTest, AskingForDoubleResolutionDoublesThePicture)
 {
+    set (Params::id::drawMode, 1.0f); // Scroll
     show();
     view.setDoubleResolution (true);
     EXPECT_TRUE (pumpUntil (
         [this]
         {
             playNoise (2);
-            return builder.getFrontImage().getWidth() == 800;
+            const auto& picture = builder.getFrontImage();
+            return picture.getWidth() == 800 && picture.getPixelAt (600, 200).getBrightness() > 0.1f;
         }));
-    EXPECT_EQ (builder.getFrontImage().getHeight(), 400);
-    EXPECT_EQ (paintView().getWidth(), 400);
+
+    // No newer one comes while this one is looked at.
+    builder.stopThread (1000);
+    const auto picture = builder.getFrontImage();
+    ASSERT_EQ (picture.getHeight(), 400);
+
+    // Where a pixel of the window is two by two of the display's, each has one of the picture's own.
+    const auto painted = view.createComponentSnapshot (view.getLocalBounds(), true, 2.0f);
+    ASSERT_EQ (painted.getBounds(), picture.getBounds());
+    int numDifferent = 0;
+    std::set<juce::uint32> colours;
+
+    for (int y = 0; y < picture.getHeight(); ++y)
+    {
+        for (int x = 0; x < picture.getWidth(); ++x)
+        {
+            numDifferent += painted.getPixelAt (x, y) != picture.getPixelAt (x, y) ? 1 : 0;
+            colours.insert (picture.getPixelAt (x, y).getARGB());
+        }
+    }
+
+    EXPECT_EQ (numDifferent, 0);
+    EXPECT_GT (colours.size(), 10u) << "a picture of the noise, not an empty one";
 }
 
 TEST_F (SpectrogramComponentTest, DestroyingTheViewLeavesTheProcessorAtRest)

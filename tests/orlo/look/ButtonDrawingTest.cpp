@@ -3,6 +3,8 @@
 #include "orlo/look/PluginLookAndFeel.h"
 #include "orlo/parameters/Params.h"
 #include "orlo/style/OrloColours.h"
+#include "tests/support/MessageLoop.h"
+#include "tests/support/Screen.h"
 #include "tests/support/StyledWindow.h"
 
 #include <gtest/gtest.h>
@@ -93,6 +95,79 @@ TEST_F (ButtonDrawingTest, AConnectedButtonThatIsOnHasALineInTheFocusColour)
     EXPECT_LE (distance (draw (false, true).getPixelAt (50, 0), line), 1) << "down counts as on";
     button.setToggleState (true, juce::dontSendNotification);
     EXPECT_LE (distance (draw().getPixelAt (50, 0), line), 1);
+}
+
+/** Buttons in a window on the screen: only there can one of them have the keyboard. */
+class FocusedButtonTest : public ButtonDrawingTest
+{
+protected:
+    void SetUp() override
+    {
+        if (! test::Screen::getInstance().isAvailable())
+            GTEST_SKIP() << "no display";
+
+        window.add (bar, { 0, 100, 101, 40 });
+        window.show();
+    }
+
+    [[nodiscard]] static bool giveKeyboardTo (juce::Component& component)
+    {
+        // A window that is not on the screen yet cannot take it.
+        return test::pumpUntil (
+            [&]
+            {
+                component.grabKeyboardFocus();
+                return component.hasKeyboardFocus (false);
+            });
+    }
+
+    [[nodiscard]] bool isFrame (const juce::Image& image, int x, int y) const
+    {
+        return distance (image.getPixelAt (x, y), window.style.findColour (juce::ComboBox::focusedOutlineColourId))
+               <= 1;
+    }
+
+    juce::AudioProcessorGraph owner;
+    juce::AudioProcessorValueTreeState state { owner, nullptr, "PARAMS", Params::createLayout() };
+    ButtonBarComponent bar { state, Params::id::mode };
+};
+
+TEST_F (FocusedButtonTest, AButtonOfABarHasAFrameOfTwoPixelsOnAllSidesWhetherItIsOnOrOff)
+{
+    for (const auto index : { 0, 1 })
+    {
+        auto& focused = bar.getButton (index);
+        ASSERT_TRUE (giveKeyboardTo (focused));
+        const auto image = test::snapshotOf (bar);
+
+        // The other button's edge lies over the last pixel of the left one.
+        const auto seen = index == 0 ? focused.getBounds().withTrimmedRight (1) : focused.getBounds();
+        const auto middle = seen.getCentre();
+
+        for (const auto i : { 0, 1 })
+        {
+            SCOPED_TRACE (juce::String (index) + " " + juce::String (i));
+            EXPECT_TRUE (isFrame (image, middle.x, seen.getY() + i));
+            EXPECT_TRUE (isFrame (image, middle.x, seen.getBottom() - 1 - i));
+            EXPECT_TRUE (isFrame (image, seen.getX() + i, middle.y));
+            EXPECT_TRUE (isFrame (image, seen.getRight() - 1 - i, middle.y));
+        }
+
+        EXPECT_FALSE (isFrame (image, middle.x, seen.getY() + 3)) << "the face stays free";
+        EXPECT_FALSE (isFrame (image, bar.getButton (1 - index).getBounds().getCentreX(), 1)) << "the other one";
+    }
+}
+
+TEST_F (FocusedButtonTest, AButtonOfItsOwnHasTheFrameAlongItsEdge)
+{
+    EXPECT_FALSE (isFrame (test::snapshotOf (button), 50, 2));
+    ASSERT_TRUE (giveKeyboardTo (button));
+    const auto image = test::snapshotOf (button);
+    EXPECT_TRUE (isFrame (image, 50, 2));
+    EXPECT_TRUE (isFrame (image, 50, 37));
+    EXPECT_TRUE (isFrame (image, 2, 20));
+    EXPECT_TRUE (isFrame (image, 97, 20));
+    EXPECT_FALSE (isFrame (image, 50, 5));
 }
 
 TEST_F (ButtonDrawingTest, OnlyAFreeButtonOfABarHasAnOutline)

@@ -218,12 +218,12 @@ TEST_F (SliderDrawingTest, TheTextBoxHasTheSlidersColours)
     slider.setColour (juce::Slider::textBoxOutlineColourId, juce::Colours::pink);
     useAsButton();
 
-    EXPECT_EQ (textBox()->findColour (0x1000281), juce::Colours::red);
-    EXPECT_EQ (textBox()->findColour (0x1000280), juce::Colours::green);
-    EXPECT_EQ (textBox()->findColour (0x1000282), juce::Colours::pink);
-    EXPECT_EQ (textBox()->findColour (0x1000201), juce::Colours::red);
-    EXPECT_EQ (textBox()->findColour (0x1000202), juce::Colours::blue);
-    EXPECT_EQ (textBox()->findColour (0x1000205), juce::Colours::pink);
+    EXPECT_EQ (textBox()->findColour (juce::Label::textColourId), juce::Colours::red);
+    EXPECT_EQ (textBox()->findColour (juce::Label::backgroundColourId), juce::Colours::green);
+    EXPECT_EQ (textBox()->findColour (juce::Label::outlineColourId), juce::Colours::pink);
+    EXPECT_EQ (textBox()->findColour (juce::TextEditor::textColourId), juce::Colours::red);
+    EXPECT_EQ (textBox()->findColour (juce::TextEditor::highlightColourId), juce::Colours::blue);
+    EXPECT_EQ (textBox()->findColour (juce::TextEditor::outlineColourId), juce::Colours::pink);
 }
 
 TEST_F (SliderDrawingTest, ADisabledValueStaysEightyPercentStrong)

@@ -16,16 +16,23 @@ TEST (OrloColoursTest, TheProductsFixedColoursAreAsAgreed)
 {
     const PluginLookAndFeel style;
     const std::pair<int, juce::uint32> expected[] {
-        { 0x2731072, 0xFF232323 }, { 0x2733209, 0xFF101010 }, { 0x2733300, 0xFF101010 }, { 0x2733301, 0xFFBBBBBB },
-        { 0x2733302, 0xFF101010 }, { 0x2733303, 0xFF101010 }, { 0x2733304, 0xFFFFFFFF }, { 0x8994010, 0x80808080 },
+        { colourId::controlBackground, 0xFF232323 },  { colourId::rulerBackground, 0xFF101010 },
+        { colourId::keyboardBackground, 0xFF101010 }, { colourId::keyboardWhiteKey, 0xFFBBBBBB },
+        { colourId::keyboardBlackKey, 0xFF101010 },   { colourId::keyboardSeparator, 0xFF101010 },
+        { colourId::keyboardHighlight, 0xFFFFFFFF },  { colourId::cornerGrip, 0x80808080 },
     };
 
     for (const auto& [id, argb] : expected)
         EXPECT_EQ (style.findColour (id).getARGB(), argb) << std::hex << id;
 
-    EXPECT_EQ (style.findColour (0x2733305), juce::Colour (0xFF555555).darker (0.1f));
+    EXPECT_EQ (style.findColour (colourId::keyboardLabel), juce::Colour (0xFF555555).darker (0.1f));
 
-    for (const auto id : { 0x2731200, 0x2731233, 0x2731333, 0x2765412, 0x2765413, 0x2739812 })
+    for (const int id : std::initializer_list<int> { colourId::sideBarBackground,
+                                                     colourId::buttonBarFrame,
+                                                     colourId::barButtonOutline,
+                                                     colourId::readoutBackground,
+                                                     colourId::readoutText,
+                                                     colourId::arrowsBackground })
         EXPECT_TRUE (style.isColourSpecified (id)) << std::hex << id;
 }
 

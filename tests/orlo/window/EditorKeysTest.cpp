@@ -206,6 +206,56 @@ TEST_F (EditorKeysTest, EachKindOfSettingIsUsedByKeys)
     EXPECT_TRUE (waitUntilNoMenu());
 }
 
+TEST_F (EditorKeysTest, ASliderIsOneStopOfTheTabKey)
+{
+    window->getMain().setSettingsWanted (true);
+    ASSERT_TRUE (window->moveAway());
+    auto& speed = getSetting<juce::Slider> ("speedSlider");
+    ASSERT_TRUE (tabTo (speed));
+
+    for (const auto* const id : { "maxFreqSlider", "minFreqSlider" })
+    {
+        ASSERT_TRUE (pressTab());
+        EXPECT_EQ (getFocus(), &getSetting<juce::Slider> (id)) << id;
+    }
+}
+
+TEST_F (EditorKeysTest, ReturnEditsTheTextOfASliderAndGivesTheKeyboardBackToIt)
+{
+    window->getMain().setSettingsWanted (true);
+    ASSERT_TRUE (window->moveAway());
+    auto& slider = getSetting<juce::Slider> ("speedSlider");
+    const auto isEdited = [&] { return dynamic_cast<juce::TextEditor*> (getFocus()) != nullptr; };
+
+    for (const auto& [digit, lastKey] : { std::pair (0x37ul, Screen::returnKey), { 0x39ul, Screen::escapeKey } })
+    {
+        ASSERT_TRUE (tabTo (slider));
+        window->typeKey (Screen::returnKey);
+        ASSERT_TRUE (pumpUntil (isEdited));
+        EXPECT_TRUE (slider.isParentOf (getFocus()));
+
+        // What is typed takes the place of the whole text.
+        window->typeKey (digit);
+        ASSERT_TRUE (pumpUntil (
+            [&] { return isEdited() && dynamic_cast<juce::TextEditor&> (*getFocus()).getText().length() == 1; }));
+        window->typeKey (lastKey);
+        EXPECT_TRUE (pumpUntil ([&] { return getFocus() == &slider; }));
+        EXPECT_NEAR (get (Params::id::speed), 7.0f, 1.0e-3f) << "Escape takes back what was typed";
+    }
+}
+
+TEST_F (EditorKeysTest, TabInTheTextOfASliderGoesOnToTheNextOne)
+{
+    window->getMain().setSettingsWanted (true);
+    ASSERT_TRUE (window->moveAway());
+    auto& slider = getSetting<juce::Slider> ("speedSlider");
+    ASSERT_TRUE (tabTo (slider));
+    window->typeKey (Screen::returnKey);
+    ASSERT_TRUE (pumpUntil ([&] { return slider.isParentOf (getFocus()); }));
+    window->typeKey (Screen::tabKey);
+    EXPECT_TRUE (pumpUntil ([this] { return getFocus() == &getSetting<juce::Slider> ("maxFreqSlider"); }));
+}
+
 TEST_F (EditorKeysTest, TheTabKeyReachesTheViewButtonAndReturnUsesIt)
 {
     ASSERT_TRUE (window->moveAway());

@@ -18,6 +18,22 @@ TEST (FrequencyTextTest, ReadsAsWholeHertz)
     EXPECT_EQ (frequencyText::fromPercent (2.0, 48000.0), "480 Hz");
 }
 
+TEST (FrequencyTextTest, HasItsUnitInTheUsersLanguage)
+{
+    struct Language
+    {
+        Language()
+        {
+            juce::LocalisedStrings::setCurrentMappings (new juce::LocalisedStrings ("\"Hz\" = \"hertz\"", false));
+        }
+        ~Language() { juce::LocalisedStrings::setCurrentMappings (nullptr); }
+    };
+
+    const Language language;
+    EXPECT_EQ (frequencyText::fromPercent (50.0, 44100.0), "11025 hertz");
+    EXPECT_DOUBLE_EQ (frequencyText::toPercent ("11025 hertz", 44100.0), 50.0);
+}
+
 TEST (FrequencyTextTest, IsTypedAsANumber)
 {
     EXPECT_DOUBLE_EQ (frequencyText::toPercent ("11025", 44100.0), 50.0);

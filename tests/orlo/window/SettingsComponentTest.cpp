@@ -5,6 +5,8 @@
 #include "orlo/parameters/Params.h"
 #include "orlo/window/SettingsLayout.h"
 #include "plugin_core/style/StyleProperties.h"
+#include "plugin_core/style/Palette.h"
+#include "plugin_core/style/icons/IconDrawable.h"
 #include "tests/support/MessageLoop.h"
 #include "tests/support/StyledWindow.h"
 
@@ -221,6 +223,21 @@ TEST_F (SettingsComponentTest, GivesEveryControlItsHelpText)
     expectTips ("drawModeBar",
                 "Show a looping spectrogram that updates in place",
                 "Scroll the spectrogram continuously from right to left");
+}
+
+TEST_F (SettingsComponentTest, ToggleIconsHaveTheAccentColourWhileTheyAreOn)
+{
+    for (const auto* const id : { "autoFreezeToggle", "keyboardToggle", "rulerToggle" })
+    {
+        auto& button = inner<juce::DrawableButton> (id);
+
+        for (const auto isOn : { false, true })
+        {
+            button.setToggleState (isOn, juce::sendNotificationSync);
+            const auto colour = dynamic_cast<pluginCore::IconDrawable&> (*button.getCurrentImage()).getColour();
+            EXPECT_EQ (colour, juce::Colour (isOn ? pluginCore::palette::accent : pluginCore::palette::text)) << id;
+        }
+    }
 }
 
 TEST_F (SettingsComponentTest, KeepsTheHelpOfATogglesInBothStates)

@@ -5,6 +5,7 @@
 #include "orlo/processor/AudioPluginAudioProcessor.h"
 #include "orlo/processor/LocalisedStringsManager.h"
 #include "orlo/window/SideBarComponent.h"
+#include "orlo/parameters/Params.h"
 #include "tests/support/MenuRows.h"
 #include "tests/support/TemporaryHome.h"
 #include "tests/support/TestPluginEditor.h"
@@ -114,6 +115,68 @@ TEST_P (SettingsLanguageTest, AllThatCanBeReadIsTranslated)
 
     // A few words are the same in two languages.
     EXPECT_GT (numChanged, int (english.size()) * 9 / 10);
+}
+
+/** The words that a control offers, or shows. */
+[[nodiscard]] juce::StringArray readChoices (juce::Component& component)
+{
+    juce::StringArray words;
+
+    if (auto* const bar = dynamic_cast<ButtonBarComponent*> (&component))
+        for (int i = 0; i < bar->getNumButtons(); ++i)
+            words.add (bar->getButton (i).getButtonText());
+
+    if (auto* const control = dynamic_cast<pluginCore::PluginComboBoxControl*> (&component))
+        for (int i = 0; i < control->getComboBox().getNumItems(); ++i)
+            words.add (control->getComboBox().getItemText (i));
+
+    if (auto* const label = dynamic_cast<RetinaParamLabel*> (&component))
+        words.add (label->getText());
+
+    return words;
+}
+
+TEST_P (SettingsLanguageTest, ChoicesAreTranslatedInTheWindowAndStayEnglishForTheHost)
+{
+    const auto translated = TranslationFile ("product", GetParam()).pairs;
+    LocalisedStringsManager().setLanguage (GetParam());
+    SettingsComponent panel (editor, processor);
+
+    for (const auto& [place, id] : { std::pair ("modeBar", Params::id::mode),
+                                     { "drawModeBar", Params::id::drawMode },
+                                     { "hiDPILabel", Params::id::hiDPI },
+                                     { "scaleBox", Params::id::freqScale },
+                                     { "fftSizeBox", Params::id::fftSize } })
+    {
+        const auto& parameter = *processor.getParameterState().getParameter (id);
+        const auto& english = dynamic_cast<const juce::AudioParameterChoice&> (parameter).choices;
+        const auto words = readChoices (*panel.findChildWithID (place));
+        ASSERT_GE (words.size(), 1) << place;
+
+        for (int i = 0; i < words.size(); ++i)
+        {
+            const auto found = std::find_if (
+                translated.begin(), translated.end(), [&] (const auto& pair) { return pair.first == english[i]; });
+            EXPECT_EQ (words[i], found != translated.end() ? found->second : english[i]) << place;
+            EXPECT_EQ (parameter.getText (parameter.convertTo0to1 (float (i)), 0), english[i]) << place;
+        }
+    }
+
+    EXPECT_TRUE (juce::StringArray ({ "Classique", "Clásico", "Clássico", "Classico" })
+                     .contains (readChoices (*panel.findChildWithID ("modeBar"))[0]));
+    EXPECT_FALSE (readChoices (*panel.findChildWithID ("drawModeBar")).contains ("Static"));
+}
+
+TEST_P (SettingsLanguageTest, SwitchesStayEnglishForTheHost)
+{
+    LocalisedStringsManager().setLanguage (GetParam());
+    EXPECT_NE (juce::translate ("On"), "On") << "the word itself is known";
+
+    for (const auto* const id : { Params::id::freeze, Params::id::ruler, Params::id::keyboard, Params::id::autoFreeze })
+    {
+        EXPECT_EQ (processor.getParameterState().getParameter (id)->getText (0.0f, 0), "Off") << id;
+        EXPECT_EQ (processor.getParameterState().getParameter (id)->getText (1.0f, 0), "On") << id;
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P (EveryLanguage,

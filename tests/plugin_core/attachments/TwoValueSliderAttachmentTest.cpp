@@ -128,14 +128,36 @@ TEST_F (TwoValueSliderAttachmentTest, TheRightButtonWritesNothing)
 
 TEST_F (TwoValueSliderAttachmentTest, IdsThatNameNoParameterAreLeftOut)
 {
-    for (const auto& ids :
-         { juce::StringArray(), juce::StringArray ("nothing", "ceiling"), juce::StringArray ("floor") })
+    struct Case
     {
+        juce::StringArray ids;
+        const char *heardOfFloor, *heardOfCeiling;
+    };
+
+    // What a drag of the maximum's thumb does to the parameters.
+    for (const auto& [ids, heardOfFloor, heardOfCeiling] :
+         { Case { {}, "", "" }, { { "nothing", "ceiling" }, "", "[.]" }, { { "floor" }, ".", "" } })
+    {
+        SCOPED_TRACE (ids.joinIntoString (" "));
+        processor.setValue ("floor", -100.0f);
+        processor.setValue ("ceiling", 0.0f);
         juce::Slider other { juce::Slider::TwoValueHorizontal, juce::Slider::NoTextBox };
+        other.setRange (-140.0, 0.0);
+        other.setMinAndMaxValues (-100.0, 0.0, juce::dontSendNotification);
         const TwoValueSliderAttachment lame { state, ids, other };
-        const juce::Slider::ScopedDragNotification notification (other);
-        other.setMinAndMaxValues (-50.0, -20.0, juce::sendNotificationSync);
+        static_cast<void> (floor.take());
+        static_cast<void> (ceiling.take());
+
+        {
+            const juce::Slider::ScopedDragNotification notification (other);
+            other.setMinAndMaxValues (-50.0, -20.0, juce::sendNotificationSync);
+        }
+
+        EXPECT_EQ (floor.take(), heardOfFloor);
+        EXPECT_EQ (ceiling.take(), heardOfCeiling);
+
         processor.setValue ("floor", -90.0f);
+        EXPECT_NEAR (other.getMinValue(), ids.contains ("floor") ? -90.0 : -50.0, 1.0e-3);
     }
 }
 

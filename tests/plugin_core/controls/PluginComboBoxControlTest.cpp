@@ -42,6 +42,18 @@ protected:
     orlo::test::GestureRecorder heard { processor.getParameter ("choice") };
 };
 
+TEST_F (PluginComboBoxControlTest, TheEntriesAreTranslatedAndTheParametersTextsAreNot)
+{
+    juce::LocalisedStrings::setCurrentMappings (new juce::LocalisedStrings ("\"B\" = \"deux\"", false));
+    PluginComboBoxControl translated { processor, "choice" };
+    juce::LocalisedStrings::setCurrentMappings (nullptr);
+
+    EXPECT_EQ (translated.getComboBox().getText(), "deux");
+    EXPECT_EQ (processor.getParameter ("choice").getCurrentValueAsText(), "B");
+    translated.getComboBox().setSelectedId (3, juce::sendNotificationSync);
+    EXPECT_FLOAT_EQ (processor.getValue ("choice"), 2.0f);
+}
+
 TEST_F (PluginComboBoxControlTest, TheEntriesAreTheChoicesWithIdsFromOne)
 {
     auto& box = control.getComboBox();

@@ -310,9 +310,25 @@ TEST_F (PluginSliderControlTest, AMessageToALostLabelDoesNothing)
 {
     auto shortLived =
         std::make_unique<PluginSliderControl> (processor, juce::StringArray { "floor", "ceiling" }, juce::String());
+    auto numTextsAsked = 0;
+    shortLived->getSlider().textFromValueFunction = [&numTextsAsked] (double)
+    {
+        ++numTextsAsked;
+        return juce::String();
+    };
+
+    // A message on its way asks for the text of its value.
     processor.setValue ("floor", -77.0f);
+    numTextsAsked = 0;
+    pumpPending();
+    EXPECT_GT (numTextsAsked, 0);
+
+    processor.setValue ("floor", -78.0f);
+    numTextsAsked = 0;
     shortLived.reset();
     pumpPending();
+    EXPECT_EQ (numTextsAsked, 0);
+    EXPECT_FLOAT_EQ (processor.getValue ("floor"), -78.0f);
 }
 
 TEST_F (PluginSliderControlTest, TheNearestThumbIsRememberedAndTheMaximumWinsAtEqualDistance)

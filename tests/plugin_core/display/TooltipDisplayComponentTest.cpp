@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "plugin_core/display/TooltipDisplayComponent.h"
 
+#include "plugin_core/style/ColourIds.h"
+#include "plugin_core/look/LookAndFeel.h"
 #include "tests/support/MessageLoop.h"
 #include "tests/support/Painting.h"
 #include "tests/support/TestEditor.h"
@@ -135,9 +137,9 @@ TEST (TooltipDisplayComponent, SurvivesTheEndOfTheControlItShows)
 TEST (TooltipDisplayComponent, HasADefaultTextInItsOwnColour)
 {
     LineInEditor test;
-    test.line.setColour (TooltipDisplayComponent::textColourId, juce::Colours::green);
-    test.line.setColour (TooltipDisplayComponent::boldTextColourId, juce::Colours::yellow);
-    test.line.setColour (TooltipDisplayComponent::defaultTextColourId, juce::Colours::blue);
+    test.line.setColour (colourId::tooltipText, juce::Colours::green);
+    test.line.setColour (colourId::tooltipBoldText, juce::Colours::yellow);
+    test.line.setColour (colourId::tooltipDefaultText, juce::Colours::blue);
     test.line.setDefaultText ("Drag to measure **nothing bold here**");
 
     const auto& text = test.line.getAttributedText();
@@ -172,9 +174,9 @@ TEST (TooltipDisplayComponent, IsOpaqueAsLongAsItsGroundIs)
 {
     TooltipDisplayComponent line;
     EXPECT_TRUE (line.isOpaque());
-    line.setColour (TooltipDisplayComponent::backgroundColourId, juce::Colour { 0x80111111 });
+    line.setColour (colourId::tooltipBackground, juce::Colour { 0x80111111 });
     EXPECT_FALSE (line.isOpaque());
-    line.setColour (TooltipDisplayComponent::backgroundColourId, juce::Colours::darkgrey);
+    line.setColour (colourId::tooltipBackground, juce::Colours::darkgrey);
     EXPECT_TRUE (line.isOpaque());
 }
 
@@ -204,6 +206,20 @@ TEST (TooltipDisplayComponent, PaintsItsTextWholeInsideTheLineAtAnySize)
         EXPECT_TRUE (findBandsOfRows (image, ground, { 0, margin }).empty());
         EXPECT_TRUE (findBandsOfRows (image, ground, { margin + width, image.getWidth() }).empty());
     }
+}
+
+TEST (TooltipDisplayComponent, IsSetInTheFaceOfPlainText)
+{
+    LookAndFeel style;
+    LineInEditor test;
+    test.editor.setLookAndFeel (&style);
+    test.line.showTipOf (&test.control);
+    const auto& text = test.line.getAttributedText();
+    ASSERT_EQ (text.getNumAttributes(), 2);
+    EXPECT_EQ (text.getAttribute (0).font.getTypefacePtr(), style.getFont (LookAndFeel::Face::bold).getTypefacePtr());
+    EXPECT_EQ (text.getAttribute (1).font.getTypefacePtr(),
+               style.getFont (LookAndFeel::Face::semiBold).getTypefacePtr());
+    test.editor.setLookAndFeel (nullptr);
 }
 
 TEST (TooltipDisplayComponent, WithoutATextPaintsItsGroundAlone)

@@ -101,13 +101,26 @@ TEST (TranslationTexts, HaveNoEmptyOrPaddedValue)
         });
 }
 
-TEST (TranslationTexts, KeepPlaceholdersDotsAndTheNamesOfScales)
+TEST (TranslationTexts, NameTheScalesInTheHelpAsTheBoxDoes)
+{
+    for (const auto& code : getLanguageCodes())
+    {
+        const TranslationFile text ("product", code);
+        const std::map<juce::String, juce::String> values (text.pairs.begin(), text.pairs.end());
+        const auto scales = "(" + values.at ("Linear") + ", Log, Mel, Bark, ERB)";
+        EXPECT_TRUE (values.at ("Choose how frequencies are distributed vertically (Linear, Log, Mel, Bark, ERB)")
+                         .contains (scales))
+            << code;
+    }
+}
+
+TEST (TranslationTexts, KeepPlaceholdersAndDots)
 {
     forEachText (
         [] (const juce::String&, const juce::String&, const TranslationFile& text)
         {
             for (const auto& [key, value] : text.pairs)
-                for (const auto* const part : { "FLNM", "\\n", "...", "**", "(Linear, Log, Mel, Bark, ERB)" })
+                for (const auto* const part : { "FLNM", "\\n", "...", "**" })
                     EXPECT_EQ (count (key, part), count (value, part)) << key << ": " << part;
         });
 }

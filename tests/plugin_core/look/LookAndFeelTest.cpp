@@ -111,9 +111,11 @@ TEST (FilledPathButtonTest, ThePathIsFilledInTheColourOfTheState)
     button.setColour (colourId::pathButtonBackgroundOver, juce::Colours::transparentBlack);
     button.setColour (colourId::pathButtonBackgroundDown, juce::Colours::transparentBlack);
 
-    const std::pair<juce::Button::ButtonState, int> states[] { { juce::Button::buttonNormal, 0x1320103 },
-                                                               { juce::Button::buttonOver, 0x1320104 },
-                                                               { juce::Button::buttonDown, 0x1320105 } };
+    const std::pair<juce::Button::ButtonState, int> states[] {
+        { juce::Button::buttonNormal, colourId::pathButtonPath },
+        { juce::Button::buttonOver, colourId::pathButtonPathOver },
+        { juce::Button::buttonDown, colourId::pathButtonPathDown }
+    };
 
     for (const auto& [state, id] : states)
     {

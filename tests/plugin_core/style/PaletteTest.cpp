@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "plugin_core/style/Palette.h"
+#include "plugin_core/style/ColourIds.h"
 #include "plugin_core/look/LookAndFeel.h"
 
 #include <gtest/gtest.h>
@@ -14,10 +15,13 @@ TEST (PaletteTest, TheFrameworksFixedColoursAreAsAgreed)
 {
     const LookAndFeel style;
     const std::pair<int, juce::uint32> expected[] {
-        { 0xC89320, 0xFF111111 },  { 0xC89321, 0xFFEEEEEE },  { 0xC89B10, 0xFF111111 },  { 0xC89B11, 0xFFEEEEEE },
-        { 0xCBDEF31, 0xFF0C0C0C }, { 0xCBDEF32, 0xFFEEEEEE }, { 0xC32AADA, 0xFF111111 }, { 0xC32AADB, 0xFFAAAAAA },
-        { 0xC32AADC, 0xFFF2F2F2 }, { 0x6780200, 0xFF0C0C0C }, { 0xC324433, 0xFF111111 }, { 0xC321192, 0xFF111111 },
-        { 0xC19910, 0xFF111111 },
+        { colourId::overlayBackground, 0xFF111111 },    { colourId::overlayText, 0xFFEEEEEE },
+        { colourId::dialogBackground, 0xFF111111 },     { colourId::dialogText, 0xFFEEEEEE },
+        { colourId::textViewBackground, 0xFF0C0C0C },   { colourId::textViewOutline, 0xFFEEEEEE },
+        { colourId::tooltipBackground, 0xFF111111 },    { colourId::tooltipText, 0xFFAAAAAA },
+        { colourId::tooltipBoldText, 0xFFF2F2F2 },      { colourId::ground, 0xFF0C0C0C },
+        { colourId::presetsBarBackground, 0xFF111111 }, { colourId::headerBackground, 0xFF111111 },
+        { colourId::fileListBackground, 0xFF111111 },
     };
 
     for (const auto& [id, argb] : expected)
@@ -28,25 +32,25 @@ TEST (PaletteTest, EveryFrameworkIdHasAColour)
 {
     const LookAndFeel style;
 
-    for (const auto id : { 0xCEF0210,
-                           0xCEF14A0,
-                           0xCBDEF33,
-                           0xC32AADD,
-                           0xC32AADE,
-                           0x1004011,
-                           0x1004012,
-                           0x1004013,
-                           0xC324434,
-                           0xC321193,
-                           0xC321194,
-                           0xC19911,
-                           0x1320100,
-                           0x1320101,
-                           0x1320102,
-                           0x1320103,
-                           0x1320104,
-                           0x1320105,
-                           0x1320106 })
+    for (const int id : std::initializer_list<int> { colourId::focusOutline,
+                                                     colourId::linkText,
+                                                     colourId::textViewText,
+                                                     colourId::tooltipDefaultText,
+                                                     colourId::tooltipOutline,
+                                                     juce::DrawableButton::backgroundColourId,
+                                                     juce::DrawableButton::backgroundOnColourId,
+                                                     juce::DrawableButton::textColourOnId,
+                                                     colourId::presetsBarText,
+                                                     colourId::headerText,
+                                                     colourId::headerOutline,
+                                                     colourId::fileListSecondaryText,
+                                                     colourId::pathButtonBackground,
+                                                     colourId::pathButtonBackgroundOver,
+                                                     colourId::pathButtonBackgroundDown,
+                                                     colourId::pathButtonPath,
+                                                     colourId::pathButtonPathOver,
+                                                     colourId::pathButtonPathDown,
+                                                     colourId::pathButtonFocusOutline })
         EXPECT_TRUE (style.isColourSpecified (id)) << std::hex << id;
 }
 
@@ -56,6 +60,9 @@ TEST (PaletteTest, NoIdIsSetTwice)
 
     for (const auto& setting : getFrameworkColours())
         EXPECT_TRUE (seen.insert (setting.id).second) << std::hex << setting.id;
+
+    EXPECT_TRUE (seen.contains (colourId::overlayBackground));
+    EXPECT_TRUE (seen.contains (juce::DirectoryContentsDisplayComponent::highlightedTextColourId));
 }
 
 TEST (PaletteTest, ARaisedColourHasEachChannelMovedTowardsItsInverse)
