@@ -60,6 +60,9 @@ public:
     void mouseDown (const juce::MouseEvent&) override {}
     void broughtToFront() override;
 
+    /** While the notice is open, Tab leads into it. */
+    bool keyPressed (const juce::KeyPress& key) override;
+
     //==============================================================================
     /** Gives the complete window its first size, within its limits. Until then no size is remembered as the
         user's. Called once, by PluginProcessor::createEditor(). */
