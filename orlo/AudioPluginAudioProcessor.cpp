@@ -6,7 +6,7 @@
 #include "Params.h"
 #include "Product.h"
 
-#include "plugin_core/state/NumberText.h"
+#include "plugin_core/text/NumberText.h"
 
 namespace mk::orlo
 {
