@@ -107,7 +107,7 @@ TEST (TranslationTexts, KeepPlaceholdersDotsAndTheNamesOfScales)
         [] (const juce::String&, const juce::String&, const TranslationFile& text)
         {
             for (const auto& [key, value] : text.pairs)
-                for (const auto* const part : { "FLNM", "\\n", "...", "**", "(Linear, Log, Mel, Bark, ERB)" })
+                for (const auto* const part : { "FLNM", "%s", "\\n", "...", "**", "(Linear, Log, Mel, Bark, ERB)" })
                     EXPECT_EQ (count (key, part), count (value, part)) << key << ": " << part;
         });
 }
