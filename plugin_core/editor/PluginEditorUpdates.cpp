@@ -68,6 +68,9 @@ void PluginEditor::closeUpdateNotice()
 
     // Last, so that the keyboard finds the way back to the content.
     updateChangeLogComponent.setVisible (false);
+
+    if (hasKeyboardFocus (false))
+        grabKeyboardFocus();
 }
 
 bool PluginEditor::keyPressed (const juce::KeyPress& key)

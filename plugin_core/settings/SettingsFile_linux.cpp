@@ -22,9 +22,8 @@ namespace
         && std::rename (from.getFullPathName().toRawUTF8(), to.getFullPathName().toRawUTF8()) == 0)
         return true;
 
-    // The two places may lie on different disks. What stays behind is never looked at again. A pipe has no
-    // size, and reading it might never end.
-    if (from.getSize() < 1 || ! replaceFileContent (to, from.loadFileAsString()))
+    // The two places may lie on different disks. What stays behind is never looked at again.
+    if (! replaceFileContent (to, from.loadFileAsString()))
         return false;
 
     from.deleteFile();
@@ -45,7 +44,10 @@ juce::File findSettingsFile (const juce::PropertiesFile::Options& options)
     const auto file =
         getConfigurationFolder().getChildFile (options.folderName).getChildFile (formerFile.getFileName());
 
-    if (file == formerFile || file.exists() || ! formerFile.existsAsFile())
+    // A pipe or a device has no size, and reading it might never end.
+    const auto isThere = formerFile.existsAsFile() && formerFile.getSize() > 0;
+
+    if (file == formerFile || file.exists() || ! isThere)
         return file;
 
     // Another process may have moved it in between.

@@ -175,7 +175,7 @@ TEST_F (TypedPresetName, OfAPresetThatIsThereAsksAndReplacesIt)
     const auto file = processor->writePreset ("mine.mkpreset", {});
     const auto content = file.loadFileAsString();
     ASSERT_TRUE (saveAs ("mine"));
-    ASSERT_TRUE (answer ("Overwrite"));
+    ASSERT_TRUE (answer (juce::translate ("Overwrite")));
 
     EXPECT_EQ (getPresets().getCurrentPresetFile(), file);
     EXPECT_NE (file.loadFileAsString(), content);
@@ -188,7 +188,7 @@ TEST_F (TypedPresetName, OfAPresetThatIsThereAsksAndLeavesItAsItIs)
     const auto file = processor->writePreset ("mine.mkpreset", {});
     const auto content = file.loadFileAsString();
     ASSERT_TRUE (saveAs ("mine"));
-    ASSERT_TRUE (answer ("Cancel"));
+    ASSERT_TRUE (answer (juce::translate ("Cancel")));
 
     EXPECT_EQ (getPresets().getCurrentPresetFile(), juce::File());
     EXPECT_EQ (file.loadFileAsString(), content);
