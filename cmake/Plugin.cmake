@@ -46,7 +46,8 @@ if (CMAKE_SYSTEM_NAME STREQUAL "Linux")
     add_dependencies (Orlo_VST3 juce_vst3_helper)
     add_custom_command (TARGET Orlo_VST3 POST_BUILD
         COMMAND "${CMAKE_COMMAND}" -E make_directory "${bundle}/Contents/Resources"
-        COMMAND "${CMAKE_COMMAND}" -E env "HOME=${build_home}" "XDG_DATA_DIRS=${build_home}/share"
+        COMMAND "${CMAKE_COMMAND}" -E env --unset=XDG_CONFIG_HOME "HOME=${build_home}"
+            "XDG_DATA_DIRS=${build_home}/share"
             "$<TARGET_FILE:juce_vst3_helper>" -create -version "${PROJECT_VERSION}"
             -path "${bundle}" -output "${bundle}/Contents/Resources/moduleinfo.json"
         VERBATIM)

@@ -5,7 +5,7 @@
 #include "Product.h"
 #include "orlo/parameters/Params.h"
 
-#include "plugin_core/state/NumberText.h"
+#include "plugin_core/text/NumberText.h"
 
 namespace mk::orlo
 {

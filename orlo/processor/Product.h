@@ -19,7 +19,7 @@ inline constexpr auto vendorSite = ORLO_VENDOR_SITE;
 [[nodiscard]] inline juce::URL getManualUrl (const pluginCore::PluginProcessor& processor)
 {
     return juce::URL (processor.getReleaseNotesUrl())
-        .getChildURL ("manual.html?s=orlo&v=" + processor.getProductInfo().version.removeCharacters (" "));
+        .getChildURL ("manual.html?s=orlo&v=" + processor.getProductInfo().version.removeCharacters (" \t\r\n"));
 }
 
 } // namespace mk::orlo

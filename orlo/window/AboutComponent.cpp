@@ -52,7 +52,7 @@ AboutComponent::AboutComponent (const pluginCore::PluginProcessor& processor)
     websiteLabel.addMouseListener (this, false);
     websiteLabel.onPress = [this] { openHomePage(); };
 
-    setTitle (juce::translate ("About") + " " + processor.getName());
+    setTitle (juce::translate ("About %s").replace ("%s", processor.getName()));
     setWantsKeyboardFocus (true);
     setOpaque (true);
     applyColours();

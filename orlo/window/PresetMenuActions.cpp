@@ -2,6 +2,7 @@
 #include "PresetMenuActions.h"
 
 #include "orlo/parameters/Params.h"
+#include "orlo/processor/Product.h"
 
 #include "plugin_core/attachments/UndoFlush.h"
 #include "plugin_core/presets/PresetReference.h"
@@ -39,15 +40,9 @@ void PresetMenuActions::perform (int id, const PresetMenu& menu)
         case PresetMenu::init: loadInit(); break;
         case PresetMenu::setAsDefault: setAsDefault (menu.currentPresetFile); break;
         case PresetMenu::revealFolder: showFolder (presets.getUserFolder()); break;
-        case PresetMenu::manual: showPage (getManualUrl()); break;
+        case PresetMenu::manual: showPage (getManualUrl (processor)); break;
         default: presets.loadPresetFile (menu.getPresetFile (id), &processor.getUndoManager()); break;
     }
-}
-
-juce::URL PresetMenuActions::getManualUrl() const
-{
-    const auto version = processor.getProductInfo().version.removeCharacters (" \t\r\n");
-    return juce::URL (processor.getReleaseNotesUrl()).getChildURL ("manual.html?s=orlo&v=" + version);
 }
 
 void PresetMenuActions::save()

@@ -26,9 +26,6 @@ public:
         gives. The menu is the one that the user saw. */
     void perform (int id, const pluginCore::PresetMenu& menu);
 
-    /** The page of the manual for this version. */
-    [[nodiscard]] juce::URL getManualUrl() const;
-
     /** How a page and a folder are shown; by the system's browser and file manager unless set. */
     std::function<void (const juce::URL&)> showPage;
     std::function<void (const juce::File&)> showFolder;

@@ -59,6 +59,9 @@ public:
     void mouseDown (const juce::MouseEvent&) override {}
     void broughtToFront() override;
 
+    /** While the notice is open, Tab leads into it. */
+    bool keyPressed (const juce::KeyPress& key) override;
+
     //==============================================================================
     void open (int width, int height) override;
 

@@ -84,12 +84,12 @@ void PresetsManager::goBackTo (const juce::File& previousFile, const juce::XmlEl
 void PresetsManager::savePresetFile (const juce::File& file, bool reloadAfterSaving)
 {
     setCurrentPresetFile (file);
-    replaceFileContent (file, pluginState.getStateXml (false)->toString());
+    const auto isWritten = replaceFileContent (file, pluginState.getStateXml (false)->toString());
 
-    if (reloadAfterSaving)
-        loadPresetFile (file, &pluginState.getUndoManager());
-    else
+    if (! reloadAfterSaving)
         setDirty (false);
+    else if (isWritten)
+        loadPresetFile (file, &pluginState.getUndoManager());
 }
 
 void PresetsManager::savePresetAs (bool reloadAfterSaving)
@@ -97,6 +97,7 @@ void PresetsManager::savePresetAs (bool reloadAfterSaving)
     constexpr auto flags = juce::FileBrowserComponent::saveMode | juce::FileBrowserComponent::canSelectFiles
                            | juce::FileBrowserComponent::warnAboutOverwriting;
 
+    overwriteQuestion.close();
     fileChooser = std::make_unique<juce::FileChooser> ("save...", getFolderToSaveIn(), "*" + folders.fileExtension);
     fileChooser->launchAsync (flags,
                               [this, reloadAfterSaving] (const juce::FileChooser& chooser)
@@ -121,12 +122,38 @@ void PresetsManager::saveChosenFile (const juce::File& chosenFile, bool reloadAf
     if (chosenFile == juce::File())
         return;
 
-    auto file = chosenFile;
-
     // Without the extension the menu would never show the preset again.
-    if (! file.hasFileExtension (folders.fileExtension))
-        file = juce::File (file.getFullPathName() + folders.fileExtension).getNonexistentSibling();
+    const auto isComplete = chosenFile.hasFileExtension (folders.fileExtension);
+    const auto file = isComplete ? chosenFile : juce::File (chosenFile.getFullPathName() + folders.fileExtension);
 
+    // The dialog has looked for the name as it was typed.
+    if (! isComplete && file.exists())
+        askToOverwrite (file, reloadAfterSaving);
+    else
+        saveAndRemember (file, reloadAfterSaving);
+}
+
+void PresetsManager::askToOverwrite (const juce::File& file, bool reloadAfterSaving)
+{
+    const auto question =
+        juce::translate ("There's already a file called: FLNM").replace ("FLNM", file.getFullPathName()) + "\n\n"
+        + juce::translate ("Are you sure you want to overwrite it?");
+    const auto options = juce::MessageBoxOptions::makeOptionsOkCancel (juce::MessageBoxIconType::WarningIcon,
+                                                                       juce::translate ("File already exists"),
+                                                                       question,
+                                                                       juce::translate ("Overwrite"),
+                                                                       juce::translate ("Cancel"));
+
+    overwriteQuestion = juce::AlertWindow::showScopedAsync (options,
+                                                            [this, file, reloadAfterSaving] (int answer)
+                                                            {
+                                                                if (answer != 0)
+                                                                    saveAndRemember (file, reloadAfterSaving);
+                                                            });
+}
+
+void PresetsManager::saveAndRemember (const juce::File& file, bool reloadAfterSaving)
+{
     if (file.isAChildOf (getUserFolder()))
         lastSaveFolder = file.getParentDirectory();
 

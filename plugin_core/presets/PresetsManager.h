@@ -45,7 +45,8 @@ public:
     bool loadPresetFile (const juce::File& file, juce::UndoManager* undoManager);
 
     /** Writes the state and makes the file the current one, whether the write succeeds or not. Reloading
-        puts the new file at once into the processor's undo history. */
+        puts the new file at once into the processor's undo history; what could not be written is not loaded,
+        since an older file of that name would take the place of the user's settings. */
     void savePresetFile (const juce::File& file, bool reloadAfterSaving);
 
     /** Opens a dialog, and saves where the user says. */
@@ -55,8 +56,8 @@ public:
     [[nodiscard]] juce::File getFolderToSaveIn() const;
 
     /** What the dialog does with the user's choice; nothing if it is no file. A name without the presets'
-        extension gets it, and a number if there is a preset of that name, which the dialog has not asked
-        about. */
+        extension gets it. If there is a preset of that name, which the dialog has not asked about, a box asks
+        the user, and the file is replaced or left as it is. */
     void saveChosenFile (const juce::File& file, bool reloadAfterSaving);
 
     //==============================================================================
@@ -104,11 +105,14 @@ private:
 
     [[nodiscard]] bool applyPresetFile (const juce::File& file);
     void goBackTo (const juce::File& previousFile, const juce::XmlElement& snapshot);
+    void askToOverwrite (const juce::File& file, bool reloadAfterSaving);
+    void saveAndRemember (const juce::File& file, bool reloadAfterSaving);
 
     template <typename Callback>
     void callListeners (Callback&& callback);
 
     std::unique_ptr<juce::FileChooser> fileChooser;
+    juce::ScopedMessageBox overwriteQuestion;
     juce::ThreadSafeListenerList<Listener> listeners;
     std::atomic<int> numListeners { 0 }; // lets the audio thread pass by an empty list without its lock
     PresetState& pluginState;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
+#include "SettingsFile.h"
 #include "SettingsIds.h"
 
 #include <juce_data_structures/juce_data_structures.h>
@@ -50,12 +51,12 @@ public:
     /** Reads the tree from the file; a missing or unreadable file leaves the tree empty. A file that
         parseUntrustedXml() refuses is renamed to the suffix ".broken", and a new one takes its place in the
         end. Any thread. */
-    explicit InnerData (const juce::File& fileToUse = getOptions().getDefaultFile());
+    explicit InnerData (const juce::File& fileToUse = findSettingsFile (getOptions()));
 
     /** Writes the tree to the file. A half-written file never takes the place of the former one. */
     ~InnerData() override;
 
-    /** Where the file lies and what form it has. */
+    /** What the file is called and what form it has; findSettingsFile() says where it lies. */
     [[nodiscard]] static Options getOptions();
 
     [[nodiscard]] juce::ValueTree getSettings() const { return settings; }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "ParameterStore.h"
 
-#include "NumberText.h"
+#include "plugin_core/text/NumberText.h"
 
 #include <algorithm>
 #include <cmath>

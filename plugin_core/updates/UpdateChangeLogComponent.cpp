@@ -45,9 +45,6 @@ UpdateChangeLogComponent::UpdateChangeLogComponent()
 
 void UpdateChangeLogComponent::announce()
 {
-    if (isShowing())
-        grabKeyboardFocus();
-
     juce::AccessibilityHandler::postAnnouncement (getTitle(), juce::AccessibilityHandler::AnnouncementPriority::medium);
 }
 

@@ -19,7 +19,7 @@ class SettingsFile : public testing::Test
 protected:
     [[nodiscard]] static juce::File getFile()
     {
-        return pluginCore::PluginGlobalSettings::InnerData::getOptions().getDefaultFile();
+        return pluginCore::findSettingsFile (pluginCore::PluginGlobalSettings::InnerData::getOptions());
     }
 
     /** One run of the plug-in that finds no setting, and changes one. */

@@ -90,6 +90,25 @@ TEST (AboutComponent, TellsProductWrapperVersionYearAndLicence)
         EXPECT_TRUE (text.contains (part)) << part;
 }
 
+TEST (AboutComponent, IsWrittenAsEachLanguageIs)
+{
+    const auto utf8 = [] (const char* text) { return juce::String::fromUTF8 (text); };
+    const AudioPluginAudioProcessor processor;
+    LocalisedStringsManager strings;
+
+    strings.setLanguage ("fr");
+    EXPECT_EQ (AboutComponent (processor).getTitle(), utf8 ("\xc3\x80 propos d'Orlo"));
+    EXPECT_TRUE (makeCredits().contains (utf8 ("Biblioth\xc3\xa8ques : HarfBuzz")));
+
+    strings.setLanguage ("it");
+    EXPECT_EQ (AboutComponent (processor).getTitle(), "Informazioni su Orlo");
+    EXPECT_TRUE (makeCredits().contains ("Librerie: HarfBuzz"));
+
+    strings.setLanguage ("en");
+    EXPECT_EQ (AboutComponent (processor).getTitle(), "About Orlo");
+    EXPECT_FALSE (makeCredits().contains ("%s"));
+}
+
 TEST (AboutComponent, CreditsEveryLibraryThatTheNoticesName)
 {
     const auto names = getNoticedNames();

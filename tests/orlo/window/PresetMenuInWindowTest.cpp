@@ -107,7 +107,7 @@ TEST_F (PresetMenuInWindowTest, OpensTheManual)
     // Saving and the default are greyed out: "Save as...", then "Manual".
     press ({ Key::downKey, Key::downKey, Key::returnKey });
     EXPECT_TRUE (pumpUntil ([this] { return shownPage.isNotEmpty(); }));
-    EXPECT_EQ (shownPage, panel.getPresetActions().getManualUrl().toString (true));
+    EXPECT_EQ (shownPage, processor.getReleaseNotesUrl() + "/manual.html?s=orlo&v=1.2.1");
 }
 
 TEST_F (PresetMenuInWindowTest, LoadsAPreset)

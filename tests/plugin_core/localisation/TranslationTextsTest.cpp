@@ -120,7 +120,7 @@ TEST (TranslationTexts, KeepPlaceholdersAndDots)
         [] (const juce::String&, const juce::String&, const TranslationFile& text)
         {
             for (const auto& [key, value] : text.pairs)
-                for (const auto* const part : { "FLNM", "\\n", "...", "**" })
+                for (const auto* const part : { "FLNM", "%s", "\\n", "...", "**" })
                     EXPECT_EQ (count (key, part), count (value, part)) << key << ": " << part;
         });
 }

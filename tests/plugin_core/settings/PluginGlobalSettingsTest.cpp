@@ -19,7 +19,10 @@ namespace
 class GlobalSettings : public testing::Test
 {
 protected:
-    [[nodiscard]] static juce::File getFile() { return PluginGlobalSettings::InnerData::getOptions().getDefaultFile(); }
+    [[nodiscard]] static juce::File getFile()
+    {
+        return findSettingsFile (PluginGlobalSettings::InnerData::getOptions());
+    }
 
     static void writeFile (const juce::String& text)
     {

@@ -108,7 +108,7 @@ TEST (SettingsFailures, ReadNumbersThatAreNoneAsZero)
 TEST (SettingsFailures, LeaveAFolderInTheFilesPlaceAlone)
 {
     const orlo::test::TemporaryHome home;
-    const auto file = InnerData::getOptions().getDefaultFile();
+    const auto file = findSettingsFile (InnerData::getOptions());
     ASSERT_TRUE (file.getChildFile ("inside").createDirectory());
 
     {
@@ -134,7 +134,7 @@ TEST (SettingsFailures, BearAFileInTheFoldersPlace)
 TEST (SettingsFailures, BearAHomeThatIsReadOnly)
 {
     const orlo::test::TemporaryHome home;
-    const auto file = InnerData::getOptions().getDefaultFile();
+    const auto file = findSettingsFile (InnerData::getOptions());
 
     {
         const orlo::test::ReadOnlyFolder readOnly (home.getFolder());

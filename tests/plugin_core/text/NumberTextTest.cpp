@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-#include "plugin_core/state/NumberText.h"
+#include "plugin_core/text/NumberText.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "NumberText.h"
 
+#include "LeadingInteger.h"
+
+#include <charconv>
+#include <cmath>
 #include <limits>
 
 namespace mk::pluginCore
@@ -70,24 +74,40 @@ std::optional<double> parseNumber (const juce::String& text)
     return text.getDoubleValue();
 }
 
+std::optional<double> parseQuantity (const juce::String& text, const juce::String& unit)
+{
+    const auto trimmed = text.trimEnd();
+    const auto hasUnit = unit.isNotEmpty() && trimmed.endsWithIgnoreCase (unit);
+    const auto number = parseNumber (hasUnit ? trimmed.dropLastCharacters (unit.length()) : trimmed);
+
+    return number.has_value() && std::isfinite (*number) ? number : std::nullopt;
+}
+
+std::optional<int> parseWholeNumber (const juce::String& text, int lowest, int highest)
+{
+    const auto bytes = text.toStdString();
+    const auto* const end = bytes.data() + bytes.size();
+
+    int value = 0;
+    const auto [stopped, error] = std::from_chars (bytes.data(), end, value);
+
+    if (error != std::errc() || stopped != end || value < lowest || value > highest)
+        return {};
+
+    return value;
+}
+
 std::optional<int> parseInteger (const juce::String& text)
 {
     using Limits = std::numeric_limits<int>;
-    constexpr auto beyondAnyInt = juce::int64 (Limits::max()) + 1;
 
     auto p = text.getCharPointer().findEndOfWhitespace();
-    const auto isNegative = *p == '-';
     skipSign (p);
 
     if (*p < '0' || *p > '9')
         return {};
 
-    juce::int64 number = 0;
-
-    for (; *p >= '0' && *p <= '9'; ++p)
-        number = juce::jmin (number * 10 + juce::int64 (*p - '0'), beyondAnyInt);
-
-    return int (juce::jlimit (juce::int64 (Limits::min()), juce::int64 (Limits::max()), isNegative ? -number : number));
+    return int (juce::jlimit<juce::int64> (Limits::min(), Limits::max(), parseLeadingInteger (text)));
 }
 
 } // namespace mk::pluginCore
