@@ -85,8 +85,9 @@ void FFTProcessor::processAvailable()
     if (hop < 1)
         return;
 
-    while (sampleFifo.getNumReady() >= hop && ! threadShouldExit())
-        processFrame (windowLength, hop);
+    while (! threadShouldExit() && processFrame (windowLength, hop))
+    {
+    }
 }
 
 void FFTProcessor::applyPendingConfig()
@@ -148,6 +149,7 @@ void FFTProcessor::processFrame (int windowLength, int hop)
         fillShifts (threshold);
 
     frameFifo.push (scratchFrame);
+    return true;
 }
 
 void FFTProcessor::transformWith (const std::vector<float>& window, std::vector<std::complex<float>>& spectrum)

@@ -84,7 +84,7 @@ public:
 
 private:
     void applyPendingConfig();
-    void processFrame (int windowLength, int hop);
+    [[nodiscard]] bool processFrame (int windowLength, int hop);
     void transformWith (const std::vector<float>& window, std::vector<std::complex<float>>& spectrum);
     void fillMagnitudes (float threshold);
     void fillShifts (float threshold);
@@ -105,7 +105,7 @@ private:
     // The worker's own.
     Frame scratchFrame = Frame (largestFrame);
     int numBins = 0;
-    std::vector<float> inputFrame, workBuffer, magnitudes;
+    std::vector<float> hopSamples, inputFrame, workBuffer, magnitudes;
     std::unique_ptr<juce::dsp::FFT> fft;
     AnalysisWindows windows;
     std::vector<std::complex<float>> spectrumPlain, spectrumDerivative, spectrumRamp;
