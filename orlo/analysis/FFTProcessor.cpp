@@ -107,26 +107,33 @@ void FFTProcessor::applyPendingConfig()
     inputFrame.resize (size_t (size) * 2);
     workBuffer.resize (size_t (size) * 2);
     magnitudes.resize (size_t (numBins));
-    spectrumPlain.resize (size_t (size));
-    spectrumDerivative.resize (size_t (size));
-    spectrumRamp.resize (size_t (size));
+
+    // The transforms do not write the Nyquist bin, which must not keep what a larger size has left there.
+    spectrumPlain.assign (size_t (size), {});
+    spectrumDerivative.assign (size_t (size), {});
+    spectrumRamp.assign (size_t (size), {});
 
     fftSize.store (size, std::memory_order_relaxed);
     currentConfig.store (config);
 }
 
 //==============================================================================
-void FFTProcessor::processFrame (int windowLength, int hop)
+bool FFTProcessor::processFrame (int windowLength, int hop)
 {
     // One sample less than the window holds: its last sample stays zero. A hop longer than the window
     // leaves the rest of each hop unread.
     const auto keep = juce::jmax (0, windowLength - hop - 1);
     const auto fresh = juce::jmin (hop, windowLength);
 
+    hopSamples.resize (size_t (fresh));
+
+    if (! sampleFifo.pop (hopSamples.data(), fresh, hop - fresh))
+        return false;
+
     if (keep > 0)
         std::copy_n (inputFrame.begin() + hop, keep, inputFrame.begin());
 
-    sampleFifo.pop (inputFrame.data() + keep, fresh, hop - fresh);
+    std::copy (hopSamples.begin(), hopSamples.end(), inputFrame.begin() + keep);
 
     // Clearing from the end of the samples, and not just from the end of the window, keeps the window's
     // last sample zero after a change of hop or length too: a NaN left there would never go away.

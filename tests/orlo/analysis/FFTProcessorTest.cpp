@@ -143,6 +143,18 @@ TEST_F (FFTProcessorTest, TheNyquistBinStaysSilent)
     EXPECT_GT (frames.back()[127].magnitude, 0.1f);
 }
 
+TEST_F (FFTProcessorTest, TheNyquistBinKeepsNothingOfALargerTransform)
+{
+    // Loud in bin 128, which is the Nyquist bin of the smaller size.
+    configure (8191, 1024);
+    ASSERT_FALSE (analyse (makeSine (44100.0 * 128 / 8192, 0.5f, 16384, 44100.0)).empty());
+
+    configure (255, 64);
+    const auto frames = analyse (Samples (1024, 0.0f));
+    ASSERT_FALSE (frames.empty());
+    expectSilent (frames.back());
+}
+
 TEST_F (FFTProcessorTest, SilenceUnderAThresholdIsZeroEverywhere)
 {
     configure (1023, 256);
