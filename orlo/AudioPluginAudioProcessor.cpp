@@ -69,8 +69,7 @@ void AudioPluginAudioProcessor::updateLevelRange()
 
     // The two may cross, which inverts the picture. The threshold below which bins count as silence is
     // the lower one all the same.
-    fftProcessor.magnitudeThreshold.store (magnitudeForDecibels (juce::jmin (floorDb, ceilingDb)),
-                                           std::memory_order_relaxed);
+    fftProcessor.setMagnitudeThreshold (magnitudeForDecibels (juce::jmin (floorDb, ceilingDb)));
     imageBuilder.setLevelRange (floorDb, ceilingDb);
 }
 
@@ -152,10 +151,10 @@ void AudioPluginAudioProcessor::processInternal (juce::AudioBuffer<float>& buffe
             buffer.copyFrom (channel, 0, buffer, 0, 0, buffer.getNumSamples());
 
     updateWindowLength();
+    fftProcessor.setEnhanced (juce::roundToInt (modeParam->load (std::memory_order_relaxed)) != 0);
     updateTransport();
-    updatePause();
 
-    if (! fftProcessor.paused.load (std::memory_order_relaxed) && buffer.getNumSamples() > 0)
+    if (! updatePause() && buffer.getNumSamples() > 0)
         fftProcessor.pushSamples (mixToMono (buffer), buffer.getNumSamples());
 }
 
@@ -180,13 +179,11 @@ void AudioPluginAudioProcessor::updateTransport() noexcept
             transportPlaying = position->getIsPlaying();
 }
 
-void AudioPluginAudioProcessor::updatePause() noexcept
+bool AudioPluginAudioProcessor::updatePause() noexcept
 {
     const auto stopped = isOn (*autoFreezeParam) && ! transportPlaying;
     autoPaused.store (stopped, std::memory_order_relaxed);
-    fftProcessor.paused.store (stopped || isOn (*freezeParam), std::memory_order_relaxed);
-    fftProcessor.enhanced.store (juce::roundToInt (modeParam->load (std::memory_order_relaxed)) != 0,
-                                 std::memory_order_relaxed);
+    return stopped || isOn (*freezeParam);
 }
 
 const float* AudioPluginAudioProcessor::mixToMono (const juce::AudioBuffer<float>& buffer) noexcept

@@ -53,7 +53,10 @@ private:
     void updateLevelRange();
     void updateWindowLength() noexcept;
     void updateTransport() noexcept;
-    void updatePause() noexcept;
+
+    /** Whether the display stands still. */
+    [[nodiscard]] bool updatePause() noexcept;
+
     [[nodiscard]] const float* mixToMono (const juce::AudioBuffer<float>& buffer) noexcept;
 
     LocalisedStringsManager localisedStrings;

@@ -40,12 +40,12 @@ bool FrameFifo::pop (Frame& destination) noexcept
         if (indices.getNumReadyFrom (seen) < 1)
             return false;
 
-        readerSpare->clear(); // an empty frame left in a slot marks it as taken
+        readerSpare->bins.clear(); // an empty frame left in a slot marks it as taken
         readerSpare = slots[size_t (indices.getSlot (seen))].exchange (readerSpare, std::memory_order_acq_rel);
 
         // Where the advance fails the frame was dropped meanwhile; where the frame is empty, its slot
         // was dropped and taken before. Either way the next one is due.
-        if (indices.advanceRead (seen, 1) && ! readerSpare->empty())
+        if (indices.advanceRead (seen, 1) && ! readerSpare->bins.empty())
         {
             std::swap (destination, *readerSpare);
             return true;

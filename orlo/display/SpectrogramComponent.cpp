@@ -93,7 +93,7 @@ void SpectrogramComponent::recomputeHop()
 
     if (plan.hop >= 1)
     {
-        fftProcessor.hopSize.store (plan.hop, std::memory_order_relaxed);
+        fftProcessor.setHop (plan.hop);
         imageBuilder.setFramesPerColumn (plan.framesPerColumn);
     }
 }

@@ -21,7 +21,7 @@ protected:
     void configure (int windowLength, int hop, int paddingMode = 0, WindowType type = WindowType::hann)
     {
         worker.setPendingConfig ({ windowLength, paddingMode, int (type) });
-        worker.hopSize = hop;
+        worker.setHop (hop);
         worker.processAvailable();
     }
 
@@ -158,20 +158,54 @@ TEST_F (FFTProcessorTest, TheNyquistBinKeepsNothingOfALargerTransform)
 TEST_F (FFTProcessorTest, SilenceUnderAThresholdIsZeroEverywhere)
 {
     configure (1023, 256);
-    worker.magnitudeThreshold = 1.0e-7f;
+    worker.setMagnitudeThreshold (1.0e-7f);
 
-    for (const auto& frame : analyse (Samples (4096, 0.0f)))
+    const auto frames = analyse (Samples (4096, 0.0f));
+    ASSERT_FALSE (frames.empty());
+
+    for (const auto& frame : frames)
         expectSilent (frame);
 }
 
 TEST_F (FFTProcessorTest, BinsNotAboveTheThresholdReadZero)
 {
     configure (1023, 256);
-    worker.magnitudeThreshold = 0.3f;
+    worker.setMagnitudeThreshold (0.3f);
     const auto frames = analyse (makeSine (44100.0 * 64 / 1024, 0.5f, 4096, 44100.0));
 
     for (size_t k = 0; k < frames.back().size(); ++k)
         EXPECT_EQ (frames.back()[k].magnitude > 0.0f, k == 64u) << k;
+}
+
+TEST_F (FFTProcessorTest, ABinExactlyAtTheThresholdReadsZero)
+{
+    const auto magnitudeUnder = [this] (float threshold)
+    {
+        configure (255, 256);
+        worker.setMagnitudeThreshold (threshold);
+        return analyse (Samples (1024, 0.5f)).back()[0].magnitude;
+    };
+
+    const auto magnitude = magnitudeUnder (0.0f);
+    ASSERT_GT (magnitude, 0.0f);
+    EXPECT_EQ (magnitudeUnder (magnitude), 0.0f);
+    EXPECT_EQ (magnitudeUnder (std::nextafter (magnitude, 0.0f)), magnitude);
+}
+
+TEST_F (FFTProcessorTest, AFrameSaysWhatItWasMadeWith)
+{
+    worker.prepareToPlay (48000.0);
+    worker.setSettings ({ { 511, 1, int (WindowType::hann) }, 100, true, 0.0f });
+    const auto frames = analyse (Samples (100, 0.1f));
+    ASSERT_EQ (frames.size(), 1u);
+    EXPECT_EQ (frames[0].format, (FrameFormat { 511, 1024, 100, true, 48000.0f }));
+}
+
+TEST_F (FFTProcessorTest, GivesBackTheSettingsItWasGiven)
+{
+    const AnalysisSettings settings { { 255, 0, int (WindowType::hann) }, 77, true, 0.25f };
+    worker.setSettings (settings);
+    EXPECT_EQ (worker.getSettings(), settings);
 }
 
 TEST_F (FFTProcessorTest, AHopLongerThanTheWindowSeesOnlyItsFirstSamples)
@@ -211,7 +245,7 @@ TEST_F (FFTProcessorTest, TheLastSampleOfTheWindowStaysZeroAfterEveryChangeOfHop
     configure (255, 1000, 0, WindowType::rectangular);
     ASSERT_FALSE (analyse (Samples (2000, 1.0f)).empty());
 
-    worker.hopSize = 64;
+    worker.setHop (64);
     const auto frames = analyse (Samples (1024, 0.0f), 64);
     expectSilent (frames.back());
 }
@@ -237,7 +271,10 @@ TEST_F (FFTProcessorTest, NaNsReadAsSilence)
 {
     configure (1023, 256);
 
-    for (const auto& frame : analyse (Samples (2048, std::numeric_limits<float>::quiet_NaN())))
+    const auto frames = analyse (Samples (2048, std::numeric_limits<float>::quiet_NaN()));
+    ASSERT_FALSE (frames.empty());
+
+    for (const auto& frame : frames)
         expectSilent (frame);
 }
 
@@ -249,8 +286,8 @@ TEST_F (FFTProcessorTest, FramesDoNotDependOnTheSizeOfTheBlocks)
     for (const auto blockSize : { 1, 7, 512, 3000 })
     {
         FFTProcessor fresh;
-        fresh.enhanced = true;
-        fresh.hopSize = 128;
+        fresh.setEnhanced (true);
+        fresh.setHop (128);
         std::vector<Frame> frames;
 
         for (int start = 0; start < 20000; start += blockSize)
@@ -362,7 +399,7 @@ TEST_F (FFTProcessorTest, ClassicLeavesTheShiftsAlone)
 
 TEST_F (FFTProcessorTest, TheThreadAnalysesWhatIsPushed)
 {
-    worker.hopSize = 128;
+    worker.setHop (128);
     worker.startThread();
     const auto signal = makeSine (1000.0, 0.5f, 4096, 44100.0);
     worker.pushSamples (signal.data(), 4096);

@@ -199,7 +199,7 @@ TEST (FrameFifo, GivesBackFramesInOrderAndOfTheirOwnSize)
         fifo.push (makeFrame (float (i), size_t (i + 1)));
         ASSERT_TRUE (fifo.pop (frame));
         EXPECT_EQ (frame.size(), size_t (i + 1));
-        EXPECT_EQ (frame.front().magnitude, float (i));
+        EXPECT_EQ (frame[0].magnitude, float (i));
     }
 }
 
@@ -217,11 +217,11 @@ TEST (FrameFifo, DropsTheOldestFrameWhenItIsFull)
     for (int i = 5; i < 9; ++i)
     {
         ASSERT_TRUE (fifo.pop (frame));
-        EXPECT_EQ (frame.front().magnitude, float (i));
+        EXPECT_EQ (frame[0].magnitude, float (i));
     }
 
     EXPECT_FALSE (fifo.pop (frame));
-    EXPECT_EQ (frame.front().magnitude, 8.0f);
+    EXPECT_EQ (frame[0].magnitude, 8.0f);
 }
 
 TEST (FrameFifo, DiscardingEmptiesIt)
@@ -233,7 +233,7 @@ TEST (FrameFifo, DiscardingEmptiesIt)
     EXPECT_FALSE (fifo.pop (frame));
     fifo.push (makeFrame (2.0f));
     ASSERT_TRUE (fifo.pop (frame));
-    EXPECT_EQ (frame.front().magnitude, 2.0f);
+    EXPECT_EQ (frame[0].magnitude, 2.0f);
 }
 
 /** Pushes frames 1, 2, 3 ... on a thread of its own, until it has pushed all or is destroyed. Their sizes change

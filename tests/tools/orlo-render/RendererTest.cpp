@@ -45,11 +45,10 @@ protected:
     {
         FFTProcessor worker;
         worker.prepareToPlay (rate);
-        worker.setPendingConfig ({ plan.windowLength, 0, int (WindowType::hann) });
-        worker.hopSize = plan.hop.hop;
-        worker.enhanced = settings.hop.enhanced;
-        worker.magnitudeThreshold = std::pow (10.0f, std::min (settings.floorDb, settings.ceilingDb) / 20.0f);
-        worker.processAvailable();
+        worker.setSettings ({ { plan.windowLength, 0, int (WindowType::hann) },
+                              plan.hop.hop,
+                              settings.hop.enhanced,
+                              std::pow (10.0f, std::min (settings.floorDb, settings.ceilingDb) / 20.0f) });
 
         const FrameClock clock;
         SpectrogramImageBuilder builder (worker, clock);
