@@ -44,7 +44,7 @@ void AudioPluginAudioProcessor::attachParameters()
     const auto attach = [this] (const char* parameterId, std::function<void (float)> callback)
     {
         auto& parameter = findParameter (*this, parameterId);
-        attachments.push_back (std::make_unique<juce::ParameterAttachment> (parameter, std::move (callback)));
+        attachments.push_back (std::make_unique<pluginCore::ParameterAttachment> (parameter, std::move (callback)));
         attachments.back()->sendInitialUpdate();
     };
 

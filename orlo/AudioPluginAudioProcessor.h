@@ -6,6 +6,7 @@
 #include "analysis/FFTProcessor.h"
 #include "analysis/FrameClock.h"
 #include "analysis/SpectrogramImageBuilder.h"
+#include "plugin_core/attachments/ParameterAttachment.h"
 #include "plugin_core/processor/PluginProcessor.h"
 #include "state/UIView.h"
 
@@ -72,7 +73,7 @@ private:
     std::atomic<float>* const autoFreezeParam;
     std::atomic<float>* const modeParam;
 
-    std::vector<std::unique_ptr<juce::ParameterAttachment>> attachments;
+    std::vector<std::unique_ptr<pluginCore::ParameterAttachment>> attachments;
 
     // The audio thread's own.
     juce::AudioBuffer<float> monoBuffer { 1, 0 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
+#include "plugin_core/attachments/ParameterAttachment.h"
 #include "plugin_core/display/ComponentVisibilityObserver.h"
 
 #include <juce_audio_processors/juce_audio_processors.h>
@@ -91,7 +92,7 @@ private:
     juce::Graphics::ResamplingQuality resamplingQuality = juce::Graphics::lowResamplingQuality;
 
     juce::RangedAudioParameter &modeParameter, &fftSizeParameter, &freezeParameter, &speedParameter;
-    juce::ParameterAttachment modeAttachment, fftSizeAttachment, freezeAttachment, speedAttachment;
+    pluginCore::ParameterAttachment modeAttachment, fftSizeAttachment, freezeAttachment, speedAttachment;
 
     juce::VBlankAttachment vblank; // empty while hidden
     double lastTickTime = 0.0;     // seconds

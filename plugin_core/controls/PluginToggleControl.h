@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
+#include "../attachments/ButtonAttachment.h"
 #include "../processor/PluginProcessor.h"
 
 #include <array>
@@ -35,7 +36,7 @@ private:
     const std::array<juce::String, 2> tooltips; // by the toggle state
     const juce::String paramID;
     const std::unique_ptr<juce::Button> button;
-    std::unique_ptr<juce::ButtonParameterAttachment> attachment;
+    std::unique_ptr<ButtonAttachment> attachment;
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (PluginToggleControl)
 };
