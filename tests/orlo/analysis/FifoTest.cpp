@@ -104,6 +104,8 @@ TEST (SampleFifo, WithTooFewSamplesReadyNothingIsRemoved)
     EXPECT_EQ (popAll (fifo), countUp (0, 5));
 }
 
+constexpr int manyBlocks = 2000;
+
 /** Pushes 0, 1, 2 ... in blocks of five on a thread of its own, until it has pushed all or is destroyed. */
 class CountingWriter
 {
@@ -134,21 +136,21 @@ private:
     std::thread thread { [this] { run(); } };
 };
 
-/** Takes blocks of 16 until the writer is done or so many have been taken. Every block must be consecutive and
-    newer than the last one. Gives back how many there were. */
-[[nodiscard]] int readWhileWriting (SampleFifo& fifo, const CountingWriter& writer, int mostBlocks)
+/** Takes blocks until the writer is done or manyBlocks have been taken. Every block must be consecutive and newer
+    than the last one. Gives back how many there were. */
+[[nodiscard]] int readWhileWriting (SampleFifo& fifo, const CountingWriter& writer, int blockSize)
 {
     int numBlocks = 0;
     auto newest = -1.0f;
-    std::vector<float> values (16);
+    std::vector<float> values (static_cast<size_t> (blockSize));
 
-    while (! writer.isDone() && numBlocks < mostBlocks && ! testing::Test::HasFailure())
+    while (! writer.isDone() && numBlocks < manyBlocks && ! testing::Test::HasFailure())
     {
-        if (fifo.getNumReady() < 16 || ! fifo.pop (values.data(), 16, 0))
+        if (fifo.getNumReady() < blockSize || ! fifo.pop (values.data(), blockSize, 0))
             continue;
 
         EXPECT_GT (values.front(), newest);
-        EXPECT_EQ (values, countUp (int (values.front()), 16));
+        EXPECT_EQ (values, countUp (int (values.front()), blockSize));
         newest = values.back();
         ++numBlocks;
     }
@@ -156,13 +158,11 @@ private:
     return numBlocks;
 }
 
-constexpr int manyBlocks = 2000;
-
 TEST (SampleFifo, AReaderThatIsOverrunGetsWholeBlocksInOrder)
 {
     SampleFifo fifo (64);
     const CountingWriter writer (fifo);
-    EXPECT_EQ (readWhileWriting (fifo, writer, manyBlocks), manyBlocks);
+    EXPECT_EQ (readWhileWriting (fifo, writer, 16), manyBlocks);
 }
 
 TEST (SampleFifo, ADiscardWhileTheReaderReadsBringsNoOldSamplesBack)
@@ -177,7 +177,7 @@ TEST (SampleFifo, ADiscardWhileTheReaderReadsBringsNoOldSamplesBack)
                 fifo.discardAll();
         });
 
-    EXPECT_EQ (readWhileWriting (fifo, writer, manyBlocks), manyBlocks);
+    EXPECT_EQ (readWhileWriting (fifo, writer, 4), manyBlocks);
     done.store (true, std::memory_order_release);
     discarder.join();
 }
