@@ -161,7 +161,7 @@ void AudioPluginAudioProcessor::processInternal (juce::AudioBuffer<float>& buffe
 void AudioPluginAudioProcessor::updateWindowLength() noexcept
 {
     // One sample less than the label, so that the window has a middle.
-    const auto windowLength = Params::getWindowLabel (fftSizeParam->load (std::memory_order_relaxed)) - 1;
+    const auto windowLength = Params::getWindowSize (fftSizeParam->load (std::memory_order_relaxed)) - 1;
     auto config = fftProcessor.getCurrentConfig();
 
     if (config.windowLength != windowLength)

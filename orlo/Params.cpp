@@ -11,7 +11,7 @@ namespace mk::orlo::Params
 {
 namespace
 {
-constexpr std::array windowLabels { 256, 512, 1024, 2048, 4096, 8192 };
+constexpr std::array windowSizes { 256, 512, 1024, 2048, 4096, 8192 };
 
 // Empty choices at the end hold places, so that the normalised values of the present ones never move.
 constexpr int numWindowSizeChoices = 10;
@@ -33,7 +33,7 @@ constexpr float frequencySkew = 0.30103f;
 {
     juce::StringArray choices;
 
-    for (const auto label : windowLabels)
+    for (const auto label : windowSizes)
         choices.add (juce::String (label));
 
     return paddedTo (numWindowSizeChoices, choices);
@@ -131,9 +131,9 @@ juce::AudioParameterFloatAttributes getGainParameterAttributes()
         });
 }
 
-int getWindowLabel (float fftSizeValue) noexcept
+int getWindowSize (float fftSizeValue) noexcept
 {
-    return windowLabels[size_t (juce::jlimit (0, int (windowLabels.size()) - 1, juce::roundToInt (fftSizeValue)))];
+    return windowSizes[size_t (juce::jlimit (0, int (windowSizes.size()) - 1, juce::roundToInt (fftSizeValue)))];
 }
 
 } // namespace mk::orlo::Params

@@ -43,6 +43,6 @@ inline constexpr auto colourMap = "colourMap";
 
 /** The window size that a value of fftSize stands for, 256 .. 8192. Values of the choices held in
     reserve count as 8192. Wait-free. */
-[[nodiscard]] int getWindowLabel (float fftSizeValue) noexcept;
+[[nodiscard]] int getWindowSize (float fftSizeValue) noexcept;
 
 } // namespace mk::orlo::Params

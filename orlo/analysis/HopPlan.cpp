@@ -33,10 +33,10 @@ constexpr int smallestEnhancedHop = 64;
     return value - below < above - value ? below : above;
 }
 
-[[nodiscard]] int enhancedHop (int windowLabel, int samplesPerColumn, bool doubleResolution) noexcept
+[[nodiscard]] int enhancedHop (int windowSize, int samplesPerColumn, bool doubleResolution) noexcept
 {
     const auto overlap = doubleResolution ? 16 : 8;
-    const auto wanted = juce::jmax (smallestEnhancedHop, (windowLabel - 1) / overlap);
+    const auto wanted = juce::jmax (smallestEnhancedHop, (windowSize - 1) / overlap);
 
     // A column shorter than the overlap factor would start at zero, and never grow.
     auto hop = juce::jmax (1, samplesPerColumn / overlap);
@@ -58,11 +58,13 @@ HopPlan planHop (const HopSettings& settings) noexcept
     HopPlan plan;
     plan.secondsPerColumn = milliseconds / 1000.0f;
     plan.samplesPerColumn = juce::roundToInt (settings.sampleRate * double (plan.secondsPerColumn));
-    plan.hop = settings.enhanced ? enhancedHop (settings.windowLabel, plan.samplesPerColumn, settings.doubleResolution)
-                                 : plan.samplesPerColumn;
+    plan.samplesPerFrame = settings.enhanced
+                               ? enhancedHop (settings.windowSize, plan.samplesPerColumn, settings.doubleResolution)
+                               : plan.samplesPerColumn;
 
-    if (plan.hop >= 1)
-        plan.framesPerColumn = juce::jmax (1, juce::roundToInt (float (plan.samplesPerColumn) / float (plan.hop)));
+    if (plan.samplesPerFrame >= 1)
+        plan.framesPerColumn =
+            juce::jmax (1, juce::roundToInt (float (plan.samplesPerColumn) / float (plan.samplesPerFrame)));
 
     return plan;
 }

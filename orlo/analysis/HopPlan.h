@@ -7,7 +7,7 @@ namespace mk::orlo
 /** What decides how far the analysis advances from frame to frame. */
 struct HopSettings
 {
-    int windowLabel = 2048;      /**< The window size as the user reads it, 256 .. 8192; 0 if none. */
+    int windowSize = 2048;       /**< The window size as the user reads it, 256 .. 8192; 0 if none. */
     double sampleRate = 44100.0; /**< Hertz. */
     float speed = 40.0f;         /**< Percent, 0 (slow) .. 100 (fast). */
     bool doubleResolution = false;
@@ -19,7 +19,7 @@ struct HopPlan
 {
     float secondsPerColumn = 0.0f;
     int samplesPerColumn = 0;
-    int hop = 0; /**< Samples from one frame to the next; below 1 there is no analysis. */
+    int samplesPerFrame = 0; /**< Samples from one frame to the next; below 1 there is no analysis. */
     int framesPerColumn = 1;
 };
 

@@ -89,11 +89,11 @@ void SpectrogramComponent::recomputeHop()
 
     secondsPerColumn = plan.secondsPerColumn;
     samplesPerColumn = plan.samplesPerColumn;
-    hopSize = plan.hop;
+    hopSize = plan.samplesPerFrame;
 
-    if (plan.hop >= 1)
+    if (plan.samplesPerFrame >= 1)
     {
-        fftProcessor.setHop (plan.hop);
+        fftProcessor.setHop (plan.samplesPerFrame);
         imageBuilder.setFramesPerColumn (plan.framesPerColumn);
     }
 }

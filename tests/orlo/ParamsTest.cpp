@@ -161,12 +161,12 @@ TEST_F (ParamsTest, TheInternalParameterSaysNothingAndCannotBeAutomated)
 
 TEST (WindowLabel, ChoicesHeldInReserveCountAsTheLargestWindow)
 {
-    EXPECT_EQ (Params::getWindowLabel (0.0f), 256);
-    EXPECT_EQ (Params::getWindowLabel (3.0f), 2048);
-    EXPECT_EQ (Params::getWindowLabel (5.0f), 8192);
-    EXPECT_EQ (Params::getWindowLabel (6.0f), 8192);
-    EXPECT_EQ (Params::getWindowLabel (9.0f), 8192);
-    EXPECT_EQ (Params::getWindowLabel (-1.0f), 256);
+    EXPECT_EQ (Params::getWindowSize (0.0f), 256);
+    EXPECT_EQ (Params::getWindowSize (3.0f), 2048);
+    EXPECT_EQ (Params::getWindowSize (5.0f), 8192);
+    EXPECT_EQ (Params::getWindowSize (6.0f), 8192);
+    EXPECT_EQ (Params::getWindowSize (9.0f), 8192);
+    EXPECT_EQ (Params::getWindowSize (-1.0f), 256);
 }
 
 } // namespace

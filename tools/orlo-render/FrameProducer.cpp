@@ -19,8 +19,8 @@ FrameProducer::FrameProducer (AudioSource& audio,
     : source (audio),
       settings (analysisSettings),
       plan (renderPlan),
-      framesPerBatch (std::clamp (mostSamplesInBatch / plan.hop.hop, 1, mostFramesInBatch)),
-      samples (size_t (framesPerBatch) * size_t (plan.hop.hop)),
+      framesPerBatch (std::clamp (mostSamplesInBatch / plan.hop.samplesPerFrame, 1, mostFramesInBatch)),
+      samples (size_t (framesPerBatch) * size_t (plan.hop.samplesPerFrame)),
       spare (numBatches),
       thread ([this] { run(); })
 {
@@ -79,7 +79,7 @@ void FrameProducer::run()
             fill (batch, position, numFrames);
             deliver (batch);
 
-            position += std::int64_t (numFrames) * plan.hop.hop;
+            position += std::int64_t (numFrames) * plan.hop.samplesPerFrame;
             remaining -= numFrames;
         }
 
@@ -93,7 +93,7 @@ void FrameProducer::run()
 
 void FrameProducer::fill (std::vector<Frame>& batch, std::int64_t position, int numFrames)
 {
-    const auto numSamples = numFrames * plan.hop.hop;
+    const auto numSamples = numFrames * plan.hop.samplesPerFrame;
     source.read (position, std::span (samples).first (size_t (numSamples)));
     batch.resize (size_t (numFrames));
 
@@ -103,7 +103,7 @@ void FrameProducer::fill (std::vector<Frame>& batch, std::int64_t position, int 
     for (auto& frame : batch)
     {
         analyser.process (hop, settings, source.getSampleRate(), frame);
-        hop += plan.hop.hop;
+        hop += plan.hop.samplesPerFrame;
     }
 }
 

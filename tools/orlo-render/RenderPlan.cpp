@@ -16,11 +16,11 @@ RenderPlan makePlan (const PlanRequest& request) noexcept
     RenderPlan plan;
     plan.hop = planHop (request.hop);
 
-    if (plan.hop.hop < 1)
+    if (plan.hop.samplesPerFrame < 1)
         return plan;
 
-    const std::int64_t hop = plan.hop.hop;
-    plan.windowLength = request.hop.windowLabel - 1;
+    const std::int64_t hop = plan.hop.samplesPerFrame;
+    plan.windowLength = request.hop.windowSize - 1;
     plan.samplesPerColumn = hop * plan.hop.framesPerColumn;
     plan.numColumns = divideUp (request.length, plan.samplesPerColumn);
 

@@ -16,7 +16,7 @@ namespace
 {
     AnalysisSettings analysis;
     analysis.window.windowLength = plan.windowLength;
-    analysis.hop = plan.hop.hop;
+    analysis.hop = plan.hop.samplesPerFrame;
     analysis.enhanced = settings.hop.enhanced;
     analysis.magnitudeThreshold = magnitudeForDecibels (juce::jmin (settings.floorDb, settings.ceilingDb));
     return analysis;

@@ -27,7 +27,7 @@ constexpr std::int64_t mostPixels = std::int64_t (1) << 27;
     const auto& parameters = options.parameters;
 
     RenderSettings settings;
-    settings.hop.windowLabel = Params::getWindowLabel (parameters.get (Params::id::fftSize));
+    settings.hop.windowSize = Params::getWindowSize (parameters.get (Params::id::fftSize));
     settings.hop.sampleRate = sampleRate;
     settings.hop.speed = parameters.get (Params::id::speed);
     settings.hop.doubleResolution = getIndex (parameters, Params::id::hiDPI) == 1;
@@ -71,7 +71,7 @@ constexpr std::int64_t mostPixels = std::int64_t (1) << 27;
 
 void checkSize (const RenderPlan& plan, int height)
 {
-    if (plan.hop.hop < 1)
+    if (plan.hop.samplesPerFrame < 1)
         throw RenderError ("the sample rate is too low for this speed");
 
     if (plan.width < 1 || plan.width > largestSide)

@@ -19,7 +19,7 @@ constexpr int length = 60000;
 
 [[nodiscard]] AnalysisSettings makeSettings (const RenderPlan& plan)
 {
-    return { { plan.windowLength, 0, int (WindowType::hann) }, plan.hop.hop, true, 0.0f };
+    return { { plan.windowLength, 0, int (WindowType::hann) }, plan.hop.samplesPerFrame, true, 0.0f };
 }
 
 class FrameProducerTest : public testing::Test
@@ -41,7 +41,7 @@ TEST_F (FrameProducerTest, GivesTheFramesThatTheWorkerMakesOfTheSamplesOneHopAtA
 
     AudioSource source (file), again (file);
     FrameProducer producer (source, settings, plan);
-    std::vector<float> hop (static_cast<size_t> (plan.hop.hop));
+    std::vector<float> hop (static_cast<size_t> (plan.hop.samplesPerFrame));
     auto position = plan.feedStart;
     std::int64_t numFrames = 0;
 
@@ -49,8 +49,8 @@ TEST_F (FrameProducerTest, GivesTheFramesThatTheWorkerMakesOfTheSamplesOneHopAtA
         for (const auto& frame : batch)
         {
             again.read (position, hop);
-            position += plan.hop.hop;
-            reference.pushSamples (hop.data(), plan.hop.hop);
+            position += plan.hop.samplesPerFrame;
+            reference.pushSamples (hop.data(), plan.hop.samplesPerFrame);
             reference.processAvailable();
 
             Frame expected;
@@ -117,7 +117,7 @@ TEST_F (FrameProducerTest, AHopMayBeMuchLongerThanTheWindow)
 {
     // 16 ms at 1 MHz: 16000 samples a hop.
     const auto slow = makePlan ({ { 256, 1.0e6, 0.0f, false, false }, 0, 600000, 0 });
-    ASSERT_EQ (slow.hop.hop, 16000);
+    ASSERT_EQ (slow.hop.samplesPerFrame, 16000);
 
     AudioSource source (file);
     FrameProducer producer (source, makeSettings (slow), slow);

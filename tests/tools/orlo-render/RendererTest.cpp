@@ -46,7 +46,7 @@ protected:
         FFTProcessor worker;
         worker.prepareToPlay (rate);
         worker.setSettings ({ { plan.windowLength, 0, int (WindowType::hann) },
-                              plan.hop.hop,
+                              plan.hop.samplesPerFrame,
                               settings.hop.enhanced,
                               std::pow (10.0f, std::min (settings.floorDb, settings.ceilingDb) / 20.0f) });
 
@@ -63,7 +63,7 @@ protected:
         Frame frame;
         Column column;
 
-        const auto numSamples = (plan.leadFrames + plan.getNumPictureFrames()) * plan.hop.hop;
+        const auto numSamples = (plan.leadFrames + plan.getNumPictureFrames()) * plan.hop.samplesPerFrame;
 
         for (auto n = plan.feedStart; n < plan.feedStart + numSamples; ++n)
         {
