@@ -5,6 +5,7 @@
 
 namespace mk::orlo
 {
+
 FFTProcessor::FFTProcessor() : juce::Thread ("ana") { scratchFrame.bins.reserve (largestFrame); }
 
 FFTProcessor::~FFTProcessor()

@@ -47,7 +47,8 @@ public:
         of its own in the plug-in. Wait-free. */
     void setSettings (const AnalysisSettings& settings) noexcept;
 
-    /** Any thread. The settings that the worker takes at its next wake-up. Wait-free. */
+    /** Any thread. The settings that the worker takes at its next wake-up. Each value by itself is the newest; those
+        set one after the other may be seen apart. Wait-free. */
     [[nodiscard]] AnalysisSettings getSettings() const noexcept;
 
     /** [audio thread] Asks for another configuration; the worker takes it at its next wake-up if its
@@ -97,7 +98,7 @@ public:
 
     //==============================================================================
     /** [worker, or anybody while the thread is not started] Takes over a pending configuration, then
-        turns every complete hop that waits into a frame. Allocates only for a new configuration. */
+        turns every complete hop that waits into a frame. Allocates only for a new configuration or a longer hop. */
     void processAvailable();
 
     void run() override;
