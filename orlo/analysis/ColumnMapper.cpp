@@ -8,6 +8,17 @@
 namespace mk::orlo
 {
 
+void ColumnMapper::startAnewIfFormatChanged (const FrameFormat& newFormat)
+{
+    if (format == newFormat)
+        return;
+
+    format = newFormat;
+
+    for (auto& column : history)
+        std::fill (column.begin(), column.end(), 0.0f);
+}
+
 int ColumnMapper::getHistoryLength (int windowLength, int hop) noexcept
 {
     // Every hop that a window touches, and one more for what is rounded up.
@@ -28,6 +39,7 @@ void ColumnMapper::shiftHistory (const ColumnSettings& settings)
 void ColumnMapper::map (const Frame& frame, const ColumnSettings& settings, FrequencyScale& scale, Column& column)
 {
     scale.setRange (settings.minHz, settings.maxHz);
+    startAnewIfFormatChanged (settings);
     shiftHistory (settings);
 
     if (settings.enhanced)

@@ -164,27 +164,18 @@ bool SpectrogramImageBuilder::mergeNextFrame()
     return true;
 }
 
-ColumnSettings SpectrogramImageBuilder::makeColumnSettings() const
+ShownRange SpectrogramImageBuilder::getShownRange() const noexcept
 {
-    const auto nyquist = float (fftProcessor.getSampleRate() * 0.5);
-
-    ColumnSettings settings;
-    settings.windowLength = fftProcessor.getCurrentConfig().windowLength;
-    settings.fftSize = fftProcessor.getFftSize();
-    settings.hop = juce::jmax (1, fftProcessor.hopSize.load (std::memory_order_relaxed));
-    settings.enhanced = fftProcessor.enhanced.load (std::memory_order_relaxed);
-    settings.sampleRate = float (fftProcessor.getSampleRate());
-    settings.minHz = juce::jlimit (0.0f, nyquist, minFreqFraction.load (std::memory_order_relaxed) * nyquist);
-    settings.maxHz = juce::jlimit (settings.minHz, nyquist, maxFreqFraction.load (std::memory_order_relaxed) * nyquist);
-    settings.floorDb = floorDb.load (std::memory_order_relaxed);
-    settings.ceilingDb = ceilingDb.load (std::memory_order_relaxed);
-    settings.numRows = currentHeight;
-    return settings;
+    return { minFreqFraction.load (std::memory_order_relaxed),
+             maxFreqFraction.load (std::memory_order_relaxed),
+             floorDb.load (std::memory_order_relaxed),
+             ceilingDb.load (std::memory_order_relaxed),
+             currentHeight };
 }
 
 void SpectrogramImageBuilder::frameToColumn (const Frame& frame, Column& column)
 {
-    mapper.map (frame, makeColumnSettings(), frequencyScale, column);
+    mapper.map (frame, makeColumnSettings (frame.format, getShownRange()), frequencyScale, column);
 }
 
 void SpectrogramImageBuilder::paintAndPublish()

@@ -71,11 +71,8 @@ public:
     bool processTick (float columnsPerTick);
 
     /** [builder, or any thread while the builder's is not started] The next column out of the next frame, with
-        the levels, range and scale of the moment; see ColumnMapper. */
+        the frame's own format, and the levels, range and scale of the moment; see ColumnMapper. */
     void frameToColumn (const Frame& frame, Column& column);
-
-    /** [builder, or any thread while the builder's is not started] What frameToColumn() would work with now. */
-    [[nodiscard]] ColumnSettings makeColumnSettings() const;
 
     /** [builder, or any thread while the builder's is not started] Takes the requested size over at once,
         and not with the next columns. */
@@ -87,6 +84,7 @@ public:
     [[nodiscard]] const SpectrogramRing& getRing() const noexcept { return ring; }
 
 private:
+    [[nodiscard]] ShownRange getShownRange() const noexcept;
     void applyScrollMode();
     void collectColumns (int numColumns);
     void collectMergedColumns (int numFrames, int framesInEachColumn, bool catchUp);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
+#include "plugin_core/attachments/ParameterAttachment.h"
+
 #include <juce_audio_processors/juce_audio_processors.h>
 
 namespace mk::orlo
@@ -39,7 +41,7 @@ private:
 
     juce::AudioProcessorValueTreeState& state;
     juce::RangedAudioParameter& parameter;
-    juce::ParameterAttachment attachment;
+    pluginCore::ParameterAttachment attachment;
     bool isPressed = false;
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (RetinaParamLabel)

@@ -101,11 +101,11 @@ void SpectrogramComponent::recomputeHop()
 
     secondsPerColumn = plan.secondsPerColumn;
     samplesPerColumn = plan.samplesPerColumn;
-    hopSize = plan.hop;
+    hopSize = plan.samplesPerFrame;
 
-    if (plan.hop >= 1)
+    if (plan.samplesPerFrame >= 1)
     {
-        fftProcessor.hopSize.store (plan.hop, std::memory_order_relaxed);
+        fftProcessor.setHop (plan.samplesPerFrame);
         imageBuilder.setFramesPerColumn (plan.framesPerColumn);
     }
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "plugin_core/window/ComponentVisibilityObserver.h"
+#include "plugin_core/attachments/ParameterAttachment.h"
 
 #include <juce_audio_processors/juce_audio_processors.h>
 
@@ -98,7 +99,7 @@ private:
     juce::Graphics::ResamplingQuality resamplingQuality = juce::Graphics::lowResamplingQuality;
 
     juce::RangedAudioParameter &modeParameter, &fftSizeParameter, &freezeParameter, &speedParameter;
-    juce::ParameterAttachment modeAttachment, fftSizeAttachment, freezeAttachment, speedAttachment;
+    pluginCore::ParameterAttachment modeAttachment, fftSizeAttachment, freezeAttachment, speedAttachment;
 
     juce::VBlankAttachment vblank; // empty while hidden
     double lastTickTime = 0.0;     // seconds

@@ -18,7 +18,7 @@ namespace mk::orlo
 {
 namespace
 {
-void toggle (juce::ParameterAttachment& attachment, const juce::RangedAudioParameter& parameter)
+void toggle (pluginCore::ParameterAttachment& attachment, const juce::RangedAudioParameter& parameter)
 {
     attachment.setValueAsCompleteGesture (isOn (parameter) ? 0.0f : 1.0f);
 }

@@ -7,6 +7,7 @@
 #include "PictureWriter.h"
 #include "SpectrogramComponent.h"
 
+#include "plugin_core/attachments/ParameterAttachment.h"
 #include "plugin_core/display/TooltipDisplayComponent.h"
 #include "plugin_core/settings/PluginGlobalSettings.h"
 
@@ -82,7 +83,7 @@ private:
     const pluginCore::PluginGlobalSettings globalSettings;
 
     juce::RangedAudioParameter &rulerParameter, &keyboardParameter, &freezeParameter;
-    juce::ParameterAttachment rulerAttachment, keyboardAttachment, minFreqAttachment, maxFreqAttachment,
+    pluginCore::ParameterAttachment rulerAttachment, keyboardAttachment, minFreqAttachment, maxFreqAttachment,
         freqScaleAttachment, freezeAttachment;
 
     float sampleRate; // hertz

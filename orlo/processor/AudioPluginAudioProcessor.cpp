@@ -45,7 +45,7 @@ void AudioPluginAudioProcessor::attachParameters()
     const auto attach = [this] (const char* parameterId, std::function<void (float)> callback)
     {
         auto& parameter = findParameter (*this, parameterId);
-        attachments.push_back (std::make_unique<juce::ParameterAttachment> (parameter, std::move (callback)));
+        attachments.push_back (std::make_unique<pluginCore::ParameterAttachment> (parameter, std::move (callback)));
         attachments.back()->sendInitialUpdate();
     };
 
@@ -70,8 +70,7 @@ void AudioPluginAudioProcessor::updateLevelRange()
 
     // The two may cross, which inverts the picture. The threshold below which bins count as silence is
     // the lower one all the same.
-    fftProcessor.magnitudeThreshold.store (magnitudeForDecibels (juce::jmin (floorDb, ceilingDb)),
-                                           std::memory_order_relaxed);
+    fftProcessor.setMagnitudeThreshold (magnitudeForDecibels (juce::jmin (floorDb, ceilingDb)));
     imageBuilder.setLevelRange (floorDb, ceilingDb);
 }
 
@@ -153,10 +152,10 @@ void AudioPluginAudioProcessor::processInternal (juce::AudioBuffer<float>& buffe
             buffer.copyFrom (channel, 0, buffer, 0, 0, buffer.getNumSamples());
 
     updateWindowLength();
+    fftProcessor.setEnhanced (juce::roundToInt (modeParam->load (std::memory_order_relaxed)) != 0);
     updateTransport();
-    updatePause();
 
-    if (! fftProcessor.paused.load (std::memory_order_relaxed) && buffer.getNumSamples() > 0)
+    if (! updatePause() && buffer.getNumSamples() > 0)
         fftProcessor.pushSamples (mixToMono (buffer), buffer.getNumSamples());
 }
 
@@ -181,13 +180,11 @@ void AudioPluginAudioProcessor::updateTransport() noexcept
             transportPlaying = position->getIsPlaying();
 }
 
-void AudioPluginAudioProcessor::updatePause() noexcept
+bool AudioPluginAudioProcessor::updatePause() noexcept
 {
     const auto stopped = isOn (*autoFreezeParam) && ! transportPlaying;
     autoPaused.store (stopped, std::memory_order_relaxed);
-    fftProcessor.paused.store (stopped || isOn (*freezeParam), std::memory_order_relaxed);
-    fftProcessor.enhanced.store (juce::roundToInt (modeParam->load (std::memory_order_relaxed)) != 0,
-                                 std::memory_order_relaxed);
+    return stopped || isOn (*freezeParam);
 }
 
 const float* AudioPluginAudioProcessor::mixToMono (const juce::AudioBuffer<float>& buffer) noexcept

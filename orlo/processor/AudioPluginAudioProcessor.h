@@ -7,6 +7,7 @@
 #include "orlo/analysis/FrameClock.h"
 #include "orlo/analysis/SpectrogramImageBuilder.h"
 #include "orlo/state/UIView.h"
+#include "plugin_core/attachments/ParameterAttachment.h"
 #include "plugin_core/processor/PluginProcessor.h"
 
 #include <memory>
@@ -57,7 +58,10 @@ private:
     void updateLevelRange();
     void updateWindowLength() noexcept;
     void updateTransport() noexcept;
-    void updatePause() noexcept;
+
+    /** Whether the display stands still. */
+    [[nodiscard]] bool updatePause() noexcept;
+
     [[nodiscard]] const float* mixToMono (const juce::AudioBuffer<float>& buffer) noexcept;
 
     const EditorFactory makeEditor;
@@ -74,7 +78,7 @@ private:
     std::atomic<float>* const autoFreezeParam;
     std::atomic<float>* const modeParam;
 
-    std::vector<std::unique_ptr<juce::ParameterAttachment>> attachments;
+    std::vector<std::unique_ptr<pluginCore::ParameterAttachment>> attachments;
 
     // The audio thread's own.
     juce::AudioBuffer<float> monoBuffer { 1, 0 };

@@ -4,6 +4,7 @@
 #include "MainComponent.h"
 #include "orlo/look/PluginLookAndFeel.h"
 #include "orlo/processor/AudioPluginAudioProcessor.h"
+#include "plugin_core/attachments/ParameterAttachment.h"
 
 namespace mk::orlo
 {
@@ -56,7 +57,7 @@ private:
     MainComponent mainComponent;
     juce::Value cleanViewMode, cleanBounds, normalBounds;
     juce::RangedAudioParameter& hiDPIParameter;
-    juce::ParameterAttachment colourMapAttachment, hiDPIAttachment;
+    pluginCore::ParameterAttachment colourMapAttachment, hiDPIAttachment;
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (AudioPluginAudioProcessorEditor)
 };

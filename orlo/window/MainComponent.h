@@ -7,6 +7,8 @@
 #include "SideBarComponent.h"
 #include "orlo/display/SpectrogramContainer.h"
 
+#include "plugin_core/attachments/ButtonAttachment.h"
+#include "plugin_core/attachments/ParameterAttachment.h"
 #include "plugin_core/controls/ComponentIgnoringRightButton.h"
 #include "plugin_core/editor/PluginEditor.h"
 
@@ -65,8 +67,8 @@ private:
     juce::Value cleanViewMode;
     IconButton viewButton { {}, juce::DrawableButton::ImageFitted };
     juce::RangedAudioParameter &rulerParameter, &keyboardParameter, &freezeParameter;
-    juce::ParameterAttachment rulerAttachment, keyboardAttachment, freezeAttachment;
-    juce::ButtonParameterAttachment freezeButtonAttachment;
+    pluginCore::ParameterAttachment rulerAttachment, keyboardAttachment, freezeAttachment;
+    pluginCore::ButtonAttachment freezeButtonAttachment;
     SideBarComponent sideBar;
     SettingsComponent settingsPanel;
     bool settingsWanted = false;

@@ -8,6 +8,7 @@
 #include "orlo/display/ColourMapPreviewComponent.h"
 #include "orlo/display/CyclingArrowsComponent.h"
 
+#include "plugin_core/attachments/ParameterAttachment.h"
 #include "plugin_core/controls/PluginComboBoxControl.h"
 #include "plugin_core/controls/PluginSliderControl.h"
 #include "plugin_core/controls/PluginToggleControl.h"
@@ -78,7 +79,7 @@ private:
     ColourComboBoxControl colourBox;
     CyclingArrowsComponent arrows;
     ColourMapPreviewComponent colourPreview;
-    juce::ParameterAttachment colourMapAttachment;
+    pluginCore::ParameterAttachment colourMapAttachment;
 
     PresetMenuActions presetActions;
     pluginCore::ComponentIgnoringRightButton<juce::DrawableButton> presetsButton;

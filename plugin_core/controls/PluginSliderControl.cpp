@@ -60,7 +60,7 @@ void PluginSliderControl::attachOne()
     slider->setSliderSnapsToMousePosition (false);
 
     if (auto* parameter = state.getParameter (paramIDs[0]))
-        singleAttachment = std::make_unique<juce::SliderParameterAttachment> (*parameter, *slider, state.undoManager);
+        singleAttachment = std::make_unique<SliderAttachment> (*parameter, *slider, state.undoManager);
 }
 
 void PluginSliderControl::attachTwo()

@@ -21,7 +21,7 @@ PluginToggleControl::PluginToggleControl (PluginProcessor& processor,
         if (button->getTitle().isEmpty())
             button->setTitle (juce::translate (parameter->getName (128)));
 
-        attachment = std::make_unique<juce::ButtonParameterAttachment> (*parameter, *button, state.undoManager);
+        attachment = std::make_unique<ButtonAttachment> (*parameter, *button, state.undoManager);
     }
 
     // After the attachment, so that a click has been written when this hears of it.

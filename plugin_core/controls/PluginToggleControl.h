@@ -2,6 +2,7 @@
 #pragma once
 
 #include "plugin_core/processor/PluginProcessor.h"
+#include "../attachments/ButtonAttachment.h"
 
 #include <array>
 #include <memory>
@@ -35,7 +36,7 @@ private:
     const std::array<juce::String, 2> tooltips; // by the toggle state
     const juce::String paramID;
     const std::unique_ptr<juce::Button> button;
-    std::unique_ptr<juce::ButtonParameterAttachment> attachment;
+    std::unique_ptr<ButtonAttachment> attachment;
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (PluginToggleControl)
 };

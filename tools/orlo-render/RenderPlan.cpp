@@ -16,10 +16,10 @@ RenderPlan makePlan (const PlanRequest& request) noexcept
     RenderPlan plan;
     plan.analysis = planHop (request.hop);
 
-    if (plan.analysis.hop < 1)
+    if (plan.analysis.samplesPerFrame < 1)
         return plan;
 
-    const std::int64_t hop = plan.analysis.hop;
+    const std::int64_t hop = plan.analysis.samplesPerFrame;
     plan.windowLength = request.hop.windowSize - 1;
     plan.samplesPerColumn = hop * plan.analysis.framesPerColumn;
     plan.numColumns = divideUp (request.length, plan.samplesPerColumn);

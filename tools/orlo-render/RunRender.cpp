@@ -71,7 +71,7 @@ constexpr std::int64_t mostPixels = std::int64_t (1) << 27;
 
 void checkSize (const RenderPlan& plan, int height)
 {
-    if (plan.analysis.hop < 1)
+    if (plan.analysis.samplesPerFrame < 1)
         throw RenderError ("the sample rate is too low for this speed");
 
     if (plan.width < 1 || plan.width > largestSide)

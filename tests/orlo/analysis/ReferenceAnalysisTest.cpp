@@ -21,10 +21,8 @@ protected:
     ReferenceAnalysisTest()
     {
         worker.prepareToPlay (reference.sampleRate);
-        worker.hopSize = reference.hop;
-        worker.enhanced = reference.enhanced;
-        worker.setPendingConfig ({ reference.label - 1, 0, int (WindowType::hann) });
-        worker.processAvailable();
+        worker.setSettings (
+            { { reference.label - 1, 0, int (WindowType::hann) }, reference.hop, reference.enhanced, 0.0f });
     }
 
     /** All frames of the signal, pushed in small blocks so that the ring of frames never overflows. */

@@ -24,9 +24,7 @@ class SpectrogramImageBuilderTest : public testing::Test
 protected:
     SpectrogramImageBuilderTest()
     {
-        worker.setPendingConfig ({ 255, 0, int (WindowType::hann) });
-        worker.hopSize = hop;
-        worker.processAvailable();
+        worker.setSettings ({ { 255, 0, int (WindowType::hann) }, hop, false, 0.0f });
         builder.setRequestedSize (8, 1);
         builder.setMaxFreqFraction (1.0f);
         builder.setLevelRange (-100.0f, -90.0f);
@@ -168,7 +166,7 @@ TEST_F (SpectrogramImageBuilderTest, CrossedLevelsPaintSilenceInTheMapsLastColou
 {
     builder.setLevelRange (0.0f, -100.0f);
     builder.setColourMap (2);
-    worker.enhanced = true;
+    worker.setEnhanced (true);
     makeFrames ("....");
     builder.processTick (4.0f);
     EXPECT_EQ (builder.getFrontImage().getPixelAt (0, 0).getARGB(), 0xffFDE724);

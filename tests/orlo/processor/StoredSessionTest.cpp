@@ -79,7 +79,7 @@ TEST_F (StoredSession, ReachesTheAnalysisAlsoFromAnotherThread)
 {
     auto& worker = processor.getFftProcessor();
     const auto isFollowing = [&worker]
-    { return std::abs (worker.magnitudeThreshold - std::pow (10.0f, -3.6f)) < 1.0e-8f; };
+    { return std::abs (worker.getMagnitudeThreshold() - std::pow (10.0f, -3.6f)) < 1.0e-8f; };
 
     EXPECT_FALSE (isFollowing());
     std::thread ([this] { restore(); }).join();

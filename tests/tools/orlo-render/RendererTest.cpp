@@ -45,11 +45,10 @@ protected:
     {
         FFTProcessor worker;
         worker.prepareToPlay (rate);
-        worker.setPendingConfig ({ plan.windowLength, 0, int (WindowType::hann) });
-        worker.hopSize = plan.analysis.hop;
-        worker.enhanced = settings.hop.enhanced;
-        worker.magnitudeThreshold = std::pow (10.0f, std::min (settings.floorDb, settings.ceilingDb) / 20.0f);
-        worker.processAvailable();
+        worker.setSettings ({ { plan.windowLength, 0, int (WindowType::hann) },
+                              plan.analysis.samplesPerFrame,
+                              settings.hop.enhanced,
+                              std::pow (10.0f, std::min (settings.floorDb, settings.ceilingDb) / 20.0f) });
 
         const FrameClock clock;
         SpectrogramImageBuilder builder (worker, clock);
@@ -64,7 +63,7 @@ protected:
         Frame frame;
         Column column;
 
-        const auto numSamples = (plan.leadFrames + plan.getNumPictureFrames()) * plan.analysis.hop;
+        const auto numSamples = (plan.leadFrames + plan.getNumPictureFrames()) * plan.analysis.samplesPerFrame;
 
         for (auto n = plan.feedStart; n < plan.feedStart + numSamples; ++n)
         {
