@@ -10,11 +10,6 @@
 
 namespace mk::orlo
 {
-namespace
-{
-// The audio thread sets the automatic pause and tells nobody.
-constexpr int pollEveryMs = 40;
-} // namespace
 
 MainComponent::MainComponent (pluginCore::PluginEditor& editor, AudioPluginAudioProcessor& audioProcessor)
     : processor (audioProcessor),
@@ -50,7 +45,6 @@ MainComponent::MainComponent (pluginCore::PluginEditor& editor, AudioPluginAudio
 
     // Over the children as well.
     addMouseListener (this, true);
-    buttonPoller.startTimer (pollEveryMs);
 }
 
 MainComponent::~MainComponent()

@@ -9,6 +9,7 @@
 
 #include "plugin_core/controls/ComponentIgnoringRightButton.h"
 #include "plugin_core/editor/PluginEditor.h"
+#include "plugin_core/window/WindowPoller.h"
 
 namespace mk::orlo
 {
@@ -72,11 +73,12 @@ private:
     AboutComponent aboutComponent;
 
     // Nothing tells when the host has stopped, nor that the mouse has left for a dialog of ours.
-    juce::TimedCallback buttonPoller { [this]
-                                       {
-                                           updateExportButton();
-                                           updateViewButtonVisibility();
-                                       } };
+    const pluginCore::WindowPoller::Client pollerClient { *this,
+                                                          [this] (bool)
+                                                          {
+                                                              updateExportButton();
+                                                              updateViewButtonVisibility();
+                                                          } };
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (MainComponent)
 };
