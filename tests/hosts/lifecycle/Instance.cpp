@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "Instance.h"
 
+#include <pluginterfaces/vst/ivstaudioprocessor.h>
+
 #include <cstdint>
 #include <cstring>
 
@@ -15,7 +17,7 @@ namespace
 constexpr int callsUntilShown = 40;
 
 template <typename Interface>
-[[nodiscard]] IPtr<Interface> create (IPluginFactory& factory, const TUID classId, const FUID& interfaceId)
+[[nodiscard]] IPtr<Interface> create (IPluginFactory& factory, const TUID classId, const TUID interfaceId)
 {
     Interface* created = nullptr;
     factory.createInstance (classId, interfaceId, reinterpret_cast<void**> (&created));

@@ -32,7 +32,13 @@ auto call (void* library, const char* name, Function*, Arguments... arguments)
 }
 } // namespace
 
-Screen::Screen() : library (loadXlib()), display (openDisplay (library)) {}
+Screen::Screen() : library (loadXlib()), display (openDisplay (library))
+{
+    // As hosts do. Without a window manager JUCE asks for what is not there, and Xlib ends the process at any
+    // error.
+    call (
+        library, "XSetErrorHandler", decltype (&XSetErrorHandler) {}, +[] (Display*, XErrorEvent*) { return 0; });
+}
 
 unsigned long Screen::createWindow()
 {
