@@ -25,7 +25,8 @@ WindowPoller::~WindowPoller() = default;
 
 void WindowPoller::readNews()
 {
-    if (events.getNumChanges() != lastNumChanges)
+    // One event seldom comes alone: the ones after the first are left to the timer, which runs fast by then.
+    if (events.getNumChanges() != lastNumChanges && busySteps == 0)
         pollNow();
 }
 

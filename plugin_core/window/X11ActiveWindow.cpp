@@ -76,8 +76,12 @@ public:
             return numChanges;
 
         while (const auto event = ReplyPtr<xcb_generic_event_t> (xcb.pollForEvent (connection.get())))
-            if (changesSomething (*event))
+        {
+            if (changesAnswers (*event))
                 forgetAnswers();
+            else if (getType (*event) == XCB_CONFIGURE_NOTIFY)
+                ++numChanges;
+        }
 
         // Nothing holds any longer once the server has gone.
         if (! isUsable())
@@ -164,16 +168,21 @@ private:
         xcb.flush (connection.get());
     }
 
-    /** Errors change nothing: they come from windows that were gone when they were asked about. */
-    [[nodiscard]] bool changesSomething (const xcb_generic_event_t& event) const
+    [[nodiscard]] static int getType (const xcb_generic_event_t& event) noexcept
     {
-        switch (event.response_type & ~sentByClient)
+        return event.response_type & ~sentByClient;
+    }
+
+    /** A window's new place does not: while it is dragged, many of these come. Nor do errors, which come from
+        windows that were gone when they were asked about. */
+    [[nodiscard]] bool changesAnswers (const xcb_generic_event_t& event) const
+    {
+        switch (getType (event))
         {
             case XCB_DESTROY_NOTIFY:
             case XCB_UNMAP_NOTIFY:
             case XCB_MAP_NOTIFY:
-            case XCB_REPARENT_NOTIFY:
-            case XCB_CONFIGURE_NOTIFY: return true;
+            case XCB_REPARENT_NOTIFY: return true;
 
             case XCB_PROPERTY_NOTIFY:
             {
