@@ -11,8 +11,7 @@ namespace mk::pluginCore
 
 /** The one timer of all the windows of a process: whoever has to look at something that nobody tells of is
     called by it. It wakes ten times a second, and every 40 ms while the mouse is over a window or a window has
-    just changed. What the system tells of
-    windows wakes it at once if it was idle. [message thread]
+    just changed. What the system tells of windows wakes it at once if it was idle. [message thread]
 
     Used through WindowPoller::Client; shared with a juce::SharedResourcePointer. */
 class WindowPoller final : private juce::Timer
