@@ -9,6 +9,9 @@ namespace mk::orlo::test
 {
 namespace
 {
+// A build without optimisation opens an editor in about half a second.
+constexpr int timeLimitSeconds = 240;
+
 constexpr auto loadOnly = "load unload";
 constexpr auto instanceOnly = "load instance delete unload";
 constexpr auto withEditor = "load instance editor close delete unload";
@@ -45,7 +48,7 @@ protected:
                                         thread,
                                         juce::String (numRounds) };
         commandLine.addTokens (steps, false);
-        return runProcess (commandLine);
+        return runProcess (commandLine, timeLimitSeconds);
     }
 
     const VirtualDisplay display;

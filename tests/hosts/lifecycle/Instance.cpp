@@ -14,7 +14,7 @@ using namespace Steinberg;
 namespace
 {
 // Enough for the window to be mapped, laid out and painted.
-constexpr int callsUntilShown = 40;
+constexpr int callsUntilShown = 20;
 
 template <typename Interface>
 [[nodiscard]] IPtr<Interface> create (IPluginFactory& factory, const TUID classId, const TUID interfaceId)
