@@ -13,7 +13,7 @@ namespace
 constexpr int radioGroup = 1;
 constexpr float frameInset = 1.5f;
 constexpr float frameThickness = 2.0f;
-constexpr float cornerWithoutStyle = 10.0f;
+constexpr float cornerWithoutEditor = 10.0f;
 constexpr float cornerPerEditorHeight = 0.00550055f;
 } // namespace
 
@@ -80,9 +80,9 @@ void ButtonBarComponent::resized()
 
 void ButtonBarComponent::paint (juce::Graphics& g)
 {
-    const auto* style = dynamic_cast<const pluginCore::LookAndFeel*> (&getLookAndFeel());
-    const auto corner =
-        style != nullptr ? float (style->getEditorHeight()) * cornerPerEditorHeight : cornerWithoutStyle;
+    // Not the height that the look and feel knows: that is the one of the window which was sized last.
+    const auto* const editor = findParentComponentOfClass<juce::AudioProcessorEditor>();
+    const auto corner = editor != nullptr ? float (editor->getHeight()) * cornerPerEditorHeight : cornerWithoutEditor;
 
     g.setColour (findColour (colourId::buttonBarFrame));
     g.drawRoundedRectangle (getLocalBounds().toFloat().reduced (frameInset), corner, frameThickness);

@@ -17,7 +17,7 @@ namespace mk::orlo
 {
 
 /** The product's processor: passes the audio through untouched and feeds a mono mix of it to the analysis. */
-class AudioPluginAudioProcessor final : public pluginCore::PluginProcessor
+class AudioPluginAudioProcessor : public pluginCore::PluginProcessor
 {
 public:
     /** Makes the window of a processor. [message thread] */

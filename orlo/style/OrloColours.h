@@ -28,7 +28,7 @@ enum : int
     readoutBackground = 0x2765412,
     readoutText = 0x2765413,
     arrowsBackground = 0x2739812, /**< CyclingArrowsComponent */
-    cornerGrip = 0x8994010        /**< the grip in the window's corner; the editor changes it with the view */
+    cornerGrip = 0x8994010        /**< the grip in the window's corner */
 };
 } // namespace colourId
 

@@ -67,10 +67,10 @@ void AudioPluginAudioProcessorEditor::valueChanged (juce::Value& value)
 void AudioPluginAudioProcessorEditor::applyView()
 {
     const auto isFull = isFullView();
-    getLookAndFeel().setColour (colourId::cornerGrip,
-                                isFull ? juce::Colours::transparentWhite
-                                       : juce::Colours::grey.withAlpha (juce::uint8 (0x80)));
-    getCornerResizer().repaint();
+
+    // The grip still works in Full View, it is only not seen. Not by its colour: all windows share the look and
+    // feel that has it.
+    getCornerResizer().setAlpha (isFull ? 0.0f : 1.0f);
 
     auto* const limits = getConstrainer();
 

@@ -10,11 +10,6 @@
 
 namespace mk::orlo
 {
-namespace
-{
-// The audio thread sets the automatic pause without a notification, so that it has to be polled.
-constexpr int pollEveryMs = 40;
-} // namespace
 
 MainComponent::MainComponent (pluginCore::PluginEditor& editor, AudioPluginAudioProcessor& audioProcessor)
     : processor (audioProcessor),
@@ -50,7 +45,6 @@ MainComponent::MainComponent (pluginCore::PluginEditor& editor, AudioPluginAudio
 
     // With the nested children, since the mouse is nearly always over one of them.
     addMouseListener (this, true);
-    buttonPoller.startTimer (pollEveryMs);
 }
 
 MainComponent::~MainComponent()

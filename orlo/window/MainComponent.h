@@ -11,6 +11,7 @@
 #include "plugin_core/attachments/ParameterAttachment.h"
 #include "plugin_core/controls/ComponentIgnoringRightButton.h"
 #include "plugin_core/editor/PluginEditor.h"
+#include "plugin_core/window/WindowPoller.h"
 
 namespace mk::orlo
 {
@@ -76,12 +77,13 @@ private:
     SpectrogramContainer spectrogramContainer;
     AboutComponent aboutComponent;
 
-    // There is no notification when the host stops, nor when the mouse leaves for one of our dialogs.
-    juce::TimedCallback buttonPoller { [this]
-                                       {
-                                           updateExportButton();
-                                           updateViewButtonVisibility();
-                                       } };
+    // Nothing tells when the host has stopped, nor that the mouse has left for a dialog of ours.
+    const pluginCore::WindowPoller::Client pollerClient { *this,
+                                                          [this] (bool)
+                                                          {
+                                                              updateExportButton();
+                                                              updateViewButtonVisibility();
+                                                          } };
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (MainComponent)
 };

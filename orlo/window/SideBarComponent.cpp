@@ -13,7 +13,6 @@ namespace
 {
 using pluginCore::Icon;
 
-constexpr int pollMs = 40;
 constexpr int closedIndent = 3;
 constexpr float openIndentShare = 0.11f;
 constexpr float dimmedAlpha = 0.7f;
@@ -61,7 +60,6 @@ SideBarComponent::SideBarComponent (AudioPluginAudioProcessor& processorToUse)
     addAndMakeVisible (aboutButton);
 
     poll();
-    timer.startTimer (pollMs);
 }
 
 bool SideBarComponent::isFrozen() const

@@ -3,6 +3,7 @@
 
 #include "plugin_core/controls/ComponentIgnoringRightButton.h"
 #include "plugin_core/controls/PluginToggleControl.h"
+#include "plugin_core/window/WindowPoller.h"
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
@@ -52,7 +53,7 @@ private:
     std::unique_ptr<pluginCore::PluginToggleControl> freezeControl;
     IconButton aboutButton;
 
-    juce::TimedCallback timer { [this] { poll(); } };
+    const pluginCore::WindowPoller::Client pollerClient { *this, [this] (bool) { poll(); } };
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (SideBarComponent)
 };

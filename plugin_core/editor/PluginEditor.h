@@ -9,6 +9,7 @@
 #include "plugin_core/updates/UpdateEnvironment.h"
 #include "plugin_core/updates/UpdateSchedule.h"
 #include "plugin_core/window/PluginMoveDetector.h"
+#include "plugin_core/window/WindowPoller.h"
 
 #include <juce_audio_processors/juce_audio_processors.h>
 
@@ -104,6 +105,7 @@ private:
     const PluginGlobalSettings globalSettings;
     PluginProcessor& pluginProcessor;
     std::unique_ptr<PluginMoveDetector> moveDetector;
+    std::unique_ptr<WindowPoller::Client> pollerClient; // steps the detector
     juce::ComponentBoundsConstrainer constrainer;
 
     /** Only compared, never followed: the list of displays may have changed since. */

@@ -7,6 +7,7 @@
 #include <juce_data_structures/juce_data_structures.h>
 
 #include <memory>
+#include <optional>
 
 namespace mk::pluginCore
 {
@@ -27,7 +28,7 @@ public:
     PluginGlobalSettings();
 
     /** Shares what the other handle shares. */
-    PluginGlobalSettings (const PluginGlobalSettings&) = default;
+    PluginGlobalSettings (const PluginGlobalSettings&);
     PluginGlobalSettings& operator= (const PluginGlobalSettings&) = delete;
 
     /** The last handle writes the file. */
@@ -39,7 +40,9 @@ public:
     [[nodiscard]] InnerData& getInnerData() const noexcept { return *innerData; }
 
 private:
-    std::shared_ptr<InnerData> innerData;
+    [[nodiscard]] static std::shared_ptr<InnerData> obtainInstance();
+
+    const std::shared_ptr<InnerData> innerData;
 
     JUCE_LEAK_DETECTOR (PluginGlobalSettings)
 };
@@ -53,7 +56,8 @@ public:
         end. Any thread. */
     explicit InnerData (const juce::File& fileToUse = findSettingsFile (getOptions()));
 
-    /** Writes the tree to the file. A half-written file never takes the place of the former one. */
+    /** Writes the tree to the file if it was changed. A half-written file never takes the place of the former
+        one. */
     ~InnerData() override;
 
     /** What the file is called and what form it has; findSettingsFile() says where it lies. */
@@ -62,7 +66,17 @@ public:
     [[nodiscard]] juce::ValueTree getSettings() const { return settings; }
 
 private:
+    friend class PluginGlobalSettings;
+
+    /** The document to write, which counts as written from now on. Empty if nothing has changed. */
+    [[nodiscard]] juce::String takeChanges();
+    void discardChanges() { static_cast<void> (takeChanges()); }
+    void write (const juce::String& document) const;
+
     juce::ValueTree settings { SettingsIds::settings };
+    std::optional<juce::String> textInFile; // the tree's, nothing if it was never written
+    int numHandles = 0;                     // guarded by the handles' mutex
+    bool isBeingWritten = false;            // the same
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (InnerData)
 };

@@ -2,27 +2,33 @@
 #include "ComponentVisibilityObserver.h"
 
 #include "MappedWindow.h"
+#include "plugin_core/window/WindowPoller.h"
 
 namespace mk::pluginCore::GuiUtils
 {
 
-class ComponentVisibilityObserver::Pimpl final : private juce::ComponentMovementWatcher, private juce::Timer
+class ComponentVisibilityObserver::Pimpl final : private juce::ComponentMovementWatcher
 {
 public:
     Pimpl (juce::Component& componentToWatch, std::function<void (bool)> callbackToUse)
         : juce::ComponentMovementWatcher (&componentToWatch),
           component (componentToWatch),
-          callback (std::move (callbackToUse))
+          callback (std::move (callbackToUse)),
+          pollerClient (componentToWatch,
+                        [this] (bool windowMayHaveChanged)
+                        {
+                            if (windowMayHaveChanged)
+                                update();
+                        })
     {
         update();
-        startTimer (pollingMs);
     }
 
     void update()
     {
         const auto wasVisible = componentShowing && peerShowing;
-        componentShowing = component.isShowing();
         peerShowing = isPeerShowing();
+        componentShowing = component.isShowing();
 
         // The system may still have a window on the screen that has just been hidden.
         wasMapped = wasMapped && componentShowing;
@@ -33,8 +39,6 @@ public:
     }
 
 private:
-    static constexpr int pollingMs = 40;
-
     [[nodiscard]] bool isPeerShowing()
     {
         const auto* onDesktop = &component;
@@ -44,11 +48,16 @@ private:
 
         const auto* const peer = onDesktop != nullptr ? onDesktop->getPeer() : nullptr;
 
-        if (peer == nullptr || ! peer->isShowing())
+        if (peer == nullptr)
+            return false;
+
+        // First of all, because once asked about, the window makes an event at every change.
+        const auto isMapped = isWindowMapped (*peer);
+
+        if (! peer->isShowing())
             return false;
 
         // A new window takes a moment to come onto the screen; it counts as shown until it has been there.
-        const auto isMapped = isWindowMapped (*peer);
         wasMapped = wasMapped || isMapped;
         return isMapped || ! wasMapped;
     }
@@ -64,12 +73,12 @@ private:
     }
 
     void componentVisibilityChanged() override { update(); }
-    void timerCallback() override { update(); }
 
     juce::Component& component;
     std::function<void (bool)> callback;
     bool componentShowing = false, peerShowing = false;
     bool wasMapped = false; // since the component last came to show in its present window
+    const WindowPoller::Client pollerClient;
 };
 
 ComponentVisibilityObserver::ComponentVisibilityObserver (juce::Component& component,

@@ -19,8 +19,8 @@ public:
     ComponentVisibilityObserver (juce::Component& component, std::function<void (bool)> onVisibilityChanged);
     ~ComponentVisibilityObserver();
 
-    /** Looks again now, as the observer does by itself every 40 ms: a host can minimise or hide its
-        window without any component hearing of it. */
+    /** Looks again now, as the observer does by itself when the system tells of a change to the window: a
+        host can minimise or hide its window without any component hearing of it. */
     void checkNow();
 
 private:

@@ -87,7 +87,7 @@ TEST_F (ButtonBarParameterTest, ItsFrameIsALineWithCornersOfTheWindowsHeight)
 
     const auto frameAt = [&] (int editorHeight)
     {
-        window.style.setEditorSize (1818, editorHeight);
+        window.window.setSize (1818, editorHeight);
         return test::paintComponent (bar);
     };
 
@@ -116,6 +116,21 @@ TEST_F (ButtonBarParameterTest, ItsFrameIsALineWithCornersOfTheWindowsHeight)
     EXPECT_NEAR (firstInRow (image), 0.5 + 6.5 - 3.5, 1.0);
     EXPECT_NEAR (firstInRow (frameAt (3000)), 0.5 + 17.5 - 5.8, 1.0);
     EXPECT_LE (firstInRow (frameAt (0)), 1);
+}
+
+TEST_F (ButtonBarParameterTest, ItsFrameIsThatOfItsOwnWindowWhenAnotherIsOpen)
+{
+    test::StyledWindow<PluginLookAndFeel> window (1818, 1000);
+    window.add (bar, { 0, 0, 334, 60 });
+    window.style.setEditorSize (1818, 1000);
+    const auto alone = test::paintComponent (bar);
+
+    // The other window has been sized last.
+    window.style.setEditorSize (5454, 3000);
+    const auto besideTheOther = test::paintComponent (bar);
+
+    for (int x = 0; x < alone.getWidth(); ++x)
+        ASSERT_EQ (besideTheOther.getPixelAt (x, 1), alone.getPixelAt (x, 1)) << x;
 }
 
 TEST_F (ButtonBarParameterTest, AnUnknownParameterGivesAnEmptyBar)

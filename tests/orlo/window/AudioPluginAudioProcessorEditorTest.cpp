@@ -3,7 +3,9 @@
 
 #include "orlo/parameters/Params.h"
 #include "orlo/window/CreateEditor.h"
+#include "tests/support/FindComponents.h"
 #include "tests/support/MessageLoop.h"
+#include "tests/support/StyledWindow.h"
 
 #include <gtest/gtest.h>
 
@@ -61,6 +63,33 @@ protected:
     const pluginCore::PluginGlobalSettings settings;
     std::unique_ptr<AudioPluginAudioProcessorEditor> editor;
 };
+
+/** Whether a window paints the grip in its corner. */
+[[nodiscard]] bool showsGrip (juce::Component& window)
+{
+    auto* const grip = findInside<juce::ResizableCornerComponent> (window);
+
+    if (grip == nullptr)
+        return false;
+
+    juce::Image image (juce::Image::ARGB, grip->getWidth(), grip->getHeight(), true, juce::SoftwareImageType());
+    juce::Graphics g (image);
+    grip->paintEntireComponent (g, false);
+    return ! findInk (image).isEmpty();
+}
+
+TEST_F (AudioPluginAudioProcessorEditorTest, FullViewHidesTheGripOfItsOwnWindowAlone)
+{
+    open();
+    AudioPluginAudioProcessor otherProcessor;
+    const std::unique_ptr<juce::AudioProcessorEditor> other (otherProcessor.createEditorIfNeeded());
+    EXPECT_TRUE (showsGrip (*editor));
+    EXPECT_TRUE (showsGrip (*other));
+
+    switchToFullView();
+    EXPECT_FALSE (showsGrip (*editor));
+    EXPECT_TRUE (showsGrip (*other));
+}
 
 TEST_F (AudioPluginAudioProcessorEditorTest, ANewInstanceTakesTheSizeThatFullViewHadLast)
 {
