@@ -2,6 +2,7 @@
 #include "orlo/AudioPluginAudioProcessor.h"
 #include "orlo/Params.h"
 #include "tests/support/MessageLoop.h"
+#include "tests/support/SourceTree.h"
 #include "tests/support/TemporaryHome.h"
 
 #include <gtest/gtest.h>
@@ -20,7 +21,7 @@ class StoredSession : public testing::Test
 protected:
     StoredSession()
     {
-        const auto file = juce::File (ORLO_SOURCE_DIR).getChildFile ("tests/data/sessions/orlo_1.2.1.bin");
+        const auto file = getTestDataFolder().getChildFile ("sessions/orlo_1.2.1.bin");
         EXPECT_TRUE (file.loadFileAsData (blob));
         processor.applyInitialSettings();
     }

@@ -2,6 +2,7 @@
 #include "orlo/AudioPluginAudioProcessor.h"
 #include "orlo/Params.h"
 #include "orlo/analysis/ColourTables.h"
+#include "tests/support/SourceTree.h"
 
 #include <gtest/gtest.h>
 
@@ -12,7 +13,7 @@ namespace
 
 [[nodiscard]] juce::File getPresetFile (const juce::String& name)
 {
-    return juce::File (ORLO_SOURCE_DIR).getChildFile ("resources/presets").getChildFile (name + ".mkpreset");
+    return getSourceFolder().getChildFile ("resources/presets").getChildFile (name + ".mkpreset");
 }
 
 [[nodiscard]] std::vector<std::string> getPresetNames()
