@@ -23,6 +23,7 @@ public:
     void processInternal (juce::AudioBuffer<float>&, juce::MidiBuffer&) override {}
     [[nodiscard]] std::unique_ptr<pluginCore::ProcessorEditor> createEditorInternal() override;
 
+    using AudioProcessor::getParameter;
     [[nodiscard]] juce::RangedAudioParameter& getParameter (const juce::String& id);
 
     /** The value as it is saved. */

@@ -2,6 +2,8 @@
 #include "orlo/parameters/ColourMapNames.h"
 #include "orlo/parameters/Params.h"
 #include "orlo/processor/AudioPluginAudioProcessor.h"
+#include "orlo/analysis/ColourTables.h"
+#include "tests/support/SourceTree.h"
 
 #include <gtest/gtest.h>
 
@@ -12,7 +14,7 @@ namespace
 
 [[nodiscard]] juce::File getPresetFile (const juce::String& name)
 {
-    return juce::File (ORLO_SOURCE_DIR).getChildFile ("resources/presets").getChildFile (name + ".mkpreset");
+    return getSourceFolder().getChildFile ("resources/presets").getChildFile (name + ".mkpreset");
 }
 
 [[nodiscard]] std::vector<std::string> getPresetNames()

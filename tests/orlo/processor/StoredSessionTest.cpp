@@ -3,6 +3,7 @@
 #include "orlo/processor/AudioPluginAudioProcessor.h"
 #include "orlo/window/CreateEditor.h"
 #include "tests/support/MessageLoop.h"
+#include "tests/support/SourceTree.h"
 #include "tests/support/TemporaryHome.h"
 
 #include <gtest/gtest.h>
@@ -21,7 +22,7 @@ class StoredSession : public testing::Test
 protected:
     StoredSession()
     {
-        const auto file = juce::File (ORLO_SOURCE_DIR).getChildFile ("tests/data/sessions/orlo_1.2.1.bin");
+        const auto file = getTestDataFolder().getChildFile ("sessions/orlo_1.2.1.bin");
         EXPECT_TRUE (file.loadFileAsData (blob));
         processor.applyInitialSettings();
     }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "orlo/style/OrloColours.h"
+#include "tests/support/SourceTree.h"
 
 #include <gtest/gtest.h>
 
@@ -15,7 +16,7 @@ using Colours = std::map<int, juce::uint32>;
 /** The rows of the documentation's tables that begin with a colour id and an ARGB value. */
 [[nodiscard]] Colours readDocumentedColours()
 {
-    const auto page = juce::File (ORLO_TEST_DATA).getChildFile ("../../docs/look.md");
+    const auto page = test::getSourceFolder().getChildFile ("docs/look.md");
     Colours colours;
 
     for (const auto& line : juce::StringArray::fromLines (page.loadFileAsString()))

@@ -7,6 +7,7 @@
 #include "orlo/window/Credits.h"
 #include "plugin_core/style/ColourIds.h"
 #include "tests/support/Mouse.h"
+#include "tests/support/SourceTree.h"
 #include "tests/support/StyledWindow.h"
 #include "tests/support/TranslationFile.h"
 
@@ -55,7 +56,7 @@ struct PageInWindow
 /** The names that THIRD_PARTY_NOTICES.md gives in its table and in bold. */
 [[nodiscard]] juce::StringArray getNoticedNames()
 {
-    const auto file = juce::File (ORLO_SOURCE_DIR).getChildFile ("THIRD_PARTY_NOTICES.md");
+    const auto file = getSourceFolder().getChildFile ("THIRD_PARTY_NOTICES.md");
     juce::StringArray names;
 
     for (const auto& line : juce::StringArray::fromLines (file.loadFileAsString()))
