@@ -68,7 +68,7 @@ protected:
 TEST_F (PictureMouseTest, ALeftPressHoldsTheCrosshairAndTheReadoutFollows)
 {
     ASSERT_TRUE (hover());
-    const MouseCounter mouse (window->getPicture());
+    MouseCounter mouse (window->getPicture());
     ASSERT_TRUE (pressAndMove (EditorWindow::leftButton, mouse));
     EXPECT_TRUE (window->getPicture().isCrosshairVisible());
     EXPECT_NE (window->getContainer().getKeyboard().getHighlightedNote(), KeyboardScaleComponent::noNote);
@@ -82,7 +82,7 @@ TEST_F (PictureMouseTest, ALeftPressHoldsTheCrosshairAndTheReadoutFollows)
 TEST_F (PictureMouseTest, AShiftClickThatMovesFreezesAndShowsNoReadoutAtTheCursor)
 {
     ASSERT_TRUE (hover());
-    const MouseCounter mouse (window->getPicture());
+    MouseCounter mouse (window->getPicture());
     ASSERT_TRUE (holdModifier (Screen::shiftKey, juce::ModifierKeys::shiftModifier));
     ASSERT_TRUE (pressAndMove (EditorWindow::leftButton, mouse));
     EXPECT_GE (get (Params::id::freeze), 0.5f);
@@ -96,7 +96,7 @@ TEST_F (PictureMouseTest, AShiftClickThatMovesFreezesAndShowsNoReadoutAtTheCurso
 TEST_F (PictureMouseTest, ThePressOfTheMiddleButtonDoesNothing)
 {
     ASSERT_TRUE (hover());
-    const MouseCounter mouse (window->getPicture());
+    MouseCounter mouse (window->getPicture());
     const auto before = getParameters();
     ASSERT_TRUE (pressAndMove (EditorWindow::middleButton, mouse));
     expectNothingHeld();
