@@ -8,7 +8,7 @@ namespace mk::orlo::host
 
 std::unique_ptr<juce::AudioPluginInstance> loadPlugin (const juce::File& bundle, double sampleRate, int blockSize)
 {
-    const auto path = bundle.getFullPathName();
+    const auto& path = bundle.getFullPathName();
 
     if (! bundle.exists())
         throw HostError ("there is no plug-in " + path);
