@@ -21,9 +21,9 @@ public:
     explicit Playback (const HopSettings& settings) : sampleRate (settings.sampleRate), plan (planHop (settings))
     {
         worker.prepareToPlay (sampleRate);
-        worker.enhanced = settings.enhanced;
-        worker.hopSize = plan.hop;
-        worker.setPendingConfig ({ settings.windowLabel - 1, 0, int (WindowType::hann) });
+        worker.setEnhanced (settings.enhanced);
+        worker.setHop (plan.samplesPerFrame);
+        worker.setPendingConfig ({ settings.windowSize - 1, 0, int (WindowType::hann) });
         worker.processAvailable();
         builder.setFramesPerColumn (plan.framesPerColumn);
         builder.setMaxFreqFraction (1.0f);
@@ -62,7 +62,7 @@ public:
     }
 
 private:
-    [[nodiscard]] double getSamplesPerColumn() const { return double (plan.hop) * plan.framesPerColumn; }
+    [[nodiscard]] double getSamplesPerColumn() const { return double (plan.samplesPerFrame) * plan.framesPerColumn; }
 
     const double sampleRate;
     const HopPlan plan;
@@ -84,7 +84,7 @@ const HopSettings settingsToTry[] {
 
 [[nodiscard]] std::string describe (const HopSettings& settings)
 {
-    return std::to_string (settings.windowLabel) + (settings.enhanced ? " Enhanced" : " Classic");
+    return std::to_string (settings.windowSize) + (settings.enhanced ? " Enhanced" : " Classic");
 }
 
 TEST (PictureSpeed, IsTheAudiosOnEveryDisplay)
