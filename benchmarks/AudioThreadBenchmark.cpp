@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 // What a block costs the audio thread, against the same work done by hand.
-#include "orlo/AudioPluginAudioProcessor.h"
+#include "orlo/processor/AudioPluginAudioProcessor.h"
 
 #include "benchmarks/support/Measure.h"
 

@@ -24,9 +24,7 @@ struct Analysis
     explicit Analysis (bool enhanced)
     {
         juce::Random random (1);
-        worker.enhanced = enhanced;
-        worker.setPendingConfig ({ 2047, 0, int (WindowType::hann) });
-        worker.hopSize = 163;
+        worker.setSettings ({ { 2047, 0, int (WindowType::hann) }, 163, enhanced, 0.0f });
         builder.getFrequencyScale().setScaleType (FrequencyScale::log);
         builder.setMaxFreqFraction (1.0f);
         builder.setLevelRange (-100.0f, 0.0f);

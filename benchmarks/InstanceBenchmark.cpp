@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 // What an instance costs before it does anything: time to construct, and memory of the second one.
-#include "orlo/AudioPluginAudioProcessor.h"
+#include "orlo/processor/AudioPluginAudioProcessor.h"
 
 #include "benchmarks/support/Measure.h"
 

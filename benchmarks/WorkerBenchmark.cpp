@@ -28,9 +28,7 @@ void measureFrames (int label, bool enhanced)
     const auto hop = juce::jmax (64, (label - 1) / 8);
 
     auto worker = std::make_shared<FFTProcessor>();
-    worker->enhanced = enhanced;
-    worker->setPendingConfig ({ label - 1, 0, int (WindowType::hann) });
-    worker->processAvailable();
+    worker->setSettings ({ { label - 1, 0, int (WindowType::hann) }, hop, enhanced, 0.0f });
 
     // The window is full of noise before the clock starts; frames pile up and are dropped by the worker.
     measure (name,
@@ -38,7 +36,6 @@ void measureFrames (int label, bool enhanced)
              {
                  if (! primed)
                  {
-                     worker->hopSize = hop;
                      worker->pushSamples (noise.data(), int (noise.size()));
                      worker->processAvailable();
                      primed = true;

@@ -1,8 +1,9 @@
 # Every outside dependency is pinned or named here, and nowhere else.
 
 #---------------------------------------------------------------------------------------------------
-# JUCE 8.0.6: a tree given by the user, else Debian's source package through apt, else the git tag.
-set (ORLO_JUCE_VERSION 8.0.6)
+# JUCE: a tree given by the user, of any version in this range, else Debian's source package through apt.
+set (ORLO_JUCE_OLDEST 8.0.6)
+set (ORLO_JUCE_BELOW 8.1)
 find_program (ORLO_APT_GET apt-get)
 
 if (ORLO_JUCE_DIR)
@@ -18,26 +19,16 @@ elseif (ORLO_APT_GET)
         message (FATAL_ERROR "JUCE could not be fetched; give a source tree with -DORLO_JUCE_DIR=...")
     endif()
 else()
-    include (FetchContent)
-    FetchContent_Declare (JUCE
-        GIT_REPOSITORY https://github.com/juce-framework/JUCE.git
-        GIT_TAG 8.0.6
-        GIT_SHALLOW ON)
-    FetchContent_GetProperties (JUCE)
-
-    if (NOT juce_POPULATED)
-        FetchContent_Populate (JUCE)
-    endif()
-
-    set (juce_dir "${juce_SOURCE_DIR}")
+    message (FATAL_ERROR "Without apt JUCE is not fetched; give a source tree with -DORLO_JUCE_DIR=...")
 endif()
 
 add_subdirectory ("${juce_dir}" "${CMAKE_BINARY_DIR}/juce" EXCLUDE_FROM_ALL SYSTEM)
 
 get_directory_property (juce_version DIRECTORY "${juce_dir}" DEFINITION JUCE_VERSION)
 
-if (NOT juce_version VERSION_EQUAL ORLO_JUCE_VERSION)
-    message (FATAL_ERROR "JUCE ${ORLO_JUCE_VERSION} is wanted, ${juce_dir} holds ${juce_version}")
+if (juce_version VERSION_LESS ORLO_JUCE_OLDEST OR juce_version VERSION_GREATER_EQUAL ORLO_JUCE_BELOW)
+    message (FATAL_ERROR
+        "JUCE from ${ORLO_JUCE_OLDEST} on and below ${ORLO_JUCE_BELOW} is wanted, ${juce_dir} holds ${juce_version}")
 endif()
 
 include (Juce)

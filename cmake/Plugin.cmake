@@ -1,8 +1,12 @@
 # The plug-in itself, and the same thing as a program of its own.
+
+# The build loads the new bundle to write its description down. The folders that an instance makes for its presets
+# must not land in the home and the system of whoever builds, so every command of JUCE's is started with others.
 if (CMAKE_SYSTEM_NAME STREQUAL "Linux")
-    set (use_juce_manifest_step FALSE)
-else()
-    set (use_juce_manifest_step TRUE)
+    set (build_home "${PROJECT_BINARY_DIR}/home")
+    file (MAKE_DIRECTORY "${build_home}/share/Morlek/Orlo")
+    set_property (DIRECTORY PROPERTY RULE_LAUNCH_CUSTOM
+        "\"${CMAKE_COMMAND}\" -E env --unset=XDG_CONFIG_HOME \"HOME=${build_home}\" \"XDG_DATA_DIRS=${build_home}/share\"")
 endif()
 
 juce_add_plugin (Orlo
@@ -17,7 +21,7 @@ juce_add_plugin (Orlo
     PLUGIN_CODE Orlo
     FORMATS VST3 Standalone
     VST3_CATEGORIES Fx Analyzer
-    VST3_AUTO_MANIFEST ${use_juce_manifest_step}
+    VST3_AUTO_MANIFEST TRUE
     EDITOR_WANTS_KEYBOARD_FOCUS FALSE
     COPY_PLUGIN_AFTER_BUILD FALSE)
 
@@ -34,20 +38,4 @@ if (CMAKE_SYSTEM_NAME STREQUAL "Linux")
     set (vst3_exports "${CMAKE_CURRENT_LIST_DIR}/Vst3Exports.map")
     target_link_options (Orlo_VST3 PRIVATE "LINKER:--version-script=${vst3_exports}")
     set_property (TARGET Orlo_VST3 APPEND PROPERTY LINK_DEPENDS "${vst3_exports}")
-
-    # The build loads the new bundle to write its description down. The folders that an instance makes for
-    # its presets must not land in the home and the system of whoever builds, so JUCE's own step, which has
-    # no say in the environment, is left out here.
-    set (build_home "${PROJECT_BINARY_DIR}/home")
-    get_target_property (bundle Orlo_VST3 JUCE_PLUGIN_ARTEFACT_FILE)
-    file (MAKE_DIRECTORY "${build_home}/share/Morlek/Orlo")
-
-    _juce_add_vst3_manifest_helper_target()
-    add_dependencies (Orlo_VST3 juce_vst3_helper)
-    add_custom_command (TARGET Orlo_VST3 POST_BUILD
-        COMMAND "${CMAKE_COMMAND}" -E make_directory "${bundle}/Contents/Resources"
-        COMMAND "${CMAKE_COMMAND}" -E env "HOME=${build_home}" "XDG_DATA_DIRS=${build_home}/share"
-            "$<TARGET_FILE:juce_vst3_helper>" -create -version "${PROJECT_VERSION}"
-            -path "${bundle}" -output "${bundle}/Contents/Resources/moduleinfo.json"
-        VERBATIM)
 endif()

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
-#include "orlo/AudioPluginAudioProcessor.h"
-#include "orlo/AudioPluginAudioProcessorEditor.h"
+#include "orlo/processor/AudioPluginAudioProcessor.h"
+#include "orlo/window/AudioPluginAudioProcessorEditor.h"
 
 #include <functional>
 #include <memory>

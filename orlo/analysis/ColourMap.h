@@ -6,8 +6,8 @@
 namespace mk::orlo
 {
 
-/** Turns a level between 0 and 1 into an opaque colour. Immutable once made, so that a map that has
-    been replaced goes on serving whoever still holds it. */
+/** Turns a level between 0 and 1 into an opaque colour. Immutable once made, so that a thread may go on
+    using a map that has been replaced meanwhile. */
 class ColourMap
 {
 public:

@@ -64,20 +64,6 @@ using Lists = std::array<juce::Array<juce::Colour>, numMaps>;
 }
 } // namespace
 
-const std::array<const char*, numMaps>& getNames() noexcept
-{
-    static constexpr std::array<const char*, numMaps> names {
-        "gray",    "cubehelix",  "viridis", "plasma",     "inferno",  "magma",    "cividis",   "rocket",
-        "mako",    "turbo",      "amber",   "amethyst",   "apple",    "arctic",   "bubblegum", "chroma",
-        "cosmic",  "dusk",       "eclipse", "ember",      "emerald",  "fall",     "flamingo",  "freeze",
-        "gem",     "ghostlight", "gothic",  "horizon",    "jungle",   "lavender", "lilac",     "neon",
-        "nuclear", "ocean",      "pepper",  "rainforest", "sapphire", "savanna",  "sepia",     "sunburst",
-        "swamp",   "torch",      "toxic",   "tree",       "tropical", "voltage"
-    };
-
-    return names;
-}
-
 const std::array<juce::Array<juce::Colour>, numMaps>& getAll()
 {
     static const auto lists = makeLists();

@@ -8,12 +8,26 @@
 namespace mk::orlo
 {
 
-void ColumnMapper::shiftHistory (const ColumnSettings& settings)
+void ColumnMapper::startAnewIfFormatChanged (const FrameFormat& newFormat)
+{
+    if (format == newFormat)
+        return;
+
+    format = newFormat;
+
+    for (auto& column : history)
+        std::fill (column.begin(), column.end(), 0.0f);
+}
+
+int ColumnMapper::getHistoryLength (int windowLength, int hop) noexcept
 {
     // Every hop that a window touches, and one more for what is rounded up.
-    const auto length = (settings.windowLength + settings.hop - 1) / settings.hop + 1;
+    return (windowLength + hop - 1) / hop + 1;
+}
 
-    history.resize (size_t (length));
+void ColumnMapper::shiftHistory (const ColumnSettings& settings)
+{
+    history.resize (size_t (getHistoryLength (settings.windowLength, settings.hop)));
 
     for (auto& column : history)
         column.resize (size_t (settings.numRows));
@@ -25,6 +39,7 @@ void ColumnMapper::shiftHistory (const ColumnSettings& settings)
 void ColumnMapper::map (const Frame& frame, const ColumnSettings& settings, FrequencyScale& scale, Column& column)
 {
     scale.setRange (settings.minHz, settings.maxHz);
+    startAnewIfFormatChanged (settings);
     shiftHistory (settings);
 
     if (settings.enhanced)

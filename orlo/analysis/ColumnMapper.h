@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
-#include "ClassicColumn.h"
+#include "ClassicColumnMapper.h"
 #include "ColumnSettings.h"
-#include "EnhancedColumn.h"
+#include "EnhancedColumnPlotter.h"
 #include "FrameBin.h"
 
 namespace mk::orlo
@@ -15,7 +15,8 @@ class FrequencyScale;
 
     A reassigned point may lie anywhere in its window, so the columns of one window's span are kept as a
     history that every frame adds to; the oldest one comes out when no later frame can reach it any more.
-    In Enhanced the picture therefore lags by about a window. One thread at a time.
+    In Enhanced the picture therefore lags by about a window. The history's columns belong to frames of one
+    format, so it is started anew whenever the format changes. One thread at a time.
 */
 class ColumnMapper
 {
@@ -24,11 +25,16 @@ public:
         column. Allocates only when sizes change. */
     void map (const Frame& frame, const ColumnSettings& settings, FrequencyScale& scale, Column& column);
 
+    /** How many columns a window's span touches, that is, how many are kept. Both in samples, hop at least 1. */
+    [[nodiscard]] static int getHistoryLength (int windowLength, int hop) noexcept;
+
 private:
+    void startAnewIfFormatChanged (const FrameFormat& newFormat);
     void shiftHistory (const ColumnSettings& settings);
 
-    ClassicColumn classic;
-    EnhancedColumn enhanced;
+    ClassicColumnMapper classic;
+    EnhancedColumnPlotter enhanced;
+    FrameFormat format;          // of the frames that the history is made of
     std::vector<Column> history; // oldest first
 };
 

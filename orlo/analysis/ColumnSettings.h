@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
+#include "FrameBin.h"
+
 #include <juce_core/juce_core.h>
 
 #include <cmath>
@@ -12,22 +14,24 @@ namespace mk::orlo
 /** One level for each row of the picture, row 0 on top: 0 is the floor, 1 the ceiling. */
 using Column = std::vector<float>;
 
-/** All that decides, besides the frame itself, how a frame becomes a column. */
-struct ColumnSettings
+/** What of the frames is shown, whatever their format. */
+struct ShownRange
 {
-    int windowLength = 2047; /**< Samples. */
-    int fftSize = 2048;      /**< Samples. */
-    int hop = 163;           /**< Samples, at least 1. */
-    bool enhanced = true;
-    float sampleRate = 44100.0f; /**< Hertz. */
-    float minHz = 0.0f;          /**< The shown range, hertz. */
+    float minFreqFraction = 0.0f; /**< Share 0 .. 1 of half the sample rate. */
+    float maxFreqFraction = 1.0f;
+    float floorDb = -100.0f; /**< The levels of 0 and of 1, in decibels; they may cross. */
+    float ceilingDb = 0.0f;
+    int numRows = 0;
+};
+
+/** All that decides, besides a frame's bins, how the frame becomes a column. */
+struct ColumnSettings : FrameFormat
+{
+    float minHz = 0.0f; /**< The shown range, hertz. */
     float maxHz = 22050.0f;
     float floorDb = -100.0f;
     float ceilingDb = 0.0f;
     int numRows = 0;
-
-    /** Hertz from one bin to the next. */
-    [[nodiscard]] float getBinWidth() const noexcept { return sampleRate / float (fftSize); }
 
     /** Decibels to level, not above 1 nor below 0. A floor at the ceiling can make it a NaN. */
     [[nodiscard]] float levelForDecibels (float dB) const noexcept
@@ -35,6 +39,20 @@ struct ColumnSettings
         return juce::jlimit (0.0f, 1.0f, (dB - floorDb) / (ceilingDb - floorDb));
     }
 };
+
+/** The settings for frames of that format. Any thread. */
+[[nodiscard]] inline ColumnSettings makeColumnSettings (const FrameFormat& format, const ShownRange& range) noexcept
+{
+    const auto nyquist = format.sampleRate * 0.5f;
+
+    ColumnSettings settings { format };
+    settings.minHz = juce::jlimit (0.0f, nyquist, range.minFreqFraction * nyquist);
+    settings.maxHz = juce::jlimit (settings.minHz, nyquist, range.maxFreqFraction * nyquist);
+    settings.floorDb = range.floorDb;
+    settings.ceilingDb = range.ceilingDb;
+    settings.numRows = range.numRows;
+    return settings;
+}
 
 /** The lowest level that is told apart from silence. */
 inline constexpr float silenceDb = -140.0f;

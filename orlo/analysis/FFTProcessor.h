@@ -2,20 +2,20 @@
 #pragma once
 
 #include "AnalysisConfig.h"
-#include "AnalysisWindows.h"
+#include "AnalysisSettings.h"
 #include "FrameBin.h"
 #include "FrameFifo.h"
 #include "SampleFifo.h"
+#include "SpectralAnalyser.h"
 
-#include <juce_dsp/juce_dsp.h>
+#include <juce_core/juce_core.h>
 
-#include <complex>
 #include <functional>
 
 namespace mk::orlo
 {
 
-/** The analysis worker: cuts the mono signal into overlapping windows and turns each into a frame.
+/** The analysis worker: the queues to and from a SpectralAnalyser, and the thread that runs it.
 
     The audio thread pushes samples, the image builder pops frames; both sides are lock-free. The
     thread "ana" only sleeps and calls processAvailable(), which tools, tests and benchmarks may call
@@ -43,9 +43,36 @@ public:
         and no lock but that of the wake-up event. When the ring is full the oldest samples go. */
     void pushSamples (const float* data, int count) noexcept;
 
+    /** Any thread. Takes all settings at once, for whoever owns them all; each of the setters below has a thread
+        of its own in the plug-in. Wait-free. */
+    void setSettings (const AnalysisSettings& settings) noexcept;
+
+    /** Any thread. The settings that the worker takes at its next wake-up. Each value by itself is the newest; those
+        set one after the other may be seen apart. Wait-free. */
+    [[nodiscard]] AnalysisSettings getSettings() const noexcept;
+
     /** [audio thread] Asks for another configuration; the worker takes it at its next wake-up if its
         window length differs from the current one. Wait-free. */
     void setPendingConfig (AnalysisConfig config) noexcept { pendingConfig.store (config); }
+
+    /** [view] Samples from one frame to the next; below 1 there is no analysis. Wait-free. */
+    void setHop (int samples) noexcept { hop.store (samples, std::memory_order_relaxed); }
+    [[nodiscard]] int getHop() const noexcept { return hop.load (std::memory_order_relaxed); }
+
+    /** [audio thread] Whether frames are reassigned. Wait-free. */
+    void setEnhanced (bool shouldReassign) noexcept { enhanced.store (shouldReassign, std::memory_order_relaxed); }
+    [[nodiscard]] bool isEnhanced() const noexcept { return enhanced.load (std::memory_order_relaxed); }
+
+    /** [message thread] Linear. Bins not above it read 0. Wait-free. */
+    void setMagnitudeThreshold (float newThreshold) noexcept
+    {
+        magnitudeThreshold.store (newThreshold, std::memory_order_relaxed);
+    }
+
+    [[nodiscard]] float getMagnitudeThreshold() const noexcept
+    {
+        return magnitudeThreshold.load (std::memory_order_relaxed);
+    }
 
     /** Any thread. Wait-free. */
     [[nodiscard]] AnalysisConfig getCurrentConfig() const noexcept { return currentConfig.load(); }
@@ -71,23 +98,14 @@ public:
 
     //==============================================================================
     /** [worker, or anybody while the thread is not started] Takes over a pending configuration, then
-        turns every complete hop that waits into a frame. Allocates only for a new configuration. */
+        turns every complete hop that waits into a frame. Allocates only for a new configuration or a longer hop. */
     void processAvailable();
 
     void run() override;
 
-    //==============================================================================
-    std::atomic<bool> paused { false };             /**< Written and read by the audio thread. */
-    std::atomic<bool> enhanced { false };           /**< Written by audio, read by worker and builder. */
-    std::atomic<float> magnitudeThreshold { 0.0f }; /**< Linear. Bins not above it read 0. Message to worker. */
-    std::atomic<int> hopSize { 0 };                 /**< Samples. Message to worker, audio and builder. */
-
 private:
-    void applyPendingConfig();
-    void processFrame (int windowLength, int hop);
-    void transformWith (const std::vector<float>& window, std::vector<std::complex<float>>& spectrum);
-    void fillMagnitudes (float threshold);
-    void fillShifts (float threshold);
+    void applyConfig (AnalysisConfig config);
+    [[nodiscard]] bool popHop (int numSamples);
 
     static constexpr int sampleFifoSize = 163840;
     static constexpr int frameFifoSize = 50;
@@ -95,20 +113,24 @@ private:
 
     std::atomic<double> sampleRate { 44100.0 };
     std::atomic<bool> isPrepared { false }; // written and read by whoever prepares
+
+    // Each written by one thread, see the setters, and read by the worker and others.
     AtomicAnalysisConfig pendingConfig { AnalysisConfig {} };
-    AtomicAnalysisConfig currentConfig { AnalysisConfig { 511, 0, 0 } };
-    std::atomic<int> fftSize { 0 };
+    std::atomic<int> hop { 0 };
+    std::atomic<bool> enhanced { false };
+    std::atomic<float> magnitudeThreshold { 0.0f };
 
     SampleFifo sampleFifo { sampleFifoSize };
     FrameFifo frameFifo { frameFifoSize };
 
     // The worker's own.
-    Frame scratchFrame = Frame (largestFrame);
-    int numBins = 0;
-    std::vector<float> inputFrame, workBuffer, magnitudes;
-    std::unique_ptr<juce::dsp::FFT> fft;
-    AnalysisWindows windows;
-    std::vector<std::complex<float>> spectrumPlain, spectrumDerivative, spectrumRamp;
+    SpectralAnalyser analyser;
+    std::vector<float> hopSamples;
+    Frame scratchFrame;
+
+    // Copies of what the analyser has, written by the worker, read by all.
+    AtomicAnalysisConfig currentConfig { analyser.getConfig() };
+    std::atomic<int> fftSize { analyser.getFftSize() };
 
     JUCE_DECLARE_WEAK_REFERENCEABLE (FFTProcessor)
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "FrameFifo.h"
 
+#include <tuple>
 #include <utility>
 
 namespace mk::orlo
@@ -21,10 +22,11 @@ void FrameFifo::push (const Frame& frame)
 {
     *writerSpare = frame;
 
-    while (indices.getNumFree() < 1)
-        indices.advanceRead (indices.getReadIndex(), 1);
+    // Where the advance fails, the reader or a discard has made room meanwhile.
+    for (auto seen = indices.getReadPosition(); indices.getNumFreeFrom (seen) < 1; seen = indices.getReadPosition())
+        std::ignore = indices.advanceRead (seen, 1);
 
-    auto& slot = slots[size_t (indices.getWriteIndex())];
+    auto& slot = slots[size_t (indices.getSlot (indices.getWritePosition()))];
     writerSpare = slot.exchange (writerSpare, std::memory_order_acq_rel);
     indices.advanceWrite (1);
 }
@@ -33,17 +35,17 @@ bool FrameFifo::pop (Frame& destination) noexcept
 {
     for (;;)
     {
-        const auto seen = indices.getReadIndex();
+        const auto seen = indices.getReadPosition();
 
         if (indices.getNumReadyFrom (seen) < 1)
             return false;
 
-        readerSpare->clear(); // an empty frame left in a slot marks it as taken
-        readerSpare = slots[size_t (seen)].exchange (readerSpare, std::memory_order_acq_rel);
+        readerSpare->bins.clear(); // an empty frame left in a slot marks it as taken
+        readerSpare = slots[size_t (indices.getSlot (seen))].exchange (readerSpare, std::memory_order_acq_rel);
 
         // Where the advance fails the frame was dropped meanwhile; where the frame is empty, its slot
         // was dropped and taken before. Either way the next one is due.
-        if (indices.advanceRead (seen, 1) && ! readerSpare->empty())
+        if (indices.advanceRead (seen, 1) && ! readerSpare->bins.empty())
         {
             std::swap (destination, *readerSpare);
             return true;

@@ -3,29 +3,29 @@
 
 #include <cmath>
 
-/** The psychoacoustic scales and their inverses, for frequencies in hertz from 0 up. */
+/** The psychoacoustic scales and their inverses, for frequencies in hertz from 0 up.
+
+    In double precision, since a range of a few hertz lies between values that are almost equal: of their
+    difference a float would leave too few digits for a pixel. */
 namespace mk::orlo::formulas
 {
 
 /** O'Shaughnessy (1987). */
-[[nodiscard]] inline float melFromHertz (float hz) noexcept { return 2595.0f * std::log10 (1.0f + hz / 700.0f); }
+[[nodiscard]] inline double melFromHertz (double hz) noexcept { return 2595.0 * std::log10 (1.0 + hz / 700.0); }
 
-[[nodiscard]] inline float hertzFromMel (float mel) noexcept
-{
-    return (std::pow (10.0f, mel / 2595.0f) - 1.0f) * 700.0f;
-}
+[[nodiscard]] inline double hertzFromMel (double mel) noexcept { return (std::pow (10.0, mel / 2595.0) - 1.0) * 700.0; }
 
 /** Traunmueller (1990). */
-[[nodiscard]] inline float barkFromHertz (float hz) noexcept { return 26.81f * hz / (hz + 1960.0f) - 0.53f; }
+[[nodiscard]] inline double barkFromHertz (double hz) noexcept { return 26.81 * hz / (hz + 1960.0) - 0.53; }
 
-[[nodiscard]] inline float hertzFromBark (float bark) noexcept { return (0.53f + bark) * 1960.0f / (26.28f - bark); }
+[[nodiscard]] inline double hertzFromBark (double bark) noexcept { return (0.53 + bark) * 1960.0 / (26.28 - bark); }
 
 /** The ERB-rate scale of Glasberg and Moore (1990). */
-[[nodiscard]] inline float erbFromHertz (float hz) noexcept { return 21.4f * std::log10 (1.0f + 4.37f * hz / 1000.0f); }
+[[nodiscard]] inline double erbFromHertz (double hz) noexcept { return 21.4 * std::log10 (1.0 + 4.37 * hz / 1000.0); }
 
-[[nodiscard]] inline float hertzFromErb (float erb) noexcept
+[[nodiscard]] inline double hertzFromErb (double erb) noexcept
 {
-    return (std::pow (10.0f, erb / 21.4f) - 1.0f) * 228.83296f;
+    return (std::pow (10.0, erb / 21.4) - 1.0) * (1000.0 / 4.37);
 }
 
 } // namespace mk::orlo::formulas

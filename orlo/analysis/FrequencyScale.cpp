@@ -13,19 +13,24 @@ namespace
 constexpr float lowBandTop = 50.0f;
 constexpr int smallestTable = 1000;
 
-/** (s (hz) - s (min)) / (s (max) - s (min)), within 0 .. 1. */
+/** The whole hertz that the tables run from and to. */
+[[nodiscard]] int getTableStart (float minHz) noexcept { return int (std::floor (minHz)); }
+[[nodiscard]] int getTableEnd (float maxHz) noexcept { return int (std::ceil (maxHz)); }
+
+/** (s (hz) - s (min)) / (s (max) - s (min)) as a function of hz. */
 template <typename Formula>
-[[nodiscard]] float forwardValue (Formula formula, float hz, float min, float max) noexcept
+[[nodiscard]] auto makeForwardMap (Formula formula, double min, double max) noexcept
 {
     const auto bottom = formula (min);
-    return juce::jlimit (0.0f, 1.0f, (formula (hz) - bottom) / (formula (max) - bottom));
+    return [=, scale = 1.0 / (formula (max) - bottom)] (double hz) { return (formula (hz) - bottom) * scale; };
 }
 
 template <typename Formula, typename Inverse>
 [[nodiscard]] float inverseValue (Formula formula, Inverse inverse, float position, float min, float max) noexcept
 {
-    const auto bottom = formula (min);
-    return juce::jlimit (min, max, inverse (position * (formula (max) - bottom) + bottom));
+    const auto bottom = formula (double (min));
+    const auto hz = inverse (double (position) * (formula (double (max)) - bottom) + bottom);
+    return juce::jlimit (min, max, float (hz));
 }
 } // namespace
 
@@ -87,51 +92,51 @@ void FrequencyScale::updateLogState()
 
     // The low band gets the height of its own octaves, but of one octave at the most.
     const auto lowOctaves =
-        low ? juce::jmin (1.0f, std::log2 (min < lowBandTop * 0.5f ? 2.0f : lowBandTop / min)) : 0.0f;
-    const auto width = std::log2 (max / base);
+        low ? juce::jmin (1.0, min < lowBandTop * 0.5f ? 1.0 : std::log2 (double (lowBandTop) / double (min))) : 0.0;
+    const auto width = std::log2 (double (max) / double (base));
     const auto fraction = lowOctaves / (lowOctaves + width);
 
-    store (low, low ? fraction : 0.0f, low ? 1.0f / fraction : 0.0f, width, width > 0.0f ? 1.0f / width : 0.0f);
+    store (low,
+           low ? float (fraction) : 0.0f,
+           low ? float (1.0 / fraction) : 0.0f,
+           float (width),
+           width > 0.0 ? float (1.0 / width) : 0.0f);
 }
 
 void FrequencyScale::rebuildTables()
 {
-    const auto min = getMinFrequency();
-    const auto max = getMaxFrequency();
-    const auto lo = int (std::floor (min));
-    const auto span = int (std::ceil (max)) - lo;
+    const auto min = double (getMinFrequency());
+    const auto max = double (getMaxFrequency());
+    const auto start = getTableStart (getMinFrequency());
+    const auto span = getTableEnd (getMaxFrequency()) - start;
 
     tableSize = span < smallestTable ? smallestTable : span + 1;
-    const auto step = float (span) / float (tableSize - 1);
+    const auto step = double (span) / double (tableSize - 1);
 
-    const auto low = hasLowBand.load (std::memory_order_relaxed);
-    const auto fraction = lowBandFraction.load (std::memory_order_relaxed);
-    const auto inverseWidth = octavesInverse.load (std::memory_order_relaxed);
-    const auto base = low ? lowBandTop : min;
-
-    const auto logValue = [=] (float hz)
-    {
-        return low && hz <= lowBandTop ? (hz - min) / (lowBandTop - min) * fraction
-                                       : (1.0f - fraction) * std::log2 (hz / base) * inverseWidth + fraction;
-    };
-
+    // The first and the last entry lie up to a hertz beyond the range. The formulas hold there too, so that
+    // what is interpolated within the range is right.
     const auto fill = [&] (Type type, auto&& valueOf)
     {
         auto& table = tables[type];
         table.resize (tableSize);
 
         for (int i = 0; i < tableSize; ++i)
-        {
-            const auto hz = float (i) * step + float (lo);
-            table.setUnchecked (i, hz <= min ? 0.0f : hz >= max ? 1.0f : valueOf (hz));
-        }
+            table.setUnchecked (i, float (valueOf (i * step + start)));
     };
 
-    fill (linear, [=] (float hz) { return (hz - min) / (max - min); });
-    fill (log, logValue);
-    fill (mel, [=] (float hz) { return forwardValue (formulas::melFromHertz, hz, min, max); });
-    fill (bark, [=] (float hz) { return forwardValue (formulas::barkFromHertz, hz, min, max); });
-    fill (erb, [=] (float hz) { return forwardValue (formulas::erbFromHertz, hz, min, max); });
+    fill (linear, makeForwardMap ([] (double hz) { return hz; }, min, max));
+    fill (mel, makeForwardMap (formulas::melFromHertz, min, max));
+    fill (bark, makeForwardMap (formulas::barkFromHertz, min, max));
+    fill (erb, makeForwardMap (formulas::erbFromHertz, min, max));
+
+    // The octaves only. Below them getForwardMap() puts a straight line, and what the table says of those
+    // frequencies matters only for the entry next to the band's end.
+    const auto fraction = double (lowBandFraction.load (std::memory_order_relaxed));
+    const auto inverseWidth = double (octavesInverse.load (std::memory_order_relaxed));
+    const auto base = hasLowBand.load (std::memory_order_relaxed) ? double (lowBandTop) : min;
+    fill (log,
+          [=] (double hz)
+          { return (1.0 - fraction) * std::log2 (juce::jmax (1.0, hz) / base) * inverseWidth + fraction; });
 }
 
 //==============================================================================
@@ -142,9 +147,14 @@ FrequencyScale::ForwardMap FrequencyScale::getForwardMap() const noexcept
     ForwardMap map;
     map.minHz = getMinFrequency();
     map.maxHz = getMaxFrequency();
-    map.entriesPerHertz = float (tableSize - 1) / (map.maxHz - map.minHz);
+    map.tableStart = float (getTableStart (map.minHz));
+    map.entriesPerHertz = float (tableSize - 1) / (float (getTableEnd (map.maxHz)) - map.tableStart);
     map.table = juce::isPositiveAndBelow (type, int (numTypes)) ? tables[size_t (type)].data() : nullptr;
     map.tableSize = tableSize;
+
+    const auto low = type == log && hasLowBand.load (std::memory_order_relaxed);
+    map.straightEnd = low ? lowBandTop : map.minHz;
+    map.straightSlope = low ? lowBandFraction.load (std::memory_order_relaxed) / (lowBandTop - map.minHz) : 0.0f;
     return map;
 }
 
@@ -180,8 +190,9 @@ float FrequencyScale::frequencyForPosition (float position) const noexcept
     if (low && position <= fraction)
         return (lowBandTop - min) * (position * lowBandFractionInverse.load (std::memory_order_relaxed)) + min;
 
-    const auto width = octaves.load (std::memory_order_relaxed);
-    return std::exp2 ((position - fraction) / (1.0f - fraction) * width) * (low ? lowBandTop : min);
+    const auto width = double (octaves.load (std::memory_order_relaxed));
+    const auto base = double (low ? lowBandTop : min);
+    return float (std::exp2 ((double (position) - double (fraction)) / (1.0 - double (fraction)) * width) * base);
 }
 
 } // namespace mk::orlo

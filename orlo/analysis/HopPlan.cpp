@@ -58,11 +58,13 @@ HopPlan planHop (const HopSettings& settings) noexcept
     HopPlan plan;
     plan.secondsPerColumn = milliseconds / 1000.0f;
     plan.samplesPerColumn = juce::roundToInt (settings.sampleRate * double (plan.secondsPerColumn));
-    plan.hop = settings.enhanced ? enhancedHop (settings.windowSize, plan.samplesPerColumn, settings.doubleResolution)
-                                 : plan.samplesPerColumn;
+    plan.samplesPerFrame = settings.enhanced
+                               ? enhancedHop (settings.windowSize, plan.samplesPerColumn, settings.doubleResolution)
+                               : plan.samplesPerColumn;
 
-    if (plan.hop >= 1)
-        plan.framesPerColumn = juce::jmax (1, juce::roundToInt (float (plan.samplesPerColumn) / float (plan.hop)));
+    if (plan.samplesPerFrame >= 1)
+        plan.framesPerColumn =
+            juce::jmax (1, juce::roundToInt (float (plan.samplesPerColumn) / float (plan.samplesPerFrame)));
 
     return plan;
 }

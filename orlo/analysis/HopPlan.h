@@ -19,7 +19,7 @@ struct HopPlan
 {
     float secondsPerColumn = 0.0f;
     int samplesPerColumn = 0;
-    int hop = 0; /**< Samples from one frame to the next; below 1 there is no analysis. */
+    int samplesPerFrame = 0; /**< Samples from one frame to the next; below 1 there is no analysis. */
     int framesPerColumn = 1;
 };
 

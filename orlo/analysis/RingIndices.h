@@ -2,66 +2,87 @@
 #pragma once
 
 #include <atomic>
+#include <cstdint>
 
 namespace mk::orlo
 {
 
 /** The read and write positions of a single-reader, single-writer ring.
 
-    One slot always stays unused, so that equal positions mean empty. Besides the reader, the writer
-    (to make room) and a third thread (to discard everything) may advance the read position; every
-    advance is a compare-and-swap from the position its caller looked at, so that two of them at once
-    never move the position back or past the writer.
+    Positions count the slots since the start and never wrap, so a position that was looked at before stands
+    for the same content for ever: a compare-and-swap from it cannot succeed after the ring has gone round.
+
+    One slot always stays unused, so that a ring of n slots holds n - 1. Besides the reader, the writer (to make
+    room) and a third thread (to discard everything) may advance the read position. Every advance is a
+    compare-and-swap from the position that its caller has tested, so that of two at once only one succeeds and
+    the read position never passes the write position.
 */
 class RingIndices
 {
 public:
+    using Position = std::int64_t;
+
     explicit RingIndices (int numSlots) noexcept : capacity (numSlots) {}
 
     /** Slots with something in them. Any thread; exact only on the reader's or writer's own side. */
-    [[nodiscard]] int getNumReady() const noexcept { return distance (read.load(), write.load()); }
+    [[nodiscard]] int getNumReady() const noexcept
+    {
+        // Read first: the write position never falls behind a read position seen before it.
+        const auto from = getReadPosition();
+        const auto ready = getNumReadyFrom (from);
 
-    /** Slots that can still be written. */
-    [[nodiscard]] int getNumFree() const noexcept { return capacity - 1 - getNumReady(); }
+        // A caller that is neither reader nor writer may be held up between the two while the ring goes on.
+        return ready < capacity ? ready : capacity - 1;
+    }
 
-    [[nodiscard]] int getReadIndex() const noexcept { return read.load(); }
-    [[nodiscard]] int getWriteIndex() const noexcept { return write.load(); }
+    /** Any thread. */
+    [[nodiscard]] Position getReadPosition() const noexcept { return read.load(); }
+    [[nodiscard]] Position getWritePosition() const noexcept { return write.load(); }
+
     [[nodiscard]] int getCapacity() const noexcept { return capacity; }
 
-    /** Slots ready as seen from a read position taken before. */
-    [[nodiscard]] int getNumReadyFrom (int readIndex) const noexcept { return distance (readIndex, write.load()); }
+    /** Where in the ring a position lies. */
+    [[nodiscard]] int getSlot (Position position) const noexcept { return int (position % capacity); }
 
-    /** Moves the read position on by count from the position the caller saw.
-        False, with nothing moved, if somebody else has moved it since. */
-    bool advanceRead (int seen, int count) noexcept { return read.compare_exchange_strong (seen, wrap (seen + count)); }
+    /** Slots ready as seen from a read position taken before. */
+    [[nodiscard]] int getNumReadyFrom (Position readPosition) const noexcept
+    {
+        return int (write.load() - readPosition);
+    }
+
+    /** [writer] Slots free as seen from a read position taken before; exact while the read position is that one. */
+    [[nodiscard]] int getNumFreeFrom (Position readPosition) const noexcept
+    {
+        return capacity - 1 - getNumReadyFrom (readPosition);
+    }
+
+    /** Moves the read position on by count, at most getNumReadyFrom (seen), from the position that the caller
+        has seen. False, with nothing moved, if somebody else has moved it since. */
+    [[nodiscard]] bool advanceRead (Position seen, int count) noexcept
+    {
+        return read.compare_exchange_strong (seen, seen + count);
+    }
 
     /** [writer] Makes what was written up to here readable. */
-    void advanceWrite (int count) noexcept { write.store (wrap (write.load() + count)); }
+    void advanceWrite (int count) noexcept { write.store (write.load() + count); }
 
     /** Any thread. Drops everything that is ready. */
     void discardAll() noexcept
     {
+        // The write position is read after the read position, so it is never the smaller of the two.
         for (auto seen = read.load(); ! read.compare_exchange_weak (seen, write.load());)
         {
         }
     }
 
-    [[nodiscard]] int wrap (int index) const noexcept { return index >= capacity ? index - capacity : index; }
-
 private:
-    [[nodiscard]] int distance (int from, int to) const noexcept
-    {
-        const auto ready = to - from;
-        return ready >= 0 ? ready : ready + capacity;
-    }
-
     const int capacity;
 
-    // Sequentially consistent throughout: an index is touched once a block or frame, so order costs nothing.
-    std::atomic<int> read { 0 };
-    std::atomic<int> write { 0 };
+    // Sequentially consistent throughout: a position is touched once a block or frame, so order costs nothing.
+    std::atomic<Position> read { 0 };
+    std::atomic<Position> write { 0 };
 
-    static_assert (std::atomic<int>::is_always_lock_free);
+    static_assert (std::atomic<Position>::is_always_lock_free);
 };
 
 } // namespace mk::orlo

@@ -2,6 +2,7 @@
 #include "SampleFifo.h"
 
 #include <algorithm>
+#include <tuple>
 
 namespace mk::orlo
 {
@@ -35,28 +36,36 @@ void SampleFifo::push (const float* samples, int count) noexcept
         count = room;
     }
 
-    while (indices.getNumFree() < count)
-    {
-        const auto seen = indices.getReadIndex();
-        indices.advanceRead (seen, std::min (count, indices.getNumReadyFrom (seen)));
-    }
+    // Where the advance fails, the reader or a discard has made room meanwhile.
+    for (auto seen = indices.getReadPosition(); indices.getNumFreeFrom (seen) < count; seen = indices.getReadPosition())
+        std::ignore = indices.advanceRead (seen, std::min (count, indices.getNumReadyFrom (seen)));
 
-    const auto start = indices.getWriteIndex();
+    const auto start = indices.getSlot (indices.getWritePosition());
     const auto untilEnd = std::min (count, indices.getCapacity() - start);
     copyIn (ring.get() + start, samples, untilEnd);
     copyIn (ring.get(), samples + untilEnd, count - untilEnd);
     indices.advanceWrite (count);
 }
 
-void SampleFifo::pop (float* destination, int count, int skip) noexcept
+bool SampleFifo::pop (float* destination, int count, int skip) noexcept
 {
-    const auto seen = indices.getReadIndex();
-    const auto untilEnd = std::min (count, indices.getCapacity() - seen);
-    copyOut (destination, ring.get() + seen, untilEnd);
-    copyOut (destination + untilEnd, ring.get(), count - untilEnd);
+    for (;;)
+    {
+        const auto seen = indices.getReadPosition();
 
-    // Where this fails, the writer or a discard has just moved past samples that were being read.
-    indices.advanceRead (seen, count + skip);
+        if (indices.getNumReadyFrom (seen) < count + skip)
+            return false;
+
+        const auto start = indices.getSlot (seen);
+        const auto untilEnd = std::min (count, indices.getCapacity() - start);
+        copyOut (destination, ring.get() + start, untilEnd);
+        copyOut (destination + untilEnd, ring.get(), count - untilEnd);
+
+        // Where this fails, the writer or a discard has moved past samples while they were being read, and
+        // what was copied may be a mixture of old and new.
+        if (indices.advanceRead (seen, count + skip))
+            return true;
+    }
 }
 
 } // namespace mk::orlo

@@ -10,10 +10,11 @@ namespace mk::orlo
 
 /** Single-reader, single-writer ring of samples from the audio thread to the analysis worker.
 
-    Wait-free on both sides. When there is no room the writer drops the oldest samples, so the reader
-    always gets to the newest audio; a drop shows as a skipped column. While the writer drops, the
-    reader may be copying those very samples out: it then gets a mixture of old and new ones, which
-    also costs a column and nothing else. For that overlap to be harmless, each sample is an atomic.
+    Lock-free on both sides: an operation is repeated only if another thread has moved the read position
+    meanwhile. When there is no room the writer drops the oldest samples, so the reader always gets to the newest
+    audio; a drop shows as a skipped column. The writer may overwrite samples that the reader is copying out at
+    that time, which the reader notices and then starts again. For that overlap to be harmless, each sample is
+    an atomic.
 */
 class SampleFifo
 {
@@ -25,9 +26,9 @@ public:
         larger than the whole ring only the newest samples are kept. */
     void push (const float* samples, int count) noexcept;
 
-    /** [worker] Copies the count oldest samples out and removes them, and removes skip more behind
-        them. Both together must not exceed getNumReady(). */
-    void pop (float* destination, int count, int skip) noexcept;
+    /** [worker] Copies the count oldest samples out and removes them, and removes skip more behind them.
+        False, with nothing removed and the destination undefined, if fewer than count + skip are ready. */
+    [[nodiscard]] bool pop (float* destination, int count, int skip) noexcept;
 
     /** Any thread. */
     [[nodiscard]] int getNumReady() const noexcept { return indices.getNumReady(); }

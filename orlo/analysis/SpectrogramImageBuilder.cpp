@@ -8,9 +8,6 @@ namespace mk::orlo
 {
 namespace
 {
-// This many times the frames due waiting means that the builder has fallen behind.
-constexpr int catchUpFactor = 3;
-
 void mergeMaximum (Column& target, const Column& other) noexcept
 {
     juce::FloatVectorOperations::max (target.data(), target.data(), other.data(), int (target.size()));
@@ -51,45 +48,30 @@ void SpectrogramImageBuilder::run()
     while (! threadShouldExit())
     {
         const auto tickCount = frameClock.tickCount.load (std::memory_order_acquire);
+        const auto numTicks = tickCount - std::exchange (lastTickCount, tickCount);
 
-        if (std::exchange (lastTickCount, tickCount) == tickCount)
-            wait (1.0);
-        else if (! processTick (frameClock.columnsPerTick.load (std::memory_order_relaxed)))
+        // Ticks that came while columns were being painted have each lasted about as long as the newest.
+        if (numTicks == 0
+            || ! processTick (float (numTicks) * frameClock.columnsPerTick.load (std::memory_order_relaxed)))
             wait (1.0);
     }
 }
 
 bool SpectrogramImageBuilder::processTick (float columnsPerTick)
 {
-    const auto ready = fftProcessor.getNumFramesReady();
     const auto framesEach = juce::jmax (1, framesPerColumn.load (std::memory_order_relaxed));
+    const auto share = pacer.next (columnsPerTick, fftProcessor.getNumFramesReady(), framesEach);
 
-    tickRemainder += columnsPerTick;
-
-    if (columnsPerTick < 1.0f && tickRemainder < 1.0f)
-        return false;
-
-    const auto step = juce::jmax (1.0f, columnsPerTick);
-    tickRemainder -= step;
-
-    // After a long gap the time asks for more columns than an int may hold; there are never more frames
-    // to take than the ring has slots.
-    const auto due = step * float (framesEach);
-    const auto take = due < float (ready) ? int (due) : ready;
-
-    if (take < framesEach)
+    if (share.numColumns < 1)
         return false;
 
     applyScrollMode();
     applyRequestedSize();
 
-    const auto numFrames = take - take % framesEach;
-    const auto behind = ready >= catchUpFactor * take;
-
-    if (framesEach == 1 && ! behind)
-        collectColumns (numFrames);
+    if (framesEach == 1 && share.numExtraFrames == 0)
+        collectColumns (share.numColumns);
     else
-        collectMergedColumns (numFrames, framesEach, behind);
+        collectMergedColumns (share.numColumns * framesEach, framesEach, share.numExtraFrames > 0);
 
     if (outputColumns.empty())
         return false;
@@ -122,9 +104,9 @@ void SpectrogramImageBuilder::applyRequestedSize()
 }
 
 //==============================================================================
-void SpectrogramImageBuilder::collectColumns (int numFrames)
+void SpectrogramImageBuilder::collectColumns (int numColumns)
 {
-    outputColumns.resize (size_t (numFrames));
+    outputColumns.resize (size_t (numColumns));
 
     for (auto& column : outputColumns)
     {
@@ -150,7 +132,7 @@ void SpectrogramImageBuilder::collectMergedColumns (int numFrames, int framesInE
 
         ++framesInColumn;
 
-        // Two frames more than are due, at the start and half way, whose peaks are merged in as well.
+        // Frames that are too many go into columns that are drawn anyway, so that their peaks are not lost.
         if (catchUp && (turn == 0 || turn == numFrames / 2))
             mergeNextFrame();
 
@@ -182,27 +164,18 @@ bool SpectrogramImageBuilder::mergeNextFrame()
     return true;
 }
 
-ColumnSettings SpectrogramImageBuilder::makeColumnSettings() const
+ShownRange SpectrogramImageBuilder::getShownRange() const noexcept
 {
-    const auto nyquist = float (fftProcessor.getSampleRate() * 0.5);
-
-    ColumnSettings settings;
-    settings.windowLength = fftProcessor.getCurrentConfig().windowLength;
-    settings.fftSize = fftProcessor.getFftSize();
-    settings.hop = juce::jmax (1, fftProcessor.hopSize.load (std::memory_order_relaxed));
-    settings.enhanced = fftProcessor.enhanced.load (std::memory_order_relaxed);
-    settings.sampleRate = float (fftProcessor.getSampleRate());
-    settings.minHz = juce::jlimit (0.0f, nyquist, minFreqFraction.load (std::memory_order_relaxed) * nyquist);
-    settings.maxHz = juce::jlimit (settings.minHz, nyquist, maxFreqFraction.load (std::memory_order_relaxed) * nyquist);
-    settings.floorDb = floorDb.load (std::memory_order_relaxed);
-    settings.ceilingDb = ceilingDb.load (std::memory_order_relaxed);
-    settings.numRows = currentHeight;
-    return settings;
+    return { minFreqFraction.load (std::memory_order_relaxed),
+             maxFreqFraction.load (std::memory_order_relaxed),
+             floorDb.load (std::memory_order_relaxed),
+             ceilingDb.load (std::memory_order_relaxed),
+             currentHeight };
 }
 
 void SpectrogramImageBuilder::frameToColumn (const Frame& frame, Column& column)
 {
-    mapper.map (frame, makeColumnSettings(), frequencyScale, column);
+    mapper.map (frame, makeColumnSettings (frame.format, getShownRange()), frequencyScale, column);
 }
 
 void SpectrogramImageBuilder::paintAndPublish()

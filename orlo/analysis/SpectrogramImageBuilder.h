@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ColumnMapper.h"
+#include "ColumnPacer.h"
 #include "FrameClock.h"
 #include "FrequencyScale.h"
 #include "SnapshotExchange.h"
@@ -16,10 +17,10 @@ class FFTProcessor;
 
 /** Turns the worker's frames into the picture, at the pace of the display's ticks.
 
-    For every tick it takes as many frames as the elapsed time calls for, maps them to columns, paints
-    these into a ring image and publishes a snapshot of the part that is shown. The thread "ima" only
-    waits for ticks and calls processTick(), which tools, tests and benchmarks may call themselves as long
-    as the thread is not started.
+    For every tick it takes the frames that are due (see ColumnPacer), maps them to columns, paints these
+    into a ring image and publishes a snapshot of the part that is shown. The thread "ima" only waits for
+    ticks and calls processTick(), which tools, tests and benchmarks may call themselves as long as the
+    thread is not started.
 */
 class SpectrogramImageBuilder final : public juce::Thread
 {
@@ -65,19 +66,16 @@ public:
     [[nodiscard]] FrequencyScale& getFrequencyScale() noexcept { return frequencyScale; }
 
     //==============================================================================
-    /** [builder, or anybody while the thread is not started] One tick that lasted the given number of
+    /** [builder, or any thread while the builder's is not started] One tick that lasted the given number of
         columns. True if columns were painted and a picture published. */
     bool processTick (float columnsPerTick);
 
-    /** [builder, or anybody while the thread is not started] The next column out of the next frame, with
-        the levels, range and scale of the moment; see ColumnMapper. */
+    /** [builder, or any thread while the builder's is not started] The next column out of the next frame, with
+        the frame's own format, and the levels, range and scale of the moment; see ColumnMapper. */
     void frameToColumn (const Frame& frame, Column& column);
 
-    /** [builder, or anybody while the thread is not started] What frameToColumn() would work with now. */
-    [[nodiscard]] ColumnSettings makeColumnSettings() const;
-
-    /** [builder, or anybody while the thread is not started] Takes the requested size over at once, and
-        not with the next columns. */
+    /** [builder, or any thread while the builder's is not started] Takes the requested size over at once,
+        and not with the next columns. */
     void applyRequestedSize();
 
     void run() override;
@@ -86,8 +84,9 @@ public:
     [[nodiscard]] const SpectrogramRing& getRing() const noexcept { return ring; }
 
 private:
+    [[nodiscard]] ShownRange getShownRange() const noexcept;
     void applyScrollMode();
-    void collectColumns (int numFrames);
+    void collectColumns (int numColumns);
     void collectMergedColumns (int numFrames, int framesInEachColumn, bool catchUp);
     bool mergeNextFrame();
     void paintAndPublish();
@@ -108,7 +107,7 @@ private:
 
     // The builder's own.
     std::uint64_t lastTickCount = 0;
-    float tickRemainder = 0.0f; // the part of a tick carried over
+    ColumnPacer pacer;
     bool lastScrollMode = false;
     int currentWidth = 0, currentHeight = 0;
     ColumnMapper mapper;

@@ -15,8 +15,8 @@ namespace
 }
 
 /** How many half columns an old column becomes: 4 if the width was doubled, 1 if halved, else 2.
-    In halves, so that all of it stays whole numbers. */
-[[nodiscard]] int getWidthScale2 (int oldWidth, int newWidth) noexcept
+    Halves, because they keep the arithmetic in whole numbers. */
+[[nodiscard]] int getHalfColumnsPerColumn (int oldWidth, int newWidth) noexcept
 {
     return newWidth == 2 * oldWidth ? 4 : 2 * newWidth == oldWidth ? 1 : 2;
 }
@@ -28,17 +28,17 @@ void drawColumns (juce::Image& destination,
                   juce::Range<int> sourceX,
                   int destinationEnd,
                   juce::Range<int> clip,
-                  int widthScale2)
+                  int halfColumnsPerColumn)
 {
     if (sourceX.isEmpty() || clip.isEmpty())
         return;
 
-    // The colours are the map's and stay the map's: no blending between neighbours.
+    // Blending neighbours would give colours that the map does not have.
     juce::Graphics g (destination);
     g.setImageResamplingQuality (juce::Graphics::lowResamplingQuality);
     g.reduceClipRegion (clip.getStart(), 0, clip.getLength(), destination.getHeight());
 
-    const auto width = sourceX.getLength() * widthScale2 / 2;
+    const auto width = sourceX.getLength() * halfColumnsPerColumn / 2;
     g.drawImage (source,
                  destinationEnd - width,
                  0,
@@ -60,33 +60,33 @@ void SpectrogramRing::resize (int width, int height, bool scroll)
     if (old.isNull())
         return;
 
-    const auto widthScale2 = getWidthScale2 (old.getWidth() / 2, width);
+    const auto halfColumnsPerColumn = getHalfColumnsPerColumn (old.getWidth() / 2, width);
 
     if (scroll)
-        carryOverScrolling (old, widthScale2);
+        carryOverScrolling (old, halfColumnsPerColumn);
     else
-        carryOverStatic (old, widthScale2);
+        carryOverStatic (old, halfColumnsPerColumn);
 }
 
-void SpectrogramRing::carryOverScrolling (const juce::Image& old, int widthScale2)
+void SpectrogramRing::carryOverScrolling (const juce::Image& old, int halfColumnsPerColumn)
 {
-    // The newest column ends just before the write position, all others follow to its left, and what
-    // would lie left of the ring's edge comes back in at its right, down to the write position.
+    // The newest column ends just before the write position and the others follow to its left. What would
+    // lie left of the ring's edge goes to its right edge, down to the write position.
     const auto ringWidth = image.getWidth();
     const auto oldWriteX = writeX;
     writeX = juce::jmin (writeX, ringWidth - 1);
 
     const juce::Range<int> newer (0, oldWriteX), older (oldWriteX, old.getWidth());
-    const auto olderEnd = writeX - newer.getLength() * widthScale2 / 2;
+    const auto olderEnd = writeX - newer.getLength() * halfColumnsPerColumn / 2;
 
     const juce::Range<int> leftOfWriteX (0, writeX), rightOfWriteX (writeX, ringWidth);
-    drawColumns (image, old, newer, writeX, leftOfWriteX, widthScale2);
-    drawColumns (image, old, older, olderEnd, leftOfWriteX, widthScale2);
-    drawColumns (image, old, newer, writeX + ringWidth, rightOfWriteX, widthScale2);
-    drawColumns (image, old, older, olderEnd + ringWidth, rightOfWriteX, widthScale2);
+    drawColumns (image, old, newer, writeX, leftOfWriteX, halfColumnsPerColumn);
+    drawColumns (image, old, older, olderEnd, leftOfWriteX, halfColumnsPerColumn);
+    drawColumns (image, old, newer, writeX + ringWidth, rightOfWriteX, halfColumnsPerColumn);
+    drawColumns (image, old, older, olderEnd + ringWidth, rightOfWriteX, halfColumnsPerColumn);
 }
 
-void SpectrogramRing::carryOverStatic (const juce::Image& old, int widthScale2)
+void SpectrogramRing::carryOverStatic (const juce::Image& old, int halfColumnsPerColumn)
 {
     const auto oldWidth = old.getWidth() / 2;
     const auto width = getWidth();
@@ -95,16 +95,16 @@ void SpectrogramRing::carryOverStatic (const juce::Image& old, int widthScale2)
     const auto start = inSecondHalf ? width : 0;
     const juce::Range<int> half (start, start + width);
 
-    // The sweep keeps its place. In a picture that has become too narrow for it, the newest columns are
-    // kept, and the sweep goes on at the left.
-    const auto swept = (writeX - oldStart) * widthScale2 / 2;
+    // The sweep keeps its place. If the picture has become too narrow for it, the newest columns are kept
+    // and the sweep goes on at the left.
+    const auto swept = (writeX - oldStart) * halfColumnsPerColumn / 2;
     const auto overhang = juce::jmax (0, swept - width);
     drawColumns (image,
                  old,
                  { oldStart, oldStart + oldWidth },
-                 start - overhang + oldWidth * widthScale2 / 2,
+                 start - overhang + oldWidth * halfColumnsPerColumn / 2,
                  half,
-                 widthScale2);
+                 halfColumnsPerColumn);
     writeX = start + (swept >= width ? 0 : swept);
 }
 
@@ -131,8 +131,12 @@ void SpectrogramRing::paint (const std::vector<Column>& columns,
         return;
 
     const juce::Image::BitmapData data (image, juce::Image::BitmapData::writeOnly);
-    const auto ringWidth = image.getWidth();
     const auto numNew = int (columns.size());
+
+    // Scroll writes round the whole ring, Static round its half.
+    const auto start = scroll ? 0 : getHalfStart();
+    const auto length = scroll ? image.getWidth() : getWidth();
+    const auto xOf = [=, firstX = writeX - start] (int index) { return start + (firstX + index) % length; };
 
     for (int i = 0; i < numNew; ++i)
     {
@@ -141,7 +145,7 @@ void SpectrogramRing::paint (const std::vector<Column>& columns,
         if (int (column.size()) != data.height)
             continue;
 
-        auto* pixel = data.getPixelPointer ((writeX + i) % ringWidth, 0);
+        auto* pixel = data.getPixelPointer (xOf (i), 0);
 
         for (const auto level : column)
         {
@@ -152,8 +156,7 @@ void SpectrogramRing::paint (const std::vector<Column>& columns,
         }
     }
 
-    const auto start = getHalfStart();
-    writeX = scroll ? (writeX + numNew) % ringWidth : start + (writeX + numNew) % getWidth();
+    writeX = xOf (numNew);
 
     numColumns += numNew;
     numRebuilds += scroll ? 1 : 0; // all columns have moved

@@ -26,14 +26,16 @@ public:
     /** What a change from Scroll to Static does: black, and on from the left of a half. */
     void restart();
 
-    /** Paints the columns from the write position on and moves it. Columns of another height than the
-        picture's leave their place as it is.
+    /** Paints the columns from the write position on and moves it. Column i goes to start + (writeX - start + i)
+        modulo length: in Scroll, start is 0 and length the whole ring; in Static they are those of the half,
+        so that a sweep goes on at the half's left edge at once. Columns of another height than the picture's
+        leave their place as it is.
         @param zeroColour  ARGB of a level of 0 or less */
     void paint (const std::vector<Column>& columns, const ColourMap& map, juce::uint32 zeroColour, bool scroll);
 
-    /** Copies what is to be shown into the snapshot, which is made anew if it has another size. A snapshot
-        that this ring has made before gets only what has changed since. Does nothing before the first
-        resize(). */
+    /** Copies what is to be shown into the snapshot, whose image is replaced if it has another size. Of a
+        snapshot that this ring has filled before only what has changed since is copied. Does nothing before
+        the first resize(). */
     void copyShownPart (Snapshot& snapshot, bool scroll) const;
 
     /** Of the part that is shown, in pixels; 0 before the first resize(). */
@@ -50,11 +52,10 @@ private:
     /** The left edge of the half that the write position is in. */
     [[nodiscard]] int getHalfStart() const noexcept { return writeX < getWidth() ? 0 : getWidth(); }
 
-    void carryOverScrolling (const juce::Image& old, int widthScale2);
-    void carryOverStatic (const juce::Image& old, int widthScale2);
+    void carryOverScrolling (const juce::Image& old, int halfColumnsPerColumn);
+    void carryOverStatic (const juce::Image& old, int halfColumnsPerColumn);
 
-    /** The columns of the shown part that a snapshot lacks, as places in it: the first range, and after it
-        the second. */
+    /** The columns of the shown part that a snapshot lacks, counted from the part's left edge. */
     struct MissingColumns
     {
         juce::Range<int> first, second;
@@ -66,7 +67,7 @@ private:
     juce::Image image;
     int writeX = 0;
 
-    // What tells an old snapshot from a new one.
+    // By these a snapshot is known to be old.
     int numRebuilds = 0; // changes other than columns of a sweep
     juce::int64 numColumns = 0;
 };

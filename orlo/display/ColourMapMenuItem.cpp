@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "ColourMapMenuItem.h"
 
-#include "plugin_core/look/ScaleRule.h"
+#include "plugin_core/style/ScaleRule.h"
 
 namespace mk::orlo
 {
@@ -55,7 +55,7 @@ void ColourMapMenuItem::paintOverChildren (juce::Graphics& g)
     g.setColour (findColour (juce::PopupMenu::highlightedTextColourId).withAlpha (highlightAlpha));
     g.fillRoundedRectangle (area, corner);
 
-    // So little light is lost on bright maps; whoever uses the keys needs to see where they are.
+    // On bright maps the highlight alone is hardly visible, and keyboard users need to see which row it is on.
     g.setColour (findColour (juce::ComboBox::focusedOutlineColourId));
     g.drawRoundedRectangle (area.reduced (1.0f), corner, 2.0f);
 }
@@ -71,7 +71,7 @@ void ColourMapMenuItem::parentHierarchyChanged()
 
 std::unique_ptr<juce::AccessibilityHandler> ColourMapMenuItem::createAccessibilityHandler()
 {
-    // The menu's own row has the name.
+    // The menu's own row carries the name for screen readers.
     return createIgnoredAccessibilityHandler (*this);
 }
 

@@ -2,11 +2,11 @@
 #include "ColourMapPreviewComponent.h"
 
 #include "orlo/analysis/ColourMap.h"
-#include "orlo/analysis/ColourTables.h"
-#include "orlo/look/OrloColours.h"
+#include "orlo/parameters/ColourMapNames.h"
+#include "orlo/style/OrloColours.h"
 #include "plugin_core/controls/ComponentIgnoringRightButton.h"
-#include "plugin_core/look/ScaleRule.h"
-#include "plugin_core/look/StyleProperties.h"
+#include "plugin_core/style/ScaleRule.h"
+#include "plugin_core/style/StyleProperties.h"
 
 namespace mk::orlo
 {
@@ -39,11 +39,8 @@ ColourMapPreviewComponent::ColourMapPreviewComponent (int index, bool shouldShow
     rebuild();
 }
 
-int ColourMapPreviewComponent::getNumMaps() noexcept { return int (colourTables::getNames().size()); }
-juce::String ColourMapPreviewComponent::getMapName (int index)
-{
-    return colourTables::getNames()[size_t (toLegalIndex (index))];
-}
+int ColourMapPreviewComponent::getNumMaps() noexcept { return int (colourMapNames.size()); }
+juce::String ColourMapPreviewComponent::getMapName (int index) { return colourMapNames[size_t (toLegalIndex (index))]; }
 
 void ColourMapPreviewComponent::setMapIndex (int newIndex)
 {

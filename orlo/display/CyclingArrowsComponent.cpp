@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "CyclingArrowsComponent.h"
 
-#include "orlo/look/OrloColours.h"
-#include "plugin_core/look/ColourLookup.h"
-#include "plugin_core/look/icons/Icon.h"
+#include "orlo/style/OrloColours.h"
+#include "plugin_core/style/ColourLookup.h"
+#include "plugin_core/style/icons/Icon.h"
 
 namespace mk::orlo
 {

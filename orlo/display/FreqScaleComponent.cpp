@@ -2,9 +2,9 @@
 #include "FreqScaleComponent.h"
 
 #include "StripText.h"
-#include "orlo/look/OrloColours.h"
-#include "plugin_core/look/ColourLookup.h"
-#include "plugin_core/look/StyleProperties.h"
+#include "plugin_core/style/ColourLookup.h"
+#include "plugin_core/style/StyleProperties.h"
+#include "orlo/style/OrloColours.h"
 
 namespace mk::orlo
 {
@@ -63,7 +63,7 @@ void FreqScaleComponent::lookAndFeelChanged()
 
 void FreqScaleComponent::parentHierarchyChanged()
 {
-    // Entering an editor brings its size and its look and feel with it.
+    // The editor decides on the size of the text and on the look and feel.
     lookAndFeelChanged();
 }
 

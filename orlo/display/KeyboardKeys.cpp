@@ -74,7 +74,7 @@ std::vector<KeyboardKey> buildKeyboardKeys (const FrequencyScale& scale, int wid
     const auto min = scale.getMinFrequency();
     const auto max = scale.getMaxFrequency();
 
-    // Written so that a NaN makes no keys.
+    // Negated, so that a NaN gives no keys.
     if (! (min >= 0.0f && max > min))
         return {};
 

@@ -4,9 +4,9 @@
 #include "NoteNames.h"
 #include "PixelGrid.h"
 #include "StripText.h"
-#include "orlo/look/OrloColours.h"
-#include "plugin_core/look/ColourLookup.h"
-#include "plugin_core/look/StyleProperties.h"
+#include "plugin_core/style/ColourLookup.h"
+#include "plugin_core/style/StyleProperties.h"
+#include "orlo/style/OrloColours.h"
 
 #include <algorithm>
 
@@ -134,7 +134,7 @@ void KeyboardScaleComponent::lookAndFeelChanged()
 
 void KeyboardScaleComponent::parentHierarchyChanged()
 {
-    // Entering an editor brings its size and its look and feel with it.
+    // The editor decides on the size of the text and on the look and feel.
     lookAndFeelChanged();
 }
 
@@ -147,7 +147,7 @@ void KeyboardScaleComponent::mouseMove (const juce::MouseEvent& event)
 
     const auto hz = scale.frequencyForPosition (1.0f - event.position.y / float (getHeight()));
 
-    // A copy, since the callback may well change the scale and with it all keys.
+    // A copy, since the callback may change the scale and thereby rebuild the keys.
     if (const auto* const key = findKeyForFrequency (keys, hz))
         onKeyHovered (KeyboardKey (*key));
 }

@@ -18,7 +18,7 @@ constexpr std::array<const char*, notesPerOctave> names { "C",  "C#", "D",  "D#"
 
 double noteForFrequency (double hz) noexcept
 {
-    // The logarithm of nothing would be no number at all.
+    // The logarithm of zero is minus infinity and that of a negative number is NaN.
     const auto ratio = hz < 1.0e-6 ? 2.2727273e-9 : hz / concertPitch;
     return double (concertA) + double (notesPerOctave) * std::log2 (ratio);
 }

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "PictureFile.h"
 
+#include "plugin_core/files/FileReplacement.h"
+
 namespace mk::orlo::pictureFile
 {
-namespace
-{
-constexpr size_t bufferSize = 16384;
-} // namespace
 
 juce::File chooseStart (const juce::String& lastExportFile)
 {
@@ -24,18 +22,16 @@ juce::File withPngExtension (const juce::File& file)
 
 bool write (const juce::Image& image, const juce::File& file)
 {
-    if (! image.isValid())
+    juce::MemoryOutputStream png;
+
+    if (! image.isValid() || ! juce::PNGImageFormat().writeImageToStream (image, png))
         return false;
 
-    juce::FileOutputStream stream (file, bufferSize);
+    // Replacing a link would leave the picture that it leads to unchanged.
+    const auto target = file.isSymbolicLink() ? file.getLinkedTarget() : file;
 
-    // A stream goes on at the end of what is there.
-    if (! stream.openedOk() || ! stream.setPosition (0) || stream.truncate().failed())
-        return false;
-
-    const auto isWritten = juce::PNGImageFormat().writeImageToStream (image, stream);
-    stream.flush();
-    return isWritten && stream.getStatus().wasOk();
+    // A write-protected file could still be replaced, since that takes the right to write to its folder alone.
+    return target.hasWriteAccess() && pluginCore::replaceFileContent (target, png.getData(), png.getDataSize());
 }
 
 } // namespace mk::orlo::pictureFile

@@ -3,18 +3,20 @@
 
 #include <juce_graphics/juce_graphics.h>
 
-/** Pictures of the spectrogram as files. [message thread] */
+/** Pictures of the spectrogram as files. */
 namespace mk::orlo::pictureFile
 {
 
-/** Where an export begins to ask: at the last picture if its setting is a whole path, else in the user's
-    folder of pictures. */
+/** Where the dialog of an export starts: at the last picture if its setting is an absolute path, else in the
+    user's folder of pictures. */
 [[nodiscard]] juce::File chooseStart (const juce::String& lastExportFile);
 
 /** The file with the extension that a picture has. */
 [[nodiscard]] juce::File withPngExtension (const juce::File& file);
 
-/** Writes the image in the place of whatever the file held. False if it cannot be written. */
+/** Writes the image in the place of whatever the file held, which stays untouched until all of the picture is on the
+    disk; folders that lead there are made. False, with the file as it was, if the picture cannot be written or the
+    file is write-protected. Encodes and blocks on the disk: for any thread that may wait. */
 bool write (const juce::Image& image, const juce::File& file);
 
 } // namespace mk::orlo::pictureFile

@@ -14,7 +14,7 @@ constexpr int leftMargin = 1;
 
 std::vector<float> buildRulerTicks (float minHz, float maxHz)
 {
-    // Written so that a NaN makes an empty ruler.
+    // Negated, so that a NaN gives an empty ruler.
     if (! (minHz < maxHz))
         return {};
 
@@ -37,7 +37,7 @@ juce::String formatRulerFrequency (float hz)
     if (hz < 995.0f)
         return juce::String (juce::roundToInt (hz));
 
-    // In double precision, since a single one takes 22.05 for a little less.
+    // In double precision, since in single precision 22.05 is a little less and would be rounded down.
     const auto kilohertz = double (hz) / 1000.0;
     const auto nearest = std::round (kilohertz);
 
@@ -59,7 +59,7 @@ std::vector<RulerLabel> placeRulerLabels (const std::vector<float>& ticks,
         const auto top = int ((1.0f - scale.positionForFrequency (ticks[i])) * float (height) - fontHeight);
         const auto isEnd = i == 0 || i + 1 == ticks.size();
 
-        // The texts at the two ends are set inwards, so that side of the others must stay clear of them.
+        // The texts at the two ends are moved inwards, so the others have to leave room for them.
         if (! isEnd && ! (float (top) > 2.0f * fontHeight && float (top) < float (height) - 4.0f * fontHeight))
             continue;
 

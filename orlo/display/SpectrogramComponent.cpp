@@ -2,10 +2,14 @@
 #include "SpectrogramComponent.h"
 
 #include "Crosshair.h"
-#include "orlo/AudioPluginAudioProcessor.h"
-#include "orlo/ParameterAccess.h"
-#include "orlo/Params.h"
+#include "MenuKey.h"
+#include "orlo/processor/AudioPluginAudioProcessor.h"
+#include "orlo/processor/ParameterAccess.h"
+#include "orlo/parameters/Params.h"
 #include "orlo/analysis/HopPlan.h"
+#include "orlo/parameters/Params.h"
+#include "orlo/processor/AudioPluginAudioProcessor.h"
+#include "orlo/processor/ParameterAccess.h"
 #include "plugin_core/controls/ComponentIgnoringRightButton.h"
 
 namespace mk::orlo
@@ -37,6 +41,14 @@ SpectrogramComponent::SpectrogramComponent (AudioPluginAudioProcessor& audioProc
 
     setMouseCursor (juce::MouseCursor::CrosshairCursor);
     setOpaque (true);
+
+    // Tab has to reach the picture, so that its menu can be opened by a key. A click leaves the keyboard focus
+    // with the host, whose space bar it would otherwise take.
+    setWantsKeyboardFocus (true);
+    setMouseClickGrabsKeyboardFocus (false);
+    setTitle (juce::translate ("Spectrogram"));
+    setDescription (juce::translate ("The frequencies of the sound over time"));
+    setHelpText (juce::translate ("Press the Menu key or Shift+F10 to open the menu"));
 
     visibilityObserver = std::make_unique<pluginCore::GuiUtils::ComponentVisibilityObserver> (
         *this, [this] (bool isVisible) { onVisibilityChanged (isVisible); });
@@ -89,11 +101,11 @@ void SpectrogramComponent::recomputeHop()
 
     secondsPerColumn = plan.secondsPerColumn;
     samplesPerColumn = plan.samplesPerColumn;
-    hopSize = plan.hop;
+    hopSize = plan.samplesPerFrame;
 
-    if (plan.hop >= 1)
+    if (plan.samplesPerFrame >= 1)
     {
-        fftProcessor.hopSize.store (plan.hop, std::memory_order_relaxed);
+        fftProcessor.setHop (plan.samplesPerFrame);
         imageBuilder.setFramesPerColumn (plan.framesPerColumn);
     }
 }
@@ -194,7 +206,7 @@ void SpectrogramComponent::mouseEnter (const juce::MouseEvent& event)
 
 void SpectrogramComponent::mouseExit (const juce::MouseEvent& event)
 {
-    // Moving onto a child or a popup of the view is not leaving it.
+    // The mouse is still over the view when it moves onto a child or a popup of it.
     if (! isMouseOver (true) && onMouseExited != nullptr)
         onMouseExited (event);
 }
@@ -203,7 +215,8 @@ void SpectrogramComponent::mouseDown (const juce::MouseEvent& event)
 {
     storeCursor (event);
 
-    if (pluginCore::isMenuClick (event.mods))
+    // Only a plain left click acts here: the container opens the menu, and the middle button has no function.
+    if (! pluginCore::isEditingClick (event.mods))
         return;
 
     if (event.mods.isShiftDown())
@@ -225,11 +238,15 @@ void SpectrogramComponent::mouseDrag (const juce::MouseEvent& event)
 {
     storeCursor (event);
 
+    // Only the press that has shown the crosshair holds it: a drag after a shift-click or with another button does
+    // nothing.
+    if (! crosshairVisible)
+        return;
+
     if (! pluginCore::isMenuClick (event.mods))
         callWithFrequency (onMouseHeld, event);
 
-    if (crosshairVisible)
-        repaint();
+    repaint();
 }
 
 void SpectrogramComponent::mouseUp (const juce::MouseEvent& event)
@@ -245,6 +262,31 @@ void SpectrogramComponent::mouseUp (const juce::MouseEvent& event)
 void SpectrogramComponent::toggleFreeze()
 {
     freezeAttachment.setValueAsCompleteGesture (isOn (freezeParameter) ? 0.0f : 1.0f);
+}
+
+//==============================================================================
+bool SpectrogramComponent::keyPressed (const juce::KeyPress& key) { return menuKey::isShiftF10 (key) && requestMenu(); }
+
+bool SpectrogramComponent::keyStateChanged (bool isKeyDown)
+{
+    return isKeyDown && menuKey::isMenuKeyDown() && requestMenu();
+}
+
+bool SpectrogramComponent::requestMenu()
+{
+    if (onMenuRequested == nullptr)
+        return false;
+
+    onMenuRequested();
+    return true;
+}
+
+std::unique_ptr<juce::AccessibilityHandler> SpectrogramComponent::createAccessibilityHandler()
+{
+    return std::make_unique<juce::AccessibilityHandler> (
+        *this,
+        juce::AccessibilityRole::image,
+        juce::AccessibilityActions().addAction (juce::AccessibilityActionType::showMenu, [this] { requestMenu(); }));
 }
 
 } // namespace mk::orlo

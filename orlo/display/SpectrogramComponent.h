@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
-#include "plugin_core/display/ComponentVisibilityObserver.h"
+#include "plugin_core/window/ComponentVisibilityObserver.h"
+#include "plugin_core/attachments/ParameterAttachment.h"
 
 #include <juce_audio_processors/juce_audio_processors.h>
 
@@ -35,6 +36,9 @@ public:
 
     std::function<void (const juce::MouseEvent&)> onMouseReleased, onMouseEntered, onMouseExited;
 
+    /** A key or a screen reader asks for the menu. */
+    std::function<void()> onMenuRequested;
+
     /** Gets the new rate in hertz, after the component has taken it over. */
     std::function<void (double)> onSampleRateChanged;
 
@@ -66,6 +70,8 @@ public:
     void mouseDown (const juce::MouseEvent&) override;
     void mouseDrag (const juce::MouseEvent&) override;
     void mouseUp (const juce::MouseEvent&) override;
+    bool keyPressed (const juce::KeyPress&) override;
+    bool keyStateChanged (bool isKeyDown) override;
 
 private:
     using MouseCallback = std::function<void (const juce::MouseEvent&, float)>;
@@ -76,6 +82,8 @@ private:
     void storeCursor (const juce::MouseEvent&);
     void callWithFrequency (const MouseCallback& callback, const juce::MouseEvent& event);
     void toggleFreeze();
+    bool requestMenu();
+    std::unique_ptr<juce::AccessibilityHandler> createAccessibilityHandler() override;
 
     AudioPluginAudioProcessor& processor;
     FFTProcessor& fftProcessor;
@@ -91,7 +99,7 @@ private:
     juce::Graphics::ResamplingQuality resamplingQuality = juce::Graphics::lowResamplingQuality;
 
     juce::RangedAudioParameter &modeParameter, &fftSizeParameter, &freezeParameter, &speedParameter;
-    juce::ParameterAttachment modeAttachment, fftSizeAttachment, freezeAttachment, speedAttachment;
+    pluginCore::ParameterAttachment modeAttachment, fftSizeAttachment, freezeAttachment, speedAttachment;
 
     juce::VBlankAttachment vblank; // empty while hidden
     double lastTickTime = 0.0;     // seconds

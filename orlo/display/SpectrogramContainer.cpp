@@ -7,18 +7,18 @@
 #include "PictureFile.h"
 #include "StripText.h"
 
-#include "orlo/AudioPluginAudioProcessor.h"
-#include "orlo/ParameterAccess.h"
-#include "orlo/Params.h"
-#include "orlo/Product.h"
+#include "orlo/parameters/Params.h"
+#include "orlo/processor/AudioPluginAudioProcessor.h"
+#include "orlo/processor/ParameterAccess.h"
+#include "orlo/processor/Product.h"
 #include "plugin_core/controls/ComponentIgnoringRightButton.h"
-#include "plugin_core/look/StyleProperties.h"
+#include "plugin_core/style/StyleProperties.h"
 
 namespace mk::orlo
 {
 namespace
 {
-void toggle (juce::ParameterAttachment& attachment, const juce::RangedAudioParameter& parameter)
+void toggle (pluginCore::ParameterAttachment& attachment, const juce::RangedAudioParameter& parameter)
 {
     attachment.setValueAsCompleteGesture (isOn (parameter) ? 0.0f : 1.0f);
 }
@@ -80,9 +80,8 @@ SpectrogramContainer::SpectrogramContainer (AudioPluginAudioProcessor& audioProc
          { &rulerAttachment, &keyboardAttachment, &minFreqAttachment, &maxFreqAttachment, &freqScaleAttachment })
         attachment->sendInitialUpdate();
 
-    // The keyboard stays with the host.
+    // A click leaves the keyboard focus with the host.
     for (auto* const component : { static_cast<juce::Component*> (this),
-                                   static_cast<juce::Component*> (&spectrogram),
                                    static_cast<juce::Component*> (&ruler),
                                    static_cast<juce::Component*> (&keyboard) })
         component->setMouseClickGrabsKeyboardFocus (false);
@@ -91,7 +90,7 @@ SpectrogramContainer::SpectrogramContainer (AudioPluginAudioProcessor& audioProc
     spectrogram.onSampleRateChanged = [this] (double rate) { sampleRateChanged (rate); };
     updateRange();
 
-    // Of all that happens on the children too.
+    // With the nested children, so that a right click on any of them opens the menu.
     addMouseListener (this, true);
 }
 
@@ -112,6 +111,7 @@ void SpectrogramContainer::connectMouse()
     spectrogram.onMouseExited = [this] (const juce::MouseEvent&) { readout.setVisible (false); };
     spectrogram.onMouseReleased = [this] (const juce::MouseEvent&)
     { keyboard.setHighlightedNote (KeyboardScaleComponent::noNote); };
+    spectrogram.onMenuRequested = [this] { showContextMenuOnPicture(); };
 }
 
 void SpectrogramContainer::showReadout (const juce::MouseEvent& event, float hz, bool followCursor)
@@ -122,11 +122,25 @@ void SpectrogramContainer::showReadout (const juce::MouseEvent& event, float hz,
 void SpectrogramContainer::mouseDown (const juce::MouseEvent& event)
 {
     if (pluginCore::isMenuClick (event.mods))
-        showContextMenu();
+        showContextMenuAtMouse();
 }
 
 //==============================================================================
-void SpectrogramContainer::showContextMenu()
+void SpectrogramContainer::showContextMenuAtMouse()
+{
+    showContextMenu (juce::PopupMenu::Options {}.withMousePosition());
+}
+
+void SpectrogramContainer::showContextMenuOnPicture()
+{
+    // A keyboard user goes on from the first entry, so that it is highlighted from the start.
+    const auto middle = spectrogram.getScreenBounds().getCentre();
+    showContextMenu (juce::PopupMenu::Options {}
+                         .withTargetScreenArea ({ middle.x, middle.y, 1, 1 })
+                         .withInitiallySelectedItem (contextMenu::freeze));
+}
+
+void SpectrogramContainer::showContextMenu (juce::PopupMenu::Options options)
 {
     contextMenu::fill (contextMenu,
                        { isOn (freezeParameter),
@@ -139,14 +153,12 @@ void SpectrogramContainer::showContextMenu()
                                               : getContextMenuItemHeight (0, 0);
 
     readout.setVisible (false);
-    contextMenu.showMenuAsync (
-        juce::PopupMenu::Options {}.withParentComponent (editor).withMousePosition().withStandardItemHeight (
-            itemHeight),
-        [self = juce::Component::SafePointer (this)] (int result)
-        {
-            if (self != nullptr)
-                self->carryOut (result);
-        });
+    contextMenu.showMenuAsync (options.withParentComponent (editor).withStandardItemHeight (itemHeight),
+                               [self = juce::Component::SafePointer (this)] (int result)
+                               {
+                                   if (self != nullptr)
+                                       self->carryOut (result);
+                               });
 }
 
 void SpectrogramContainer::carryOut (int menuItem)
@@ -175,11 +187,25 @@ void SpectrogramContainer::exportAsImage()
 {
     const auto lastFile = globalSettings.getSettings()[pluginCore::SettingsIds::lastExportFile];
 
-    fileChooser = std::make_unique<juce::FileChooser> (
-        juce::translate ("Save as png"), pictureFile::chooseStart (lastFile.toString()), "*.png");
+    fileChooser = std::make_unique<juce::FileChooser> (juce::translate ("Save as png"),
+                                                       pictureFile::chooseStart (lastFile.toString()),
+                                                       "*.png",
+                                                       true,
+                                                       false,
+                                                       findDialogParent());
     fileChooser->launchAsync (juce::FileBrowserComponent::saveMode | juce::FileBrowserComponent::canSelectFiles
                                   | juce::FileBrowserComponent::warnAboutOverwriting,
                               [this] (const juce::FileChooser& chooser) { exportTo (chooser.getResult()); });
+}
+
+juce::Component* SpectrogramContainer::findDialogParent() const
+{
+    // JUCE draws its own dialog inside the parent and at this size, so that a smaller window would cut it off.
+    constexpr int dialogWidth = 600, dialogHeight = 500;
+    auto* const editor = findParentComponentOfClass<juce::AudioProcessorEditor>();
+    const auto hasRoom = editor != nullptr && editor->getWidth() >= dialogWidth && editor->getHeight() >= dialogHeight;
+
+    return (hasRoom || juce::FileChooser::isPlatformDialogAvailable()) ? editor : nullptr;
 }
 
 void SpectrogramContainer::exportTo (const juce::File& chosenFile)
@@ -190,8 +216,7 @@ void SpectrogramContainer::exportTo (const juce::File& chosenFile)
     const auto file = pictureFile::withPngExtension (chosenFile);
     globalSettings.getSettings().setProperty (pluginCore::SettingsIds::lastExportFile, file.getFullPathName(), nullptr);
 
-    if (file.create().wasOk())
-        pictureFile::write (createPicture(), file);
+    pictureWriter.write (createPicture(), file);
 }
 
 juce::Image SpectrogramContainer::createPicture()

@@ -4,8 +4,10 @@
 #include "FreqReadoutPopup.h"
 #include "FreqScaleComponent.h"
 #include "KeyboardScaleComponent.h"
+#include "PictureWriter.h"
 #include "SpectrogramComponent.h"
 
+#include "plugin_core/attachments/ParameterAttachment.h"
 #include "plugin_core/display/TooltipDisplayComponent.h"
 #include "plugin_core/settings/PluginGlobalSettings.h"
 
@@ -24,10 +26,12 @@ public:
     ~SpectrogramContainer() override;
 
     //==============================================================================
-    /** Asks for a file and writes what the container shows into it, in the end and without a word of failure. */
+    /** Asks for a file in a dialog of the window, and exports to it what the container shows when the dialog ends. */
     void exportAsImage();
 
-    /** Writes what the container shows at this moment; the file gets the extension of a PNG. */
+    /** Takes what the container shows at this moment and returns; a thread writes it. The file gets the extension of
+        a PNG and keeps its content until the whole picture is on the disk. Failures are silent and leave it as it
+        was. */
     void exportTo (const juce::File& chosenFile);
 
     /** What the container shows, at two pixels for one at double resolution. */
@@ -36,7 +40,7 @@ public:
     /** Carries out an entry of the context menu. 0 and unknown ones do nothing. */
     void carryOut (int menuItem);
 
-    /** Opens a page. The browser, unless somebody puts something else in its place. */
+    /** Opens a page, by default in the browser. */
     std::function<void (const juce::URL&)> openPage;
 
     /** Gets the new rate in hertz. */
@@ -51,7 +55,6 @@ public:
     [[nodiscard]] pluginCore::TooltipDisplayComponent& getHelpLine() noexcept { return tooltipDisplay; }
     [[nodiscard]] const juce::PopupMenu& getContextMenu() const noexcept { return contextMenu; }
 
-
     //==============================================================================
     void resized() override;
     void mouseDown (const juce::MouseEvent&) override;
@@ -61,7 +64,10 @@ public:
 private:
     void connectMouse();
     void showReadout (const juce::MouseEvent& event, float hz, bool followCursor);
-    void showContextMenu();
+    void showContextMenu (juce::PopupMenu::Options options);
+    void showContextMenuAtMouse();
+    void showContextMenuOnPicture();
+    [[nodiscard]] juce::Component* findDialogParent() const;
     void updateRange();
     void sampleRateChanged (double newRate);
     void switchView();
@@ -77,13 +83,14 @@ private:
     const pluginCore::PluginGlobalSettings globalSettings;
 
     juce::RangedAudioParameter &rulerParameter, &keyboardParameter, &freezeParameter;
-    juce::ParameterAttachment rulerAttachment, keyboardAttachment, minFreqAttachment, maxFreqAttachment,
+    pluginCore::ParameterAttachment rulerAttachment, keyboardAttachment, minFreqAttachment, maxFreqAttachment,
         freqScaleAttachment, freezeAttachment;
 
     float sampleRate; // hertz
     float minFraction = 0.0f;
     float maxFraction = 1.0f;
     const int octaveOfMiddleC;
+    PictureWriter pictureWriter;
     std::unique_ptr<juce::FileChooser> fileChooser;
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (SpectrogramContainer)

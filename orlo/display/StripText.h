@@ -2,7 +2,7 @@
 #pragma once
 
 #include "orlo/look/PluginLookAndFeel.h"
-#include "plugin_core/look/ScaleRule.h"
+#include "plugin_core/style/ScaleRule.h"
 
 namespace mk::orlo
 {
@@ -10,10 +10,11 @@ namespace mk::orlo
 /** The size class of the texts on and beside the picture. */
 inline constexpr int displaySizeClass = 4;
 
-/** How far a text on the display may be narrowed so that all of it is seen: as far as it takes. */
+/** The smallest horizontal scale of texts on the display: so small that a text is always shown whole. */
 inline constexpr float narrowestTextScale = 0.01f;
 
-/** The face for figures that change while they are read; with a look and feel of another product its menus'. */
+/** The font for figures that change while they are read; under a look and feel of another product the font of
+    its menus. */
 [[nodiscard]] inline juce::Font findScaleFont (const juce::Component& component)
 {
     if (const auto* const style = dynamic_cast<const PluginLookAndFeel*> (&component.getLookAndFeel()))

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "PluginLookAndFeel.h"
 
-#include "OrloColours.h"
 #include "SliderLabelComp.h"
+#include "orlo/style/OrloColours.h"
 #include "plugin_core/look/MyCaretComponent.h"
-#include "plugin_core/look/StyleProperties.h"
+#include "plugin_core/style/StyleProperties.h"
 
 namespace mk::orlo
 {

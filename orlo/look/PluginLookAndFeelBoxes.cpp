@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-#include "OrloColours.h"
 #include "PluginLookAndFeel.h"
-#include "plugin_core/look/MouseFade.h"
-#include "plugin_core/look/ScaleRule.h"
-#include "plugin_core/look/StyleProperties.h"
-#include "plugin_core/look/icons/Icon.h"
+#include "orlo/style/OrloColours.h"
+#include "plugin_core/style/MouseFade.h"
+#include "plugin_core/style/ScaleRule.h"
+#include "plugin_core/style/StyleProperties.h"
+#include "plugin_core/style/icons/Icon.h"
 
 namespace mk::orlo
 {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-#include "OrloColours.h"
 #include "PluginLookAndFeel.h"
-#include "plugin_core/look/icons/Icon.h"
+#include "orlo/style/OrloColours.h"
+#include "plugin_core/style/icons/Icon.h"
 
 namespace mk::orlo
 {

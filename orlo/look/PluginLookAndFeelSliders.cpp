@@ -2,10 +2,10 @@
 #include "PluginLookAndFeel.h"
 #include "SliderProperties.h"
 #include "plugin_core/controls/ParameterSlider.h"
-#include "plugin_core/look/MouseFade.h"
-#include "plugin_core/look/Palette.h"
-#include "plugin_core/look/ScaleRule.h"
-#include "plugin_core/look/StyleProperties.h"
+#include "plugin_core/style/MouseFade.h"
+#include "plugin_core/style/Palette.h"
+#include "plugin_core/style/ScaleRule.h"
+#include "plugin_core/style/StyleProperties.h"
 
 namespace mk::orlo
 {

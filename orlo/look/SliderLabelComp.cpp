@@ -3,8 +3,8 @@
 
 #include "SliderProperties.h"
 #include "plugin_core/controls/ComponentIgnoringRightButton.h"
-#include "plugin_core/look/ScaleRule.h"
-#include "plugin_core/look/StyleProperties.h"
+#include "plugin_core/style/ScaleRule.h"
+#include "plugin_core/style/StyleProperties.h"
 
 namespace mk::orlo
 {

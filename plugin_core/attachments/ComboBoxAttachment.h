@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
+#include "ParameterAttachment.h"
+
 #include <juce_audio_processors/juce_audio_processors.h>
 
 #include <functional>
@@ -42,7 +44,7 @@ private:
     juce::UndoManager* const undoManager;
     const std::function<void()> afterGesture;
     const ValuesBeyond valuesBeyond;
-    juce::ParameterAttachment attachment;
+    ParameterAttachment attachment;
     bool ignoreCallbacks = false;
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (ComboBoxAttachment)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
+#include "ParameterAttachment.h"
+
 #include <juce_audio_processors/juce_audio_processors.h>
 
 #include <functional>
@@ -31,7 +33,7 @@ private:
     std::vector<juce::Component::SafePointer<juce::Button>> buttons;
     juce::RangedAudioParameter& parameter;
     const std::function<void()> afterGesture;
-    juce::ParameterAttachment attachment;
+    ParameterAttachment attachment;
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (TabAttachment)
 };

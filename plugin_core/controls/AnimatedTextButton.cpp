@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "AnimatedTextButton.h"
 
-#include "../look/MouseFade.h"
+#include "plugin_core/style/MouseFade.h"
 
 namespace mk::pluginCore
 {

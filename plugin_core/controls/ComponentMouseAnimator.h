@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
-#include "GenericComponentAnimator.h"
+#include "plugin_core/style/GenericComponentAnimator.h"
 
 #include <juce_gui_basics/juce_gui_basics.h>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "DisplayTextComponent.h"
 
-#include "plugin_core/look/ColourIds.h"
-#include "plugin_core/look/ColourLookup.h"
-#include "plugin_core/look/Palette.h"
+#include "plugin_core/style/ColourIds.h"
+#include "plugin_core/style/ColourLookup.h"
+#include "plugin_core/style/Palette.h"
 
 namespace mk::pluginCore
 {

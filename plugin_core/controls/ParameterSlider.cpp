@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "ParameterSlider.h"
 
-#include "../look/MouseFade.h"
+#include "plugin_core/style/MouseFade.h"
 
 #include <cmath>
 #include <utility>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "PluginComboBoxControl.h"
 
-#include "../attachments/UndoFlush.h"
+#include "plugin_core/attachments/UndoFlush.h"
 
 namespace mk::pluginCore
 {

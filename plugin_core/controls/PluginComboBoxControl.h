@@ -3,8 +3,8 @@
 
 #include "ComponentIgnoringRightButton.h"
 
-#include "../attachments/ComboBoxAttachment.h"
-#include "../processor/PluginProcessor.h"
+#include "plugin_core/attachments/ComboBoxAttachment.h"
+#include "plugin_core/processor/PluginProcessor.h"
 
 #include <memory>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
-#include "../presets/PresetsManager.h"
+#include "plugin_core/presets/PresetsManager.h"
 
 #include <juce_gui_basics/juce_gui_basics.h>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "PluginSliderControl.h"
 
-#include "../attachments/UndoFlush.h"
-#include "../look/ScaleRule.h"
-#include "../look/StyleProperties.h"
+#include "plugin_core/attachments/UndoFlush.h"
+#include "plugin_core/style/ScaleRule.h"
+#include "plugin_core/style/StyleProperties.h"
 
 #include <algorithm>
 
@@ -60,7 +60,7 @@ void PluginSliderControl::attachOne()
     slider->setSliderSnapsToMousePosition (false);
 
     if (auto* parameter = state.getParameter (paramIDs[0]))
-        singleAttachment = std::make_unique<juce::SliderParameterAttachment> (*parameter, *slider, state.undoManager);
+        singleAttachment = std::make_unique<SliderAttachment> (*parameter, *slider, state.undoManager);
 }
 
 void PluginSliderControl::attachTwo()

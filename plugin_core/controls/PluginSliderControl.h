@@ -3,8 +3,9 @@
 
 #include "ParameterSlider.h"
 
-#include "../attachments/TwoValueSliderAttachment.h"
-#include "../processor/PluginProcessor.h"
+#include "plugin_core/attachments/TwoValueSliderAttachment.h"
+#include "plugin_core/processor/PluginProcessor.h"
+#include "../attachments/SliderAttachment.h"
 
 #include <memory>
 #include <vector>
@@ -57,7 +58,7 @@ private:
     juce::AudioProcessorValueTreeState& state;
     const juce::StringArray paramIDs;
     const std::unique_ptr<ParameterSlider> slider;
-    std::unique_ptr<juce::SliderParameterAttachment> singleAttachment;
+    std::unique_ptr<SliderAttachment> singleAttachment;
     std::unique_ptr<TwoValueSliderAttachment> twoValueAttachment;
     juce::Label nameLabel; // never shown: the product's panels write the names of their rows themselves
     std::vector<std::unique_ptr<juce::Label>> valueLabels;

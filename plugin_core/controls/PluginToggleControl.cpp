@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "PluginToggleControl.h"
 
-#include "../attachments/UndoFlush.h"
+#include "plugin_core/attachments/UndoFlush.h"
 
 namespace mk::pluginCore
 {
@@ -21,7 +21,7 @@ PluginToggleControl::PluginToggleControl (PluginProcessor& processor,
         if (button->getTitle().isEmpty())
             button->setTitle (juce::translate (parameter->getName (128)));
 
-        attachment = std::make_unique<juce::ButtonParameterAttachment> (*parameter, *button, state.undoManager);
+        attachment = std::make_unique<ButtonAttachment> (*parameter, *button, state.undoManager);
     }
 
     // After the attachment, so that a click has been written when this hears of it.

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
-#include "../processor/PluginProcessor.h"
+#include "plugin_core/processor/PluginProcessor.h"
+#include "../attachments/ButtonAttachment.h"
 
 #include <array>
 #include <memory>
@@ -35,7 +36,7 @@ private:
     const std::array<juce::String, 2> tooltips; // by the toggle state
     const juce::String paramID;
     const std::unique_ptr<juce::Button> button;
-    std::unique_ptr<juce::ButtonParameterAttachment> attachment;
+    std::unique_ptr<ButtonAttachment> attachment;
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (PluginToggleControl)
 };

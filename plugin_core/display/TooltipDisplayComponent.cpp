@@ -2,8 +2,9 @@
 #include "TooltipDisplayComponent.h"
 
 #include "TooltipLine.h"
-#include "plugin_core/look/ColourIds.h"
-#include "plugin_core/look/ColourLookup.h"
+#include "plugin_core/style/ColourLookup.h"
+#include "plugin_core/style/StyleProperties.h"
+#include "plugin_core/style/ColourIds.h"
 #include "plugin_core/look/LookAndFeel.h"
 #include "plugin_core/window/ActiveApplication.h"
 
@@ -13,7 +14,6 @@ namespace mk::pluginCore
 {
 namespace
 {
-constexpr int lookEveryMs = 40;
 
 [[nodiscard]] juce::Colour findLineColour (const juce::Component& line, int id)
 {
@@ -34,12 +34,12 @@ constexpr int lookEveryMs = 40;
 TooltipDisplayComponent::TooltipDisplayComponent()
     : isApplicationActive ([this] { return pluginCore::isApplicationActive (*this); }),
       regularFont (juce::FontOptions {}),
-      boldFont (juce::FontOptions {})
+      boldFont (juce::FontOptions {}),
+      pollerClient (*this, [this] (bool) { lookUnderMouse(); })
 {
     setInterceptsMouseClicks (false, false);
     updateFonts();
     colourChanged();
-    startTimer (lookEveryMs);
 }
 
 void TooltipDisplayComponent::setDefaultText (const juce::String& newText)
@@ -55,7 +55,7 @@ void TooltipDisplayComponent::setHideWhenEmpty (bool shouldHide)
 }
 
 //==============================================================================
-void TooltipDisplayComponent::timerCallback()
+void TooltipDisplayComponent::lookUnderMouse()
 {
     const auto mouse = juce::Desktop::getInstance().getMainMouseSource();
     showTipOf (mouse.isTouch() ? nullptr : mouse.getComponentUnderMouse());
@@ -76,10 +76,14 @@ void TooltipDisplayComponent::showTipOf (juce::Component* underMouse)
     if (underMouse != nullptr && belongsToOtherWindow (*underMouse))
         return;
 
-    if (underMouse != nullptr && ! isApplicationActive())
-        underMouse = nullptr;
+    auto tip = findTip (underMouse);
 
-    const auto tip = findTip (underMouse);
+    // The system is asked only where its answer matters: most of what the mouse rests on has no tip.
+    if (tip.isNotEmpty() && ! isApplicationActive())
+    {
+        underMouse = nullptr;
+        tip.clear();
+    }
 
     if (underMouse == lastComponent.getComponent() && tip == lastTip)
         return;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
+#include "plugin_core/window/WindowPoller.h"
+
 #include <juce_gui_basics/juce_gui_basics.h>
 
 #include <functional>
@@ -8,9 +10,9 @@
 namespace mk::pluginCore
 {
 
-/** A line that shows the help text of whatever control is under the mouse. Looks every 40 ms and takes no
-    clicks. [message thread] */
-class TooltipDisplayComponent final : public juce::Component, private juce::Timer
+/** A line that shows the help text of whatever control is under the mouse. Looks every 40 ms while the
+    mouse is over a window, and takes no clicks. [message thread] */
+class TooltipDisplayComponent final : public juce::Component
 {
 public:
     TooltipDisplayComponent();
@@ -25,7 +27,7 @@ public:
         Asks the system by default, and only while there is something to show. */
     std::function<bool()> isApplicationActive;
 
-    /** Looks at a component as if the mouse were on it; null for none. Called by the timer. */
+    /** Looks at a component as if the mouse were on it; null for none. Called at every look. */
     void showTipOf (juce::Component* underMouse);
 
     /** The tip, with the marks around its bold parts; empty if there is none. */
@@ -42,7 +44,7 @@ public:
     std::unique_ptr<juce::AccessibilityHandler> createAccessibilityHandler() override;
 
 private:
-    void timerCallback() override;
+    void lookUnderMouse();
     [[nodiscard]] bool belongsToOtherWindow (const juce::Component& component) const;
     void updateFonts();
     void rebuild();
@@ -56,6 +58,8 @@ private:
     // Of the last look.
     juce::Component::SafePointer<juce::Component> lastComponent;
     juce::String lastTip;
+
+    const WindowPoller::Client pollerClient;
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (TooltipDisplayComponent)
 };

@@ -74,7 +74,7 @@ private:
 };
 
 PluginEditor::PluginEditor (PluginProcessor& processorToUse, UpdateEnvironment updates)
-    : juce::AudioProcessorEditor (processorToUse),
+    : ProcessorEditor (processorToUse),
       sharedLookAndFeel (SharedLookAndFeel<DefaultPluginLookAndFeel>::acquire()),
       pluginProcessor (processorToUse),
       moveDetector (std::make_unique<PluginMoveDetector> (*this)),
@@ -82,8 +82,8 @@ PluginEditor::PluginEditor (PluginProcessor& processorToUse, UpdateEnvironment u
       updateChecker (std::make_unique<UpdateChecker> (processorToUse, updateEnvironment.makeTransport())),
       updateSchedule (UpdateSchedule::readFrom (globalSettings.getSettings()))
 {
-    moveDetector->startTimer (PluginMoveDetector::periodMs);
     moveDetector->addListener (this);
+    pollerClient = std::make_unique<WindowPoller::Client> (*this, [this] (bool) { moveDetector->checkNow(); });
 
     setConstrainer (&constrainer);
     setResizable (true, false);
@@ -102,6 +102,7 @@ PluginEditor::~PluginEditor()
     removeMouseListener (this);
     removeComponentListener (editorListener.get());
     juce::PopupMenu::dismissAllActiveMenus();
+    pollerClient = nullptr;
     moveDetector = nullptr;
     updateChecker->removeListener (this);
     updateChecker = nullptr;

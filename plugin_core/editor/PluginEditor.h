@@ -2,12 +2,14 @@
 #pragma once
 
 #include "plugin_core/look/LookAndFeel.h"
+#include "plugin_core/processor/ProcessorEditor.h"
 #include "plugin_core/settings/PluginGlobalSettings.h"
 #include "plugin_core/updates/UpdateChangeLogComponent.h"
 #include "plugin_core/updates/UpdateChecker.h"
 #include "plugin_core/updates/UpdateEnvironment.h"
 #include "plugin_core/updates/UpdateSchedule.h"
 #include "plugin_core/window/PluginMoveDetector.h"
+#include "plugin_core/window/WindowPoller.h"
 
 #include <juce_audio_processors/juce_audio_processors.h>
 
@@ -21,9 +23,7 @@ class PluginProcessor;
 /** The window of every product of the family, without its content: the shared look and feel, the rules of
     its size, the grip in its corner, the watch on its display, the notice of a new version.
     [message thread] */
-class PluginEditor : public juce::AudioProcessorEditor,
-                     public UpdateChecker::Listener,
-                     public PluginMoveDetector::Listener
+class PluginEditor : public ProcessorEditor, public UpdateChecker::Listener, public PluginMoveDetector::Listener
 {
 public:
     /** The look and feel that all editors of a process share. */
@@ -60,17 +60,17 @@ public:
     void mouseDown (const juce::MouseEvent&) override {}
     void broughtToFront() override;
 
+    /** While the notice is open, Tab leads into it. */
+    bool keyPressed (const juce::KeyPress& key) override;
+
     //==============================================================================
-    /** Gives the complete window its first size, within its limits. Until then no size is remembered as the
-        user's. Called once, by PluginProcessor::createEditor(). */
-    void open (int width, int height);
+    void open (int width, int height) override;
 
     /** Fits the window to its display, the grip to the window, and remembers the size. Called at every
         resize. */
     void updateSizeConstraints();
 
-    /** Asks for a new version if it is time to. Called once, by PluginProcessor::createEditor(). */
-    void startUpdateCheck();
+    void startUpdateCheck() override;
 
     /** Fetches what is new in a newer version, if it is time to tell of it. */
     void versionInfoReceived (UpdateChecker&, bool newVersionAvailable, juce::int64 latestReleaseDate) override;
@@ -105,6 +105,7 @@ private:
     const PluginGlobalSettings globalSettings;
     PluginProcessor& pluginProcessor;
     std::unique_ptr<PluginMoveDetector> moveDetector;
+    std::unique_ptr<WindowPoller::Client> pollerClient; // steps the detector
     juce::ComponentBoundsConstrainer constrainer;
 
     /** Only compared, never followed: the list of displays may have changed since. */

@@ -47,6 +47,11 @@ void PluginEditor::changeLogReceived (UpdateChecker&, const juce::String& text)
     updateChangeLogComponent.setVisible (true);
     updateChangeLogComponent.toFront (false);
 
+    // Keys that the user types at this moment are meant for the host, and the notice's Return opens a browser.
+    // The window keeps the keyboard for itself until the user clicks into the notice or tabs there; otherwise
+    // the notice, as all that is enabled, would be given it.
+    setWantsKeyboardFocus (true);
+
     for (auto* const child : getChildren())
         child->setEnabled (child == &updateChangeLogComponent);
 
@@ -56,10 +61,27 @@ void PluginEditor::changeLogReceived (UpdateChecker&, const juce::String& text)
 void PluginEditor::closeUpdateNotice()
 {
     updateNoticeOpen = false;
-    updateChangeLogComponent.setVisible (false);
+    setWantsKeyboardFocus (false);
 
     for (auto* const child : getChildren())
         child->setEnabled (true);
+
+    // Last, so that the keyboard finds the way back to the content.
+    updateChangeLogComponent.setVisible (false);
+
+    if (hasKeyboardFocus (false))
+        grabKeyboardFocus();
+}
+
+bool PluginEditor::keyPressed (const juce::KeyPress& key)
+{
+    const auto isWayIn = updateNoticeOpen && key.isKeyCode (juce::KeyPress::tabKey)
+                         && ! updateChangeLogComponent.hasKeyboardFocus (true);
+
+    if (isWayIn)
+        updateChangeLogComponent.grabKeyboardFocus();
+
+    return isWayIn;
 }
 
 } // namespace mk::pluginCore

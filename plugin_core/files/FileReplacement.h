@@ -15,4 +15,7 @@ namespace mk::pluginCore
     disk; not for the audio thread. */
 bool replaceFileContent (const juce::File& file, const juce::String& text);
 
+/** The same for bytes of any kind. */
+bool replaceFileContent (const juce::File& file, const void* data, size_t numBytes);
+
 } // namespace mk::pluginCore

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "UntrustedXml.h"
 
-#include "Utf8.h"
+#include "plugin_core/text/Utf8.h"
+#include "RegularFile.h"
 
 #include <algorithm>
 #include <array>
@@ -258,12 +259,8 @@ std::unique_ptr<juce::XmlElement> parseUntrustedXml (const juce::String& text)
 
 std::unique_ptr<juce::XmlElement> parseUntrustedXml (const juce::File& file)
 {
-    juce::MemoryBlock content;
-
-    if (! file.existsAsFile() || file.getSize() > juce::int64 (maxBytes) || ! file.loadFileAsData (content))
-        return nullptr;
-
-    return parseUntrustedXml (content.getData(), content.getSize());
+    const auto content = readRegularFile (file, maxBytes);
+    return content.has_value() ? parseUntrustedXml (content->getData(), content->getSize()) : nullptr;
 }
 
 } // namespace mk::pluginCore

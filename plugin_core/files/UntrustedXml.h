@@ -25,7 +25,7 @@ namespace mk::pluginCore
 /** The same for a text that is a string already. */
 [[nodiscard]] std::unique_ptr<juce::XmlElement> parseUntrustedXml (const juce::String& text);
 
-/** The same for a file's content; null too if it cannot be read. */
+/** The same for a file's content; null too if it cannot be read, or is a pipe or a device and not a file. */
 [[nodiscard]] std::unique_ptr<juce::XmlElement> parseUntrustedXml (const juce::File& file);
 
 } // namespace mk::pluginCore

@@ -4,6 +4,25 @@
 namespace mk::pluginCore
 {
 
+juce::String preferredLanguageOf (const LanguageVariables& variables)
+{
+    for (const auto& variable : { variables.language, variables.all, variables.messages, variables.lang })
+    {
+        // A locale is written "language_REGION.ENCODING@variant".
+        const auto list = juce::StringArray::fromTokens (variable, ":", {});
+        const auto locale =
+            list[0].trim().upToFirstOccurrenceOf (".", false, false).upToFirstOccurrenceOf ("@", false, false);
+
+        if (locale == "C" || locale == "POSIX")
+            return "en";
+
+        if (locale.isNotEmpty())
+            return locale.replaceCharacter ('_', '-');
+    }
+
+    return {};
+}
+
 juce::String languageCodeFor (const juce::String& preferredLanguage)
 {
     const auto language = preferredLanguage.upToFirstOccurrenceOf ("-", false, false);

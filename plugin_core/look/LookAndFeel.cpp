@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "LookAndFeel.h"
 
-#include "ColourIds.h"
 #include "MkFonts.h"
-#include "Palette.h"
-#include "ScaleRule.h"
+#include "plugin_core/style/ColourIds.h"
+#include "plugin_core/style/Palette.h"
+#include "plugin_core/style/ScaleRule.h"
 
 namespace mk::pluginCore
 {

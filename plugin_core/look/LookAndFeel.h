@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
-#include "../controls/ConfirmDialogComponent.h"
-#include "../controls/FilledPathButton.h"
+#include "plugin_core/controls/ConfirmDialogComponent.h"
+#include "plugin_core/controls/FilledPathButton.h"
 
 #include <memory>
 

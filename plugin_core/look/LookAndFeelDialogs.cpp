@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-#include "ColourIds.h"
 #include "LookAndFeel.h"
-#include "MouseFade.h"
-#include "ScaleRule.h"
-#include "StyleProperties.h"
+#include "plugin_core/style/ColourIds.h"
+#include "plugin_core/style/MouseFade.h"
+#include "plugin_core/style/ScaleRule.h"
+#include "plugin_core/style/StyleProperties.h"
 
 namespace mk::pluginCore
 {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "LookAndFeel.h"
-#include "ScaleRule.h"
-#include "StyleProperties.h"
+#include "plugin_core/style/ScaleRule.h"
+#include "plugin_core/style/StyleProperties.h"
 
 #include <algorithm>
 

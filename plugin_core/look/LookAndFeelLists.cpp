@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-#include "ColourIds.h"
 #include "LookAndFeel.h"
-#include "StyleProperties.h"
-#include "icons/Icon.h"
+#include "plugin_core/style/ColourIds.h"
+#include "plugin_core/style/StyleProperties.h"
+#include "plugin_core/style/icons/Icon.h"
 
 namespace mk::pluginCore
 {

@@ -1,18 +1,16 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "LoadPresetFileAction.h"
 
-#include "plugin_core/processor/PluginProcessor.h"
-
 namespace mk::pluginCore
 {
 
-PresetsManager::LoadPresetFileAction::LoadPresetFileAction (PluginProcessor& processor,
+PresetsManager::LoadPresetFileAction::LoadPresetFileAction (PresetState& pluginState,
                                                             PresetsManager& managerToUse,
                                                             juce::File fileToLoad)
     : manager (managerToUse),
       file (std::move (fileToLoad)),
       previousFile (managerToUse.getCurrentPresetFile()),
-      snapshot (processor.getStateXml (true))
+      snapshot (pluginState.getStateXml (true))
 {
 }
 

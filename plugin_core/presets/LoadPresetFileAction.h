@@ -11,7 +11,7 @@ class PresetsManager::LoadPresetFileAction final : public juce::UndoableAction
 {
 public:
     /** Remembers the state and the current file as they are now. */
-    LoadPresetFileAction (PluginProcessor& processor, PresetsManager& manager, juce::File file);
+    LoadPresetFileAction (PresetState& pluginState, PresetsManager& manager, juce::File file);
 
     /** Loads the file. False if it cannot be read. */
     bool perform() override;

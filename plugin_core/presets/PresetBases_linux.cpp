@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "PresetBases.h"
 
+#include "plugin_core/files/ConfigurationFolder.h"
+
 namespace mk::pluginCore
 {
 
@@ -17,6 +19,6 @@ juce::File getSystemPresetBase (const juce::String& productPath)
     return juce::File (PLUGIN_CORE_DATA_FOLDER);
 }
 
-juce::File getUserPresetBase() { return juce::File::getSpecialLocation (juce::File::userApplicationDataDirectory); }
+juce::File getUserPresetBase() { return getConfigurationFolder(); }
 
 } // namespace mk::pluginCore

@@ -3,7 +3,7 @@
 
 #include "PresetBases.h"
 
-#include "plugin_core/processor/ProductInfo.h"
+#include "plugin_core/product/ProductInfo.h"
 
 namespace mk::pluginCore
 {

@@ -122,11 +122,10 @@ PresetMenu PresetMenu::make (const PresetsManager& manager, bool withDefaultPres
     menu.addItem (manual, juce::translate ("Manual"));
     menu.addSeparator();
 
-    if (folderHasPresets (manager.getUserFolder(), "*" + manager.getFileExtension()))
-    {
-        auto presets = FolderRows (manager, current, result.presetFiles).make (manager.getUserFolder());
+    // Without a row of its own a folder of hidden presets would show as an empty menu.
+    if (auto presets = FolderRows (manager, current, result.presetFiles).make (manager.getUserFolder());
+        presets.getNumItems() > 0)
         menu.addSubMenu ("Presets", std::move (presets));
-    }
 
     return result;
 }

@@ -6,7 +6,6 @@
 
 #include "plugin_core/files/FileReplacement.h"
 #include "plugin_core/files/UntrustedXml.h"
-#include "plugin_core/processor/PluginProcessor.h"
 
 namespace mk::pluginCore
 {
@@ -33,8 +32,8 @@ private:
 };
 } // namespace
 
-PresetsManager::PresetsManager (PluginProcessor& processorToUse, PresetFolders foldersToUse)
-    : processor (processorToUse), folders (std::move (foldersToUse))
+PresetsManager::PresetsManager (PresetState& stateToUse, PresetFolders foldersToUse)
+    : pluginState (stateToUse), folders (std::move (foldersToUse))
 {
 }
 
@@ -51,9 +50,9 @@ bool PresetsManager::loadPresetFile (const juce::File& file, juce::UndoManager* 
         return applyPresetFile (file);
 
     // What the user has moved so far belongs to the step before.
-    processor.getParameterState().copyState();
+    pluginState.flushParameterChanges();
     undoManager->beginNewTransaction();
-    return undoManager->perform (new LoadPresetFileAction (processor, *this, file));
+    return undoManager->perform (new LoadPresetFileAction (pluginState, *this, file));
 }
 
 bool PresetsManager::applyPresetFile (const juce::File& file)
@@ -67,7 +66,7 @@ bool PresetsManager::applyPresetFile (const juce::File& file)
         return false;
 
     setCurrentPresetFile (file);
-    processor.setStateFromXml (*xml, false);
+    pluginState.setStateFromXml (*xml, false);
     setDirty (false);
     callListeners ([this, &file] (Listener& listener) { listener.presetFileLoaded (*this, file); });
     return true;
@@ -77,20 +76,20 @@ void PresetsManager::goBackTo (const juce::File& previousFile, const juce::XmlEl
 {
     const TrueWithinScope scopedLoading (loading);
     setCurrentPresetFile (previousFile);
-    processor.setStateFromXml (snapshot, false);
-    processor.refreshStateCopies();
+    pluginState.setStateFromXml (snapshot, false);
+    pluginState.refreshStateCopies();
 }
 
 //==============================================================================
 void PresetsManager::savePresetFile (const juce::File& file, bool reloadAfterSaving)
 {
     setCurrentPresetFile (file);
-    replaceFileContent (file, processor.getStateXml (false)->toString());
+    const auto isWritten = replaceFileContent (file, pluginState.getStateXml (false)->toString());
 
-    if (reloadAfterSaving)
-        loadPresetFile (file, &processor.getUndoManager());
-    else
+    if (! reloadAfterSaving)
         setDirty (false);
+    else if (isWritten)
+        loadPresetFile (file, &pluginState.getUndoManager());
 }
 
 void PresetsManager::savePresetAs (bool reloadAfterSaving)
@@ -98,6 +97,7 @@ void PresetsManager::savePresetAs (bool reloadAfterSaving)
     constexpr auto flags = juce::FileBrowserComponent::saveMode | juce::FileBrowserComponent::canSelectFiles
                            | juce::FileBrowserComponent::warnAboutOverwriting;
 
+    overwriteQuestion.close();
     fileChooser = std::make_unique<juce::FileChooser> ("save...", getFolderToSaveIn(), "*" + folders.fileExtension);
     fileChooser->launchAsync (flags,
                               [this, reloadAfterSaving] (const juce::FileChooser& chooser)
@@ -122,12 +122,38 @@ void PresetsManager::saveChosenFile (const juce::File& chosenFile, bool reloadAf
     if (chosenFile == juce::File())
         return;
 
-    auto file = chosenFile;
-
     // Without the extension the menu would never show the preset again.
-    if (! file.hasFileExtension (folders.fileExtension))
-        file = juce::File (file.getFullPathName() + folders.fileExtension).getNonexistentSibling();
+    const auto isComplete = chosenFile.hasFileExtension (folders.fileExtension);
+    const auto file = isComplete ? chosenFile : juce::File (chosenFile.getFullPathName() + folders.fileExtension);
 
+    // The dialog has looked for the name as it was typed.
+    if (! isComplete && file.exists())
+        askToOverwrite (file, reloadAfterSaving);
+    else
+        saveAndRemember (file, reloadAfterSaving);
+}
+
+void PresetsManager::askToOverwrite (const juce::File& file, bool reloadAfterSaving)
+{
+    const auto question =
+        juce::translate ("There's already a file called: FLNM").replace ("FLNM", file.getFullPathName()) + "\n\n"
+        + juce::translate ("Are you sure you want to overwrite it?");
+    const auto options = juce::MessageBoxOptions::makeOptionsOkCancel (juce::MessageBoxIconType::WarningIcon,
+                                                                       juce::translate ("File already exists"),
+                                                                       question,
+                                                                       juce::translate ("Overwrite"),
+                                                                       juce::translate ("Cancel"));
+
+    overwriteQuestion = juce::AlertWindow::showScopedAsync (options,
+                                                            [this, file, reloadAfterSaving] (int answer)
+                                                            {
+                                                                if (answer != 0)
+                                                                    saveAndRemember (file, reloadAfterSaving);
+                                                            });
+}
+
+void PresetsManager::saveAndRemember (const juce::File& file, bool reloadAfterSaving)
+{
     if (file.isAChildOf (getUserFolder()))
         lastSaveFolder = file.getParentDirectory();
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "PresetFolders.h"
+#include "PresetState.h"
 
 #include <juce_data_structures/juce_data_structures.h>
 #include <juce_gui_basics/juce_gui_basics.h>
@@ -11,8 +12,6 @@
 
 namespace mk::pluginCore
 {
-
-class PluginProcessor;
 
 /** Stores and recalls a plug-in's settings as files, and knows which file the session is on and whether the
     parameters have moved away from it. Message thread, but for what says otherwise. No failure is reported:
@@ -34,7 +33,7 @@ public:
         virtual void lockedParamsChanged (PresetsManager&) {}
     };
 
-    PresetsManager (PluginProcessor& processor, PresetFolders folders);
+    PresetsManager (PresetState& pluginState, PresetFolders folders);
 
     //==============================================================================
     /** Any thread. Whether the file exists, is no folder, is not hidden and has the presets' extension. */
@@ -46,7 +45,8 @@ public:
     bool loadPresetFile (const juce::File& file, juce::UndoManager* undoManager);
 
     /** Writes the state and makes the file the current one, whether the write succeeds or not. Reloading
-        puts the new file at once into the processor's undo history. */
+        puts the new file at once into the processor's undo history; what could not be written is not loaded,
+        since an older file of that name would take the place of the user's settings. */
     void savePresetFile (const juce::File& file, bool reloadAfterSaving);
 
     /** Opens a dialog, and saves where the user says. */
@@ -56,8 +56,8 @@ public:
     [[nodiscard]] juce::File getFolderToSaveIn() const;
 
     /** What the dialog does with the user's choice; nothing if it is no file. A name without the presets'
-        extension gets it, and a number if there is a preset of that name, which the dialog has not asked
-        about. */
+        extension gets it. If there is a preset of that name, which the dialog has not asked about, a box asks
+        the user, and the file is replaced or left as it is. */
     void saveChosenFile (const juce::File& file, bool reloadAfterSaving);
 
     //==============================================================================
@@ -105,14 +105,17 @@ private:
 
     [[nodiscard]] bool applyPresetFile (const juce::File& file);
     void goBackTo (const juce::File& previousFile, const juce::XmlElement& snapshot);
+    void askToOverwrite (const juce::File& file, bool reloadAfterSaving);
+    void saveAndRemember (const juce::File& file, bool reloadAfterSaving);
 
     template <typename Callback>
     void callListeners (Callback&& callback);
 
     std::unique_ptr<juce::FileChooser> fileChooser;
+    juce::ScopedMessageBox overwriteQuestion;
     juce::ThreadSafeListenerList<Listener> listeners;
     std::atomic<int> numListeners { 0 }; // lets the audio thread pass by an empty list without its lock
-    PluginProcessor& processor;
+    PresetState& pluginState;
     const PresetFolders folders;
 
     mutable juce::CriticalSection lock;

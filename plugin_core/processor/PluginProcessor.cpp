@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "PluginProcessor.h"
 
-#include "plugin_core/editor/PluginEditor.h"
 #include "plugin_core/files/UntrustedXml.h"
-#include "plugin_core/parameters/NonAutomatableParameter.h"
 #include "plugin_core/presets/PresetReference.h"
-#include "plugin_core/state/NumberText.h"
+#include "plugin_core/state/InternalParameter.h"
+#include "plugin_core/text/NumberText.h"
 #include "plugin_core/state/StateBlob.h"
+#include "plugin_core/text/NumberText.h"
 
 namespace mk::pluginCore
 {
@@ -15,7 +15,6 @@ namespace
 constexpr int undoUnits = 30000;
 constexpr int undoTransactions = 30;
 constexpr auto parameterTreeType = "PARAMS";
-constexpr auto internalParameterId = "internal";
 
 constexpr auto lastPresetTag = "lastPreset";
 constexpr auto versionAttribute = "version";
@@ -167,28 +166,15 @@ juce::AudioProcessorEditor* PluginProcessor::createEditor()
                                           fallbackEditorHeight);
 
     auto editor = createEditorInternal();
+
+    if (editor == nullptr)
+        return nullptr;
+
     editor->open (width, height);
     editor->startUpdateCheck();
 
     // The framework's interface wants the caller to own a plain pointer.
     return editor.release();
-}
-
-std::unique_ptr<juce::AudioParameterFloat> PluginProcessor::createInternalParam (int versionHint)
-{
-    const juce::ParameterID id { internalParameterId, versionHint };
-    const juce::NormalisableRange<float> range (0.0f, 1.0f, 0.0f);
-    const auto attributes = juce::AudioParameterFloatAttributes().withStringFromValueFunction (
-        [] (float, int) { return juce::String ("-"); });
-
-    const auto automatable = juce::PluginHostType().isReaper()
-                             && juce::PluginHostType::getPluginLoadedAs() == juce::AudioProcessor::wrapperType_VST3;
-
-    if (automatable)
-        return std::make_unique<juce::AudioParameterFloat> (id, "internal", range, 0.0f, attributes);
-
-    return std::make_unique<NonAutomatableParameter<juce::AudioParameterFloat>> (
-        id, "internal", range, 0.0f, attributes);
 }
 
 void PluginProcessor::nudgeInternalParameter()

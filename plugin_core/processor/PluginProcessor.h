@@ -2,7 +2,8 @@
 #pragma once
 
 #include "BypassDelay.h"
-#include "ProductInfo.h"
+#include "ProcessorEditor.h"
+#include "plugin_core/product/ProductInfo.h"
 
 #include "plugin_core/presets/PresetsManager.h"
 #include "plugin_core/settings/PluginGlobalSettings.h"
@@ -15,11 +16,11 @@
 namespace mk::pluginCore
 {
 
-class PluginEditor;
-
 /** The half of a plug-in that is the same in every product: what it answers the host, its parameters
     and their undo, its saved state, and the wrapping of the audio callback. */
-class PluginProcessor : public juce::AudioProcessor, private juce::AudioProcessorValueTreeState::Listener
+class PluginProcessor : public juce::AudioProcessor,
+                        public PresetState,
+                        private juce::AudioProcessorValueTreeState::Listener
 {
 public:
     PluginProcessor (const BusesProperties& buses,
@@ -74,17 +75,17 @@ public:
     /** Wrapper and version, "VST3 - v1.2.1 (x64)". */
     [[nodiscard]] virtual juce::String getVersionText() const;
 
-    /** [message thread] Makes the product's editor. */
-    [[nodiscard]] virtual std::unique_ptr<PluginEditor> createEditorInternal() = 0;
+    /** [message thread] Makes the product's editor. Null if the product has none to show. */
+    [[nodiscard]] virtual std::unique_ptr<ProcessorEditor> createEditorInternal() = 0;
 
     /** Any thread. The state as XML; without what belongs to a session alone if not forSession. */
-    [[nodiscard]] virtual std::unique_ptr<juce::XmlElement> getStateXml (bool forSession);
+    [[nodiscard]] std::unique_ptr<juce::XmlElement> getStateXml (bool forSession) override;
 
     /** Any thread. Takes a document of getStateXml() over. False, with nothing changed, if it is another
         product's. What the document lacks keeps or gets its default; unknown entries are ignored. Parameters
         and state answer with the new values at once; what the message thread listens to follows later if
         this is another thread. */
-    virtual bool setStateFromXml (const juce::XmlElement& xml, bool forSession);
+    bool setStateFromXml (const juce::XmlElement& xml, bool forSession) override;
 
     /** Any thread, wait-free as long as there is no preset listener. The state has moved away from the
         current preset. Does nothing while the flag is locked. */
@@ -107,7 +108,7 @@ public:
     [[nodiscard]] bool isStateRestored() const noexcept { return stateRestored.load (std::memory_order_acquire); }
 
     /** Any thread. Makes the present state the one that the kept copies show. */
-    void refreshStateCopies();
+    void refreshStateCopies() override;
 
     //==============================================================================
     [[nodiscard]] const ProductInfo& getProductInfo() const noexcept { return productInfo; }
@@ -119,13 +120,13 @@ public:
     [[nodiscard]] double getPreparedRate() const noexcept { return sampleRate.load (std::memory_order_relaxed); }
 
     /** [message thread] What a preset and the parameters' controls record into. */
-    [[nodiscard]] juce::UndoManager& getUndoManager() noexcept { return undoManager; }
+    [[nodiscard]] juce::UndoManager& getUndoManager() noexcept override { return undoManager; }
 
-    /** The hidden parameter that is nudged so that the host sees a change of state that no other
-        parameter holds. Reaper saves nothing for a parameter that cannot be automated. */
-    [[nodiscard]] static std::unique_ptr<juce::AudioParameterFloat> createInternalParam (int versionHint);
+    /** [message thread] Closes the step of the undo history that the latest moves of parameters belong to. */
+    void flushParameterChanges() override { parameterState.copyState(); }
 
-    /** [message thread] Nudges that parameter: moves it by a hundredth, and back to 0 at the end of its range. */
+    /** [message thread] Nudges the hidden parameter, see createInternalParam(): moves it by a hundredth, and back
+        to 0 at the end of its range. */
     void nudgeInternalParameter();
 
 protected:

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
+#include "SettingsFile.h"
 #include "SettingsIds.h"
 
 #include <juce_data_structures/juce_data_structures.h>
 
 #include <memory>
+#include <optional>
 
 namespace mk::pluginCore
 {
@@ -26,7 +28,7 @@ public:
     PluginGlobalSettings();
 
     /** Shares what the other handle shares. */
-    PluginGlobalSettings (const PluginGlobalSettings&) = default;
+    PluginGlobalSettings (const PluginGlobalSettings&);
     PluginGlobalSettings& operator= (const PluginGlobalSettings&) = delete;
 
     /** The last handle writes the file. */
@@ -38,7 +40,9 @@ public:
     [[nodiscard]] InnerData& getInnerData() const noexcept { return *innerData; }
 
 private:
-    std::shared_ptr<InnerData> innerData;
+    [[nodiscard]] static std::shared_ptr<InnerData> obtainInstance();
+
+    const std::shared_ptr<InnerData> innerData;
 
     JUCE_LEAK_DETECTOR (PluginGlobalSettings)
 };
@@ -50,18 +54,29 @@ public:
     /** Reads the tree from the file; a missing or unreadable file leaves the tree empty. A file that
         parseUntrustedXml() refuses is renamed to the suffix ".broken", and a new one takes its place in the
         end. Any thread. */
-    explicit InnerData (const juce::File& fileToUse = getOptions().getDefaultFile());
+    explicit InnerData (const juce::File& fileToUse = findSettingsFile (getOptions()));
 
-    /** Writes the tree to the file. A half-written file never takes the place of the former one. */
+    /** Writes the tree to the file if it was changed. A half-written file never takes the place of the former
+        one. */
     ~InnerData() override;
 
-    /** Where the file lies and what form it has. */
+    /** What the file is called and what form it has; findSettingsFile() says where it lies. */
     [[nodiscard]] static Options getOptions();
 
     [[nodiscard]] juce::ValueTree getSettings() const { return settings; }
 
 private:
+    friend class PluginGlobalSettings;
+
+    /** The document to write, which counts as written from now on. Empty if nothing has changed. */
+    [[nodiscard]] juce::String takeChanges();
+    void discardChanges() { static_cast<void> (takeChanges()); }
+    void write (const juce::String& document) const;
+
     juce::ValueTree settings { SettingsIds::settings };
+    std::optional<juce::String> textInFile; // the tree's, nothing if it was never written
+    int numHandles = 0;                     // guarded by the handles' mutex
+    bool isBeingWritten = false;            // the same
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (InnerData)
 };

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "ParameterStore.h"
 
-#include "NumberText.h"
+#include "plugin_core/text/NumberText.h"
 
 #include <algorithm>
 #include <cmath>
@@ -156,8 +156,10 @@ bool ParameterStore::setAnnounced()
 void ParameterStore::updateTree()
 {
     // The parameter state takes a change of its tree for an order to set the parameter, and would take back what
-    // another thread has set between our reading and its hearing of it. It is a listener in private; only this
-    // kind of cast may say so.
+    // another thread has set between our reading and its hearing of it. It is a listener in private, and only a
+    // C cast converts to a private base. Should the base go, the same cast would become a reinterpret_cast and
+    // compile as before: hence the assertion.
+    static_assert (std::is_base_of_v<juce::ValueTree::Listener, juce::AudioProcessorValueTreeState>);
     auto* const parameterState = (juce::ValueTree::Listener*) &state;
 
     for (size_t i = 0; i < parameters.size(); ++i)

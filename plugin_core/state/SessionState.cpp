@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "SessionState.h"
 
-#include "NumberText.h"
 #include "StateBlob.h"
+
+#include "plugin_core/text/NumberText.h"
 
 namespace mk::pluginCore
 {

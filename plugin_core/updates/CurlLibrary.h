@@ -25,12 +25,9 @@ struct Message
 namespace option
 {
 inline constexpr int noProgressMeter = 43;
-inline constexpr int followLocation = 52;
-inline constexpr int maxRedirects = 68;
 inline constexpr int noSignal = 99;
 inline constexpr int timeoutMs = 155;
 inline constexpr int protocols = 181;
-inline constexpr int redirectProtocols = 182;
 inline constexpr int quickExit = 322;
 inline constexpr int writeData = 10001;
 inline constexpr int url = 10002;
@@ -43,6 +40,7 @@ inline constexpr int headerFunction = 20079;
 inline constexpr long protocolHttp = 1;
 inline constexpr long protocolHttps = 2;
 inline constexpr int infoResponseCode = 0x200000 + 2;
+inline constexpr int infoRedirectUrl = 0x100000 + 31;
 inline constexpr int messageDone = 1;
 inline constexpr int resultOk = 0;
 inline constexpr int resultWriteError = 23;

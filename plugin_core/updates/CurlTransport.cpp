@@ -2,6 +2,7 @@
 #include "CurlTransport.h"
 
 #include "CurlLibrary.h"
+#include "Redirects.h"
 
 #include <csignal>
 #include <ctime>
@@ -95,22 +96,22 @@ public:
             library.multiCleanup (multi);
     }
 
-    [[nodiscard]] std::optional<juce::MemoryBlock> run (const std::function<bool()>& shouldStop)
+    [[nodiscard]] HttpReply run (const std::function<bool()>& shouldStop)
     {
         auto numRunning = 1;
 
         while (isAdded && ! shouldStop())
         {
             if (library.multiPerform (multi, &numRunning) != curl::resultOk)
-                return std::nullopt;
+                return {};
 
             if (numRunning == 0)
-                return hasSucceeded() ? std::optional (reply.body) : std::nullopt;
+                return isComplete() ? makeReply() : HttpReply();
 
             library.multiPoll (multi, nullptr, 0, pollMs, nullptr);
         }
 
-        return std::nullopt;
+        return {};
     }
 
 private:
@@ -119,17 +120,13 @@ private:
         namespace option = curl::option;
 
         reply.maxBytes = request.maxBytes;
-        const auto isSecure = request.url.startsWithIgnoreCase ("https:");
         const auto set = [this] (int which, auto value)
         { static_cast<void> (library.easySetOption (easy, which, value)); };
 
         set (option::url, request.url.toRawUTF8());
         set (option::userAgent, request.userAgent.toRawUTF8());
         set (option::timeoutMs, long (request.timeLimitMs));
-        set (option::followLocation, 1L);
-        set (option::maxRedirects, long (HttpRequest::maxRedirects));
         set (option::protocols, curl::protocolHttp | curl::protocolHttps);
-        set (option::redirectProtocols, isSecure ? curl::protocolHttps : curl::protocolHttp | curl::protocolHttps);
         set (option::noProgressMeter, 1L);
         set (option::writeFunction, &receiveBody);
         set (option::writeData, static_cast<void*> (&reply));
@@ -141,7 +138,8 @@ private:
         set (option::quickExit, 1L);
     }
 
-    [[nodiscard]] bool hasSucceeded() const
+    /** Whether all has come that was wanted. */
+    [[nodiscard]] bool isComplete() const
     {
         auto numLeft = 0;
         const auto* const message = library.multiInfoRead (multi, &numLeft);
@@ -150,9 +148,21 @@ private:
             return false;
 
         const auto result = message->data.result;
+        return result == curl::resultOk || (result == curl::resultWriteError && reply.isCut);
+    }
+
+    [[nodiscard]] HttpReply makeReply() const
+    {
         auto status = 0L;
         library.easyGetInfo (easy, curl::infoResponseCode, &status);
-        return (result == curl::resultOk || (result == curl::resultWriteError && reply.isCut)) && status / 100 == 2;
+
+        if (status / 100 == 2)
+            return { reply.body, {} };
+
+        // Null for any other status.
+        const char* location = nullptr;
+        library.easyGetInfo (easy, curl::infoRedirectUrl, &location);
+        return { std::nullopt, juce::String::fromUTF8 (location != nullptr ? location : "") };
     }
 
     const curl::Library& library;
@@ -174,7 +184,8 @@ std::optional<juce::MemoryBlock> CurlTransport::get (const HttpRequest& request,
         return std::nullopt;
 
     const ScopedPipeSignalBlock pipeSignalBlock;
-    return Transfer (*library, request).run (shouldStop);
+    return followRedirects (request,
+                            [&] (const HttpRequest& single) { return Transfer (*library, single).run (shouldStop); });
 }
 
 } // namespace mk::pluginCore

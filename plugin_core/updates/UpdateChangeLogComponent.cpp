@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "UpdateChangeLogComponent.h"
 
-#include "plugin_core/look/ColourIds.h"
-#include "plugin_core/look/ColourLookup.h"
-#include "plugin_core/look/Palette.h"
-#include "plugin_core/look/StyleProperties.h"
+#include "plugin_core/style/ColourIds.h"
+#include "plugin_core/style/ColourLookup.h"
+#include "plugin_core/style/Palette.h"
+#include "plugin_core/style/StyleProperties.h"
 
 namespace mk::pluginCore
 {
@@ -45,9 +45,6 @@ UpdateChangeLogComponent::UpdateChangeLogComponent()
 
 void UpdateChangeLogComponent::announce()
 {
-    if (isShowing())
-        grabKeyboardFocus();
-
     juce::AccessibilityHandler::postAnnouncement (getTitle(), juce::AccessibilityHandler::AnnouncementPriority::medium);
 }
 

@@ -24,7 +24,8 @@ public:
     void setDownloadUrl (juce::URL url) { downloadUrl = std::move (url); }
     void setText (const juce::String& changeLog) { textArea.setText (changeLog); }
 
-    /** Tells screen readers of the notice and takes the keyboard. Called when it has become visible. */
+    /** Tells screen readers of the notice. Called when it has become visible. It does not take the keyboard:
+        what the user is typing is not meant for it, and its Return opens a browser. */
     void announce();
 
     /** Where the parts of the panel lie. */

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "UpdateReplies.h"
 
-#include "LeadingInteger.h"
-
-#include "plugin_core/files/Utf8.h"
+#include "plugin_core/text/LeadingInteger.h"
+#include "plugin_core/text/Utf8.h"
 
 #include <string>
 #include <string_view>

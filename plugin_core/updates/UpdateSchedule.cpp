@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "UpdateSchedule.h"
 
-#include "LeadingInteger.h"
-
 #include "plugin_core/settings/SettingsIds.h"
+#include "plugin_core/text/LeadingInteger.h"
 
 #include <limits>
 

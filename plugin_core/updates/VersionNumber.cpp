@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "VersionNumber.h"
 
-#include "LeadingInteger.h"
-
-#include <limits>
+#include "plugin_core/text/NumberText.h"
 
 namespace mk::pluginCore
 {
@@ -11,11 +9,7 @@ namespace
 {
 constexpr auto betaMark = "beta";
 
-[[nodiscard]] int parsePart (const juce::String& text)
-{
-    using Limits = std::numeric_limits<int>;
-    return int (juce::jlimit<juce::int64> (Limits::min(), Limits::max(), parseLeadingInteger (text)));
-}
+[[nodiscard]] int parsePart (const juce::String& text) { return parseInteger (text).value_or (0); }
 } // namespace
 
 bool VersionNumber::isBeta (const juce::String& text) { return text.containsIgnoreCase (betaMark); }

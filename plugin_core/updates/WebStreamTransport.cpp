@@ -34,16 +34,27 @@ private:
 std::optional<juce::MemoryBlock> WebStreamTransport::get (const HttpRequest& request,
                                                           const std::function<bool()>& shouldStop)
 {
+    return followRedirects (request, [&] (const HttpRequest& single) { return getOnce (single, shouldStop); });
+}
+
+HttpReply WebStreamTransport::getOnce (const HttpRequest& request, const std::function<bool()>& shouldStop)
+{
     const auto deadline = juce::Time::getMillisecondCounterHiRes() + double (request.timeLimitMs);
 
     juce::WebInputStream stream (juce::URL (request.url), false);
     stream.withExtraHeaders ("User-Agent: " + request.userAgent + "\r\n")
         .withConnectionTimeout (request.timeLimitMs)
-        .withNumRedirectsToFollow (HttpRequest::maxRedirects);
+        .withNumRedirectsToFollow (0);
     const Registration registration (*this, stream);
 
-    if (! stream.connect (nullptr) || stream.isError() || stream.getStatusCode() / 100 != 2)
-        return std::nullopt;
+    if (! stream.connect (nullptr) || stream.isError())
+        return {};
+
+    if (stream.getStatusCode() / 100 == 3)
+        return { std::nullopt, stream.getResponseHeaders()["Location"] };
+
+    if (stream.getStatusCode() / 100 != 2)
+        return {};
 
     juce::MemoryBlock body;
     std::array<char, 4096> chunk {};
@@ -51,13 +62,13 @@ std::optional<juce::MemoryBlock> WebStreamTransport::get (const HttpRequest& req
     while (body.getSize() < request.maxBytes && ! stream.isExhausted())
     {
         if (shouldStop() || juce::Time::getMillisecondCounterHiRes() > deadline)
-            return std::nullopt;
+            return {};
 
         const auto wanted = std::min (chunk.size(), request.maxBytes - body.getSize());
         const auto numRead = stream.read (chunk.data(), int (wanted));
 
         if (numRead < 0)
-            return std::nullopt;
+            return {};
 
         if (numRead == 0)
             break;
@@ -65,7 +76,7 @@ std::optional<juce::MemoryBlock> WebStreamTransport::get (const HttpRequest& req
         body.append (chunk.data(), size_t (numRead));
     }
 
-    return stream.isError() ? std::nullopt : std::optional (body);
+    return stream.isError() ? HttpReply() : HttpReply { body, {} };
 }
 
 void WebStreamTransport::cancel()

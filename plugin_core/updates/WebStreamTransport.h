@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
-#include "HttpTransport.h"
+#include "Redirects.h"
 
 namespace mk::pluginCore
 {
@@ -16,6 +16,8 @@ public:
 
 private:
     class Registration;
+
+    [[nodiscard]] HttpReply getOnce (const HttpRequest& request, const std::function<bool()>& shouldStop);
 
     juce::CriticalSection lock;
     juce::WebInputStream* current = nullptr; // guarded by the lock

@@ -11,7 +11,8 @@ bool isApplicationActive (const juce::Component& component)
     // juce::Process::isForegroundProcess() only knows whether a window of this JUCE was given the keyboard,
     // and an editor inside a host's window seldom is.
     const auto* const peer = component.getPeer();
-    return X11ActiveWindow::getShared().belongsTo (peer != nullptr ? peer->getNativeHandle() : nullptr);
+    const juce::SharedResourcePointer<X11ActiveWindow> windows;
+    return windows->belongsTo (peer != nullptr ? peer->getNativeHandle() : nullptr);
 }
 
 } // namespace mk::pluginCore

@@ -8,7 +8,8 @@ namespace mk::pluginCore
 
 bool isWindowMapped (const juce::ComponentPeer& peer)
 {
-    return X11ActiveWindow::getShared().isViewable (peer.getNativeHandle());
+    const juce::SharedResourcePointer<X11ActiveWindow> windows;
+    return windows->isViewable (peer.getNativeHandle());
 }
 
 } // namespace mk::pluginCore

@@ -53,7 +53,7 @@ bool PluginMoveDetector::isHighDensity (double scale) noexcept
 }
 
 //==============================================================================
-void PluginMoveDetector::timerCallback()
+void PluginMoveDetector::checkNow()
 {
     if (! updateApplicationActive())
         return;

@@ -10,8 +10,8 @@ namespace mk::pluginCore
 
 /** Finds out by polling what no host tells an editor: that its window was moved, that the host's
     application lost or got the focus, and whether the window stands on a high-density display. The owner
-    starts the timer. [message thread] */
-class PluginMoveDetector : public juce::Timer
+    calls checkNow() again and again. [message thread] */
+class PluginMoveDetector
 {
 public:
     using DisplayList = juce::Array<juce::Displays::Display>;
@@ -35,17 +35,14 @@ public:
         [[nodiscard]] static System makeReal();
     };
 
-    /** The owner's period for startTimer(). */
-    static constexpr int periodMs = 59;
-
     /** Watches the window that the component lies in. The component may go before the detector does. */
     explicit PluginMoveDetector (juce::Component& componentToWatch, System systemToUse = System::makeReal());
 
     void addListener (Listener* listener) { listeners.add (listener); }
     void removeListener (Listener* listener) { listeners.remove (listener); }
 
-    /** One step, without waiting for the timer. */
-    void checkNow() { timerCallback(); }
+    /** One step: looks, and tells the listeners of what is new. */
+    void checkNow();
 
     /** The display that holds most of the area; of equal ones the last. Null if the list is empty. */
     [[nodiscard]] static const juce::Displays::Display* findDisplay (const DisplayList& displays,
@@ -55,8 +52,6 @@ public:
     [[nodiscard]] static bool isHighDensity (double scale) noexcept;
 
 private:
-    void timerCallback() override;
-
     /** False if the application is not the active one. */
     [[nodiscard]] bool updateApplicationActive();
 

@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "X11ActiveWindow.h"
 
-#include <cstdint>
+#include "XcbLibrary.h"
+
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <map>
 #include <optional>
+#include <vector>
+
 #include <unistd.h>
-#include <xcb/xcb.h>
 
 namespace mk::pluginCore
 {
@@ -26,42 +30,11 @@ using ReplyPtr = std::unique_ptr<Reply, FreeReply>;
     return xcb_window_t (reinterpret_cast<std::uintptr_t> (window));
 }
 
-/** The functions of libxcb, which is loaded and not linked: a host without a display may lack it. */
-class Xcb
-{
-    juce::DynamicLibrary library { "libxcb.so.1" };
+// No window is nested that deeply; a server that says so is not to be believed.
+constexpr int maxDepth = 100;
 
-    template <typename Function>
-    [[nodiscard]] Function find (const char* name)
-    {
-        const auto function = reinterpret_cast<Function> (library.getFunction (name));
-        complete = complete && function != nullptr;
-        return function;
-    }
-
-    bool complete = true;
-
-public:
-    decltype (&xcb_connect) connect = find<decltype (connect)> ("xcb_connect");
-    decltype (&xcb_connection_has_error) hasError = find<decltype (hasError)> ("xcb_connection_has_error");
-    decltype (&xcb_disconnect) disconnect = find<decltype (disconnect)> ("xcb_disconnect");
-    decltype (&xcb_get_setup) getSetup = find<decltype (getSetup)> ("xcb_get_setup");
-    decltype (&xcb_setup_roots_iterator) getRoots = find<decltype (getRoots)> ("xcb_setup_roots_iterator");
-    decltype (&xcb_intern_atom) internAtom = find<decltype (internAtom)> ("xcb_intern_atom");
-    decltype (&xcb_intern_atom_reply) internAtomReply = find<decltype (internAtomReply)> ("xcb_intern_atom_reply");
-    decltype (&xcb_get_property) getProperty = find<decltype (getProperty)> ("xcb_get_property");
-    decltype (&xcb_get_property_reply) getPropertyReply = find<decltype (getPropertyReply)> ("xcb_get_property_reply");
-    decltype (&xcb_get_property_value) getValue = find<decltype (getValue)> ("xcb_get_property_value");
-    decltype (&xcb_get_property_value_length) getLength = find<decltype (getLength)> ("xcb_get_property_value_length");
-    decltype (&xcb_query_tree) queryTree = find<decltype (queryTree)> ("xcb_query_tree");
-    decltype (&xcb_query_tree_reply) queryTreeReply = find<decltype (queryTreeReply)> ("xcb_query_tree_reply");
-
-    decltype (&xcb_get_window_attributes) getAttributes = find<decltype (getAttributes)> ("xcb_get_window_attributes");
-    decltype (&xcb_get_window_attributes_reply) getAttributesReply =
-        find<decltype (getAttributesReply)> ("xcb_get_window_attributes_reply");
-
-    [[nodiscard]] bool isComplete() const noexcept { return complete; }
-};
+/** The bit of an event's type that marks it as sent by another client. */
+constexpr std::uint8_t sentByClient = 0x80;
 } // namespace
 
 //==============================================================================
@@ -75,65 +48,171 @@ public:
 
         connection.reset (xcb.connect (displayName.isEmpty() ? nullptr : displayName.toRawUTF8(), nullptr));
 
-        if (xcb.hasError (connection.get()) != 0)
+        if (! isUsable())
             return;
 
         root = xcb.getRoots (xcb.getSetup (connection.get())).data->root;
         activeWindowAtom = findAtom ("_NET_ACTIVE_WINDOW");
         processIdAtom = findAtom ("_NET_WM_PID");
+        stateAtom = findAtom ("_NET_WM_STATE");
+        selectEvents (root, XCB_EVENT_MASK_PROPERTY_CHANGE);
     }
 
-    /** Nothing if the server is gone or no window manager tells; 0 if no window is the active one. */
-    [[nodiscard]] std::optional<std::uint32_t> getActiveWindow() const
+    [[nodiscard]] bool isUsable() const { return connection != nullptr && xcb.hasError (connection.get()) == 0; }
+
+    [[nodiscard]] bool belongsTo (xcb_window_t window)
     {
-        return isUsable() ? readNumber (root, activeWindowAtom, XCB_ATOM_WINDOW) : std::nullopt;
+        return answer (activeAnswers, window, [this, window] { return askWhetherActive (window); });
     }
 
-    [[nodiscard]] std::optional<std::uint32_t> getProcessId (xcb_window_t window) const
+    [[nodiscard]] bool isViewable (xcb_window_t window)
     {
-        return readNumber (window, processIdAtom, XCB_ATOM_CARDINAL);
+        return answer (viewableAnswers, window, [this, window] { return askWhetherViewable (window); });
     }
 
-    [[nodiscard]] bool isInside (xcb_window_t window, xcb_window_t outer) const
+    [[nodiscard]] std::uint32_t getNumChanges()
     {
-        // No window is nested that deeply; a server that says so is not to be believed.
-        constexpr int maxDepth = 100;
+        if (! isUsable())
+            return numChanges;
 
-        for (int depth = 0; depth < maxDepth && window != XCB_NONE; ++depth)
+        while (const auto event = ReplyPtr<xcb_generic_event_t> (xcb.pollForEvent (connection.get())))
         {
-            if (window == outer)
-                return true;
-
-            window = findParent (window);
+            if (changesAnswers (*event))
+                forgetAnswers();
+            else if (getType (*event) == XCB_CONFIGURE_NOTIFY)
+                ++numChanges;
         }
 
-        return false;
+        // Nothing holds any longer once the server has gone.
+        if (! isUsable())
+            forgetAnswers();
+
+        return numChanges;
     }
 
-    [[nodiscard]] bool isViewable (xcb_window_t window) const
+    [[nodiscard]] int getDescriptor() const { return isUsable() ? xcb.getDescriptor (connection.get()) : -1; }
+    [[nodiscard]] int getNumRoundTrips() const noexcept { return numRoundTrips; }
+
+private:
+    using Answers = std::map<xcb_window_t, bool>;
+
+    /** The answer that is known, or else the server's. Without a server, or if it goes meanwhile: true. */
+    template <typename Ask>
+    [[nodiscard]] bool answer (Answers& known, xcb_window_t window, Ask&& ask)
     {
+        static_cast<void> (getNumChanges());
+
         if (! isUsable())
             return true;
 
+        if (const auto found = known.find (window); found != known.end())
+            return found->second;
+
+        const auto asked = ask();
+
+        if (! isUsable())
+            return true;
+
+        known[window] = asked;
+        return asked;
+    }
+
+    [[nodiscard]] bool askWhetherActive (xcb_window_t window)
+    {
+        // Before anything is asked: what changes from here on makes an event.
+        const auto chain = watchWithParents (window);
+        const auto active = readNumber (root, activeWindowAtom, XCB_ATOM_WINDOW);
+
+        if (! active.has_value())
+            return true;
+
+        if (*active == XCB_NONE)
+            return false;
+
+        selectEvents (*active, XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+
+        if (readNumber (*active, processIdAtom, XCB_ATOM_CARDINAL) == std::uint32_t (getpid()))
+            return true;
+
+        return std::find (chain.begin(), chain.end(), *active) != chain.end();
+    }
+
+    [[nodiscard]] bool askWhetherViewable (xcb_window_t window)
+    {
+        watchWithParents (window);
+        ++numRoundTrips;
         const auto request = xcb.getAttributes (connection.get(), window);
         const ReplyPtr<xcb_get_window_attributes_reply_t> reply (
             xcb.getAttributesReply (connection.get(), request, nullptr));
         return reply == nullptr || reply->map_state == XCB_MAP_STATE_VIEWABLE;
     }
 
-private:
-    [[nodiscard]] bool isUsable() const { return connection != nullptr && xcb.hasError (connection.get()) == 0; }
-
-    [[nodiscard]] xcb_atom_t findAtom (const char* name) const
+    /** Has the server tell of changes to the window and all those around it. Gives them, from the inside out. */
+    std::vector<xcb_window_t> watchWithParents (xcb_window_t window)
     {
+        std::vector<xcb_window_t> chain;
+
+        while (window != XCB_NONE && window != root && int (chain.size()) < maxDepth)
+        {
+            chain.push_back (window);
+            selectEvents (window, XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+            window = findParent (window);
+        }
+
+        return chain;
+    }
+
+    void selectEvents (xcb_window_t window, std::uint32_t mask)
+    {
+        xcb.changeAttributes (connection.get(), window, XCB_CW_EVENT_MASK, &mask);
+        xcb.flush (connection.get());
+    }
+
+    [[nodiscard]] static int getType (const xcb_generic_event_t& event) noexcept
+    {
+        return event.response_type & ~sentByClient;
+    }
+
+    /** A window's new place does not: while it is dragged, many of these come. Nor do errors, which come from
+        windows that were gone when they were asked about. */
+    [[nodiscard]] bool changesAnswers (const xcb_generic_event_t& event) const
+    {
+        switch (getType (event))
+        {
+            case XCB_DESTROY_NOTIFY:
+            case XCB_UNMAP_NOTIFY:
+            case XCB_MAP_NOTIFY:
+            case XCB_REPARENT_NOTIFY: return true;
+
+            case XCB_PROPERTY_NOTIFY:
+            {
+                const auto atom = reinterpret_cast<const xcb_property_notify_event_t&> (event).atom;
+                return atom == activeWindowAtom || atom == processIdAtom || atom == stateAtom;
+            }
+
+            default: return false;
+        }
+    }
+
+    void forgetAnswers()
+    {
+        ++numChanges;
+        activeAnswers.clear();
+        viewableAnswers.clear();
+    }
+
+    [[nodiscard]] xcb_atom_t findAtom (const char* name)
+    {
+        ++numRoundTrips;
         const auto request = xcb.internAtom (connection.get(), 0, std::uint16_t (std::strlen (name)), name);
         const ReplyPtr<xcb_intern_atom_reply_t> reply (xcb.internAtomReply (connection.get(), request, nullptr));
         return reply != nullptr ? reply->atom : xcb_atom_t (XCB_ATOM_NONE);
     }
 
-    [[nodiscard]] std::optional<std::uint32_t>
-        readNumber (xcb_window_t window, xcb_atom_t property, xcb_atom_t type) const
+    /** Nothing if the window or its property is not there. */
+    [[nodiscard]] std::optional<std::uint32_t> readNumber (xcb_window_t window, xcb_atom_t property, xcb_atom_t type)
     {
+        ++numRoundTrips;
         const auto request = xcb.getProperty (connection.get(), 0, window, property, type, 0, 1);
         const ReplyPtr<xcb_get_property_reply_t> reply (xcb.getPropertyReply (connection.get(), request, nullptr));
         std::uint32_t number = 0;
@@ -145,8 +224,9 @@ private:
         return number;
     }
 
-    [[nodiscard]] xcb_window_t findParent (xcb_window_t window) const
+    [[nodiscard]] xcb_window_t findParent (xcb_window_t window)
     {
+        ++numRoundTrips;
         const auto request = xcb.queryTree (connection.get(), window);
         const ReplyPtr<xcb_query_tree_reply_t> reply (xcb.queryTreeReply (connection.get(), request, nullptr));
         return reply != nullptr ? reply->parent : xcb_window_t (XCB_NONE);
@@ -159,10 +239,15 @@ private:
         decltype (&xcb_disconnect) disconnect;
     };
 
-    Xcb xcb;
+    XcbLibrary xcb;
     std::unique_ptr<xcb_connection_t, Disconnect> connection { nullptr, Disconnect { xcb.disconnect } };
     xcb_window_t root = XCB_NONE;
-    xcb_atom_t activeWindowAtom = XCB_ATOM_NONE, processIdAtom = XCB_ATOM_NONE;
+    xcb_atom_t activeWindowAtom = XCB_ATOM_NONE, processIdAtom = XCB_ATOM_NONE, stateAtom = XCB_ATOM_NONE;
+
+    // By window, until the next event.
+    Answers activeAnswers, viewableAnswers;
+    std::uint32_t numChanges = 0;
+    int numRoundTrips = 0;
 };
 
 //==============================================================================
@@ -171,31 +256,21 @@ X11ActiveWindow::X11ActiveWindow (const juce::String& displayName)
 {
 }
 
-X11ActiveWindow::~X11ActiveWindow() = default;
+X11ActiveWindow::X11ActiveWindow() : X11ActiveWindow (juce::String()) {}
 
-const X11ActiveWindow& X11ActiveWindow::getShared()
-{
-    static const X11ActiveWindow shared;
-    return shared;
-}
+X11ActiveWindow::~X11ActiveWindow() = default;
 
 bool X11ActiveWindow::isViewable (void* window) const
 {
     return window == nullptr || connection->isViewable (toId (window));
 }
 
-bool X11ActiveWindow::belongsTo (void* window) const
-{
-    const auto active = connection->getActiveWindow();
+bool X11ActiveWindow::belongsTo (void* window) const { return connection->belongsTo (toId (window)); }
 
-    if (! active.has_value())
-        return true;
+std::uint32_t X11ActiveWindow::getNumChanges() const { return connection->getNumChanges(); }
 
-    if (*active == XCB_NONE)
-        return false;
+int X11ActiveWindow::getDescriptor() const { return connection->getDescriptor(); }
 
-    return connection->getProcessId (*active) == std::uint32_t (getpid())
-           || connection->isInside (toId (window), *active);
-}
+int X11ActiveWindow::getNumRoundTrips() const noexcept { return connection->getNumRoundTrips(); }
 
 } // namespace mk::pluginCore

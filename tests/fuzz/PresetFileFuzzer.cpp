@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-#include "orlo/AudioPluginAudioProcessor.h"
-#include "tests/fuzz/FuzzEnvironment.h"
+#include "FuzzEnvironment.h"
+#include "orlo/processor/AudioPluginAudioProcessor.h"
 
 #include <cmath>
 #include <cstdint>

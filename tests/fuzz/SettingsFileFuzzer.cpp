@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
+#include "FuzzEnvironment.h"
 #include "plugin_core/files/UntrustedXml.h"
 #include "plugin_core/settings/PluginGlobalSettings.h"
-#include "tests/fuzz/FuzzEnvironment.h"
 
 #include <cstdint>
 #include <cstdlib>

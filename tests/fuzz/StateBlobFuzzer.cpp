@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-#include "orlo/AudioPluginAudioProcessor.h"
+#include "FuzzEnvironment.h"
+#include "orlo/processor/AudioPluginAudioProcessor.h"
 #include "plugin_core/state/StateBlob.h"
-#include "tests/fuzz/FuzzEnvironment.h"
 
 #include <cmath>
 #include <cstdint>

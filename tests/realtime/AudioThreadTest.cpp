@@ -2,12 +2,14 @@
 // What the audio thread does on every path of the audio callback, counted by machine.
 #include "RealtimeGuard.h"
 
-#include "orlo/AudioPluginAudioProcessor.h"
-#include "orlo/Params.h"
+#include "orlo/parameters/Params.h"
+#include "orlo/processor/AudioPluginAudioProcessor.h"
+#include "tests/support/MessageLoop.h"
 
 #include <gtest/gtest.h>
 
 #include <mutex>
+#include <thread>
 
 namespace mk::orlo::test
 {
@@ -76,7 +78,7 @@ protected:
     {
         processor.setPlayHead (&playHead);
         processor.prepareToPlay (48000.0, 512);
-        processor.getFftProcessor().hopSize = 177;
+        processor.getFftProcessor().setHop (177);
         processor.setAnalysisSuspended (false);
     }
 
@@ -200,6 +202,150 @@ TEST_F (AudioThreadTest, WithoutARateTheBlockIsClearedAndNothingElse)
     const RealtimeGuard guard;
     unprepared.processBlock (buffer, midi);
     expectNothing (guard.getViolations());
+}
+
+//==============================================================================
+/** The framework's own part in a parameter's change: the same parameters with a listener each, and nothing else. */
+class BareProcessor final : public juce::AudioProcessor, private juce::AudioProcessorValueTreeState::Listener
+{
+public:
+    BareProcessor()
+    {
+        for (const auto* parameter : getParameters())
+            state.addParameterListener (dynamic_cast<const juce::AudioProcessorParameterWithID&> (*parameter).paramID,
+                                        this);
+    }
+
+    void parameterChanged (const juce::String&, float) override {}
+    void prepareToPlay (double, int) override {}
+    void releaseResources() override {}
+    void processBlock (juce::AudioBuffer<float>&, juce::MidiBuffer&) override {}
+    const juce::String getName() const override { return {}; }
+    double getTailLengthSeconds() const override { return 0.0; }
+    bool acceptsMidi() const override { return false; }
+    bool producesMidi() const override { return false; }
+    bool hasEditor() const override { return false; }
+    juce::AudioProcessorEditor* createEditor() override { return nullptr; }
+    int getNumPrograms() override { return 1; }
+    int getCurrentProgram() override { return 0; }
+    void setCurrentProgram (int) override {}
+    const juce::String getProgramName (int) override { return {}; }
+    void changeProgramName (int, const juce::String&) override {}
+    void getStateInformation (juce::MemoryBlock&) override {}
+    void setStateInformation (const void*, int) override {}
+
+private:
+    juce::AudioProcessorValueTreeState state { *this, nullptr, "bare", Params::createLayout() };
+};
+
+/** On an audio thread of its own: blocks that each begin with a new value for every parameter, as a host's do that
+    automates from within the callback. Gives back the worst block. */
+[[nodiscard]] RealtimeViolations worstOfAutomation (juce::AudioProcessor& processor)
+{
+    RealtimeViolations worst;
+
+    const auto play = [&]
+    {
+        juce::AudioBuffer<float> buffer (2, 512);
+        buffer.clear();
+        juce::MidiBuffer midi;
+        constexpr int numBlocks = 200, numWarmUp = 2; // the framework's lists allocate at their first use
+
+        for (int i = 0; i < numBlocks + numWarmUp; ++i)
+        {
+            const RealtimeGuard guard;
+
+            for (auto* parameter : processor.getParameters())
+                parameter->setValueNotifyingHost (float (i % 7) / 6.0f);
+
+            processor.processBlock (buffer, midi);
+
+            if (i >= numWarmUp)
+            {
+                worst.allocations = std::max (worst.allocations, guard.getViolations().allocations);
+                worst.locks = std::max (worst.locks, guard.getViolations().locks);
+            }
+        }
+    };
+
+    std::thread (play).join();
+    return worst;
+}
+
+class AutomationTest : public AudioThreadTest
+{
+protected:
+    AutomationTest() { processor.applyInitialSettings(); }
+
+    /** The framework takes its own locks for each value, which no plug-in can avoid. */
+    void expectNothingButTheFrameworksLocks()
+    {
+        BareProcessor bare;
+        ASSERT_EQ (bare.getParameters().size(), processor.getParameters().size());
+        const auto framework = worstOfAutomation (bare);
+        EXPECT_EQ (framework.allocations, 0);
+
+        const auto worst = worstOfAutomation (processor);
+        EXPECT_EQ (worst.allocations, 0);
+        EXPECT_LE (worst.locks, framework.locks + 1); // the wake-up's
+    }
+
+    /** Whether the last of the values reach those who wait for them on the message thread. */
+    [[nodiscard]] bool doValuesArrive()
+    {
+        const auto& parameter = *processor.getParameterState().getParameter (Params::id::freqScale);
+        const auto wanted = juce::roundToInt (parameter.convertFrom0to1 (parameter.getValue()));
+        return pumpUntil ([&] { return processor.getImageBuilder().getFrequencyScale().getScaleType() == wanted; });
+    }
+};
+
+TEST_F (AutomationTest, FromInsideTheCallbackTakesNothingWithoutAnEditor)
+{
+    expectNothingButTheFrameworksLocks();
+    EXPECT_TRUE (doValuesArrive());
+}
+
+TEST_F (AutomationTest, FromInsideTheCallbackTakesNothingWithAnOpenEditor)
+{
+    const std::unique_ptr<juce::AudioProcessorEditor> editor (processor.createEditorIfNeeded());
+    editor->addToDesktop (juce::ComponentPeer::windowIsTemporary);
+    editor->setVisible (true);
+    ASSERT_TRUE (pumpUntil ([&] { return editor->isShowing(); }));
+
+    expectNothingButTheFrameworksLocks();
+    EXPECT_TRUE (doValuesArrive());
+}
+
+//==============================================================================
+TEST (AnalysisThreads, AllocateNothingOnceAllSizesHaveBeenSeen)
+{
+    FFTProcessor worker;
+    FrequencyScale scale;
+    ColumnMapper mapper;
+    Column column;
+    Frame frame;
+    const std::vector<float> samples (512, 0.25f);
+
+    const auto analyse = [&] (int numBlocks)
+    {
+        for (int i = 0; i < numBlocks; ++i)
+        {
+            worker.pushSamples (samples.data(), int (samples.size()));
+            worker.processAvailable();
+
+            while (worker.popFrame (frame))
+                mapper.map (
+                    frame, makeColumnSettings (frame.format, { 0.0f, 1.0f, -100.0f, 0.0f, 300 }), scale, column);
+        }
+    };
+
+    // Long enough for every vector in circulation to have held a frame.
+    worker.setSettings ({ { 2047, 0, int (WindowType::hann) }, 128, true, 1.0e-5f });
+    analyse (100);
+
+    const RealtimeGuard guard;
+    analyse (100);
+    EXPECT_EQ (guard.getViolations().allocations, 0);
 }
 
 } // namespace

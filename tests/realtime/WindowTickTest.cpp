@@ -2,7 +2,7 @@
 // What the message thread allocates at a refresh of the display and at a tick of a fade, counted by machine.
 #include "RealtimeGuard.h"
 
-#include "orlo/AudioPluginAudioProcessor.h"
+#include "orlo/processor/AudioPluginAudioProcessor.h"
 #include "orlo/display/SpectrogramComponent.h"
 #include "plugin_core/controls/AnimatedTextButton.h"
 #include "tests/support/FakeWindow.h"

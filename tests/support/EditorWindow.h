@@ -4,8 +4,8 @@
 #include "MessageLoop.h"
 #include "Screen.h"
 
-#include "orlo/AudioPluginAudioProcessor.h"
-#include "orlo/AudioPluginAudioProcessorEditor.h"
+#include "orlo/processor/AudioPluginAudioProcessor.h"
+#include "orlo/window/AudioPluginAudioProcessorEditor.h"
 
 #include <memory>
 
@@ -17,7 +17,7 @@ namespace mk::orlo::test
 class EditorWindow
 {
 public:
-    static constexpr int leftButton = 1, rightButton = 3;
+    static constexpr int leftButton = 1, middleButton = 2, rightButton = 3;
 
     /** Opens as a host does, and waits until it shows. */
     explicit EditorWindow (AudioPluginAudioProcessor& processor)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "GoldenVectors.h"
 
+#include "SourceTree.h"
+
 #include <iostream>
 
 namespace mk::orlo::test
@@ -8,7 +10,7 @@ namespace mk::orlo::test
 
 juce::var loadJson (const juce::String& path)
 {
-    const auto file = juce::File (ORLO_TEST_DATA).getChildFile (path);
+    const auto file = getTestDataFolder().getChildFile (path);
     auto parsed = juce::JSON::parse (file);
 
     if (parsed.isVoid())

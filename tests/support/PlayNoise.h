@@ -3,7 +3,7 @@
 
 #include "MessageLoop.h"
 
-#include "orlo/AudioPluginAudioProcessor.h"
+#include "orlo/processor/AudioPluginAudioProcessor.h"
 
 namespace mk::orlo::test
 {

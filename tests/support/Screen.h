@@ -29,7 +29,7 @@ public:
     /** Sends the keys to such a window, as a window manager does when the user clicks into it. */
     void giveKeyboardTo (void* hostWindow);
 
-    /** Presses or lets go of a button of the real mouse where it stands: 1 left, 3 right, 4 and 5 the wheel. */
+    /** Presses or lets go of a button of the real mouse where it stands: 1 left, 2 middle, 3 right, 4 and 5 the wheel. */
     void setButton (int button, bool isDown);
 
     /** Presses or lets go of a key of the real keyboard by its X11 symbol, such as 0xff09 for Tab. */
@@ -37,7 +37,8 @@ public:
 
     /** What X11 calls the keys that tests press. */
     static constexpr unsigned long tabKey = 0xff09, returnKey = 0xff0d, escapeKey = 0xff1b, spaceKey = 0x20,
-                                   shiftKey = 0xffe1, controlKey = 0xffe3, downKey = 0xff54;
+                                   shiftKey = 0xffe1, controlKey = 0xffe3, downKey = 0xff54, menuKey = 0xff67,
+                                   f10Key = 0xffc7;
 
 private:
     Screen();

@@ -16,6 +16,9 @@ constexpr auto homeVariable = "HOME";
 // Where Linux looks for the files that an installation has put there for all users.
 constexpr auto dataVariable = "XDG_DATA_DIRS";
 
+// Where Linux looks for the user's configuration, if not in the home folder.
+constexpr auto configurationVariable = "XDG_CONFIG_HOME";
+
 void setVariable ([[maybe_unused]] const char* name, [[maybe_unused]] const juce::String& value)
 {
 #if ! JUCE_WINDOWS
@@ -29,10 +32,12 @@ void setVariable ([[maybe_unused]] const char* name, [[maybe_unused]] const juce
 
 TemporaryHome::TemporaryHome()
     : formerHome (juce::SystemStats::getEnvironmentVariable (homeVariable, {})),
-      formerData (juce::SystemStats::getEnvironmentVariable (dataVariable, {}))
+      formerData (juce::SystemStats::getEnvironmentVariable (dataVariable, {})),
+      formerConfiguration (juce::SystemStats::getEnvironmentVariable (configurationVariable, {}))
 {
     setVariable (homeVariable, folder.get().getFullPathName());
     setVariable (dataVariable, systemData.get().getFullPathName());
+    setVariable (configurationVariable, {});
 
     // Only a folder with the product's files in it is taken for the installation's.
     systemData.get().getChildFile ("Morlek/Orlo/presets").createDirectory();
@@ -42,6 +47,7 @@ TemporaryHome::~TemporaryHome()
 {
     setVariable (homeVariable, formerHome);
     setVariable (dataVariable, formerData);
+    setVariable (configurationVariable, formerConfiguration);
 }
 
 } // namespace mk::orlo::test

@@ -53,7 +53,7 @@ TestProcessor::TestProcessor (std::unique_ptr<TemporaryFolder> folder)
 {
 }
 
-std::unique_ptr<pluginCore::PluginEditor> TestProcessor::createEditorInternal()
+std::unique_ptr<pluginCore::ProcessorEditor> TestProcessor::createEditorInternal()
 {
     return std::make_unique<TestPluginEditor> (*this, editorAspectRatio, updateEnvironment);
 }

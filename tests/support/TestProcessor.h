@@ -21,8 +21,9 @@ public:
     void prepareInternal (int, double) override {}
     void onResetRequested() override { ++numResets; }
     void processInternal (juce::AudioBuffer<float>&, juce::MidiBuffer&) override {}
-    [[nodiscard]] std::unique_ptr<pluginCore::PluginEditor> createEditorInternal() override;
+    [[nodiscard]] std::unique_ptr<pluginCore::ProcessorEditor> createEditorInternal() override;
 
+    using AudioProcessor::getParameter;
     [[nodiscard]] juce::RangedAudioParameter& getParameter (const juce::String& id);
 
     /** The value as it is saved. */

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "TranslationFile.h"
 
+#include "SourceTree.h"
+
 #include <gtest/gtest.h>
 
 #include <regex>
@@ -10,7 +12,7 @@ namespace mk::orlo::test
 
 TranslationFile::TranslationFile (const juce::String& set, const juce::String& code)
 {
-    const auto file = juce::File (ORLO_SOURCE_DIR "/resources/translations").getChildFile (set + "_" + code + ".txt");
+    const auto file = getSourceFolder().getChildFile ("resources/translations").getChildFile (set + "_" + code + ".txt");
     juce::MemoryBlock bytes;
 
     EXPECT_TRUE (file.loadFileAsData (bytes)) << file.getFullPathName();

@@ -50,6 +50,16 @@ public:
         sync();
     }
 
+    void setMapped (std::uint32_t window, bool shouldBeMapped)
+    {
+        if (shouldBeMapped)
+            xcb_map_window (connection, window);
+        else
+            xcb_unmap_window (connection, window);
+
+        sync();
+    }
+
     void setProperty (std::uint32_t window, const char* name, xcb_atom_t type, std::uint32_t value)
     {
         xcb_change_property (connection, XCB_PROP_MODE_REPLACE, window, findAtom (name), type, 32, 1, &value);
@@ -111,6 +121,8 @@ std::uint32_t XServer::createWindow (std::uint32_t processId, std::uint32_t pare
 }
 
 void XServer::destroyWindow (std::uint32_t window) { connection->destroyWindow (window); }
+
+void XServer::setMapped (std::uint32_t window, bool shouldBeMapped) { connection->setMapped (window, shouldBeMapped); }
 
 void XServer::setActiveWindow (std::uint32_t window)
 {

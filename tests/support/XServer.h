@@ -24,6 +24,7 @@ public:
     /** A new window, inside the given one or on the desktop, that says it belongs to the process. */
     [[nodiscard]] std::uint32_t createWindow (std::uint32_t processId, std::uint32_t parent = 0);
     void destroyWindow (std::uint32_t window);
+    void setMapped (std::uint32_t window, bool shouldBeMapped);
 
     /** What a window manager tells. */
     void setActiveWindow (std::uint32_t window);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-#include "orlo/ButtonBarComponent.h"
+#include "orlo/controls/ButtonBarComponent.h"
 #include "plugin_core/controls/PluginComboBoxControl.h"
 #include "plugin_core/controls/PluginSliderControl.h"
 #include "plugin_core/controls/PluginToggleControl.h"

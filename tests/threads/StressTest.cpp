@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 // All threads of the product at work while every parameter changes. Worth most under ThreadSanitizer.
-#include "orlo/AudioPluginAudioProcessor.h"
+#include "orlo/processor/AudioPluginAudioProcessor.h"
 
 #include "tests/support/MessageLoop.h"
 #include "tests/support/Signals.h"
@@ -59,7 +59,7 @@ TEST (AllThreads, RunForHalfAMinuteWhileEverythingChanges)
     AudioPluginAudioProcessor processor;
     auto& builder = processor.getImageBuilder();
     processor.prepareToPlay (44100.0, 4096);
-    processor.getFftProcessor().hopSize = 163;
+    processor.getFftProcessor().setHop (163);
     builder.setRequestedSize (300, 200);
     builder.startThread();
     processor.setAnalysisSuspended (false);
@@ -77,7 +77,7 @@ TEST (AllThreads, RunForHalfAMinuteWhileEverythingChanges)
     for (int i = 0; Clock::now() < end; ++i)
     {
         processor.getFrameClock().tick (float (i % 7) * 0.7f);
-        processor.getFftProcessor().hopSize.store (40 + (i * 31) % 700, std::memory_order_relaxed);
+        processor.getFftProcessor().setHop (40 + (i * 31) % 700);
         builder.setFramesPerColumn (1 + i % 5);
         builder.setColourMap (i % 46);
 

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 // A host automates every parameter while the window is open, moved and closed; needs a display.
-#include "orlo/ButtonBarComponent.h"
-#include "orlo/Params.h"
-#include "orlo/RetinaParamLabel.h"
+#include "orlo/controls/ButtonBarComponent.h"
+#include "orlo/controls/RetinaParamLabel.h"
 #include "orlo/display/ColourComboBoxControl.h"
 #include "orlo/display/ColourMapPreviewComponent.h"
+#include "orlo/parameters/Params.h"
+#include "orlo/window/CreateEditor.h"
 #include "plugin_core/controls/PluginComboBoxControl.h"
 #include "plugin_core/controls/PluginSliderControl.h"
 #include "plugin_core/controls/PluginToggleControl.h"
@@ -207,7 +208,7 @@ TEST (WindowStress, AutomationOfEveryParameterWhileTheWindowOpensMovesAndCloses)
     if (! Screen::getInstance().isAvailable())
         GTEST_SKIP() << "needs a screen";
 
-    AudioPluginAudioProcessor processor;
+    AudioPluginAudioProcessor processor { createEditor };
     processor.prepareToPlay (44100.0, 512);
     RestlessWindow window (processor);
 

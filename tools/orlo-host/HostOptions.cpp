@@ -2,7 +2,8 @@
 #include "HostOptions.h"
 
 #include "HostError.h"
-#include "NumberText.h"
+
+#include "plugin_core/text/NumberText.h"
 
 namespace mk::orlo::host
 {
@@ -54,7 +55,7 @@ private:
 
 [[nodiscard]] double toSeconds (const juce::String& text)
 {
-    const auto seconds = parseNumber (text);
+    const auto seconds = pluginCore::parseQuantity (text);
 
     if (! seconds || *seconds < 0.0 || *seconds > longestRunSeconds)
         throw HostError ("--seconds wants a number from 0 up, not '" + text + "'");

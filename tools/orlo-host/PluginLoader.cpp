@@ -8,22 +8,20 @@ namespace mk::orlo::host
 
 std::unique_ptr<juce::AudioPluginInstance> loadPlugin (const juce::File& bundle, double sampleRate, int blockSize)
 {
-    const auto path = bundle.getFullPathName();
+    const auto& path = bundle.getFullPathName();
 
     if (! bundle.exists())
         throw HostError ("there is no plug-in " + path);
 
-    juce::AudioPluginFormatManager formats;
-    formats.addFormat (new juce::VST3PluginFormat); // the manager deletes it
-
+    juce::VST3PluginFormat format;
     juce::OwnedArray<juce::PluginDescription> found;
-    formats.getFormat (0)->findAllTypesForFile (found, path);
+    format.findAllTypesForFile (found, path);
 
     if (found.isEmpty())
         throw HostError (path + " is no VST3 plug-in that can be loaded");
 
     juce::String reason;
-    auto plugin = formats.createPluginInstance (*found.getFirst(), sampleRate, blockSize, reason);
+    auto plugin = format.createInstanceFromDescription (*found.getFirst(), sampleRate, blockSize, reason);
 
     if (plugin == nullptr)
         throw HostError (path + " cannot be loaded: " + reason);

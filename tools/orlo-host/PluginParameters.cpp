@@ -2,7 +2,8 @@
 #include "PluginParameters.h"
 
 #include "HostError.h"
-#include "NumberText.h"
+
+#include "plugin_core/text/NumberText.h"
 
 namespace mk::orlo::host
 {
@@ -67,9 +68,7 @@ float valueForText (const juce::AudioProcessorParameter& parameter, const juce::
     if (sameText (shown, text) || isWordForSwitch (parameter, text))
         return value;
 
-    const auto unit = parameter.getLabel().trim();
-    const auto number = parseNumber (
-        unit.isNotEmpty() && text.endsWithIgnoreCase (unit) ? text.dropLastCharacters (unit.length()) : text);
+    const auto number = pluginCore::parseQuantity (text, parameter.getLabel().trim());
 
     if (parameter.isDiscrete() || ! number)
         fail ("has no value");

@@ -23,7 +23,7 @@ Track makeDemoTrack()
 
 Track openTrack (const juce::File& file)
 {
-    const auto path = file.getFullPathName();
+    const auto& path = file.getFullPathName();
 
     if (! file.existsAsFile())
         throw HostError ("there is no file " + path);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "Sheets.h"
 
-#include "orlo/AudioPluginAudioProcessor.h"
 #include "orlo/look/PluginLookAndFeel.h"
+#include "orlo/processor/AudioPluginAudioProcessor.h"
 
 #include <iostream>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "Sheets.h"
 
-#include "orlo/AudioPluginAudioProcessor.h"
-#include "orlo/AudioPluginAudioProcessorEditor.h"
-#include "orlo/LocalisedStringsManager.h"
+#include "orlo/processor/AudioPluginAudioProcessor.h"
+#include "orlo/processor/LocalisedStringsManager.h"
+#include "orlo/window/AudioPluginAudioProcessorEditor.h"
 
 namespace mk::orlo::lookSheet
 {

@@ -2,8 +2,8 @@
 #include "Sheets.h"
 
 #include "plugin_core/look/LookAndFeel.h"
-#include "plugin_core/look/Palette.h"
-#include "plugin_core/look/StyleProperties.h"
+#include "plugin_core/style/Palette.h"
+#include "plugin_core/style/StyleProperties.h"
 
 namespace mk::orlo::lookSheet
 {

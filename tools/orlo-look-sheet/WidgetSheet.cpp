@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "Sheets.h"
 
-#include "orlo/ButtonBarComponent.h"
-#include "orlo/Params.h"
+#include "orlo/controls/ButtonBarComponent.h"
 #include "orlo/display/ColourComboBoxControl.h"
 #include "orlo/display/ColourMapMenuItem.h"
 #include "orlo/display/CyclingArrowsComponent.h"
-#include "orlo/look/OrloColours.h"
-#include "plugin_core/look/StyleProperties.h"
-#include "plugin_core/look/icons/IconDrawable.h"
+#include "orlo/parameters/Params.h"
+#include "orlo/style/OrloColours.h"
+#include "plugin_core/style/StyleProperties.h"
+#include "plugin_core/style/icons/IconDrawable.h"
 
 namespace mk::orlo::lookSheet
 {

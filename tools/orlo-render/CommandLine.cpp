@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "CommandLine.h"
 
-#include "NumberText.h"
 #include "RenderError.h"
+#include "plugin_core/text/NumberText.h"
 
 namespace mk::orlo::render
 {
@@ -93,7 +93,7 @@ private:
     {
         const auto text = valueOf (option, argument);
 
-        if (const auto number = parseWholeNumber (text, 1, largestSide))
+        if (const auto number = pluginCore::parseWholeNumber (text, 1, largestSide))
             return *number;
 
         throw usageError (option + ": '" + text + "' is not a whole number from 1 to " + juce::String (largestSide));
@@ -102,7 +102,7 @@ private:
     [[nodiscard]] double secondsOf (const juce::String& option, const juce::String& argument)
     {
         const auto text = valueOf (option, argument);
-        const auto seconds = parseNumber (text, "s");
+        const auto seconds = pluginCore::parseQuantity (text, "s");
 
         if (! seconds || *seconds < 0.0)
             throw usageError (option + ": '" + text + "' is not a number of seconds");

@@ -7,18 +7,20 @@ namespace mk::orlo::render
 {
 namespace
 {
-// A batch must fit into the worker's rings: 163839 samples, 49 frames.
+// Large enough for the threads to work in long strides, small enough for progress to be seen.
 constexpr int mostSamplesInBatch = 131072;
 constexpr int mostFramesInBatch = 48;
 constexpr size_t numBatches = 3;
 } // namespace
 
-FrameProducer::FrameProducer (AudioSource& audio, FFTProcessor& worker, const RenderPlan& renderPlan)
+FrameProducer::FrameProducer (AudioSource& audio,
+                              const AnalysisSettings& analysisSettings,
+                              const RenderPlan& renderPlan)
     : source (audio),
-      processor (worker),
+      settings (analysisSettings),
       plan (renderPlan),
-      framesPerBatch (std::clamp (mostSamplesInBatch / plan.hop.hop, 1, mostFramesInBatch)),
-      samples (size_t (framesPerBatch) * size_t (plan.hop.hop)),
+      framesPerBatch (std::clamp (mostSamplesInBatch / plan.analysis.samplesPerFrame, 1, mostFramesInBatch)),
+      samples (size_t (framesPerBatch) * size_t (plan.analysis.samplesPerFrame)),
       spare (numBatches),
       thread ([this] { run(); })
 {
@@ -63,6 +65,8 @@ void FrameProducer::run()
 {
     try
     {
+        analyser.configure (settings.window);
+
         auto position = plan.feedStart;
         std::vector<Frame> batch;
 
@@ -75,7 +79,7 @@ void FrameProducer::run()
             fill (batch, position, numFrames);
             deliver (batch);
 
-            position += std::int64_t (numFrames) * plan.hop.hop;
+            position += std::int64_t (numFrames) * plan.analysis.samplesPerFrame;
             remaining -= numFrames;
         }
 
@@ -89,15 +93,18 @@ void FrameProducer::run()
 
 void FrameProducer::fill (std::vector<Frame>& batch, std::int64_t position, int numFrames)
 {
-    const auto numSamples = numFrames * plan.hop.hop;
+    const auto numSamples = numFrames * plan.analysis.samplesPerFrame;
     source.read (position, std::span (samples).first (size_t (numSamples)));
-    processor.pushSamples (samples.data(), numSamples);
-    processor.processAvailable();
-
     batch.resize (size_t (numFrames));
 
+    const juce::ScopedNoDenormals noDenormals;
+    const auto* hop = samples.data();
+
     for (auto& frame : batch)
-        processor.popFrame (frame);
+    {
+        analyser.process (hop, settings, source.getSampleRate(), frame);
+        hop += plan.analysis.samplesPerFrame;
+    }
 }
 
 bool FrameProducer::waitForSpare (std::vector<Frame>& batch)

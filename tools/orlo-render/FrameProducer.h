@@ -3,7 +3,7 @@
 
 #include "AudioSource.h"
 #include "RenderPlan.h"
-#include "orlo/analysis/FFTProcessor.h"
+#include "orlo/analysis/SpectralAnalyser.h"
 
 #include <array>
 #include <condition_variable>
@@ -21,9 +21,9 @@ namespace mk::orlo::render
 class FrameProducer
 {
 public:
-    /** Starts at once. Until it is destroyed, the source and the processor (prepared, with its thread not
-        started) are the producer's. */
-    FrameProducer (AudioSource& source, FFTProcessor& processor, const RenderPlan& plan);
+    /** Starts at once, with the plan's hop. Until it is destroyed, the source is the
+        producer's. */
+    FrameProducer (AudioSource& source, const AnalysisSettings& settings, const RenderPlan& plan);
 
     /** Stops, within the time of a batch. */
     ~FrameProducer();
@@ -40,9 +40,10 @@ private:
     void finish (std::exception_ptr failure);
 
     AudioSource& source;
-    FFTProcessor& processor;
+    const AnalysisSettings settings;
     const RenderPlan plan;
     const int framesPerBatch;
+    SpectralAnalyser analyser;
     std::vector<float> samples;
 
     std::mutex mutex; // guards all that follows

@@ -34,7 +34,7 @@ bool endsWithLastPage (juce::InputStream& stream)
 
     // Twice the largest page holds at least one whole page, whatever else may hang on the end of the file.
     const auto length = stream.getTotalLength();
-    std::vector<juce::uint8> tail (size_t (std::min<juce::int64> (length, 2 * largestPage)));
+    std::vector<juce::uint8> tail (size_t (std::min (length, juce::int64 { 2 } * largestPage)));
     stream.setPosition (length - juce::int64 (tail.size()));
 
     const auto got = stream.read (tail.data(), int (tail.size()));

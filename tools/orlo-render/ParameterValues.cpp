@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "ParameterValues.h"
 
-#include "NumberText.h"
 #include "RenderError.h"
-#include "orlo/Params.h"
+#include "orlo/parameters/Params.h"
+#include "plugin_core/text/NumberText.h"
 
 namespace mk::orlo::render
 {
@@ -51,7 +51,7 @@ namespace
 [[nodiscard]] float parseFloat (const juce::RangedAudioParameter& parameter, const juce::String& text)
 {
     const auto unit = isFrequencyLimit (parameter.paramID) ? juce::String ("%") : parameter.getLabel().trim();
-    const auto number = parseNumber (text, unit);
+    const auto number = pluginCore::parseQuantity (text, unit);
 
     if (! number)
         reject (parameter.paramID, text, "is not a number");
@@ -120,7 +120,7 @@ void ParameterValues::set (const juce::String& id, const juce::String& text)
 
     if (isFrequencyLimit (id) && text.endsWithIgnoreCase ("Hz"))
     {
-        const auto number = parseNumber (text, "Hz");
+        const auto number = pluginCore::parseQuantity (text, "Hz");
 
         if (! number || *number < 0.0)
             reject (id, text, "is not a frequency");

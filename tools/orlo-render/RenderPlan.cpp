@@ -14,14 +14,14 @@ namespace
 RenderPlan makePlan (const PlanRequest& request) noexcept
 {
     RenderPlan plan;
-    plan.hop = planHop (request.hop);
+    plan.analysis = planHop (request.hop);
 
-    if (plan.hop.hop < 1)
+    if (plan.analysis.samplesPerFrame < 1)
         return plan;
 
-    const std::int64_t hop = plan.hop.hop;
+    const std::int64_t hop = plan.analysis.samplesPerFrame;
     plan.windowLength = request.hop.windowSize - 1;
-    plan.samplesPerColumn = hop * plan.hop.framesPerColumn;
+    plan.samplesPerColumn = hop * plan.analysis.framesPerColumn;
     plan.numColumns = divideUp (request.length, plan.samplesPerColumn);
 
     if (request.width > 0)

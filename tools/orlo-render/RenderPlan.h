@@ -24,7 +24,7 @@ struct PlanRequest
     behind the last column for as long as that lag lasts. */
 struct RenderPlan
 {
-    HopPlan hop;
+    HopPlan analysis;
     int windowLength = 0;              /**< Samples. */
     std::int64_t samplesPerColumn = 0; /**< Whole hops. */
     std::int64_t numColumns = 0;       /**< Before they are merged into the picture's width. */

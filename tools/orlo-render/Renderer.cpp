@@ -4,64 +4,56 @@
 #include "ColumnReducer.h"
 #include "FrameProducer.h"
 #include "RenderError.h"
-#include "orlo/analysis/SpectrogramImageBuilder.h"
+#include "orlo/analysis/ColumnMapper.h"
+#include "orlo/analysis/FrequencyScale.h"
 
 namespace mk::orlo::render
 {
 namespace
 {
 
-/** The plug-in's engine, set up as the plug-in would, without its threads. */
-class Engine
+[[nodiscard]] AnalysisSettings makeAnalysisSettings (const RenderPlan& plan, const RenderSettings& settings)
 {
-public:
-    Engine (double sampleRate, const RenderPlan& plan, const RenderSettings& settings)
-    {
-        auto config = worker.getCurrentConfig();
-        config.windowLength = plan.windowLength;
-        worker.setPendingConfig (config);
-        worker.prepareToPlay (sampleRate);
-        worker.hopSize.store (plan.hop.hop, std::memory_order_relaxed);
-        worker.enhanced.store (settings.hop.enhanced, std::memory_order_relaxed);
-        worker.magnitudeThreshold.store (magnitudeForDecibels (juce::jmin (settings.floorDb, settings.ceilingDb)),
-                                         std::memory_order_relaxed);
-        worker.processAvailable(); // takes the configuration over
-
-        builder.getFrequencyScale().setScaleType (settings.scaleType);
-        builder.setMinFreqFraction (settings.minFreqFraction);
-        builder.setMaxFreqFraction (settings.maxFreqFraction);
-        builder.setLevelRange (settings.floorDb, settings.ceilingDb);
-        builder.setRequestedSize (1, settings.height);
-        builder.applyRequestedSize();
-    }
-
-    FFTProcessor worker;
-    FrameClock clock;
-    SpectrogramImageBuilder builder { worker, clock };
-};
+    AnalysisSettings analysis;
+    analysis.window.windowLength = plan.windowLength;
+    analysis.hop = plan.analysis.samplesPerFrame;
+    analysis.enhanced = settings.hop.enhanced;
+    analysis.magnitudeThreshold = magnitudeForDecibels (juce::jmin (settings.floorDb, settings.ceilingDb));
+    return analysis;
+}
 
 /** Turns frames into columns that can be merged by maximum, and merged columns into levels. */
 class ColumnMaker
 {
 public:
-    explicit ColumnMaker (SpectrogramImageBuilder& imageBuilder)
-        : builder (imageBuilder),
-          settings (imageBuilder.makeColumnSettings()),
+    explicit ColumnMaker (const RenderSettings& settings)
+        : range { settings.minFreqFraction,
+                  settings.maxFreqFraction,
+                  settings.floorDb,
+                  settings.ceilingDb,
+                  settings.height },
           // The logarithm is most of the work of a Classic column. The louder magnitude has the higher level, so
           // it can wait until only the loudest are left. Enhanced takes few logarithms, and with the floor above
           // the ceiling the louder has the lower level.
-          mergesMagnitudes (! settings.enhanced && settings.floorDb < settings.ceilingDb)
+          mergesMagnitudes (! settings.hop.enhanced && settings.floorDb < settings.ceilingDb),
+          column (size_t (settings.height))
     {
-        builder.getFrequencyScale().setRange (settings.minHz, settings.maxHz);
-        column.resize (size_t (settings.numRows));
+        scale.setScaleType (settings.scaleType);
     }
 
     [[nodiscard]] const Column& make (const Frame& frame)
     {
+        const auto columnSettings = makeColumnSettings (frame.format, range);
+
         if (mergesMagnitudes)
-            classic.fillMagnitudes (frame, settings, builder.getFrequencyScale(), column);
+        {
+            scale.setRange (columnSettings.minHz, columnSettings.maxHz);
+            classic.fillMagnitudes (frame, columnSettings, scale, column);
+        }
         else
-            builder.frameToColumn (frame, column);
+        {
+            mapper.map (frame, columnSettings, scale, column);
+        }
 
         return column;
     }
@@ -69,14 +61,15 @@ public:
     void finish (Column& merged) const noexcept
     {
         if (mergesMagnitudes)
-            ClassicColumn::magnitudesToLevels (settings, merged);
+            ClassicColumnMapper::magnitudesToLevels (makeColumnSettings ({}, range), merged);
     }
 
 private:
-    SpectrogramImageBuilder& builder;
-    const ColumnSettings settings;
+    const ShownRange range;
     const bool mergesMagnitudes;
-    ClassicColumn classic;
+    FrequencyScale scale;
+    ClassicColumnMapper classic;
+    ColumnMapper mapper;
     Column column;
 };
 
@@ -86,11 +79,10 @@ LevelGrid
     renderLevels (AudioSource& source, const RenderPlan& plan, const RenderSettings& settings, const Progress& progress)
 {
     LevelGrid grid (plan.width, settings.height);
-    Engine engine (source.getSampleRate(), plan, settings);
-    ColumnMaker maker (engine.builder);
+    ColumnMaker maker (settings);
 
     ColumnReducer reducer (plan.getNumPictureFrames(),
-                           plan.hop.framesPerColumn,
+                           plan.analysis.framesPerColumn,
                            plan.width,
                            [&] (int x, Column& merged)
                            {
@@ -99,7 +91,7 @@ LevelGrid
                            });
 
     const auto numFrames = plan.leadFrames + plan.getNumPictureFrames();
-    FrameProducer producer (source, engine.worker, plan);
+    FrameProducer producer (source, makeAnalysisSettings (plan, settings), plan);
     std::int64_t frame = 0;
 
     for (std::vector<Frame> batch; producer.next (batch);)

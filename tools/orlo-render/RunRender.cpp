@@ -5,7 +5,7 @@
 #include "OutputFile.h"
 #include "PngWriter.h"
 #include "RenderError.h"
-#include "orlo/Params.h"
+#include "orlo/parameters/Params.h"
 
 #include <cmath>
 #include <optional>
@@ -71,7 +71,7 @@ constexpr std::int64_t mostPixels = std::int64_t (1) << 27;
 
 void checkSize (const RenderPlan& plan, int height)
 {
-    if (plan.hop.hop < 1)
+    if (plan.analysis.samplesPerFrame < 1)
         throw RenderError ("the sample rate is too low for this speed");
 
     if (plan.width < 1 || plan.width > largestSide)

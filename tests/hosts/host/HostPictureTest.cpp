@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-#include "orlo/MainLayout.h"
 #include "orlo/analysis/ColourMap.h"
 #include "orlo/analysis/FrequencyScale.h"
+#include "orlo/window/MainLayout.h"
 #include "tests/hosts/support/HostProcess.h"
 #include "tests/hosts/support/Picture.h"
 #include "tests/hosts/support/ScratchFolder.h"

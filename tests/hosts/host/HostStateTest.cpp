@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-#include "orlo/AudioPluginAudioProcessor.h"
-#include "orlo/Params.h"
+#include "orlo/parameters/Params.h"
+#include "orlo/processor/AudioPluginAudioProcessor.h"
 #include "tests/hosts/support/HostProcess.h"
 #include "tests/hosts/support/ScratchFolder.h"
 #include "tests/hosts/support/VirtualDisplay.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "tools/orlo-host/PluginParameters.h"
-#include "orlo/AudioPluginAudioProcessor.h"
-#include "orlo/Params.h"
+#include "orlo/parameters/Params.h"
+#include "orlo/processor/AudioPluginAudioProcessor.h"
 #include "tools/orlo-host/HostError.h"
 
 #include <gtest/gtest.h>

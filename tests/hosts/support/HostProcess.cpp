@@ -9,7 +9,6 @@ namespace mk::orlo::test
 {
 namespace
 {
-constexpr auto timeLimitSeconds = "60";
 constexpr int endingMs = 10000;
 
 [[nodiscard]] juce::StringArray concatenate (juce::StringArray first, const juce::StringArray& second)
@@ -35,7 +34,7 @@ constexpr int endingMs = 10000;
 }
 } // namespace
 
-ProcessResult runProcess (const juce::StringArray& commandLine)
+ProcessResult runProcess (const juce::StringArray& commandLine, int timeLimitSeconds)
 {
     // A pipe for one stream and a file for the other: read one after the other, two pipes may block.
     const ScratchFolder scratch;

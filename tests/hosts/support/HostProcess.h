@@ -13,8 +13,8 @@ struct ProcessResult
     juce::String output, errors;
 };
 
-/** Runs a program to its end, for at most a minute. */
-[[nodiscard]] ProcessResult runProcess (const juce::StringArray& commandLine);
+/** Runs a program to its end, for at most a minute or the given time. */
+[[nodiscard]] ProcessResult runProcess (const juce::StringArray& commandLine, int timeLimitSeconds = 60);
 
 /** Runs orlo-host away from any display and any sound card. */
 [[nodiscard]] ProcessResult runHost (const juce::StringArray& arguments);

@@ -2,6 +2,7 @@
 #include "orlo/analysis/ColourMap.h"
 
 #include "orlo/analysis/ColourTables.h"
+#include "orlo/parameters/ColourMapNames.h"
 
 #include <gtest/gtest.h>
 
@@ -41,9 +42,30 @@ constexpr KnownEntries knownEntries[] {
     { "voltage", 0x000000, 0x8252E5, 0xFFFFFF },
 };
 
+// The first and last colours of the maps that are stored as ten points, both of which are entries as they are.
+constexpr struct
+{
+    const char* name;
+    juce::uint32 first, last;
+} knownEnds[] {
+    { "cubehelix", 0x000000, 0xFFFFFF }, { "viridis", 0x440154, 0xFDE724 }, { "plasma", 0x0C0786, 0xEFF821 },
+    { "inferno", 0x000003, 0xFCFEA4 },   { "magma", 0x000003, 0xFBFCBF },   { "cividis", 0x00224D, 0xFDE737 },
+    { "rocket", 0x020419, 0xFAEADC },    { "mako", 0x0B0305, 0xDEF4E4 },
+};
+
+// In the order of the parameter's values, which sessions and presets store.
+constexpr const char* namesInOrder[] {
+    "gray",    "cubehelix",  "viridis", "plasma",     "inferno",  "magma",    "cividis",   "rocket",
+    "mako",    "turbo",      "amber",   "amethyst",   "apple",    "arctic",   "bubblegum", "chroma",
+    "cosmic",  "dusk",       "eclipse", "ember",      "emerald",  "fall",     "flamingo",  "freeze",
+    "gem",     "ghostlight", "gothic",  "horizon",    "jungle",   "lavender", "lilac",     "neon",
+    "nuclear", "ocean",      "pepper",  "rainforest", "sapphire", "savanna",  "sepia",     "sunburst",
+    "swamp",   "torch",      "toxic",   "tree",       "tropical", "voltage",
+};
+
 [[nodiscard]] unsigned indexOf (const juce::String& name)
 {
-    const auto& names = colourTables::getNames();
+    const auto& names = colourMapNames;
     return unsigned (std::find (names.begin(), names.end(), name) - names.begin());
 }
 
@@ -95,12 +117,29 @@ TEST (ColourMap, GrayIsAnEvenRampForTheEyeAndNotForTheNumbers)
     EXPECT_EQ (ColourMap (0).pixelForLevel (0.5f), 0xff727272);
 }
 
+TEST (ColourMap, NamesStandInTheOrderOfTheParametersValues)
+{
+    const auto& names = colourTables::getNames();
+    ASSERT_EQ (names.size(), std::size (namesInOrder));
+
+    for (size_t i = 0; i < names.size(); ++i)
+        EXPECT_STREQ (names[i], namesInOrder[i]) << i;
+}
+
 TEST (ColourMap, TenPointMapsKeepTheirEnds)
 {
-    const ColourMap viridis (2);
-    EXPECT_EQ (ColourMap::getColourList (2).size(), 10);
-    EXPECT_EQ (rgb (viridis.getColours()[0]), 0x440154u);
-    EXPECT_EQ (rgb (viridis.getColours()[255]), 0xFDE724u);
+    for (const auto& known : knownEnds)
+    {
+        const auto index = indexOf (known.name);
+        ASSERT_LT (index, colourTables::numMaps) << known.name;
+        const auto list = ColourMap::getColourList (index);
+        const ColourMap map (index);
+        ASSERT_EQ (list.size(), 10) << known.name;
+        EXPECT_EQ (rgb (list.getFirst()), known.first) << known.name;
+        EXPECT_EQ (rgb (list.getLast()), known.last) << known.name;
+        EXPECT_EQ (rgb (map.getColours()[0]), known.first) << known.name;
+        EXPECT_EQ (rgb (map.getColours()[255]), known.last) << known.name;
+    }
 }
 
 TEST (ColourMap, AnIndexBeyondTheListGivesMagma)

@@ -67,7 +67,7 @@ constexpr auto infinity = std::numeric_limits<float>::infinity();
 // between two bins, which takes 6 dB off: 0.06 of a range of 100 dB.
 constexpr auto halfWay = 0.0602060f;
 
-TEST (ClassicColumn, ABinLightsTheRowsAroundIt)
+TEST (ClassicColumnMapper, ABinLightsTheRowsAroundIt)
 {
     const auto column = mapOnce (makeFrame (40, { 0.1f, 0, 0 }), makeSettings (false));
     EXPECT_NEAR (column[128 - 40], 0.8f - halfWay, 1.0e-5f);
@@ -75,7 +75,7 @@ TEST (ClassicColumn, ABinLightsTheRowsAroundIt)
     EXPECT_EQ (litRows (column), (std::vector<size_t> { 128 - 41, 128 - 40 }));
 }
 
-TEST (ClassicColumn, BetweenTwoBinsTheLevelFollowsARaisedCosine)
+TEST (ClassicColumnMapper, BetweenTwoBinsTheLevelFollowsARaisedCosine)
 {
     auto settings = makeSettings (false);
     settings.numRows = 1281; // ten rows a bin
@@ -88,7 +88,7 @@ TEST (ClassicColumn, BetweenTwoBinsTheLevelFollowsARaisedCosine)
     EXPECT_NEAR (column[1280 - 396], expected (-0.45f), 1.0e-3f);
 }
 
-TEST (ClassicColumn, ARowOverSeveralBinsShowsTheLoudest)
+TEST (ClassicColumnMapper, ARowOverSeveralBinsShowsTheLoudest)
 {
     auto settings = makeSettings (false);
     settings.numRows = 9; // sixteen bins a row
@@ -98,13 +98,13 @@ TEST (ClassicColumn, ARowOverSeveralBinsShowsTheLoudest)
     EXPECT_NEAR (column[8 - 4], 0.8f, 1.0e-5f);
 }
 
-TEST (ClassicColumn, TheLowestRowsDoNotTakeInDC)
+TEST (ClassicColumnMapper, TheLowestRowsDoNotTakeInDC)
 {
     const auto column = mapOnce (makeFrame (0, { 1.0f, 0, 0 }), makeSettings (false));
     EXPECT_TRUE (litRows (column).empty());
 }
 
-TEST (ClassicColumn, APictureOfOneRowShowsTheLoudestOfAll)
+TEST (ClassicColumnMapper, APictureOfOneRowShowsTheLoudestOfAll)
 {
     auto settings = makeSettings (false);
     settings.numRows = 1;
@@ -113,7 +113,7 @@ TEST (ClassicColumn, APictureOfOneRowShowsTheLoudestOfAll)
     EXPECT_NEAR (column[0], 0.8f, 1.0e-5f);
 }
 
-TEST (ClassicColumn, AFrameLeftFromAnotherSizeIsReadWithinItsBounds)
+TEST (ClassicColumnMapper, AFrameLeftFromAnotherSizeIsReadWithinItsBounds)
 {
     auto settings = makeSettings (false);
     settings.fftSize = 8192;
@@ -127,7 +127,7 @@ TEST (ClassicColumn, AFrameLeftFromAnotherSizeIsReadWithinItsBounds)
     EXPECT_EQ (litRows (mapOnce (Frame(), settings)).size(), 0u);
 }
 
-TEST (ClassicColumn, AFloorAboveTheCeilingInverts)
+TEST (ClassicColumnMapper, AFloorAboveTheCeilingInverts)
 {
     auto settings = makeSettings (false);
     settings.floorDb = 0.0f;
@@ -137,7 +137,7 @@ TEST (ClassicColumn, AFloorAboveTheCeilingInverts)
     EXPECT_EQ (column[20], 1.0f);
 }
 
-TEST (ClassicColumn, AFloorAtTheCeilingGivesOnlyZeroOneOrNaN)
+TEST (ClassicColumnMapper, AFloorAtTheCeilingGivesOnlyZeroOneOrNaN)
 {
     auto settings = makeSettings (false);
     settings.floorDb = settings.ceilingDb = -20.0f;
@@ -148,7 +148,7 @@ TEST (ClassicColumn, AFloorAtTheCeilingGivesOnlyZeroOneOrNaN)
         EXPECT_TRUE (level == 0.0f || level == 1.0f || std::isnan (level));
 }
 
-TEST (ClassicColumn, RowsFollowARangeThatChanges)
+TEST (ClassicColumnMapper, RowsFollowARangeThatChanges)
 {
     FrequencyScale scale;
     ColumnMapper mapper;
@@ -176,7 +176,7 @@ TEST (ClassicColumn, RowsFollowARangeThatChanges)
     FrequencyScale scale;
     scale.setRange (settings.minHz, settings.maxHz);
     std::vector<Column> columns (numColumns, Column (size_t (settings.numRows), 0.0f));
-    EnhancedColumn().plot (frame, settings, scale, columns);
+    EnhancedColumnPlotter().plot (frame, settings, scale, columns);
     return columns;
 }
 
@@ -190,7 +190,7 @@ TEST (ClassicColumn, RowsFollowARangeThatChanges)
     return count;
 }
 
-TEST (EnhancedColumn, APointGoesWhereItsShiftsSay)
+TEST (EnhancedColumnPlotter, APointGoesWhereItsShiftsSay)
 {
     // The window's centre is sample 127; a hop of 32 puts it into column 4, 64 samples later is column 6.
     const auto columns = plot (makeFrame (40, { 0.1f, 64.0f, 80.0f }), makeSettings (true));
@@ -198,7 +198,7 @@ TEST (EnhancedColumn, APointGoesWhereItsShiftsSay)
     EXPECT_NEAR (columns[6][128 - 41], 0.8f, 1.0e-5f);
 }
 
-TEST (EnhancedColumn, TheLouderOfTwoPointsOnOnePixelWins)
+TEST (EnhancedColumnPlotter, TheLouderOfTwoPointsOnOnePixelWins)
 {
     auto frame = makeFrame (40, { 0.1f, 0.0f, 0.0f });
     frame[41] = { 0.5f, 0.0f, -99.0f };
@@ -207,7 +207,7 @@ TEST (EnhancedColumn, TheLouderOfTwoPointsOnOnePixelWins)
     EXPECT_NEAR (columns[4][128 - 40], 1.0f + std::log10 (0.5f) / 5.0f, 1.0e-5f);
 }
 
-TEST (EnhancedColumn, PointsThatMeanNothingAreLeftOut)
+TEST (EnhancedColumnPlotter, PointsThatMeanNothingAreLeftOut)
 {
     const auto settings = makeSettings (true);
 
@@ -230,7 +230,7 @@ TEST (EnhancedColumn, PointsThatMeanNothingAreLeftOut)
     EXPECT_EQ (countLit (plot (makeFrame (40, { 0.1f, -127.0f, 0.0f }), settings)), 1u);
 }
 
-TEST (EnhancedColumn, DCAndWhatLiesOnOrBeyondTheRangeIsLeftOut)
+TEST (EnhancedColumnPlotter, DCAndWhatLiesOnOrBeyondTheRangeIsLeftOut)
 {
     auto settings = makeSettings (true);
     EXPECT_EQ (countLit (plot (makeFrame (0, { 1.0f, 0.0f, 50.0f }), settings)), 0u);
@@ -242,18 +242,18 @@ TEST (EnhancedColumn, DCAndWhatLiesOnOrBeyondTheRangeIsLeftOut)
     EXPECT_EQ (countLit (plot (makeFrame (40, { 1.0f, 0.0f, 1.0f }), settings)), 1u);
 }
 
-TEST (EnhancedColumn, AnInfiniteMagnitudeIsAsLoudAsTheCeiling)
+TEST (EnhancedColumnPlotter, AnInfiniteMagnitudeIsAsLoudAsTheCeiling)
 {
     const auto columns = plot (makeFrame (40, { infinity, 0.0f, 0.0f }), makeSettings (true));
     EXPECT_EQ (columns[4][88], 1.0f);
 }
 
-TEST (EnhancedColumn, AShortHistoryTakesOnlyWhatItHasRoomFor)
+TEST (EnhancedColumnPlotter, AShortHistoryTakesOnlyWhatItHasRoomFor)
 {
     EXPECT_EQ (countLit (plot (makeFrame (40, { 0.1f, 127.0f, 0.0f }), makeSettings (true), 3)), 0u);
 }
 
-TEST (EnhancedColumn, AnEmptyRangeOrNoRowsDrawNothing)
+TEST (EnhancedColumnPlotter, AnEmptyRangeOrNoRowsDrawNothing)
 {
     auto settings = makeSettings (true);
     settings.minHz = settings.maxHz = 4000.0f;
@@ -267,7 +267,7 @@ TEST (EnhancedColumn, AnEmptyRangeOrNoRowsDrawNothing)
     EXPECT_EQ (countLit (plot (makeFrame (40, { 0.1f, 0.0f, 0.0f }), settings)), 1u);
 }
 
-TEST (EnhancedColumn, AFloorAtTheCeilingDrawsFullPointsOrNone)
+TEST (EnhancedColumnPlotter, AFloorAtTheCeilingDrawsFullPointsOrNone)
 {
     auto settings = makeSettings (true);
     settings.floorDb = settings.ceilingDb = -20.0f;

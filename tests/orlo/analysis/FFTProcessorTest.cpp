@@ -21,7 +21,7 @@ protected:
     void configure (int windowLength, int hop, int paddingMode = 0, WindowType type = WindowType::hann)
     {
         worker.setPendingConfig ({ windowLength, paddingMode, int (type) });
-        worker.hopSize = hop;
+        worker.setHop (hop);
         worker.processAvailable();
     }
 
@@ -143,23 +143,71 @@ TEST_F (FFTProcessorTest, TheNyquistBinStaysSilent)
     EXPECT_GT (frames.back()[127].magnitude, 0.1f);
 }
 
+TEST_F (FFTProcessorTest, TheNyquistBinKeepsNothingOfALargerTransform)
+{
+    // Loud in bin 128, which is the Nyquist bin of the smaller size.
+    configure (8191, 1024);
+    ASSERT_FALSE (analyse (makeSine (44100.0 * 128 / 8192, 0.5f, 16384, 44100.0)).empty());
+
+    configure (255, 64);
+    const auto frames = analyse (Samples (1024, 0.0f));
+    ASSERT_FALSE (frames.empty());
+    expectSilent (frames.back());
+}
+
 TEST_F (FFTProcessorTest, SilenceUnderAThresholdIsZeroEverywhere)
 {
     configure (1023, 256);
-    worker.magnitudeThreshold = 1.0e-7f;
+    worker.setMagnitudeThreshold (1.0e-7f);
 
-    for (const auto& frame : analyse (Samples (4096, 0.0f)))
+    const auto frames = analyse (Samples (4096, 0.0f));
+    ASSERT_EQ (frames.size(), 16u);
+
+    for (const auto& frame : frames)
         expectSilent (frame);
 }
 
 TEST_F (FFTProcessorTest, BinsNotAboveTheThresholdReadZero)
 {
     configure (1023, 256);
-    worker.magnitudeThreshold = 0.3f;
+    worker.setMagnitudeThreshold (0.3f);
     const auto frames = analyse (makeSine (44100.0 * 64 / 1024, 0.5f, 4096, 44100.0));
 
     for (size_t k = 0; k < frames.back().size(); ++k)
         EXPECT_EQ (frames.back()[k].magnitude > 0.0f, k == 64u) << k;
+}
+
+TEST_F (FFTProcessorTest, ABinExactlyAtTheThresholdReadsZero)
+{
+    // The same samples three times, each after enough silence to empty the window.
+    const auto analyseWith = [this] (float threshold)
+    {
+        worker.setMagnitudeThreshold (threshold);
+        static_cast<void> (analyse (Samples (2048, 0.0f)));
+        return analyse (makeSine (44100.0 * 64 / 1024, 0.5f, 2048, 44100.0)).back()[64].magnitude;
+    };
+
+    configure (1023, 256);
+    const auto magnitude = analyseWith (0.0f);
+    ASSERT_GT (magnitude, 0.4f);
+    EXPECT_EQ (analyseWith (magnitude), 0.0f);
+    EXPECT_EQ (analyseWith (std::nextafter (magnitude, 0.0f)), magnitude);
+}
+
+TEST_F (FFTProcessorTest, AFrameSaysWhatItWasMadeWith)
+{
+    worker.prepareToPlay (48000.0);
+    worker.setSettings ({ { 511, 1, int (WindowType::hann) }, 100, true, 0.0f });
+    const auto frames = analyse (Samples (100, 0.1f));
+    ASSERT_EQ (frames.size(), 1u);
+    EXPECT_EQ (frames[0].format, (FrameFormat { 511, 1024, 100, true, 48000.0f }));
+}
+
+TEST_F (FFTProcessorTest, GivesBackTheSettingsItWasGiven)
+{
+    const AnalysisSettings settings { { 255, 0, int (WindowType::hann) }, 77, true, 0.25f };
+    worker.setSettings (settings);
+    EXPECT_EQ (worker.getSettings(), settings);
 }
 
 TEST_F (FFTProcessorTest, AHopLongerThanTheWindowSeesOnlyItsFirstSamples)
@@ -199,7 +247,7 @@ TEST_F (FFTProcessorTest, TheLastSampleOfTheWindowStaysZeroAfterEveryChangeOfHop
     configure (255, 1000, 0, WindowType::rectangular);
     ASSERT_FALSE (analyse (Samples (2000, 1.0f)).empty());
 
-    worker.hopSize = 64;
+    worker.setHop (64);
     const auto frames = analyse (Samples (1024, 0.0f), 64);
     expectSilent (frames.back());
 }
@@ -224,8 +272,10 @@ TEST_F (FFTProcessorTest, ANaNLeavesWithTheSamplesAroundItWhateverChangesMeanwhi
 TEST_F (FFTProcessorTest, NaNsReadAsSilence)
 {
     configure (1023, 256);
+    const auto frames = analyse (Samples (2048, std::numeric_limits<float>::quiet_NaN()));
+    ASSERT_EQ (frames.size(), 8u);
 
-    for (const auto& frame : analyse (Samples (2048, std::numeric_limits<float>::quiet_NaN())))
+    for (const auto& frame : frames)
         expectSilent (frame);
 }
 
@@ -237,8 +287,8 @@ TEST_F (FFTProcessorTest, FramesDoNotDependOnTheSizeOfTheBlocks)
     for (const auto blockSize : { 1, 7, 512, 3000 })
     {
         FFTProcessor fresh;
-        fresh.enhanced = true;
-        fresh.hopSize = 128;
+        fresh.setEnhanced (true);
+        fresh.setHop (128);
         std::vector<Frame> frames;
 
         for (int start = 0; start < 20000; start += blockSize)
@@ -350,7 +400,7 @@ TEST_F (FFTProcessorTest, ClassicLeavesTheShiftsAlone)
 
 TEST_F (FFTProcessorTest, TheThreadAnalysesWhatIsPushed)
 {
-    worker.hopSize = 128;
+    worker.setHop (128);
     worker.startThread();
     const auto signal = makeSine (1000.0, 0.5f, 4096, 44100.0);
     worker.pushSamples (signal.data(), 4096);

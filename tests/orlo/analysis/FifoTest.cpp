@@ -23,7 +23,7 @@ namespace
 [[nodiscard]] std::vector<float> popAll (SampleFifo& fifo)
 {
     std::vector<float> values (size_t (fifo.getNumReady()));
-    fifo.pop (values.data(), int (values.size()), 0);
+    EXPECT_TRUE (fifo.pop (values.data(), int (values.size()), 0));
     return values;
 }
 
@@ -69,7 +69,7 @@ TEST (SampleFifo, SkipsWhatTheReaderDoesNotWant)
     SampleFifo fifo (20);
     push (fifo, countUp (0, 15));
     std::vector<float> values (4);
-    fifo.pop (values.data(), 4, 6);
+    EXPECT_TRUE (fifo.pop (values.data(), 4, 6));
     EXPECT_EQ (values, countUp (0, 4));
     EXPECT_EQ (popAll (fifo), countUp (10, 5));
 }
@@ -94,43 +94,92 @@ TEST (SampleFifo, DiscardingEmptiesIt)
     EXPECT_EQ (popAll (fifo), countUp (50, 5));
 }
 
-TEST (SampleFifo, WithAWriterThatOverrunsTheReaderAlwaysMovesForward)
+TEST (SampleFifo, WithTooFewSamplesReadyNothingIsRemoved)
 {
-    SampleFifo fifo (64);
-    std::atomic<bool> done { false };
+    SampleFifo fifo (10);
+    push (fifo, countUp (0, 5));
+    std::vector<float> values (6);
+    EXPECT_FALSE (fifo.pop (values.data(), 6, 0));
+    EXPECT_FALSE (fifo.pop (values.data(), 3, 3));
+    EXPECT_EQ (popAll (fifo), countUp (0, 5));
+}
 
-    std::thread writer (
-        [&]
-        {
-            for (int i = 0; i < 200000; i += 5)
-                push (fifo, countUp (i, 5));
+constexpr int manyBlocks = 2000;
 
-            done.store (true, std::memory_order_release);
-        });
+/** Pushes 0, 1, 2 ... in blocks of five on a thread of its own, until it has pushed all or is destroyed. */
+class CountingWriter
+{
+public:
+    static constexpr int numSamples = 4000000; // whole numbers that a float can hold
 
-    float newest = -1.0f;
-    std::vector<float> values (16);
+    explicit CountingWriter (SampleFifo& target) : fifo (target) {}
 
-    while (! done.load (std::memory_order_acquire))
+    ~CountingWriter()
     {
-        if (fifo.getNumReady() >= 16)
-        {
-            fifo.pop (values.data(), 16, 0);
-
-            for (const auto value : values)
-            {
-                EXPECT_GE (value, 0.0f);
-                EXPECT_LT (value, 200000.0f);
-                newest = std::max (newest, value);
-            }
-        }
+        stopRequested.store (true, std::memory_order_release);
+        thread.join();
     }
 
-    writer.join();
-    const auto rest = popAll (fifo);
-    EXPECT_LE (rest.size(), 63u);
-    EXPECT_TRUE (rest.empty() || rest.back() == 199999.0f);
-    EXPECT_TRUE (! rest.empty() || newest == 199999.0f);
+    [[nodiscard]] bool isDone() const { return done.load (std::memory_order_acquire); }
+
+private:
+    void run()
+    {
+        for (int i = 0; i < numSamples && ! stopRequested.load (std::memory_order_acquire); i += 5)
+            push (fifo, countUp (i, 5));
+
+        done.store (true, std::memory_order_release);
+    }
+
+    SampleFifo& fifo;
+    std::atomic<bool> stopRequested { false }, done { false };
+    std::thread thread { [this] { run(); } };
+};
+
+/** Takes blocks until the writer is done or manyBlocks have been taken. Every block must be consecutive and newer
+    than the last one. Gives back how many there were. */
+[[nodiscard]] int readWhileWriting (SampleFifo& fifo, const CountingWriter& writer, int blockSize)
+{
+    int numBlocks = 0;
+    auto newest = -1.0f;
+    std::vector<float> values (static_cast<size_t> (blockSize));
+
+    while (! writer.isDone() && numBlocks < manyBlocks && ! testing::Test::HasFailure())
+    {
+        if (fifo.getNumReady() < blockSize || ! fifo.pop (values.data(), blockSize, 0))
+            continue;
+
+        EXPECT_GT (values.front(), newest);
+        EXPECT_EQ (values, countUp (int (values.front()), blockSize));
+        newest = values.back();
+        ++numBlocks;
+    }
+
+    return numBlocks;
+}
+
+TEST (SampleFifo, AReaderThatIsOverrunGetsWholeBlocksInOrder)
+{
+    SampleFifo fifo (64);
+    const CountingWriter writer (fifo);
+    EXPECT_EQ (readWhileWriting (fifo, writer, 16), manyBlocks);
+}
+
+TEST (SampleFifo, ADiscardWhileTheReaderReadsBringsNoOldSamplesBack)
+{
+    SampleFifo fifo (64);
+    const CountingWriter writer (fifo);
+    std::atomic<bool> done { false };
+    std::thread discarder (
+        [&]
+        {
+            while (! done.load (std::memory_order_acquire))
+                fifo.discardAll();
+        });
+
+    EXPECT_EQ (readWhileWriting (fifo, writer, 4), manyBlocks);
+    done.store (true, std::memory_order_release);
+    discarder.join();
 }
 
 //==============================================================================
@@ -150,7 +199,7 @@ TEST (FrameFifo, GivesBackFramesInOrderAndOfTheirOwnSize)
         fifo.push (makeFrame (float (i), size_t (i + 1)));
         ASSERT_TRUE (fifo.pop (frame));
         EXPECT_EQ (frame.size(), size_t (i + 1));
-        EXPECT_EQ (frame.front().magnitude, float (i));
+        EXPECT_EQ (frame[0].magnitude, float (i));
     }
 }
 
@@ -168,11 +217,11 @@ TEST (FrameFifo, DropsTheOldestFrameWhenItIsFull)
     for (int i = 5; i < 9; ++i)
     {
         ASSERT_TRUE (fifo.pop (frame));
-        EXPECT_EQ (frame.front().magnitude, float (i));
+        EXPECT_EQ (frame[0].magnitude, float (i));
     }
 
     EXPECT_FALSE (fifo.pop (frame));
-    EXPECT_EQ (frame.front().magnitude, 8.0f);
+    EXPECT_EQ (frame[0].magnitude, 8.0f);
 }
 
 TEST (FrameFifo, DiscardingEmptiesIt)
@@ -184,39 +233,89 @@ TEST (FrameFifo, DiscardingEmptiesIt)
     EXPECT_FALSE (fifo.pop (frame));
     fifo.push (makeFrame (2.0f));
     ASSERT_TRUE (fifo.pop (frame));
-    EXPECT_EQ (frame.front().magnitude, 2.0f);
+    EXPECT_EQ (frame[0].magnitude, 2.0f);
 }
 
-TEST (FrameFifo, WithAWriterThatOverrunsEveryFrameReadIsWhole)
+/** Pushes frames 1, 2, 3 ... on a thread of its own, until it has pushed all or is destroyed. Their sizes change
+    all the time, as they do when the user changes the window. */
+class FrameWriter
 {
-    FrameFifo fifo (4);
-    std::atomic<bool> done { false };
+public:
+    explicit FrameWriter (FrameFifo& target) : fifo (target) {}
 
-    std::thread writer (
-        [&]
-        {
-            // Sizes change all the time, as they do when the user changes the window.
-            for (int i = 1; i <= 20000; ++i)
-                fifo.push (makeFrame (float (i), size_t (1 + i % 40)));
-
-            done.store (true, std::memory_order_release);
-        });
-
-    Frame frame;
-
-    while (! done.load (std::memory_order_acquire))
+    ~FrameWriter()
     {
-        if (fifo.pop (frame))
-        {
-            const auto number = int (frame.front().magnitude);
-            ASSERT_EQ (frame.size(), size_t (1 + number % 40));
-
-            for (const auto& bin : frame)
-                ASSERT_EQ (bin.magnitude, float (number));
-        }
+        stopRequested.store (true, std::memory_order_release);
+        thread.join();
     }
 
-    writer.join();
+    [[nodiscard]] static size_t sizeOf (int number) { return size_t (1 + number % 40); }
+    [[nodiscard]] bool isDone() const { return done.load (std::memory_order_acquire); }
+
+private:
+    void run()
+    {
+        for (int i = 1; i <= 2000000 && ! stopRequested.load (std::memory_order_acquire); ++i)
+            fifo.push (makeFrame (float (i), sizeOf (i)));
+
+        done.store (true, std::memory_order_release);
+    }
+
+    FrameFifo& fifo;
+    std::atomic<bool> stopRequested { false }, done { false };
+    std::thread thread { [this] { run(); } };
+};
+
+/** Takes frames until the writer is done or so many have been taken. Every one must be whole and newer than the
+    last one. Gives back how many there were. */
+[[nodiscard]] int readWhileWriting (FrameFifo& fifo, const FrameWriter& writer, int mostFrames)
+{
+    Frame frame;
+    int numFrames = 0, newest = 0;
+
+    while (! writer.isDone() && numFrames < mostFrames && ! testing::Test::HasFailure())
+    {
+        if (! fifo.pop (frame))
+            continue;
+
+        const auto number = int (frame[0].magnitude);
+        EXPECT_GT (number, newest);
+        EXPECT_EQ (frame.size(), FrameWriter::sizeOf (number));
+
+        for (const auto& bin : frame)
+            EXPECT_EQ (bin.magnitude, float (number));
+
+        newest = number;
+        ++numFrames;
+    }
+
+    return numFrames;
+}
+
+constexpr int manyFrames = 2000;
+
+TEST (FrameFifo, AReaderThatIsOverrunGetsWholeFramesInOrder)
+{
+    FrameFifo fifo (4);
+    const FrameWriter writer (fifo);
+    EXPECT_EQ (readWhileWriting (fifo, writer, manyFrames), manyFrames);
+}
+
+TEST (FrameFifo, ADiscardWhileTheWriterDropsBringsNoOldFramesBack)
+{
+    FrameFifo fifo (4);
+    const FrameWriter writer (fifo);
+    std::atomic<bool> done { false };
+    std::thread discarder (
+        [&]
+        {
+            while (! done.load (std::memory_order_acquire))
+                fifo.discardAll();
+        });
+
+    EXPECT_EQ (readWhileWriting (fifo, writer, manyFrames), manyFrames);
+    done.store (true, std::memory_order_release);
+    discarder.join();
 }
 
 } // namespace

@@ -163,6 +163,81 @@ TEST (FrequencyScale, PositionsAreMonotonicAndInvertible)
     }
 }
 
+/** How far apart the two directions may be: half a row of a picture that is 1600 rows high. */
+constexpr auto halfARow = 0.5f / 1600.0f;
+
+void expectThatBothDirectionsAgree (float minHz, float maxHz)
+{
+    FrequencyScale scale;
+
+    for (int type = 0; type < FrequencyScale::numTypes; ++type)
+    {
+        setUp (scale, minHz, maxHz, type);
+        auto worst = 0.0f;
+
+        for (int i = 1; i < 1600; ++i)
+        {
+            const auto position = float (i) / 1600.0f;
+            const auto hz = scale.frequencyForPosition (position);
+
+            // The log scale below 50 Hz ends short of the top, and the rest of the axis is beyond the range.
+            if (type != FrequencyScale::log || hz < maxHz)
+                worst = std::max (worst, std::abs (scale.positionForFrequency (hz) - position));
+        }
+
+        EXPECT_LE (worst, halfARow) << minHz << " to " << maxHz << " Hz, type " << type;
+    }
+}
+
+TEST (FrequencyScale, BothDirectionsAgreeOnNarrowRangesWithFractionalLimits)
+{
+    for (const auto& [min, max] : { std::pair { 100.5f, 120.5f },
+                                    { 100.9f, 110.1f },
+                                    { 49.5f, 50.5f },
+                                    { 50.5f, 60.0f },
+                                    { 0.25f, 3.75f },
+                                    { 20.3f, 49.9f },
+                                    { 24.7f, 724.3f },
+                                    { 0.5f, 1000.5f },
+                                    { 440.01f, 440.99f },
+                                    { 19980.3f, 19999.6f } })
+        expectThatBothDirectionsAgree (min, max);
+}
+
+TEST (FrequencyScale, BothDirectionsAgreeOnAnyRange)
+{
+    juce::Random random (11);
+
+    for (int i = 0; i < 300; ++i)
+    {
+        // From a thousandth of the top frequency, narrower than which a float is too coarse, to all of it.
+        const auto max = 10.0f * std::pow (9600.0f, random.nextFloat());
+        const auto width = max * std::pow (0.001f, random.nextFloat());
+        expectThatBothDirectionsAgree (max - width, max);
+    }
+}
+
+TEST (FrequencyScale, AnyPositionLiesBetweenBottomAndTopOnFractionalRanges)
+{
+    FrequencyScale scale;
+
+    for (int type = 0; type < FrequencyScale::numTypes; ++type)
+    {
+        setUp (scale, 100.5f, 120.5f, type);
+        auto last = 0.0f;
+
+        for (float hz = 100.0f; hz < 121.0f; hz += 0.001f)
+        {
+            const auto position = scale.positionForFrequency (hz);
+            ASSERT_GE (position, last) << hz;
+            ASSERT_LE (position, 1.0f) << hz;
+            last = position;
+        }
+
+        EXPECT_EQ (last, 1.0f);
+    }
+}
+
 TEST (FrequencyScale, AnUnknownTypeMapsEverythingToZero)
 {
     FrequencyScale scale;

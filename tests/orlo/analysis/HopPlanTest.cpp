@@ -25,7 +25,7 @@ TEST (HopPlan, MatchesTheReferenceForEveryWindowRateSpeedAndMode)
         const auto expectedMs = float (row["msPerColumn"]);
         EXPECT_NEAR (plan.secondsPerColumn * 1000.0f, expectedMs, expectedMs * 1.0e-5f) << context;
         EXPECT_EQ (plan.samplesPerColumn, int (row["samplesPerColumn"])) << context;
-        EXPECT_EQ (plan.hop, int (row["hop"])) << context;
+        EXPECT_EQ (plan.samplesPerFrame, int (row["hop"])) << context;
         EXPECT_EQ (plan.framesPerColumn, int (row["framesPerColumn"])) << context;
     }
 }
@@ -36,7 +36,7 @@ TEST (HopPlan, ClassicAtFullSpeedHopsByTheColumnAtAnyWindow)
     {
         const auto plan = planHop ({ label, 44100.0, 100.0f, false, false });
         EXPECT_EQ (plan.samplesPerColumn, 110);
-        EXPECT_EQ (plan.hop, 110);
+        EXPECT_EQ (plan.samplesPerFrame, 110);
         EXPECT_EQ (plan.framesPerColumn, 1);
     }
 }
@@ -46,13 +46,13 @@ TEST (HopPlan, AColumnShorterThanTheOverlapStillEndsInAHop)
     // 10 samples a column at 16-fold overlap.
     const auto plan = planHop ({ 2048, 8000.0, 100.0f, true, true });
     EXPECT_EQ (plan.samplesPerColumn, 10);
-    EXPECT_EQ (plan.hop, 10);
+    EXPECT_EQ (plan.samplesPerFrame, 10);
     EXPECT_EQ (plan.framesPerColumn, 1);
 }
 
 TEST (HopPlan, WithoutAWindowSizeTheSmallestEnhancedHopHolds)
 {
-    EXPECT_EQ (planHop ({ 0, 44100.0, 0.0f, false, true }).hop, 88);
+    EXPECT_EQ (planHop ({ 0, 44100.0, 0.0f, false, true }).samplesPerFrame, 88);
 }
 
 TEST (HopPlan, SpeedsBeyondTheRangeCountAsItsEnds)
@@ -66,7 +66,7 @@ TEST (HopPlan, ARateOfZeroGivesNoHop)
     for (const auto enhanced : { false, true })
     {
         const auto plan = planHop ({ 2048, 0.0, 40.0f, false, enhanced });
-        EXPECT_EQ (plan.hop, 0);
+        EXPECT_EQ (plan.samplesPerFrame, 0);
         EXPECT_EQ (plan.framesPerColumn, 1);
     }
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 // Where reassignment puts the energy of signals whose place is known from theory.
-#include "orlo/analysis/FFTProcessor.h"
+#include "orlo/analysis/SpectralAnalyser.h"
 
 #include "tests/support/Signals.h"
 
@@ -32,12 +32,9 @@ struct Setting
 [[nodiscard]] std::vector<Point>
     reassignedPoints (const Samples& signal, const Setting& setting, float relativeThreshold)
 {
-    FFTProcessor worker;
-    worker.prepareToPlay (setting.rate);
-    worker.enhanced = true;
-    worker.hopSize = setting.hop;
-    worker.setPendingConfig ({ setting.label - 1, 0, int (WindowType::hann) });
-    worker.processAvailable();
+    const AnalysisSettings settings { { setting.label - 1, 0, int (WindowType::hann) }, setting.hop, true, 0.0f };
+    SpectralAnalyser analyser;
+    analyser.configure (settings.window);
 
     const auto windowLength = setting.label - 1;
     const auto binWidth = setting.rate / setting.label;
@@ -46,12 +43,9 @@ struct Setting
 
     for (int start = 0; start + setting.hop <= int (signal.size()); start += setting.hop)
     {
-        worker.pushSamples (signal.data() + start, setting.hop);
-        worker.processAvailable();
-        samplesRead += setting.hop;
-
         Frame frame;
-        EXPECT_TRUE (worker.popFrame (frame));
+        analyser.process (signal.data() + start, settings, setting.rate, frame);
+        samplesRead += setting.hop;
 
         if (samplesRead < windowLength)
             continue;
@@ -171,19 +165,13 @@ TEST (Reassignment, AToneAboveItsBinShiftsUpAndOneBelowDown)
 
     for (const auto offset : { -0.4, -0.1, 0.1, 0.4 })
     {
-        FFTProcessor worker;
-        worker.enhanced = true;
-        worker.hopSize = 2048;
-        worker.setPendingConfig ({ 2047, 0, int (WindowType::hann) });
-        const auto signal = makeSine ((100.0 + offset) * binWidth, 0.5f, 8192, 44100.0);
-        worker.pushSamples (signal.data(), 8192);
-        worker.processAvailable();
+        const AnalysisSettings settings { { 2047, 0, int (WindowType::hann) }, 2048, true, 0.0f };
+        SpectralAnalyser analyser;
+        analyser.configure (settings.window);
 
+        const auto signal = makeSine ((100.0 + offset) * binWidth, 0.5f, 2048, 44100.0);
         Frame frame;
-
-        while (worker.popFrame (frame))
-        {
-        }
+        analyser.process (signal.data(), settings, 44100.0, frame);
 
         EXPECT_NEAR (double (frame[100].freqShift), offset * binWidth, 0.05);
     }

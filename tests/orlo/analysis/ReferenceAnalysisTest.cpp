@@ -21,10 +21,8 @@ protected:
     ReferenceAnalysisTest()
     {
         worker.prepareToPlay (reference.sampleRate);
-        worker.hopSize = reference.hop;
-        worker.enhanced = reference.enhanced;
-        worker.setPendingConfig ({ reference.label - 1, 0, int (WindowType::hann) });
-        worker.processAvailable();
+        worker.setSettings (
+            { { reference.label - 1, 0, int (WindowType::hann) }, reference.hop, reference.enhanced, 0.0f });
     }
 
     /** All frames of the signal, pushed in small blocks so that the ring of frames never overflows. */
@@ -124,7 +122,7 @@ TEST_P (ReferenceAnalysisTest, ColumnsMatch)
 
     for (const auto& expected : reference.columns)
     {
-        EXPECT_EQ (expected.history, (reference.label - 1 + reference.hop - 1) / reference.hop + 1);
+        EXPECT_EQ (ColumnMapper::getHistoryLength (reference.label - 1, reference.hop), expected.history);
 
         const FrameClock clock;
         SpectrogramImageBuilder builder (worker, clock);

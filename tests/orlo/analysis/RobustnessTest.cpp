@@ -24,9 +24,7 @@ public:
     {
         const auto plan = planHop ({ label, rate, speed, false, enhanced });
         worker.prepareToPlay (rate);
-        worker.enhanced = enhanced;
-        worker.hopSize = plan.hop;
-        worker.setPendingConfig ({ label - 1, 0, int (WindowType::hann) });
+        worker.setSettings ({ { label - 1, 0, int (WindowType::hann) }, plan.samplesPerFrame, enhanced, 0.0f });
         builder.setFramesPerColumn (plan.framesPerColumn);
         builder.setMaxFreqFraction (1.0f);
         builder.setLevelRange (-100.0f, 0.0f);
@@ -133,6 +131,7 @@ TEST (Robustness, SilenceIsBlack)
     {
         Pipeline pipeline (2048, 44100.0, 40.0f, enhanced);
         pipeline.push (Samples (20000, 0.0f), 512);
+        ASSERT_EQ (pipeline.columns.size(), 20000u / 163u);
 
         for (const auto& column : pipeline.columns)
             EXPECT_EQ (column, Column (200, 0.0f));

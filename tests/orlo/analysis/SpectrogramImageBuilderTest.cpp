@@ -24,9 +24,7 @@ class SpectrogramImageBuilderTest : public testing::Test
 protected:
     SpectrogramImageBuilderTest()
     {
-        worker.setPendingConfig ({ 255, 0, int (WindowType::hann) });
-        worker.hopSize = hop;
-        worker.processAvailable();
+        worker.setSettings ({ { 255, 0, int (WindowType::hann) }, hop, false, 0.0f });
         builder.setRequestedSize (8, 1);
         builder.setMaxFreqFraction (1.0f);
         builder.setLevelRange (-100.0f, -90.0f);
@@ -114,17 +112,21 @@ TEST_F (SpectrogramImageBuilderTest, AnIncompleteColumnWaitsForItsFrames)
     EXPECT_EQ (worker.getNumFramesReady(), 1);
 }
 
-TEST_F (SpectrogramImageBuilderTest, FramesThatPileUpDrainByTwoMoreATick)
+TEST_F (SpectrogramImageBuilderTest, FramesThatPileUpAreMergedIntoTheColumnsThatAreDue)
 {
-    // Due: 1. Waiting: 3 times that. The first frame is followed by an extra one in the same column.
-    makeFrames (".#.");
-    EXPECT_EQ (tick (1.0f), "#.......");
-    EXPECT_EQ (worker.getNumFramesReady(), 1);
+    builder.setRequestedSize (64, 1);
 
-    // Due: 2, waiting: 7. Extra ones after the first frame and in turn 1.
-    makeFrames ("#.#.#.");
-    EXPECT_EQ (tick (2.0f), "###.....");
-    EXPECT_EQ (worker.getNumFramesReady(), 3);
+    // Forty frames have waited for sixteen ticks that were too short for a column.
+    makeFrames ("........................................");
+
+    for (int i = 0; i < 16; ++i)
+        EXPECT_FALSE (builder.processTick (0.05f));
+
+    // One column is due and one overdue. After the first frame of each of these turns comes an extra one.
+    worker.discardPending();
+    makeFrames (".#.#....................................");
+    EXPECT_EQ (tick (1.0f).substr (0, 4), "##..");
+    EXPECT_EQ (worker.getNumFramesReady(), 36);
 }
 
 TEST_F (SpectrogramImageBuilderTest, ScrollToStaticBlanksThePicture)
@@ -164,7 +166,7 @@ TEST_F (SpectrogramImageBuilderTest, CrossedLevelsPaintSilenceInTheMapsLastColou
 {
     builder.setLevelRange (0.0f, -100.0f);
     builder.setColourMap (2);
-    worker.enhanced = true;
+    worker.setEnhanced (true);
     makeFrames ("....");
     builder.processTick (4.0f);
     EXPECT_EQ (builder.getFrontImage().getPixelAt (0, 0).getARGB(), 0xffFDE724);

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <limits>
 #include <ranges>
 
@@ -101,6 +102,38 @@ TEST_F (SpectrogramRingTest, StaticSweepsInsideTheFirstHalf)
     write ("5");
     EXPECT_NE (shown()[0], '9');
     EXPECT_EQ (shown().substr (1), "9999");
+    EXPECT_EQ (ring.getWriteX(), 1);
+}
+
+TEST_F (SpectrogramRingTest, ASweepThatPassesTheRightEdgeGoesOnAtTheLeftAtOnce)
+{
+    ring.resize (5, 1, false);
+    write ("9999");
+    write (".9.");
+    EXPECT_EQ (shown(), "9.99.");
+    EXPECT_EQ (whole(), "9.99......");
+    EXPECT_EQ (ring.getWriteX(), 2);
+}
+
+TEST_F (SpectrogramRingTest, ASweepInTheSecondHalfTurnsAtItsOwnEdges)
+{
+    scroll = true;
+    ring.resize (5, 1, true);
+    write ("999999");
+    ring.restart();
+    scroll = false;
+    write ("9999");
+    write (".9.");
+    EXPECT_EQ (shown(), "9.99.");
+    EXPECT_EQ (whole(), ".....9.99.");
+    EXPECT_EQ (ring.getWriteX(), 7);
+}
+
+TEST_F (SpectrogramRingTest, OfMoreColumnsThanASweepHoldsTheNewestStay)
+{
+    ring.resize (3, 1, false);
+    write ("99999.9");
+    EXPECT_EQ (shown(), "99.");
     EXPECT_EQ (ring.getWriteX(), 1);
 }
 
@@ -284,9 +317,10 @@ TEST_F (SpectrogramRingTest, OfASweepOnlyWhatIsNewIsCopied)
         snapshot.image.setPixelAt (x, 0, juce::Colours::white);
 
     const auto isCopied = [&snapshot] (int x) { return snapshot.image.getPixelAt (x, 0) != juce::Colours::white; };
-    const auto getCopied = [&] { return std::ranges::count_if (std::views::iota (0, 6), isCopied); };
+    const std::array columns { 0, 1, 2, 3, 4, 5 };
+    const auto getCopied = [&] { return std::ranges::count_if (columns, isCopied); };
 
-    // The second lies beyond the edge, and at the left edge stays what was there.
+    // The second goes to the left edge.
     write ("67");
     ring.copyShownPart (snapshot, false);
     EXPECT_TRUE (isCopied (5) && isCopied (0));

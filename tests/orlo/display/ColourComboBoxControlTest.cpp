@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "orlo/display/ColourComboBoxControl.h"
-#include "orlo/Params.h"
 #include "orlo/display/ColourMapMenuItem.h"
 #include "orlo/look/PluginLookAndFeel.h"
+#include "orlo/parameters/Params.h"
 #include "tests/support/GestureRecorder.h"
 #include "tests/support/PeerMouse.h"
 #include "tests/support/StyledWindow.h"

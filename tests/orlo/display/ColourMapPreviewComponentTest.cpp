@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "orlo/display/ColourMapPreviewComponent.h"
 #include "orlo/analysis/ColourMap.h"
-#include "orlo/look/OrloColours.h"
 #include "orlo/look/PluginLookAndFeel.h"
+#include "orlo/style/OrloColours.h"
 #include "tests/support/Mouse.h"
 #include "tests/support/StyledWindow.h"
 

@@ -39,7 +39,7 @@ TEST (CyclingArrowsComponentTest, TheLeftButtonStepsAndTheRightOneDoesNot)
     CyclingArrowsComponent arrows;
     window.addAndMakeVisible (arrows);
     arrows.setBounds (50, 20, 74, 44);
-    mouse.click (arrows.getNextButton(), { 18.0f, 22.0f }); // nobody listens
+    mouse.click (arrows.getNextButton(), { 18.0f, 22.0f }); // without a callback
 
     juce::String steps;
     arrows.onPrevious = [&steps] { steps += "<"; };

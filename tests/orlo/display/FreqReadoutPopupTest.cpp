@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "orlo/display/FreqReadoutPopup.h"
 
-#include "orlo/look/OrloColours.h"
+#include "orlo/style/OrloColours.h"
 #include "tests/support/Mouse.h"
 #include "tests/support/Painting.h"
 #include "tests/support/TestEditor.h"

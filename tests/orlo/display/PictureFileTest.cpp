@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "orlo/display/PictureFile.h"
 
+#include "tests/support/FailingDisk.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -49,12 +50,79 @@ TEST (PictureWriting, TakesThePlaceOfALongerFile)
     EXPECT_EQ (read.getPixelAt (2, 1), juce::Colours::orange);
 }
 
-TEST (PictureWriting, FailsWithoutAWord)
+#if JUCE_LINUX
+/** A picture that no compression makes small. */
+[[nodiscard]] juce::Image makeNoise (int width, int height)
+{
+    juce::Image image (juce::Image::RGB, width, height, true, juce::SoftwareImageType());
+    juce::Random random (1);
+
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            image.setPixelAt (x, y, juce::Colour (juce::uint32 (random.nextInt())).withAlpha (1.0f));
+
+    return image;
+}
+
+TEST (PictureWriting, OnAFullDiskLeavesTheOlderPicture)
+{
+    const TemporaryFolder folder;
+    const auto file = folder.get().getChildFile ("a.png");
+    ASSERT_TRUE (file.replaceWithText ("the older picture"));
+
+    {
+        const FileSizeLimit limit (10000);
+        EXPECT_FALSE (pictureFile::write (makeNoise (200, 100), file));
+    }
+
+    EXPECT_EQ (file.loadFileAsString(), "the older picture");
+    EXPECT_EQ (folder.get().getNumberOfChildFiles (juce::File::findFilesAndDirectories), 1) << "the rest of a try";
+}
+
+TEST (PictureWriting, InAReadOnlyFolderLeavesTheOlderPicture)
+{
+    const TemporaryFolder folder;
+    const auto file = folder.get().getChildFile ("a.png");
+    ASSERT_TRUE (file.replaceWithText ("the older picture"));
+
+    {
+        const ReadOnlyFolder readOnly (folder.get());
+        EXPECT_FALSE (pictureFile::write (makeNoise (20, 10), file));
+        EXPECT_FALSE (pictureFile::write (makeNoise (20, 10), folder.get().getChildFile ("b.png")));
+    }
+
+    EXPECT_EQ (file.loadFileAsString(), "the older picture");
+    EXPECT_EQ (folder.get().getNumberOfChildFiles (juce::File::findFilesAndDirectories), 1);
+}
+
+TEST (PictureWriting, GoesThroughALinkToItsFile)
+{
+    const TemporaryFolder folder;
+    const auto file = folder.get().getChildFile ("a.png");
+    const auto link = folder.get().getChildFile ("link.png");
+    ASSERT_TRUE (file.replaceWithText ("the older picture"));
+    ASSERT_TRUE (file.createSymbolicLink (link, false));
+    ASSERT_TRUE (pictureFile::write (makeNoise (20, 10), link));
+    EXPECT_TRUE (link.isSymbolicLink());
+    EXPECT_TRUE (juce::ImageFileFormat::loadFrom (file).isValid());
+}
+#endif
+
+TEST (PictureWriting, MakesTheFolder)
+{
+    const TemporaryFolder folder;
+    const auto file = folder.get().getChildFile ("new/a.png");
+    EXPECT_TRUE (pictureFile::write ({ juce::Image::RGB, 3, 2, true, juce::SoftwareImageType() }, file));
+    EXPECT_TRUE (juce::ImageFileFormat::loadFrom (file).isValid());
+}
+
+TEST (PictureWriting, TellsOfAFailure)
 {
     const TemporaryFolder folder;
     const juce::Image image (juce::Image::RGB, 3, 2, true, juce::SoftwareImageType());
     EXPECT_FALSE (pictureFile::write (image, folder.get())) << "a folder";
-    EXPECT_FALSE (pictureFile::write (image, folder.get().getChildFile ("none/a.png"))) << "in no folder";
+    ASSERT_TRUE (folder.get().getChildFile ("file").create());
+    EXPECT_FALSE (pictureFile::write (image, folder.get().getChildFile ("file/a.png"))) << "below a file";
     EXPECT_FALSE (pictureFile::write ({}, folder.get().getChildFile ("a.png"))) << "nothing to write";
     EXPECT_FALSE (folder.get().getChildFile ("a.png").exists());
 }

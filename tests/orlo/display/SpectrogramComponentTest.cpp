@@ -2,9 +2,9 @@
 // The live view in a real window; needs a display.
 #include "orlo/display/SpectrogramComponent.h"
 
-#include "orlo/AudioPluginAudioProcessor.h"
-#include "orlo/Params.h"
 #include "orlo/display/Crosshair.h"
+#include "orlo/parameters/Params.h"
+#include "orlo/processor/AudioPluginAudioProcessor.h"
 #include "tests/support/MessageLoop.h"
 #include "tests/support/Signals.h"
 
@@ -116,7 +116,7 @@ TEST_F (SpectrogramComponentTest, AnalysesOnlyWhileItCanBeSeen)
 
     view.setVisible (false);
     EXPECT_FALSE (builder.isThreadRunning());
-    EXPECT_TRUE (pumpUntil ([this] { return worker.getNumSamplesReady() < worker.hopSize; }));
+    EXPECT_TRUE (pumpUntil ([this] { return worker.getNumSamplesReady() < worker.getHop(); }));
     const auto ready = worker.getNumSamplesReady();
     playNoise (4);
     EXPECT_EQ (worker.getNumSamplesReady(), ready);
@@ -163,24 +163,24 @@ TEST_F (SpectrogramComponentTest, ADisplayRefreshIsATickInColumns)
 
 TEST_F (SpectrogramComponentTest, TheHopFollowsParametersRateAndResolution)
 {
-    EXPECT_EQ (worker.hopSize.load(), 163);
+    EXPECT_EQ (worker.getHop(), 163);
     set (Params::id::speed, 100.0f);
-    EXPECT_EQ (worker.hopSize.load(), 110);
+    EXPECT_EQ (worker.getHop(), 110);
     set (Params::id::fftSize, 0.0f);
-    EXPECT_EQ (worker.hopSize.load(), 52);
+    EXPECT_EQ (worker.getHop(), 52);
     set (Params::id::mode, 0.0f);
-    EXPECT_EQ (worker.hopSize.load(), 110);
+    EXPECT_EQ (worker.getHop(), 110);
 
     worker.prepareToPlay (96000.0);
-    EXPECT_TRUE (pumpUntil ([this] { return worker.hopSize.load() == 240; }));
+    EXPECT_TRUE (pumpUntil ([this] { return worker.getHop() == 240; }));
     view.setDoubleResolution (true);
-    EXPECT_EQ (worker.hopSize.load(), 120);
+    EXPECT_EQ (worker.getHop(), 120);
 }
 
 TEST_F (SpectrogramComponentTest, AReservedWindowSizeStillGivesAHop)
 {
     set (Params::id::fftSize, 8.0f);
-    EXPECT_GE (worker.hopSize.load(), 64);
+    EXPECT_GE (worker.getHop(), 64);
 }
 
 TEST_F (SpectrogramComponentTest, ReadsTheFrequencyUnderACursor)
@@ -243,11 +243,32 @@ TEST_F (SpectrogramComponentTest, ShiftClickFreezesAndShowsNoCrosshair)
     {
         mouse (100.0f, 50.0f, Modifiers::leftButtonModifier | Modifiers::shiftModifier);
         EXPECT_EQ (valueOf (Params::id::freeze), expected);
+        mouse (101.0f, 50.0f, Modifiers::leftButtonModifier | Modifiers::shiftModifier);
         EXPECT_FALSE (view.isCrosshairVisible());
-        mouse (100.0f, 50.0f, Modifiers::shiftModifier);
+        mouse (101.0f, 50.0f, Modifiers::shiftModifier);
+        EXPECT_EQ (valueOf (Params::id::freeze), expected);
+        mouse (100.0f, 50.0f);
+    }
+
+    EXPECT_TRUE (held.empty()) << "a shift-click opens no readout, even if the mouse moves during it";
+}
+
+TEST_F (SpectrogramComponentTest, TheMiddleButtonDoesNothing)
+{
+    show();
+
+    for (const auto modifiers :
+         { int (Modifiers::middleButtonModifier), Modifiers::middleButtonModifier | Modifiers::shiftModifier })
+    {
+        mouse (100.0f, 50.0f);
+        mouse (100.0f, 50.0f, modifiers);
+        mouse (120.0f, 60.0f, modifiers);
+        EXPECT_FALSE (view.isCrosshairVisible());
+        mouse (120.0f, 60.0f);
     }
 
     EXPECT_TRUE (held.empty());
+    EXPECT_EQ (valueOf (Params::id::freeze), 0.0f);
 }
 
 TEST_F (SpectrogramComponentTest, RightClicksAndCtrlClicksAreLeftToTheMenu)

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "orlo/display/SpectrogramContainer.h"
 
-#include "orlo/AudioPluginAudioProcessor.h"
-#include "orlo/Params.h"
+#include "orlo/parameters/Params.h"
+#include "orlo/processor/AudioPluginAudioProcessor.h"
 #include "tests/support/MessageLoop.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -193,6 +193,7 @@ TEST_F (SpectrogramContainerTest, AnExportHoldsWhatTheContainerShows)
     const auto written = file.withFileExtension (".png");
     EXPECT_EQ (settings.getSettings()[pluginCore::SettingsIds::lastExportFile].toString(), written.getFullPathName());
 
+    ASSERT_TRUE (pumpUntil ([&] { return written.existsAsFile(); }));
     const auto image = juce::ImageFileFormat::loadFrom (written);
     ASSERT_EQ (image.getBounds(), (juce::Rectangle { 800, 400 }));
     EXPECT_EQ (image.getPixelAt (10, 10), juce::Colours::black) << "the picture";
@@ -205,6 +206,7 @@ TEST_F (SpectrogramContainerTest, AtDoubleResolutionAnExportHasTwiceTheSize)
     const auto file = folder.get().getChildFile ("picture.png");
     container->getSpectrogram().setDoubleResolution (true);
     container->exportTo (file);
+    ASSERT_TRUE (pumpUntil ([&] { return file.existsAsFile(); }));
     EXPECT_EQ (juce::ImageFileFormat::loadFrom (file).getBounds(), (juce::Rectangle { 1600, 800 }));
 }
 
@@ -217,7 +219,17 @@ TEST_F (SpectrogramContainerTest, AnExportThatWasCancelledOrCannotBeWrittenEndsS
     const auto blocked = folder.get().getChildFile ("file");
     ASSERT_TRUE (blocked.create());
     container->exportTo (blocked.getChildFile ("below/a.png"));
+    container = nullptr;
     EXPECT_TRUE (blocked.existsAsFile());
+}
+
+TEST_F (SpectrogramContainerTest, APictureIsCompleteWhenTheWindowHasGoneRightAfterTheExport)
+{
+    const TemporaryFolder folder;
+    const auto file = folder.get().getChildFile ("picture.png");
+    container->exportTo (file);
+    container = nullptr;
+    EXPECT_EQ (juce::ImageFileFormat::loadFrom (file).getBounds(), (juce::Rectangle { 800, 400 }));
 }
 
 } // namespace

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-#include "orlo/ButtonBarComponent.h"
-#include "orlo/Params.h"
-#include "orlo/look/OrloColours.h"
+#include "orlo/controls/ButtonBarComponent.h"
 #include "orlo/look/PluginLookAndFeel.h"
+#include "orlo/parameters/Params.h"
+#include "orlo/style/OrloColours.h"
 #include "tests/support/MessageLoop.h"
 #include "tests/support/Screen.h"
 #include "tests/support/StyledWindow.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "orlo/look/PluginLookAndFeel.h"
-#include "plugin_core/look/StyleProperties.h"
+#include "plugin_core/style/StyleProperties.h"
 #include "tests/support/StyledWindow.h"
 
 #include <gtest/gtest.h>

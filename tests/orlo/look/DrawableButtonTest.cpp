@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "orlo/look/PluginLookAndFeel.h"
-#include "plugin_core/look/Palette.h"
-#include "plugin_core/look/StyleProperties.h"
-#include "plugin_core/look/icons/IconDrawable.h"
+#include "plugin_core/style/Palette.h"
+#include "plugin_core/style/StyleProperties.h"
+#include "plugin_core/style/icons/IconDrawable.h"
 #include "tests/support/StyledWindow.h"
 
 #include <gtest/gtest.h>

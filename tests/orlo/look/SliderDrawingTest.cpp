@@ -2,8 +2,8 @@
 #include "orlo/look/PluginLookAndFeel.h"
 #include "orlo/look/SliderLabelComp.h"
 #include "plugin_core/controls/ParameterSlider.h"
-#include "plugin_core/look/Palette.h"
-#include "plugin_core/look/StyleProperties.h"
+#include "plugin_core/style/Palette.h"
+#include "plugin_core/style/StyleProperties.h"
 #include "tests/support/Mouse.h"
 #include "tests/support/StyledWindow.h"
 

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-#include "orlo/AudioPluginAudioProcessor.h"
-#include "orlo/Params.h"
+#include "orlo/parameters/ColourMapNames.h"
+#include "orlo/parameters/Params.h"
+#include "orlo/processor/AudioPluginAudioProcessor.h"
 #include "orlo/analysis/ColourTables.h"
+#include "tests/support/SourceTree.h"
 
 #include <gtest/gtest.h>
 
@@ -12,7 +14,7 @@ namespace
 
 [[nodiscard]] juce::File getPresetFile (const juce::String& name)
 {
-    return juce::File (ORLO_SOURCE_DIR).getChildFile ("resources/presets").getChildFile (name + ".mkpreset");
+    return getSourceFolder().getChildFile ("resources/presets").getChildFile (name + ".mkpreset");
 }
 
 [[nodiscard]] std::vector<std::string> getPresetNames()
@@ -85,7 +87,7 @@ TEST_P (FactoryPreset, ShowsARunningPictureThatIsNotUpsideDown)
     // None of the places held in reserve.
     EXPECT_LE (getValue (Params::id::fftSize), 5.0f);
     EXPECT_LE (getValue (Params::id::freqScale), 4.0f);
-    EXPECT_LT (getValue (Params::id::colourMap), float (colourTables::getNames().size()));
+    EXPECT_LT (getValue (Params::id::colourMap), float (colourMapNames.size()));
 }
 
 INSTANTIATE_TEST_SUITE_P (

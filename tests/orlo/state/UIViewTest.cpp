@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "orlo/state/UIView.h"
 
-#include "orlo/AudioPluginAudioProcessor.h"
+#include "orlo/processor/AudioPluginAudioProcessor.h"
 #include "plugin_core/state/StateBlob.h"
 #include "tests/support/MessageLoop.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "plugin_core/controls/AnimatedTextButton.h"
-#include "plugin_core/look/MouseFade.h"
+#include "plugin_core/style/MouseFade.h"
 #include "tests/support/Mouse.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "plugin_core/controls/PluginComboBoxControl.h"
-#include "orlo/Params.h"
 #include "tests/support/GestureRecorder.h"
 #include "tests/support/PeerMouse.h"
 #include "tests/support/TestProcessor.h"
@@ -73,12 +72,17 @@ TEST_F (PluginComboBoxControlTest, TheEntriesAreTheChoicesWithIdsFromOne)
 TEST_F (PluginComboBoxControlTest, ChoicesHeldInReserveAreNotOffered)
 {
     juce::AudioProcessorGraph owner;
-    juce::AudioProcessorValueTreeState state { owner, nullptr, "PARAMS", orlo::Params::createLayout() };
-    PluginComboBoxControl scales { state, orlo::Params::id::freqScale };
-    EXPECT_EQ (scales.getComboBox().getNumItems(), 5);
-    EXPECT_EQ (scales.getComboBox().getText(), "Log");
-    state.getParameter (orlo::Params::id::freqScale)->setValueNotifyingHost (1.0f);
-    EXPECT_EQ (scales.getComboBox().getText(), "ERB");
+    const juce::StringArray choices { "A", "B", "C", {}, {} };
+    juce::AudioProcessorValueTreeState state { owner,
+                                               nullptr,
+                                               "PARAMS",
+                                               { std::make_unique<juce::AudioParameterChoice> (
+                                                   juce::ParameterID ("padded", 1), "Padded", choices, 1) } };
+    PluginComboBoxControl padded { state, "padded" };
+    EXPECT_EQ (padded.getComboBox().getNumItems(), 3);
+    EXPECT_EQ (padded.getComboBox().getText(), "B");
+    state.getParameter ("padded")->setValueNotifyingHost (1.0f);
+    EXPECT_EQ (padded.getComboBox().getText(), "C");
 }
 
 TEST_F (PluginComboBoxControlTest, ALeftClickOpensTheMenuAndOthersDoNot)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "plugin_core/controls/PluginSliderControl.h"
-#include "plugin_core/look/MouseFade.h"
+#include "plugin_core/style/MouseFade.h"
 #include "tests/support/GestureRecorder.h"
 #include "tests/support/PeerMouse.h"
 #include "tests/support/TestProcessor.h"

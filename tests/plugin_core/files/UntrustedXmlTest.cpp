@@ -8,6 +8,10 @@
 #include <string>
 #include <string_view>
 
+#if ! JUCE_WINDOWS
+    #include <sys/stat.h>
+#endif
+
 namespace mk::pluginCore
 {
 namespace
@@ -220,5 +224,46 @@ TEST (UntrustedXml, ReadsAFileWithOrWithoutAByteOrderMark)
     ASSERT_TRUE (file.replaceWithData ("", 0));
     EXPECT_EQ (parseUntrustedXml (file), nullptr);
 }
+
+#if ! JUCE_WINDOWS
+
+TEST (UntrustedXml, ReadsNoPipeThatNobodyWritesTo)
+{
+    const orlo::test::TemporaryFolder folder;
+    const auto pipe = folder.get().getChildFile ("a.xml");
+    ASSERT_EQ (mkfifo (pipe.getFullPathName().toRawUTF8(), 0600), 0);
+    EXPECT_EQ (parseUntrustedXml (pipe), nullptr);
+}
+
+TEST (UntrustedXml, ReadsNoDevice)
+{
+    const orlo::test::TemporaryFolder folder;
+    const auto link = folder.get().getChildFile ("a.xml");
+    ASSERT_TRUE (juce::File ("/dev/zero").createSymbolicLink (link, true));
+    EXPECT_EQ (parseUntrustedXml (link), nullptr);
+    EXPECT_EQ (parseUntrustedXml (juce::File ("/dev/zero")), nullptr);
+}
+
+TEST (UntrustedXml, ReadsTheFileThatALinkLeadsTo)
+{
+    const orlo::test::TemporaryFolder folder;
+    const auto file = folder.get().getChildFile ("a.xml");
+    const auto link = folder.get().getChildFile ("link.xml");
+    ASSERT_TRUE (file.replaceWithText ("<a/>"));
+    ASSERT_TRUE (file.createSymbolicLink (link, true));
+    EXPECT_NE (parseUntrustedXml (link), nullptr);
+}
+
+TEST (UntrustedXml, ReadsNoFileThatIsTooLarge)
+{
+    const orlo::test::TemporaryFolder folder;
+    const auto file = folder.get().getChildFile ("a.xml");
+    ASSERT_TRUE (file.replaceWithText ("<a/>" + juce::String::repeatedString (" ", 4 * 1024 * 1024 - 4)));
+    EXPECT_NE (parseUntrustedXml (file), nullptr);
+    ASSERT_TRUE (file.appendText (" "));
+    EXPECT_EQ (parseUntrustedXml (file), nullptr);
+}
+
+#endif
 
 } // namespace mk::pluginCore

@@ -1,15 +1,10 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "plugin_core/localisation/LocalisedStringsManager.h"
 
-#include "orlo/AudioPluginAudioProcessor.h"
-#include "orlo/LocalisedStringsManager.h"
 #include "plugin_core/localisation/PreferredLanguage.h"
 #include "tests/support/TranslationFile.h"
 
 #include <gtest/gtest.h>
-
-#include <atomic>
-#include <thread>
 
 namespace mk::pluginCore
 {
@@ -24,8 +19,7 @@ protected:
     Languages() { juce::LocalisedStrings::setCurrentMappings (nullptr); }
     ~Languages() override { juce::LocalisedStrings::setCurrentMappings (nullptr); }
 
-    LocalisedStringsManager framework;
-    orlo::LocalisedStringsManager product;
+    LocalisedStringsManager strings;
 };
 } // namespace
 
@@ -33,51 +27,25 @@ protected:
 TEST_F (Languages, ShowTheEnglishOfTheCodeBeforeAnyIsChosen)
 {
     EXPECT_EQ (juce::translate ("Save as"), "Save as");
-    EXPECT_TRUE (product.getLanguageCode().isEmpty());
+    EXPECT_TRUE (strings.getLanguageCode().isEmpty());
 }
 
 TEST_F (Languages, AreFiveByTheirCodes)
 {
     for (const auto& code : orlo::test::getLanguageCodes())
     {
-        EXPECT_TRUE (product.setLanguage (code)) << code;
-        EXPECT_EQ (product.getLanguageCode(), code);
+        EXPECT_TRUE (strings.setLanguage (code)) << code;
+        EXPECT_EQ (strings.getLanguageCode(), code);
     }
 
     EXPECT_EQ (juce::LocalisedStrings::getCurrentMappings()->getLanguageName(), "[italian]");
 }
 
-TEST_F (Languages, TranslateTheFrameworksAndTheProductsTexts)
-{
-    ASSERT_TRUE (product.setLanguage ("fr"));
-    EXPECT_EQ (juce::translate ("Save"), "Enregistrer");
-    EXPECT_EQ (juce::translate ("Speed"), "Vitesse");
-
-    ASSERT_TRUE (product.setLanguage ("pt"));
-    EXPECT_EQ (juce::translate ("Save"), "Salvar");
-    EXPECT_EQ (juce::translate ("Speed"), "Velocidade");
-
-    ASSERT_TRUE (product.setLanguage ("it"));
-    EXPECT_EQ (juce::translate ("Yes"), utf8 ("S\xc3\xac"));
-    EXPECT_EQ (juce::translate ("An update is available"), utf8 ("\xc3\x88 disponibile un aggiornamento"));
-
-    ASSERT_TRUE (product.setLanguage ("es"));
-    EXPECT_EQ (juce::translate ("FFT Size"), utf8 ("Tama\xc3\xb1o FFT"));
-
-    ASSERT_TRUE (product.setLanguage ("en"));
-    EXPECT_EQ (juce::translate ("Speed"), "Speed");
-}
-
-TEST_F (Languages, HoldEveryPairOfTheirFiles)
+TEST_F (Languages, HoldEveryPairOfTheFrameworksFiles)
 {
     for (const auto& code : orlo::test::getLanguageCodes())
     {
-        ASSERT_TRUE (product.setLanguage (code));
-
-        for (const auto& [key, value] : orlo::test::TranslationFile ("product", code).pairs)
-            EXPECT_EQ (juce::translate (key), value) << code;
-
-        ASSERT_TRUE (framework.setLanguage (code));
+        ASSERT_TRUE (strings.setLanguage (code));
 
         for (const auto& [key, value] : orlo::test::TranslationFile ("framework", code).pairs)
             EXPECT_EQ (juce::translate (key), value) << code;
@@ -86,31 +54,23 @@ TEST_F (Languages, HoldEveryPairOfTheirFiles)
 
 TEST_F (Languages, LeaveATextWithoutTranslationAsItIs)
 {
-    ASSERT_TRUE (product.setLanguage ("fr"));
+    ASSERT_TRUE (strings.setLanguage ("fr"));
     EXPECT_EQ (juce::translate ("No such text"), "No such text");
 }
 
 TEST_F (Languages, FindTheFrameworksTextsInAnyCase)
 {
-    ASSERT_TRUE (product.setLanguage ("fr"));
+    ASSERT_TRUE (strings.setLanguage ("fr"));
     EXPECT_EQ (juce::translate ("Close"), "fermer");
     EXPECT_EQ (juce::translate ("About"), utf8 ("\xc3\x80 propos"));
     EXPECT_EQ (juce::translate ("about"), utf8 ("\xc3\xa0 propos"));
 }
 
-TEST_F (Languages, LeaveTheProductsTextsInAnotherCaseEnglish)
-{
-    ASSERT_TRUE (product.setLanguage ("fr"));
-    EXPECT_EQ (juce::translate ("Freeze"), "Figer");
-    EXPECT_EQ (juce::translate ("freeze"), "freeze");
-    EXPECT_EQ (juce::translate ("FREEZE"), "FREEZE");
-}
-
 TEST_F (Languages, OfTheFrameworkKnowNothingOfTheProduct)
 {
-    ASSERT_TRUE (framework.setLanguage ("fr"));
+    ASSERT_TRUE (strings.setLanguage ("fr"));
     EXPECT_EQ (juce::translate ("Freeze"), "Freeze");
-    EXPECT_FALSE (framework.addProductStrings ("fr"));
+    EXPECT_FALSE (strings.addProductStrings ("fr"));
 }
 
 TEST_F (Languages, ShowTheProductsWordingWhereBothHaveAKey)
@@ -140,69 +100,11 @@ TEST_F (Languages, AreEnglishForACodeThatWeDoNotSpeak)
 {
     for (const auto* const code : { "zh", "", "EN", "fre", "pt-BR", "de" })
     {
-        ASSERT_TRUE (product.setLanguage ("fr"));
-        EXPECT_FALSE (product.setLanguage (code)) << code;
-        EXPECT_EQ (product.getLanguageCode(), "en");
+        ASSERT_TRUE (strings.setLanguage ("fr"));
+        EXPECT_FALSE (strings.setLanguage (code)) << code;
+        EXPECT_EQ (strings.getLanguageCode(), "en");
         EXPECT_EQ (juce::translate ("Save"), "Save");
-        EXPECT_EQ (juce::LocalisedStrings::getCurrentMappings()->getMappings().getValue ("Freeze", {}), "Freeze");
     }
-}
-
-TEST_F (Languages, TakeNoProductTextsOfAnUnknownCodeAndNoneWithoutMappings)
-{
-    EXPECT_TRUE (product.addProductStrings ("fr"));
-    EXPECT_EQ (juce::translate ("Freeze"), "Freeze");
-
-    ASSERT_TRUE (product.setLanguage ("fr"));
-    EXPECT_FALSE (product.addProductStrings ("zh"));
-    EXPECT_EQ (juce::translate ("Freeze"), "Figer");
-}
-
-TEST_F (Languages, CanBeInstalledByOneInstanceWhileAnotherTranslates)
-{
-    ASSERT_TRUE (product.setLanguage ("fr"));
-    std::atomic<bool> finished { false };
-    std::atomic<int> numWrong { 0 };
-
-    std::thread reader (
-        [&]
-        {
-            while (! finished.load (std::memory_order_acquire))
-                if (juce::translate ("Save") != "Enregistrer")
-                    numWrong.fetch_add (1, std::memory_order_relaxed);
-        });
-
-    const auto install = []
-    {
-        for (int i = 0; i < 100; ++i)
-        {
-            orlo::LocalisedStringsManager other;
-            other.setLanguage ("fr");
-        }
-    };
-
-    std::thread installer (install);
-    install();
-    installer.join();
-    finished.store (true, std::memory_order_release);
-    reader.join();
-
-    EXPECT_EQ (numWrong.load (std::memory_order_relaxed), 0);
-    EXPECT_EQ (juce::translate ("Freeze"), "Figer");
-}
-
-TEST_F (Languages, AreChosenByEachInstanceOfThePlugIn)
-{
-    const orlo::AudioPluginAudioProcessor first;
-    ASSERT_NE (juce::LocalisedStrings::getCurrentMappings(), nullptr);
-    const auto mappings = juce::LocalisedStrings::getCurrentMappings()->getMappings();
-    EXPECT_TRUE (mappings.containsKey ("Freeze"));
-    EXPECT_TRUE (mappings.containsKey ("Yes"));
-
-    juce::LocalisedStrings::setCurrentMappings (nullptr);
-    const orlo::AudioPluginAudioProcessor second;
-    ASSERT_NE (juce::LocalisedStrings::getCurrentMappings(), nullptr);
-    EXPECT_EQ (juce::LocalisedStrings::getCurrentMappings()->getMappings(), mappings);
 }
 
 //==============================================================================

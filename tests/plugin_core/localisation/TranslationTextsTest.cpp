@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
+#include "tests/support/SourceTree.h"
 #include "tests/support/TranslationFile.h"
 
 #include <gtest/gtest.h>
@@ -120,7 +121,7 @@ TEST (TranslationTexts, KeepPlaceholdersAndDots)
         [] (const juce::String&, const juce::String&, const TranslationFile& text)
         {
             for (const auto& [key, value] : text.pairs)
-                for (const auto* const part : { "FLNM", "\\n", "...", "**" })
+                for (const auto* const part : { "FLNM", "%s", "\\n", "...", "**" })
                     EXPECT_EQ (count (key, part), count (value, part)) << key << ": " << part;
         });
 }
@@ -230,7 +231,7 @@ TEST (TranslationTexts, HoldEveryLiteralThatTheSourcesTranslate)
 
     for (const auto* const folder : { "plugin_core", "orlo" })
     {
-        const auto sources = juce::File (ORLO_SOURCE_DIR)
+        const auto sources = getSourceFolder()
                                  .getChildFile (folder)
                                  .findChildFiles (juce::File::findFiles, true, "*.h;*.cpp;*.mm");
         numSources += sources.size();

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "plugin_core/look/LookAndFeel.h"
-#include "plugin_core/controls/GenericComponentAnimator.h"
-#include "plugin_core/look/ColourIds.h"
-#include "plugin_core/look/StyleProperties.h"
-#include "plugin_core/look/icons/Icon.h"
+#include "plugin_core/style/ColourIds.h"
+#include "plugin_core/style/GenericComponentAnimator.h"
+#include "plugin_core/style/StyleProperties.h"
+#include "plugin_core/style/icons/Icon.h"
 #include "tests/support/StyledWindow.h"
 
 #include <gtest/gtest.h>

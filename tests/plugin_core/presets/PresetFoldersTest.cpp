@@ -2,7 +2,7 @@
 #include "plugin_core/presets/PresetFolders.h"
 
 #include "plugin_core/presets/PresetBases.h"
-#include "plugin_core/processor/ProductInfo.h"
+#include "plugin_core/product/ProductInfo.h"
 #include "tests/support/FailingDisk.h"
 #include "tests/support/TemporaryHome.h"
 

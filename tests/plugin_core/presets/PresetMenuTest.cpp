@@ -218,6 +218,13 @@ TEST_F (PresetMenuTest, ShowsNoPresetsForAFolderWithoutAny)
     EXPECT_EQ (presetRows (makeMenu()), (std::vector<MenuRow> { { 7, "one" } }));
 }
 
+TEST_F (PresetMenuTest, ShowsNoPresetsForAFolderThatHasOnlyHiddenOnes)
+{
+    static_cast<void> (writePreset (".hidden.mkpreset"));
+    static_cast<void> (writePreset ("only hidden/.hidden.mkpreset"));
+    EXPECT_EQ (collectRows (makeMenu().menu).size(), 7u);
+}
+
 TEST_F (PresetMenuTest, LeavesOutWhatIsHiddenAndWhatIsNoPreset)
 {
     const auto folder = presets.getUserFolder();

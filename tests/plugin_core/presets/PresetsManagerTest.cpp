@@ -305,6 +305,21 @@ TEST_F (PresetsManagerTest, SavingAndReloadingIsAStepToUndo)
     EXPECT_TRUE (processor.getUndoManager().canUndo());
 }
 
+TEST_F (PresetsManagerTest, AFailedSaveOverAnOlderPresetKeepsTheUsersSettings)
+{
+    const auto file = presets.getUserFolder().getChildFile ("Saved.mkpreset");
+    presets.savePresetFile (file, true);
+    processor.setValue ("floor", -31.0f);
+
+    {
+        const FileSizeLimit fullDisk (64);
+        presets.savePresetFile (file, true);
+    }
+
+    EXPECT_FLOAT_EQ (processor.getValue ("floor"), -31.0f);
+    EXPECT_TRUE (presets.isDirty()) << "nothing holds these settings yet";
+}
+
 TEST_F (PresetsManagerTest, AFailedSaveLeavesTheOldFileAndNamesItAllTheSame)
 {
     const auto file = presets.getUserFolder().getChildFile ("Saved.mkpreset");

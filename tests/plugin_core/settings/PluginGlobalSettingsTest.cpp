@@ -19,7 +19,10 @@ namespace
 class GlobalSettings : public testing::Test
 {
 protected:
-    [[nodiscard]] static juce::File getFile() { return PluginGlobalSettings::InnerData::getOptions().getDefaultFile(); }
+    [[nodiscard]] static juce::File getFile()
+    {
+        return findSettingsFile (PluginGlobalSettings::InnerData::getOptions());
+    }
 
     static void writeFile (const juce::String& text)
     {
@@ -282,6 +285,48 @@ TEST_F (GlobalSettings, SurviveHandlesThatComeAndGoOnSeveralThreads)
 
     EXPECT_EQ (numLost.load (std::memory_order_relaxed), 0);
     EXPECT_EQ (readLater (SettingsIds::defaultWidth), "1200");
+}
+
+TEST_F (GlobalSettings, LoseNoChangeToAHandleThatIsMadeWhileTheLastOneIsWriting)
+{
+    constexpr int numRuns = 200;
+    std::atomic<bool> finished { false };
+
+    // Makes the other thread's handle the last one, or not, at any moment of it.
+    std::thread other (
+        [&finished]
+        {
+            while (! finished.load (std::memory_order_acquire))
+                const PluginGlobalSettings handle;
+        });
+
+    int numLost = 0;
+
+    for (int run = 0; run < numRuns; ++run)
+    {
+        const PluginGlobalSettings handle;
+
+        if (run > 0 && int (handle.getSettings()[SettingsIds::preferedMap]) != run - 1)
+            ++numLost;
+
+        handle.getSettings().setProperty (SettingsIds::preferedMap, run, nullptr);
+    }
+
+    finished.store (true, std::memory_order_release);
+    other.join();
+
+    EXPECT_EQ (numLost, 0);
+    EXPECT_EQ (int (readLater (SettingsIds::preferedMap)), numRuns - 1);
+}
+
+TEST_F (GlobalSettings, AreSharedByACopyOfAHandle)
+{
+    auto first = std::make_optional<PluginGlobalSettings>();
+    const PluginGlobalSettings copy (*first);
+    first->getSettings().setProperty (SettingsIds::preferedMap, 7, nullptr);
+    first.reset();
+    EXPECT_FALSE (getFile().existsAsFile()) << "the copy is still there";
+    EXPECT_EQ (int (copy.getSettings()[SettingsIds::preferedMap]), 7);
 }
 
 } // namespace mk::pluginCore

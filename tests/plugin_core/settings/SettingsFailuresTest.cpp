@@ -9,6 +9,7 @@
 #if JUCE_LINUX
     #include <csignal>
     #include <sys/resource.h>
+    #include <sys/stat.h>
 #endif
 
 namespace mk::pluginCore
@@ -108,7 +109,7 @@ TEST (SettingsFailures, ReadNumbersThatAreNoneAsZero)
 TEST (SettingsFailures, LeaveAFolderInTheFilesPlaceAlone)
 {
     const orlo::test::TemporaryHome home;
-    const auto file = InnerData::getOptions().getDefaultFile();
+    const auto file = findSettingsFile (InnerData::getOptions());
     ASSERT_TRUE (file.getChildFile ("inside").createDirectory());
 
     {
@@ -134,7 +135,7 @@ TEST (SettingsFailures, BearAFileInTheFoldersPlace)
 TEST (SettingsFailures, BearAHomeThatIsReadOnly)
 {
     const orlo::test::TemporaryHome home;
-    const auto file = InnerData::getOptions().getDefaultFile();
+    const auto file = findSettingsFile (InnerData::getOptions());
 
     {
         const orlo::test::ReadOnlyFolder readOnly (home.getFolder());
@@ -172,6 +173,21 @@ TEST (SettingsFailures, LeaveABrokenFileThatCannotBeMovedAsItIs)
     }
 
     EXPECT_EQ (file.loadFileAsString(), "<PROPERTIES>&#x");
+}
+
+TEST (SettingsFailures, SetAsideAPipeOrADeviceInTheFilesPlace)
+{
+    const orlo::test::TemporaryFolder folder;
+    const auto file = folder.get().getChildFile ("Orlo.settings");
+
+    ASSERT_EQ (mkfifo (file.getFullPathName().toRawUTF8(), 0600), 0);
+    expectRun (file, {}, "1000");
+    expectRun (file, "1000", "1200");
+
+    ASSERT_TRUE (file.deleteFile());
+    ASSERT_TRUE (juce::File ("/dev/zero").createSymbolicLink (file, true));
+    expectRun (file, {}, "1000");
+    expectRun (file, "1000", "1200");
 }
 
 TEST (SettingsFailures, KeepTheFormerFileIfTheDiskFillsUpInTheMiddle)

@@ -209,6 +209,35 @@ TEST (WebStreamTransport, TakesNothingButSuccessForAnAnswer)
     EXPECT_FALSE (transport.get (makeRequest (server.getAddress()), [] { return false; }).has_value());
 }
 
+TEST (WebStreamTransport, FollowsFiveRedirectsAndNoSixth)
+{
+    HttpServer server (countDown);
+    WebStreamTransport transport;
+    const auto getFrom = [&] (const juce::String& path)
+    { return toText (transport.get (makeRequest (server.getAddress() + path), [] { return false; })); };
+    EXPECT_EQ (getFrom ("/5"), "arrived");
+    EXPECT_EQ (getFrom ("/6"), "(nothing)");
+}
+
+TEST (WebStreamTransport, FollowsNoRedirectThatLeadsOutOfTheWeb)
+{
+    // JUCE takes what has no scheme of the web for a path on the same server, and asks there.
+    for (const auto* const target : { "file:///etc/hostname", "ftp://127.0.0.1/x", "javascript:x" })
+    {
+        HttpServer server (HttpServer::always (
+            HttpServer::makeReply ("on", "302 Found", "Location: " + std::string (target) + "\r\n")));
+        WebStreamTransport transport;
+        EXPECT_FALSE (transport.get (makeRequest (server.getAddress()), [] { return false; }).has_value()) << target;
+        EXPECT_EQ (server.getRequests().size(), 1u) << target;
+    }
+}
+
+TEST (WebStreamTransport, GetsNothingThatIsNotOfTheWeb)
+{
+    WebStreamTransport transport;
+    EXPECT_FALSE (transport.get (makeRequest ("file:///etc/hostname"), [] { return false; }).has_value());
+}
+
 TEST (WebStreamTransport, GetsNothingOnceItWasCancelled)
 {
     HttpServer server (HttpServer::always (HttpServer::makeReply ("hello")));

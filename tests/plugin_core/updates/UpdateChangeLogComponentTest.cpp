@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "plugin_core/updates/UpdateChangeLogComponent.h"
 
-#include "orlo/LocalisedStringsManager.h"
-#include "orlo/look/PluginLookAndFeel.h"
-#include "plugin_core/look/ColourIds.h"
+#include "plugin_core/localisation/LocalisedStringsManager.h"
+#include "plugin_core/style/ColourIds.h"
+#include "plugin_core/look/LookAndFeel.h"
 #include "tests/support/MessageLoop.h"
 #include "tests/support/StyledWindow.h"
 #include "tests/support/TranslationFile.h"
@@ -20,7 +20,7 @@ using orlo::test::snapshotOf;
 using orlo::test::StyledWindow;
 using testing::ElementsAre;
 
-/** A notice over a window of the product, and what its buttons have done. */
+/** A notice over a window, and what its buttons have done. */
 struct NoticeInWindow
 {
     explicit NoticeInWindow (int width = 1050, int height = 578) : window (width, height)
@@ -46,7 +46,7 @@ struct NoticeInWindow
     [[nodiscard]] juce::TextButton& getCloseButton() { return *findChild<juce::TextButton> (1); }
     [[nodiscard]] juce::Label& getTitleLabel() { return *findChild<juce::Label> (0); }
 
-    StyledWindow<orlo::PluginLookAndFeel> window;
+    StyledWindow<LookAndFeel> window;
     UpdateChangeLogComponent notice;
     std::vector<std::string> calls;
 };
@@ -55,7 +55,7 @@ TEST (UpdateChangeLogComponent, SpeaksEachLanguage)
 {
     for (const auto& code : orlo::test::getLanguageCodes())
     {
-        orlo::LocalisedStringsManager strings;
+        LocalisedStringsManager strings;
         ASSERT_TRUE (strings.setLanguage (code));
         NoticeInWindow test;
         EXPECT_EQ (test.getTitleLabel().getText(), juce::translate ("An update is available") + ":");
@@ -67,7 +67,7 @@ TEST (UpdateChangeLogComponent, SpeaksEachLanguage)
             << code;
     }
 
-    orlo::LocalisedStringsManager().setLanguage ("en");
+    LocalisedStringsManager().setLanguage ("en");
 }
 
 TEST (UpdateChangeLogComponent, IsAPanelInTheMiddleOfADimmedWindow)

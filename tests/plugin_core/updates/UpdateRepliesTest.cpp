@@ -124,7 +124,10 @@ TEST (ChangeLogReply, IsTheWholeText) { EXPECT_EQ (replies::parseChangeLog ("1.3
 
 TEST (ChangeLogReply, IsEmptyIfTheSiteHasNoSuchPage)
 {
-    EXPECT_EQ (replies::parseChangeLog ("Sorry, the page you're looking for is not available."), "");
+    for (const auto* const reply : { "Sorry, the page you're looking for is not available.",
+                                     "<h1>The Page You're Looking For Is Not Available</h1>",
+                                     "THE PAGE YOU'RE LOOKING FOR IS NOT AVAILABLE" })
+        EXPECT_EQ (replies::parseChangeLog (reply), "") << reply;
 }
 
 } // namespace mk::pluginCore::test

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "plugin_core/updates/VersionNumber.h"
-#include "plugin_core/updates/LeadingInteger.h"
 
 #include <gtest/gtest.h>
 
@@ -14,23 +13,6 @@ constexpr auto most = std::numeric_limits<int>::max();
 
 [[nodiscard]] juce::int64 rankOf (const char* text) { return VersionNumber::parse (text).getRank(); }
 } // namespace
-
-TEST (LeadingInteger, IsReadUpToTheFirstOtherCharacter)
-{
-    EXPECT_EQ (parseLeadingInteger ("1763683200000"), 1763683200000);
-    EXPECT_EQ (parseLeadingInteger (" \t-12.7"), -12);
-    EXPECT_EQ (parseLeadingInteger ("+7x"), 7);
-    EXPECT_EQ (parseLeadingInteger (""), 0);
-    EXPECT_EQ (parseLeadingInteger ("x7"), 0);
-    EXPECT_EQ (parseLeadingInteger ("--7"), 0);
-}
-
-TEST (LeadingInteger, BeyondTheRangeIsItsNearestEnd)
-{
-    EXPECT_EQ (parseLeadingInteger ("9223372036854775807"), std::numeric_limits<juce::int64>::max());
-    EXPECT_EQ (parseLeadingInteger ("9223372036854775808"), std::numeric_limits<juce::int64>::max());
-    EXPECT_EQ (parseLeadingInteger ("-99999999999999999999"), std::numeric_limits<juce::int64>::min());
-}
 
 TEST (VersionNumber, HasThreePartsAndCountsAsFinalWithoutABeta)
 {

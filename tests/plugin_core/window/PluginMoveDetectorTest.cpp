@@ -2,7 +2,6 @@
 #include "plugin_core/window/PluginMoveDetector.h"
 
 #include "tests/support/FakeWindow.h"
-#include "tests/support/MessageLoop.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -233,15 +232,6 @@ TEST_F (MoveDetector, OutlivesTheComponentThatItWatches)
     EXPECT_CALL (otherListener, retinaStateChanged (_, _)).Times (0);
     other.checkNow();
     other.checkNow();
-}
-
-TEST_F (MoveDetector, StepsByItselfOnceItsTimerRuns)
-{
-    bool called = false;
-    EXPECT_CALL (listener, applicationActiveChanged (_, false)).WillOnce ([&called] { called = true; });
-    detector.startTimer (PluginMoveDetector::periodMs);
-    EXPECT_TRUE (orlo::test::pumpUntil ([&called] { return called; }));
-    EXPECT_EQ (PluginMoveDetector::periodMs, 59);
 }
 
 //==============================================================================

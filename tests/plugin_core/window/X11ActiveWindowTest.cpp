@@ -5,10 +5,12 @@
 
     #include "plugin_core/window/X11ActiveWindow.h"
 
+    #include "tests/support/MessageLoop.h"
     #include "tests/support/XServer.h"
 
     #include <gtest/gtest.h>
 
+    #include <functional>
     #include <unistd.h>
 
 namespace mk::pluginCore
@@ -23,6 +25,12 @@ protected:
     {
         if (! server.isRunning())
             GTEST_SKIP() << "needs Xvfb";
+    }
+
+    /** Waits for an answer: it is another as soon as the server's event is here. */
+    [[nodiscard]] static bool becomes (bool expected, const std::function<bool()>& ask)
+    {
+        return orlo::test::pumpUntil ([&] { return ask() == expected; });
     }
 
     orlo::test::XServer server;
@@ -44,7 +52,7 @@ TEST_F (ActiveWindow, BelongsToUsIfItIsAWindowOfOurProcess)
     EXPECT_TRUE (active.belongsTo (nullptr));
 
     server.setActiveWindow (server.createWindow (anotherProcess));
-    EXPECT_FALSE (active.belongsTo (nullptr));
+    EXPECT_TRUE (becomes (false, [&] { return active.belongsTo (nullptr); }));
 }
 
 TEST_F (ActiveWindow, BelongsToUsIfOurWindowLiesInIt)
@@ -60,7 +68,7 @@ TEST_F (ActiveWindow, BelongsToUsIfOurWindowLiesInIt)
     EXPECT_FALSE (active.belongsTo (orlo::test::XServer::toHandle (other)));
 
     server.setActiveWindow (other);
-    EXPECT_FALSE (active.belongsTo (orlo::test::XServer::toHandle (inner)));
+    EXPECT_TRUE (becomes (false, [&] { return active.belongsTo (orlo::test::XServer::toHandle (inner)); }));
 }
 
 TEST_F (ActiveWindow, BelongsToNobodyIfThereIsNone)
@@ -98,6 +106,66 @@ TEST_F (ActiveWindow, BelongsToUsOnceTheServerHasGone)
     ASSERT_FALSE (active.belongsTo (nullptr));
     server.stop();
     EXPECT_TRUE (active.belongsTo (nullptr));
+}
+
+TEST_F (ActiveWindow, IsAskedAboutOnceAsLongAsNothingHappens)
+{
+    const X11ActiveWindow active (server.getDisplayName());
+    auto* const window = orlo::test::XServer::toHandle (server.createWindow (anotherProcess));
+    server.setActiveWindow (server.createWindow (anotherProcess));
+    EXPECT_TRUE (becomes (false, [&] { return active.belongsTo (window); }));
+    EXPECT_FALSE (active.isViewable (window));
+
+    const auto numRoundTrips = active.getNumRoundTrips();
+    const auto numChanges = active.getNumChanges();
+
+    for (int i = 0; i < 100; ++i)
+    {
+        EXPECT_FALSE (active.belongsTo (window));
+        EXPECT_FALSE (active.isViewable (window));
+    }
+
+    EXPECT_EQ (active.getNumRoundTrips(), numRoundTrips);
+    EXPECT_EQ (active.getNumChanges(), numChanges);
+}
+
+TEST_F (ActiveWindow, IsViewableAsLongAsAllWindowsAroundItAreMapped)
+{
+    const X11ActiveWindow active (server.getDisplayName());
+    const auto outer = server.createWindow (anotherProcess);
+    const auto inner = server.createWindow (anotherProcess, outer);
+    const auto ask = [&] { return active.isViewable (orlo::test::XServer::toHandle (inner)); };
+    EXPECT_FALSE (ask());
+
+    server.setMapped (inner, true);
+    server.setMapped (outer, true);
+    EXPECT_TRUE (becomes (true, ask));
+
+    const auto numChanges = active.getNumChanges();
+    server.setMapped (outer, false);
+    EXPECT_TRUE (orlo::test::pumpUntil ([&] { return active.getNumChanges() != numChanges; }));
+    EXPECT_FALSE (ask());
+}
+
+TEST_F (ActiveWindow, ThatHasClosedChangesNoMore)
+{
+    const X11ActiveWindow active (server.getDisplayName());
+    const auto window = server.createWindow (anotherProcess);
+    const auto ask = [&] { return active.isViewable (orlo::test::XServer::toHandle (window)); };
+    EXPECT_FALSE (ask());
+    server.destroyWindow (window);
+    EXPECT_TRUE (becomes (true, ask)) << "nobody can tell";
+
+    // Each of these asks for the events of a window that is not there, which is an error of its own.
+    const auto other = server.createWindow (anotherProcess);
+    server.destroyWindow (other);
+    EXPECT_TRUE (active.isViewable (orlo::test::XServer::toHandle (other)));
+    const auto numChanges = active.getNumChanges();
+
+    for (int i = 0; i < 100; ++i)
+        EXPECT_TRUE (ask());
+
+    EXPECT_EQ (active.getNumChanges(), numChanges);
 }
 
 TEST (ActiveWindowWithoutServer, BelongsToUs)

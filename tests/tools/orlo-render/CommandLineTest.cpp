@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "tools/orlo-render/CommandLine.h"
 
-#include "orlo/Params.h"
+#include "orlo/parameters/Params.h"
 #include "tools/orlo-render/RenderError.h"
 
 #include <gmock/gmock.h>

@@ -25,7 +25,7 @@ public:
     }
 
 private:
-    const TemporaryFolder folder;
+    const TemporaryFolder folder {};
 };
 
 } // namespace mk::orlo::test

@@ -73,7 +73,7 @@ protected:
         writeAudioFile (folder.getFile (name), channels, rate, bits);
     }
 
-    const FileFolder folder;
+    const FileFolder folder {};
     const juce::File input = folder.getFile ("in.wav"), picture = folder.getFile ("out.png"),
                      levels = folder.getFile ("out.npy");
 };

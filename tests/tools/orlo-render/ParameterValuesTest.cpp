@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "tools/orlo-render/ParameterValues.h"
 
-#include "orlo/Params.h"
-#include "orlo/analysis/ColourTables.h"
+#include "orlo/parameters/ColourMapNames.h"
+#include "orlo/parameters/Params.h"
 #include "tools/orlo-render/RenderError.h"
 
 #include <gmock/gmock.h>
@@ -86,7 +86,7 @@ TEST (ParameterValues, ChoicesAreTakenByTheirTexts)
     EXPECT_EQ (valueOf ("freqScale", "erb"), 4.0f);
     EXPECT_EQ (valueOf ("hiDPI", "2x"), 1.0f);
 
-    const auto& maps = colourTables::getNames();
+    const auto& maps = colourMapNames;
 
     for (size_t i = 0; i < maps.size(); ++i)
         EXPECT_EQ (valueOf ("colourMap", maps[i]), float (i)) << maps[i];

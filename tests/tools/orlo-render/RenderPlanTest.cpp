@@ -35,7 +35,7 @@ TEST (RenderPlan, TheColumnsCoverTheLengthAndNoMore)
     forEachPlan (
         [] (const PlanRequest&, const RenderPlan& plan)
         {
-            EXPECT_EQ (plan.samplesPerColumn, plan.hop.hop * plan.hop.framesPerColumn);
+            EXPECT_EQ (plan.samplesPerColumn, plan.analysis.samplesPerFrame * plan.analysis.framesPerColumn);
             EXPECT_GE (plan.numColumns * plan.samplesPerColumn, length);
             EXPECT_LT ((plan.numColumns - 1) * plan.samplesPerColumn, length);
             EXPECT_EQ (plan.width, plan.numColumns);
@@ -51,7 +51,7 @@ TEST (RenderPlan, TheFirstFrameOfThePictureIsCentredOnItsHop)
                 return;
 
             // The window lies at the end of the samples read so far, but at the start of a hop that is longer.
-            const auto hop = plan.hop.hop;
+            const auto hop = plan.analysis.samplesPerFrame;
             const auto half = plan.windowLength / 2;
             const auto frameStart = plan.feedStart + plan.leadFrames * hop;
             const auto centre = hop < plan.windowLength ? frameStart + hop - half : frameStart + half;
@@ -66,8 +66,8 @@ TEST (RenderPlan, TheWindowsOfThePictureAreFullOfAudioFromTheFirstOn)
         {
             // In Enhanced also those of the frames that have a part in the first column: a window's span before it.
             const auto span = request.hop.enhanced ? plan.windowLength : 0;
-            const auto firstFrame = plan.leadFrames - (span + plan.hop.hop - 1) / plan.hop.hop;
-            EXPECT_GE ((firstFrame + 1) * plan.hop.hop, plan.windowLength - 1);
+            const auto firstFrame = plan.leadFrames - (span + plan.analysis.samplesPerFrame - 1) / plan.analysis.samplesPerFrame;
+            EXPECT_GE ((firstFrame + 1) * plan.analysis.samplesPerFrame, plan.windowLength - 1);
         });
 }
 
@@ -104,7 +104,7 @@ TEST (RenderPlan, EndlessAudioHasNoWidth)
 TEST (RenderPlan, ARateOfNextToNothingHasNoHop)
 {
     const auto plan = makePlan ({ { 2048, 10.0, 40.0f, false, false }, 0, 1000, 0 });
-    EXPECT_EQ (plan.hop.hop, 0);
+    EXPECT_EQ (plan.analysis.samplesPerFrame, 0);
     EXPECT_EQ (plan.width, 0);
 }
 

@@ -45,11 +45,10 @@ protected:
     {
         FFTProcessor worker;
         worker.prepareToPlay (rate);
-        worker.setPendingConfig ({ plan.windowLength, 0, int (WindowType::hann) });
-        worker.hopSize = plan.hop.hop;
-        worker.enhanced = settings.hop.enhanced;
-        worker.magnitudeThreshold = std::pow (10.0f, std::min (settings.floorDb, settings.ceilingDb) / 20.0f);
-        worker.processAvailable();
+        worker.setSettings ({ { plan.windowLength, 0, int (WindowType::hann) },
+                              plan.analysis.samplesPerFrame,
+                              settings.hop.enhanced,
+                              std::pow (10.0f, std::min (settings.floorDb, settings.ceilingDb) / 20.0f) });
 
         const FrameClock clock;
         SpectrogramImageBuilder builder (worker, clock);
@@ -64,7 +63,7 @@ protected:
         Frame frame;
         Column column;
 
-        const auto numSamples = (plan.leadFrames + plan.getNumPictureFrames()) * plan.hop.hop;
+        const auto numSamples = (plan.leadFrames + plan.getNumPictureFrames()) * plan.analysis.samplesPerFrame;
 
         for (auto n = plan.feedStart; n < plan.feedStart + numSamples; ++n)
         {
@@ -110,15 +109,15 @@ TEST_F (RendererTest, GivesTheEnginesColumnsMergedByMaximum)
                     const auto grid = render (width);
                     const auto byHand = renderByHand();
                     ASSERT_EQ (std::int64_t (byHand.size()), plan.leadFrames + plan.getNumPictureFrames());
-                    ASSERT_EQ (plan.hop.framesPerColumn > 1, enhanced);
+                    ASSERT_EQ (plan.analysis.framesPerColumn > 1, enhanced);
                     LevelGrid expected (plan.width, settings.height);
 
                     for (std::int64_t i = 0; i < plan.numColumns; ++i)
-                        for (int frame = 0; frame < plan.hop.framesPerColumn; ++frame)
+                        for (int frame = 0; frame < plan.analysis.framesPerColumn; ++frame)
                         {
                             const auto x = int (i * plan.width / plan.numColumns);
                             const auto& levels =
-                                byHand[size_t (plan.leadFrames + i * plan.hop.framesPerColumn + frame)];
+                                byHand[size_t (plan.leadFrames + i * plan.analysis.framesPerColumn + frame)];
                             Column merged (size_t (settings.height));
 
                             for (int y = 0; y < settings.height; ++y)

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include "AnalysisConfig.h"
+
+namespace mk::orlo
+{
+
+/** All that decides, besides the sample rate, how samples become frames. */
+struct AnalysisSettings
+{
+    AnalysisConfig window;
+
+    int hop = 0;                     /**< Samples from one frame to the next; below 1 there is no analysis. */
+    bool enhanced = false;           /**< Whether frames are reassigned. */
+    float magnitudeThreshold = 0.0f; /**< Linear. Bins not above it read 0. */
+
+    bool operator== (const AnalysisSettings&) const noexcept = default;
+};
+
+} // namespace mk::orlo

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include "ColumnSettings.h"
+#include "FrameBin.h"
+
+namespace mk::orlo
+{
+
+class FrequencyScale;
+
+/** Maps the bins of a plain transform to a column: each row shows the loudest of the bins that it covers,
+    or, where it covers less than a bin, a raised-cosine interpolation between two. One thread at a time. */
+class ClassicColumnMapper
+{
+public:
+    /** Writes every row of the column, which must have settings.numRows levels. The scale must have the
+        settings' range. Allocates only when rows or range have changed since the last call. */
+    void fill (const Frame& frame, const ColumnSettings& settings, const FrequencyScale& scale, Column& column);
+
+    /** The first half of fill(): what is loudest in each row, as linear magnitudes of 0 or more.
+
+        As long as the floor is below the ceiling, the louder of two magnitudes has the higher level. Many
+        columns can then be merged by maximum as magnitudes, which leaves the logarithms of one column. */
+    void fillMagnitudes (const Frame& frame,
+                         const ColumnSettings& settings,
+                         const FrequencyScale& scale,
+                         Column& column);
+
+    /** The second half of fill(): turns magnitudes into levels, in place. */
+    static void magnitudesToLevels (const ColumnSettings& settings, Column& column) noexcept;
+
+private:
+    /** Which bins a row shows. Depends on the geometry alone, so it is computed once and not for every column. */
+    struct Row
+    {
+        int lowBin; // the row's low edge lies between this bin and nextBin
+        int nextBin;
+        float nextWeight; // of nextBin, 0 .. 1
+        int firstPeakBin; // the bins inside the row: from here up to, not including, endPeakBin
+        int endPeakBin;
+    };
+
+    /** What the rows were computed from. */
+    struct Geometry
+    {
+        int numRows, maxBin, scaleType;
+        float binWidth, minHz, maxHz;
+
+        bool operator== (const Geometry&) const noexcept = default;
+    };
+
+    void updateRows (const Geometry& wanted, const FrequencyScale& scale);
+    [[nodiscard]] static Row makeRow (int y, const Geometry& geometry, const FrequencyScale& scale);
+
+    Geometry geometry {};
+    std::vector<Row> rows;
+};
+
+} // namespace mk::orlo

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <cstddef>
+
+namespace mk::orlo
+{
+
+/** Decides at each tick of the display how many columns are drawn.
+
+    Frames arrive in bursts, a host's block at a time, and ticks come at the display's rate, which is not
+    the audio's. The columns that were heard are spread evenly over the ticks. In the long run as many are
+    drawn as were heard, whatever the display's rate: parts of a column are carried over, and where the
+    audio makes more columns than the ticks ask for (the hop and the frames of a column are whole numbers,
+    and two clocks are never equal), columns are drawn at the rate at which they arrive.
+
+    Holds no frames. No allocation, no lock; one thread at a time.
+*/
+class ColumnPacer
+{
+public:
+    struct Share
+    {
+        int numColumns = 0;     /**< To draw now. There are enough frames for all of them. */
+        int numExtraFrames = 0; /**< 0 .. 2, to merge into these columns besides their own: frames pile up. */
+    };
+
+    /** The share of one tick.
+        @param columnsPerTick   how long the tick lasted, in columns
+        @param numFramesReady   how many frames wait; the caller is taken to pop those of the share
+        @param framesPerColumn  at least 1 */
+    [[nodiscard]] Share next (float columnsPerTick, int numFramesReady, int framesPerColumn) noexcept;
+
+private:
+    void measureRate (float columnsPerTick, float columnsReady) noexcept;
+    [[nodiscard]] float getArrivalsPerColumn() const noexcept;
+    [[nodiscard]] int getNumOverdue() const noexcept;
+    void noteColumnsLeft (float numDrained, int numLeft) noexcept;
+
+    // Ticks for which columns must have waited before they count as overdue: about a quarter of a second,
+    // which is longer than hosts' blocks, so that a burst that is still being spread out does not count.
+    static constexpr std::size_t patience = 16;
+
+    bool isFirst = true;
+    float credit = 0.0f; // columns that are due, as a rule less than one
+
+    // Sums that forget old ticks, both in columns: what has arrived and how much time has passed.
+    float arrived = 0.0f;
+    float elapsed = 0.0f;
+
+    float columnsLeft = 0.0f;                  // after the last tick, parts of a column included
+    std::array<float, patience> leftBehind {}; // whole columns that were left after recent ticks and still wait
+    std::size_t nextTick = 0;
+};
+
+} // namespace mk::orlo

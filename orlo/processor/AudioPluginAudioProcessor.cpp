@@ -1,0 +1,209 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "AudioPluginAudioProcessor.h"
+
+#include "ParameterAccess.h"
+#include "Product.h"
+#include "orlo/parameters/Params.h"
+
+#include "plugin_core/text/NumberText.h"
+
+namespace mk::orlo
+{
+namespace
+{
+/** A boolean parameter's value. */
+[[nodiscard]] bool isOn (const std::atomic<float>& parameter) noexcept
+{
+    return parameter.load (std::memory_order_relaxed) >= 0.5f;
+}
+} // namespace
+
+AudioPluginAudioProcessor::AudioPluginAudioProcessor (EditorFactory editorFactory,
+                                                      pluginCore::PresetFolders presetFolders)
+    : PluginProcessor (BusesProperties()
+                           .withInput ("Input", juce::AudioChannelSet::stereo(), true)
+                           .withOutput ("Output", juce::AudioChannelSet::stereo(), true),
+                       makeProductInfo(),
+                       Params::createLayout(),
+                       std::move (presetFolders)),
+      makeEditor (editorFactory),
+      fftSizeParam (getParameterState().getRawParameterValue (Params::id::fftSize)),
+      freezeParam (getParameterState().getRawParameterValue (Params::id::freeze)),
+      autoFreezeParam (getParameterState().getRawParameterValue (Params::id::autoFreeze)),
+      modeParam (getParameterState().getRawParameterValue (Params::id::mode))
+{
+    localisedStrings.chooseLanguage();
+    getSessionState().getSettings().onReplaced = [this] { uiView.bind(); };
+    attachParameters();
+    fftProcessor.startThread (juce::Thread::Priority::highest);
+}
+
+AudioPluginAudioProcessor::~AudioPluginAudioProcessor() { attachments.clear(); }
+
+void AudioPluginAudioProcessor::attachParameters()
+{
+    const auto attach = [this] (const char* parameterId, std::function<void (float)> callback)
+    {
+        auto& parameter = findParameter (*this, parameterId);
+        attachments.push_back (std::make_unique<pluginCore::ParameterAttachment> (parameter, std::move (callback)));
+        attachments.back()->sendInitialUpdate();
+    };
+
+    attach (Params::id::drawMode, [this] (float value) { imageBuilder.setScrollMode (juce::roundToInt (value) == 1); });
+    attach (Params::id::freqScale,
+            [this] (float value) { imageBuilder.getFrequencyScale().setScaleType (juce::roundToInt (value)); });
+    attach (Params::id::floor, [this] (float) { updateLevelRange(); });
+    attach (Params::id::ceiling, [this] (float) { updateLevelRange(); });
+    attach (Params::id::minFreq, [this] (float value) { imageBuilder.setMinFreqFraction (value * 0.01f); });
+    attach (Params::id::maxFreq, [this] (float value) { imageBuilder.setMaxFreqFraction (value * 0.01f); });
+}
+
+void AudioPluginAudioProcessor::updateLevelRange()
+{
+    // From the parameters themselves: the cached raw values are updated only after the attachments have
+    // been called.
+    const auto valueOf = [this] (const char* parameterId)
+    { return getCurrentValue (findParameter (*this, parameterId)); };
+
+    const auto floorDb = valueOf (Params::id::floor);
+    const auto ceilingDb = valueOf (Params::id::ceiling);
+
+    // The two may cross, which inverts the picture. The threshold below which bins count as silence is
+    // the lower one all the same.
+    fftProcessor.setMagnitudeThreshold (magnitudeForDecibels (juce::jmin (floorDb, ceilingDb)));
+    imageBuilder.setLevelRange (floorDb, ceilingDb);
+}
+
+//==============================================================================
+pluginCore::PresetFolders AudioPluginAudioProcessor::getDefaultPresetFolders()
+{
+    return pluginCore::makePresetFolders (makeProductInfo());
+}
+
+void AudioPluginAudioProcessor::applyInitialSettings()
+{
+    PluginProcessor::applyInitialSettings();
+    applyPreferredColourMap();
+    getSessionState().forgetUndoHistory();
+}
+
+void AudioPluginAudioProcessor::applyPreferredColourMap()
+{
+    // The setting counts from 1; a missing or broken one reads as 0, and stands for the first map.
+    const auto text = getGlobalSettings()[pluginCore::SettingsIds::preferedMap].toString();
+    const auto index = float (pluginCore::parseInteger (text).value_or (0)) - 1.0f;
+    auto& parameter = findParameter (*this, Params::id::colourMap);
+
+    if (const auto value = parameter.convertTo0to1 (index); ! juce::approximatelyEqual (value, parameter.getValue()))
+        parameter.setValueNotifyingHost (value);
+}
+
+juce::String AudioPluginAudioProcessor::getReleaseNotesUrl() const
+{
+    return juce::String (vendorSite) + "/releaseNotes/orlo";
+}
+
+juce::String AudioPluginAudioProcessor::getProductUrl() const { return juce::String (vendorSite) + "/product/orlo"; }
+
+std::unique_ptr<pluginCore::ProcessorEditor> AudioPluginAudioProcessor::createEditorInternal()
+{
+    return makeEditor != nullptr ? makeEditor (*this) : nullptr;
+}
+
+void AudioPluginAudioProcessor::setAnalysisSuspended (bool shouldBeSuspended) noexcept
+{
+    analysisSuspended.store (shouldBeSuspended, std::memory_order_relaxed);
+
+    if (! shouldBeSuspended)
+        fftProcessor.discardPending();
+}
+
+//==============================================================================
+void AudioPluginAudioProcessor::prepareInternal (int maxBlockSize, double rate)
+{
+    if (rate <= 0.0)
+        return;
+
+    fftProcessor.prepareToPlay (rate);
+    monoBuffer.setSize (1, juce::jmax (0, maxBlockSize), true, false, true);
+}
+
+void AudioPluginAudioProcessor::processInternal (juce::AudioBuffer<float>& buffer, juce::MidiBuffer&)
+{
+    if (analysisSuspended.load (std::memory_order_relaxed))
+    {
+        delayByLatency (buffer);
+        return;
+    }
+
+    const juce::ScopedNoDenormals noDenormals;
+    const auto numInputs = getTotalNumInputChannels();
+    const auto numOutputs = getTotalNumOutputChannels();
+
+    if (numInputs < 1 || numOutputs < 1 || buffer.getNumChannels() < 1
+        || sampleRate.load (std::memory_order_relaxed) <= 0.0)
+    {
+        buffer.clear();
+        return;
+    }
+
+    if (! buffer.hasBeenCleared())
+        for (int channel = numInputs; channel < juce::jmin (numOutputs, buffer.getNumChannels()); ++channel)
+            buffer.copyFrom (channel, 0, buffer, 0, 0, buffer.getNumSamples());
+
+    updateWindowLength();
+    fftProcessor.setEnhanced (juce::roundToInt (modeParam->load (std::memory_order_relaxed)) != 0);
+    updateTransport();
+
+    if (! updatePause() && buffer.getNumSamples() > 0)
+        fftProcessor.pushSamples (mixToMono (buffer), buffer.getNumSamples());
+}
+
+void AudioPluginAudioProcessor::updateWindowLength() noexcept
+{
+    // One sample less than the label, so that the window has a middle.
+    const auto windowLength = Params::getWindowSize (fftSizeParam->load (std::memory_order_relaxed)) - 1;
+    auto config = fftProcessor.getCurrentConfig();
+
+    if (config.windowLength != windowLength)
+    {
+        config.windowLength = windowLength;
+        fftProcessor.setPendingConfig (config);
+    }
+}
+
+void AudioPluginAudioProcessor::updateTransport() noexcept
+{
+    // Without a position the last answer stands.
+    if (const auto* const head = getPlayHead())
+        if (const auto position = head->getPosition())
+            transportPlaying = position->getIsPlaying();
+}
+
+bool AudioPluginAudioProcessor::updatePause() noexcept
+{
+    const auto stopped = isOn (*autoFreezeParam) && ! transportPlaying;
+    autoPaused.store (stopped, std::memory_order_relaxed);
+    return stopped || isOn (*freezeParam);
+}
+
+const float* AudioPluginAudioProcessor::mixToMono (const juce::AudioBuffer<float>& buffer) noexcept
+{
+    const auto numChannels = buffer.getNumChannels();
+    const auto numSamples = buffer.getNumSamples();
+
+    if (numChannels == 1)
+        return buffer.getReadPointer (0);
+
+    // Allocates only if the host sends more than it announced.
+    monoBuffer.setSize (1, numSamples, false, false, true);
+    monoBuffer.copyFrom (0, 0, buffer, 0, 0, numSamples);
+
+    for (int channel = 1; channel < numChannels; ++channel)
+        monoBuffer.addFrom (0, 0, buffer, channel, 0, numSamples);
+
+    monoBuffer.applyGain (1.0f / float (numChannels));
+    return monoBuffer.getReadPointer (0);
+}
+
+} // namespace mk::orlo

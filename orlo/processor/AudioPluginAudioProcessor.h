@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include "LocalisedStringsManager.h"
+
+#include "orlo/analysis/FFTProcessor.h"
+#include "orlo/analysis/FrameClock.h"
+#include "orlo/analysis/SpectrogramImageBuilder.h"
+#include "orlo/state/UIView.h"
+#include "plugin_core/attachments/ParameterAttachment.h"
+#include "plugin_core/processor/PluginProcessor.h"
+
+#include <memory>
+#include <vector>
+
+namespace mk::orlo
+{
+
+/** The product's processor: passes the audio through untouched and feeds a mono mix of it to the analysis. */
+class AudioPluginAudioProcessor : public pluginCore::PluginProcessor
+{
+public:
+    /** Makes the window of a processor. [message thread] */
+    using EditorFactory = std::unique_ptr<pluginCore::ProcessorEditor> (*) (AudioPluginAudioProcessor&);
+
+    /** [message thread] Without a factory there is no window. */
+    explicit AudioPluginAudioProcessor (EditorFactory editorFactory = nullptr,
+                                        pluginCore::PresetFolders presetFolders = getDefaultPresetFolders());
+    ~AudioPluginAudioProcessor() override;
+
+    //==============================================================================
+    void applyInitialSettings() override;
+    [[nodiscard]] juce::String getReleaseNotesUrl() const override;
+    [[nodiscard]] juce::String getProductUrl() const override;
+    void prepareInternal (int blockSize, double rate) override;
+    void processInternal (juce::AudioBuffer<float>&, juce::MidiBuffer&) override;
+    [[nodiscard]] std::unique_ptr<pluginCore::ProcessorEditor> createEditorInternal() override;
+
+    //==============================================================================
+    /** [message thread] While suspended the audio thread spends nothing on analysis. Waking up drops
+        whatever still waits in the analysis, so that the picture never starts with old material. */
+    void setAnalysisSuspended (bool shouldBeSuspended) noexcept;
+
+    /** Any thread. The host has stopped and Auto Freeze is on. Written by the audio thread. */
+    [[nodiscard]] bool isAutoPaused() const noexcept { return autoPaused.load (std::memory_order_relaxed); }
+
+    /** Where the product's presets lie on this system. */
+    [[nodiscard]] static pluginCore::PresetFolders getDefaultPresetFolders();
+
+    [[nodiscard]] FFTProcessor& getFftProcessor() noexcept { return fftProcessor; }
+    [[nodiscard]] SpectrogramImageBuilder& getImageBuilder() noexcept { return imageBuilder; }
+    [[nodiscard]] FrameClock& getFrameClock() noexcept { return frameClock; }
+    [[nodiscard]] data::UIView& getUIView() noexcept { return uiView; }
+
+private:
+    void attachParameters();
+    void applyPreferredColourMap();
+    void updateLevelRange();
+    void updateWindowLength() noexcept;
+    void updateTransport() noexcept;
+
+    /** Whether the display stands still. */
+    [[nodiscard]] bool updatePause() noexcept;
+
+    [[nodiscard]] const float* mixToMono (const juce::AudioBuffer<float>& buffer) noexcept;
+
+    const EditorFactory makeEditor;
+    LocalisedStringsManager localisedStrings;
+    FFTProcessor fftProcessor;
+    FrameClock frameClock;
+    SpectrogramImageBuilder imageBuilder { fftProcessor, frameClock };
+
+    std::atomic<bool> analysisSuspended { true }; // written by the message thread, read by the audio thread
+
+    // What the audio thread polls, once a block.
+    std::atomic<float>* const fftSizeParam;
+    std::atomic<float>* const freezeParam;
+    std::atomic<float>* const autoFreezeParam;
+    std::atomic<float>* const modeParam;
+
+    std::vector<std::unique_ptr<pluginCore::ParameterAttachment>> attachments;
+
+    // The audio thread's own.
+    juce::AudioBuffer<float> monoBuffer { 1, 0 };
+    bool transportPlaying = false;
+
+    data::UIView uiView { getSessionState().getSettings().getTree() };
+
+    std::atomic<bool> autoPaused { false };
+
+    JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (AudioPluginAudioProcessor)
+};
+
+} // namespace mk::orlo

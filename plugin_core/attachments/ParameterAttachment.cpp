@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "ParameterAttachment.h"
+
+#include <tuple>
+#include <utility>
+
+namespace mk::pluginCore
+{
+
+ParameterAttachment::ParameterAttachment (juce::RangedAudioParameter& parameterToAttach,
+                                          std::function<void (float)> callbackToCall,
+                                          juce::UndoManager* undoManagerToUse)
+    : parameter (parameterToAttach), callback (std::move (callbackToCall)), undoManager (undoManagerToUse)
+{
+    parameter.addListener (this);
+    poller->add (*this);
+}
+
+ParameterAttachment::~ParameterAttachment()
+{
+    poller->remove (*this);
+    parameter.removeListener (this);
+}
+
+void ParameterAttachment::sendInitialUpdate()
+{
+    lastValue.store (parameter.getValue(), std::memory_order_relaxed);
+    deliver();
+}
+
+//==============================================================================
+void ParameterAttachment::setValueAsCompleteGesture (float newValue)
+{
+    if (hasValue (parameter.convertTo0to1 (newValue)))
+        return;
+
+    beginGesture();
+    setValueAsPartOfGesture (newValue);
+    endGesture();
+}
+
+void ParameterAttachment::beginGesture()
+{
+    if (undoManager != nullptr)
+        undoManager->beginNewTransaction();
+
+    parameter.beginChangeGesture();
+}
+
+void ParameterAttachment::setValueAsPartOfGesture (float newValue)
+{
+    if (const auto normalised = parameter.convertTo0to1 (newValue); ! hasValue (normalised))
+        parameter.setValueNotifyingHost (normalised);
+}
+
+void ParameterAttachment::endGesture() { parameter.endChangeGesture(); }
+
+bool ParameterAttachment::hasValue (float normalisedValue) const
+{
+    return juce::approximatelyEqual (parameter.getValue(), normalisedValue);
+}
+
+//==============================================================================
+void ParameterAttachment::parameterValueChanged (int, float newValue)
+{
+    lastValue.store (newValue, std::memory_order_relaxed);
+
+    if (juce::MessageManager::existsAndIsCurrentThread())
+        deliver();
+    else
+        isPending.store (true, std::memory_order_release);
+}
+
+void ParameterAttachment::deliverPending()
+{
+    if (isPending.load (std::memory_order_relaxed))
+        deliver();
+}
+
+void ParameterAttachment::deliver()
+{
+    // The flag goes down before the value is read: a value that comes in between is delivered once more.
+    std::ignore = isPending.exchange (false, std::memory_order_acq_rel);
+
+    if (callback != nullptr)
+        callback (parameter.convertFrom0to1 (lastValue.load (std::memory_order_relaxed)));
+}
+
+} // namespace mk::pluginCore

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "WindowEvents.h"
+
+#include "X11ActiveWindow.h"
+
+#include <utility>
+
+namespace mk::pluginCore
+{
+
+class WindowEvents::Pimpl
+{
+public:
+    explicit Pimpl (std::function<void()> onNewsToUse)
+        : onNews (std::move (onNewsToUse)), descriptor (windows->getDescriptor())
+    {
+        // The host's own run loop waits on the socket.
+        if (descriptor >= 0)
+            juce::LinuxEventLoop::registerFdCallback (descriptor, [this] (int) { socketIsReady(); });
+    }
+
+    ~Pimpl() { stopListening(); }
+
+    [[nodiscard]] std::optional<std::uint32_t> getNumChanges() const
+    {
+        const auto numChanges = windows->getNumChanges();
+        return windows->getDescriptor() >= 0 ? std::optional (numChanges) : std::nullopt;
+    }
+
+private:
+    void socketIsReady()
+    {
+        // The socket of a server that has gone would be ready for ever.
+        if (! getNumChanges().has_value())
+            stopListening();
+
+        onNews();
+    }
+
+    void stopListening()
+    {
+        if (const auto registered = std::exchange (descriptor, -1); registered >= 0)
+            juce::LinuxEventLoop::unregisterFdCallback (registered);
+    }
+
+    const juce::SharedResourcePointer<X11ActiveWindow> windows;
+    const std::function<void()> onNews;
+    int descriptor;
+};
+
+WindowEvents::WindowEvents (std::function<void()> onNews) : pimpl (std::make_unique<Pimpl> (std::move (onNews))) {}
+
+WindowEvents::~WindowEvents() = default;
+
+std::optional<std::uint32_t> WindowEvents::getNumChanges() const { return pimpl->getNumChanges(); }
+
+} // namespace mk::pluginCore

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "WindowPoller.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace mk::pluginCore
+{
+namespace
+{
+constexpr int busyAfterChangeMs = 1000;
+
+// In case something changes that makes no event, everything is asked again once in a while.
+constexpr int checkEveryMs = 1000;
+
+[[nodiscard]] bool isMouseOverAWindow()
+{
+    return juce::Desktop::getInstance().getMainMouseSource().getComponentUnderMouse() != nullptr;
+}
+} // namespace
+
+WindowPoller::WindowPoller() { startTimer (busyMs); }
+
+WindowPoller::~WindowPoller() = default;
+
+void WindowPoller::readNews()
+{
+    // One event seldom comes alone: the ones after the first are left to the timer, which runs fast by then.
+    if (events.getNumChanges() != lastNumChanges && busySteps == 0)
+        pollNow();
+}
+
+void WindowPoller::pollNow()
+{
+    const auto numChanges = events.getNumChanges();
+    const auto somethingChanged = std::exchange (lastNumChanges, numChanges) != numChanges;
+    msToCheck -= getTimerInterval();
+    const auto isDue = msToCheck <= 0;
+
+    if (isDue)
+        msToCheck = checkEveryMs;
+
+    const auto mayHaveChanged = somethingChanged || isDue || ! numChanges.has_value();
+
+    // A step may delete this, and clients may come and go in it.
+    const juce::SharedResourcePointer<WindowPoller> keepAlive;
+    const auto present = clients;
+
+    for (auto* const client : present)
+        if (std::find (clients.begin(), clients.end(), client) != clients.end())
+            client->step (mayHaveChanged);
+
+    updatePace (somethingChanged);
+}
+
+void WindowPoller::updatePace (bool somethingChanged)
+{
+    busySteps = somethingChanged ? busyAfterChangeMs / busyMs : juce::jmax (0, busySteps - 1);
+    const auto periodMs = busySteps > 0 || isMouseOverAWindow() ? busyMs : idleMs;
+
+    if (periodMs != getTimerInterval())
+        startTimer (periodMs);
+}
+
+//==============================================================================
+WindowPoller::Client::Client (juce::Component& componentToWatch, std::function<void (bool)> lookToUse)
+    : component (componentToWatch), look (std::move (lookToUse))
+{
+    poller->clients.push_back (this);
+}
+
+WindowPoller::Client::~Client() { std::erase (poller->clients, this); }
+
+void WindowPoller::Client::step (bool windowMayHaveChanged)
+{
+    const auto* const peer = component.getPeer();
+    const auto hasOtherPeer = std::exchange (lastPeer, peer) != peer;
+    look (windowMayHaveChanged || hasOtherPeer);
+}
+
+} // namespace mk::pluginCore

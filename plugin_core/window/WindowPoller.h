@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include "WindowEvents.h"
+
+#include <functional>
+#include <vector>
+
+namespace mk::pluginCore
+{
+
+/** The one timer of all the windows of a process: whoever has to look at something that nobody tells of is
+    called by it. It wakes ten times a second, and every 40 ms while the mouse is over a window or a window has
+    just changed. What the system tells of windows wakes it at once if it was idle. [message thread]
+
+    Used through WindowPoller::Client; shared with a juce::SharedResourcePointer. */
+class WindowPoller final : private juce::Timer
+{
+public:
+    class Client;
+
+    static constexpr int idleMs = 100;
+    static constexpr int busyMs = 40;
+
+    WindowPoller();
+    ~WindowPoller() override;
+
+    /** One step, without waiting for the timer. */
+    void pollNow();
+
+    /** The time to the next step. */
+    [[nodiscard]] int getPeriodMs() const noexcept { return getTimerInterval(); }
+
+private:
+    void timerCallback() override { pollNow(); }
+    void readNews();
+    void updatePace (bool somethingChanged);
+
+    std::vector<Client*> clients;
+    WindowEvents events { [this] { readNews(); } };
+    std::optional<std::uint32_t> lastNumChanges;
+    int msToCheck = 0, busySteps = 0;
+
+    JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (WindowPoller)
+};
+
+/** Calls a function at every step of the poller, as long as it lives. */
+class WindowPoller::Client
+{
+public:
+    /** The function gets whether anything may have changed that the system tells of the component's window;
+        if not, there is no need to ask the system again, which may take round trips to another process. The
+        component must outlive the client; the function may delete any client. */
+    Client (juce::Component& component, std::function<void (bool windowMayHaveChanged)> look);
+    ~Client();
+
+private:
+    friend class WindowPoller;
+    void step (bool windowMayHaveChanged);
+
+    juce::Component& component;
+    const std::function<void (bool)> look;
+    const juce::ComponentPeer* lastPeer = nullptr; // compared, not used
+    const juce::SharedResourcePointer<WindowPoller> poller;
+
+    JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (Client)
+};
+
+} // namespace mk::pluginCore

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "tests/hosts/support/HostProcess.h"
+#include "tests/hosts/support/ScratchFolder.h"
+#include "tests/hosts/support/VirtualDisplay.h"
+
+#include <gtest/gtest.h>
+
+namespace mk::orlo::test
+{
+namespace
+{
+// A build without optimisation opens an editor in about half a second.
+constexpr int timeLimitSeconds = 240;
+
+constexpr auto loadOnly = "load unload";
+constexpr auto instanceOnly = "load instance delete unload";
+constexpr auto withEditor = "load instance editor close delete unload";
+constexpr auto twoEditors = "load instance editor instance editor close delete close delete unload";
+constexpr auto reopened = "load instance editor close editor close delete unload";
+
+/** A process of its own that loads the bundle, plays the rounds, and returns from main. */
+class BundleLifecycle : public testing::TestWithParam<const char*>
+{
+protected:
+    BundleLifecycle()
+    {
+        // An answer from the network takes a thread as long as it likes, and is not what is looked for here.
+        const auto settings = home.getFile ("Morlek/Orlo/Orlo.settings");
+        settings.create();
+        settings.replaceWithText ("<PROPERTIES><VALUE name=\"settings\"><settings checkForUpdates=\"0\"/></VALUE>"
+                                  "</PROPERTIES>");
+    }
+
+    void SetUp() override
+    {
+        if (display.getName().isEmpty())
+            GTEST_SKIP() << "needs Xvfb";
+    }
+
+    [[nodiscard]] ProcessResult play (const juce::String& thread, int numRounds, const juce::String& steps) const
+    {
+        juce::StringArray commandLine { "env",
+                                        "DISPLAY=" + display.getName(),
+                                        "HOME=" + home.getPath ({}),
+                                        "XDG_CONFIG_HOME=" + home.getPath (".config"),
+                                        ORLO_BUNDLE_LIFECYCLE,
+                                        ORLO_BUNDLE_BINARY,
+                                        thread,
+                                        juce::String (numRounds) };
+        commandLine.addTokens (steps, false);
+        return runProcess (commandLine, timeLimitSeconds);
+    }
+
+    const VirtualDisplay display;
+    const ScratchFolder home;
+};
+
+TEST_P (BundleLifecycle, EndsWellAfterEveryOrderOfLoadingAndOpening)
+{
+    for (const auto& first : { loadOnly, instanceOnly, withEditor, twoEditors, reopened })
+    {
+        for (const auto& second : { "", loadOnly, withEditor })
+        {
+            const auto steps = juce::String (first) + " " + second;
+            const auto result = play (GetParam(), 1, steps);
+            EXPECT_EQ (result.exitCode, 0) << steps << "\n" << result.errors;
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P (OnTheThread, BundleLifecycle, testing::Values ("main", "ended", "lasting"));
+
+using BundleLifecycleRepeated = BundleLifecycle;
+
+TEST_F (BundleLifecycleRepeated, LeavesNothingBehindWhenLoadedTwoHundredTimes)
+{
+    const auto result = play ("main", 100, juce::String (withEditor) + " " + instanceOnly);
+    EXPECT_EQ (result.exitCode, 0) << result.output << result.errors;
+    EXPECT_TRUE (result.output.contains ("threads")) << "nothing was measured";
+}
+} // namespace
+} // namespace mk::orlo::test

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+namespace mk::orlo::lifecycle
+{
+
+/** The host's own connection to the X server. Ends the program with a message if there is no server.
+
+    Xlib is loaded as the plug-in loads it, not linked: of a library that the program itself is linked with,
+    nothing can ever be closed, and a host is not bound to be linked with it. */
+class Screen
+{
+public:
+    Screen();
+
+    /** A window on the screen, to put an editor into. */
+    [[nodiscard]] unsigned long createWindow();
+    void destroyWindow (unsigned long window);
+
+private:
+    void* const library;
+    void* const display;
+};
+
+} // namespace mk::orlo::lifecycle

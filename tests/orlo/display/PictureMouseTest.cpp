@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+// Presses on the picture with the real mouse; needs a display.
+#include "tests/orlo/window/EditorInWindow.h"
+
+namespace mk::orlo::test
+{
+namespace
+{
+
+/** Counts what the mouse does on a component. */
+class MouseCounter final : public juce::MouseListener
+{
+public:
+    explicit MouseCounter (juce::Component& componentToWatch) : component (componentToWatch)
+    {
+        component.addMouseListener (this, false);
+    }
+
+    ~MouseCounter() override { component.removeMouseListener (this); }
+
+    void mouseDown (const juce::MouseEvent&) override { ++numDown; }
+    void mouseDrag (const juce::MouseEvent&) override { ++numDragged; }
+    void mouseUp (const juce::MouseEvent&) override { ++numUp; }
+
+    int numDown = 0, numDragged = 0, numUp = 0;
+
+private:
+    juce::Component& component;
+
+    JUCE_DECLARE_NON_COPYABLE (MouseCounter)
+};
+
+class PictureMouseTest : public EditorInWindowTest
+{
+protected:
+    /** Presses in the middle of the picture and moves a few pixels away, until the picture has heard of both. */
+    [[nodiscard]] bool pressAndMove (int button, const MouseCounter& mouse)
+    {
+        auto& picture = window->getPicture();
+        window->press (button);
+
+        return pumpUntil ([&] { return mouse.numDown == 1; })
+               && window->moveTo (picture, picture.getLocalBounds().getCentre().translated (7, 5))
+               && pumpUntil ([&] { return mouse.numDragged > 0; });
+    }
+
+    void expectNothingHeld()
+    {
+        EXPECT_FALSE (window->getPicture().isCrosshairVisible());
+        EXPECT_EQ (window->getContainer().getKeyboard().getHighlightedNote(), KeyboardScaleComponent::noNote);
+        EXPECT_EQ (window->getContainer().getReadout().getBounds(), hoverReadout)
+            << "the readout has left the foot of the picture for the cursor";
+    }
+
+    /** Puts the mouse into the middle of the picture and notes where the readout shows what it hovers over. */
+    [[nodiscard]] bool hover()
+    {
+        if (! window->moveToCentre (window->getPicture()))
+            return false;
+
+        hoverReadout = window->getContainer().getReadout().getBounds();
+        return true;
+    }
+
+    juce::Rectangle<int> hoverReadout;
+};
+
+TEST_F (PictureMouseTest, ALeftPressHoldsTheCrosshairAndTheReadoutFollows)
+{
+    ASSERT_TRUE (hover());
+    MouseCounter mouse (window->getPicture());
+    ASSERT_TRUE (pressAndMove (EditorWindow::leftButton, mouse));
+    EXPECT_TRUE (window->getPicture().isCrosshairVisible());
+    EXPECT_NE (window->getContainer().getKeyboard().getHighlightedNote(), KeyboardScaleComponent::noNote);
+    EXPECT_NE (window->getContainer().getReadout().getBounds(), hoverReadout);
+
+    window->release();
+    EXPECT_TRUE (pumpUntil ([&] { return mouse.numUp == 1; }));
+    EXPECT_FALSE (window->getPicture().isCrosshairVisible());
+}
+
+TEST_F (PictureMouseTest, AShiftClickThatMovesFreezesAndShowsNoReadoutAtTheCursor)
+{
+    ASSERT_TRUE (hover());
+    MouseCounter mouse (window->getPicture());
+    ASSERT_TRUE (holdModifier (Screen::shiftKey, juce::ModifierKeys::shiftModifier));
+    ASSERT_TRUE (pressAndMove (EditorWindow::leftButton, mouse));
+    EXPECT_GE (get (Params::id::freeze), 0.5f);
+    expectNothingHeld();
+
+    window->releaseAll();
+    EXPECT_TRUE (pumpUntil ([&] { return mouse.numUp == 1; }));
+    EXPECT_GE (get (Params::id::freeze), 0.5f) << "the release froze or thawed once more";
+}
+
+TEST_F (PictureMouseTest, ThePressOfTheMiddleButtonDoesNothing)
+{
+    ASSERT_TRUE (hover());
+    MouseCounter mouse (window->getPicture());
+    const auto before = getParameters();
+    ASSERT_TRUE (pressAndMove (EditorWindow::middleButton, mouse));
+    expectNothingHeld();
+
+    window->release();
+    EXPECT_TRUE (pumpUntil ([&] { return mouse.numUp == 1; }));
+    EXPECT_EQ (getParameters(), before);
+}
+
+} // namespace
+} // namespace mk::orlo::test

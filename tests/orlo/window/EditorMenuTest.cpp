@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+// The menu of the picture by mouse and by keys; needs a display.
+#include "EditorInWindow.h"
+#include "tests/support/FindComponents.h"
+
+namespace mk::orlo::test
+{
+namespace
+{
+
+class EditorMenuTest : public EditorInWindowTest
+{
+protected:
+    /** Opens the menu of a part of the picture, and waits until it shows. */
+    [[nodiscard]] bool openMenuOn (juce::Component& component)
+    {
+        return window->click (component, EditorWindow::rightButton) && waitForMenu();
+    }
+
+    /** The row of the open menu with that text; null if there is none. */
+    [[nodiscard]] static juce::Component* findMenuRow (const juce::String& text)
+    {
+        const auto hasText = [&] (const juce::Component& row)
+        {
+            const auto* const handler = const_cast<juce::Component&> (row).getAccessibilityHandler();
+            return handler != nullptr && handler->getTitle() == text;
+        };
+
+        return findInside<juce::Component> (*findOpenMenu(), hasText);
+    }
+
+    [[nodiscard]] static bool isHighlighted (juce::Component& row)
+    {
+        return row.getAccessibilityHandler()->getCurrentState().isSelected();
+    }
+
+    /** Clicks on a row, and again for as long as the menu stays: a release soon after the menu has opened counts
+        as that of the click which opened it. */
+    [[nodiscard]] bool clickRow (juce::Component& row)
+    {
+        if (! window->moveToCentre (row) || ! pumpUntil ([&row] { return isHighlighted (row); }))
+            return false;
+
+        return pumpUntil (
+            [this]
+            {
+                if (findOpenMenu() == nullptr)
+                    return true;
+
+                const auto isLeftDown = [] { return juce::ModifierKeys::currentModifiers.isLeftButtonDown(); };
+                window->press();
+                const auto wentDown = pumpUntil (isLeftDown);
+                window->release();
+                const auto wentUp = pumpUntil ([&] { return ! isLeftDown(); });
+                pumpPending();
+                return wentDown && wentUp && findOpenMenu() == nullptr;
+            });
+    }
+
+    /** Moves the highlight down to a row. */
+    [[nodiscard]] bool keyTo (juce::Component& row)
+    {
+        return pumpUntil (
+            [&, tries = 0]() mutable
+            {
+                if (! isHighlighted (row) && tries++ % 5 == 0)
+                    window->typeKey (Screen::downKey);
+
+                pumpPending();
+                return isHighlighted (row);
+            });
+    }
+
+    /** The parameters' values with one of them at another. */
+    [[nodiscard]] std::map<juce::String, float> getParametersWith (const char* id, float value)
+    {
+        auto values = getParameters();
+        values[processor.getParameterState().getParameter (id)->getName (100)] = value;
+        return values;
+    }
+};
+
+TEST_F (EditorMenuTest, ARightClickAnywhereOnThePictureOpensItsMenu)
+{
+    auto& container = window->getContainer();
+
+    for (auto* const part : { static_cast<juce::Component*> (&container.getSpectrogram()),
+                              static_cast<juce::Component*> (&container.getRuler()),
+                              static_cast<juce::Component*> (&container.getKeyboard()) })
+    {
+        ASSERT_TRUE (openMenuOn (*part)) << part->getTitle();
+        EXPECT_EQ (container.getContextMenu().getNumItems(), 6);
+        EXPECT_FALSE (container.getReadout().isVisible());
+        EXPECT_FALSE (container.getSpectrogram().isCrosshairVisible());
+        window->typeKey (Screen::escapeKey);
+        ASSERT_TRUE (waitUntilNoMenu());
+    }
+}
+
+
+TEST_F (EditorMenuTest, ACtrlClickOpensItAsARightClickDoes)
+{
+    auto& container = window->getContainer();
+    auto& picture = container.getSpectrogram();
+
+    ASSERT_TRUE (window->moveToCentre (picture));
+    ASSERT_TRUE (holdModifier (Screen::controlKey, juce::ModifierKeys::ctrlModifier));
+    window->press();
+    EXPECT_TRUE (waitForMenu());
+    EXPECT_FALSE (picture.isCrosshairVisible());
+    EXPECT_FALSE (container.getReadout().isVisible());
+    EXPECT_EQ (container.getKeyboard().getHighlightedNote(), KeyboardScaleComponent::noNote);
+
+    window->releaseAll();
+    window->typeKey (Screen::escapeKey);
+    EXPECT_TRUE (waitUntilNoMenu());
+}
+
+//==============================================================================
+TEST_F (EditorMenuTest, AClickOnAnEntryChangesItsParameterAlone)
+{
+    struct Entry
+    {
+        const char* text;
+        const char* id;
+        float value;
+    };
+
+    for (const auto& entry : { Entry { "Hide Ruler", Params::id::ruler, 0.0f },
+                               { "Hide Piano", Params::id::keyboard, 0.0f },
+                               { "Show Ruler", Params::id::ruler, 1.0f },
+                               { "Freeze", Params::id::freeze, 1.0f } })
+    {
+        ASSERT_TRUE (openMenuOn (window->getPicture()));
+        auto* const row = findMenuRow (juce::translate (entry.text));
+        ASSERT_NE (row, nullptr) << entry.text;
+
+        const auto expected = getParametersWith (entry.id, entry.value);
+        ASSERT_TRUE (clickRow (*row)) << entry.text;
+        ASSERT_TRUE (waitUntilNoMenu()) << entry.text;
+        EXPECT_TRUE (pumpUntil ([&] { return get (entry.id) == entry.value; })) << entry.text;
+        EXPECT_EQ (getParameters(), expected) << entry.text;
+        EXPECT_FALSE (processor.getUIView().cleanViewMode.get()) << entry.text;
+    }
+
+    EXPECT_TRUE (window->getContainer().getRuler().isVisible());
+    EXPECT_FALSE (window->getContainer().getKeyboard().isVisible());
+}
+
+TEST_F (EditorMenuTest, CanBeUsedByKeys)
+{
+    ASSERT_TRUE (openMenuOn (window->getPicture()));
+    auto* const row = findMenuRow (juce::translate ("Hide Piano"));
+    ASSERT_NE (row, nullptr);
+    const auto expected = getParametersWith (Params::id::keyboard, 0.0f);
+
+    ASSERT_TRUE (keyTo (*row));
+    window->typeKey (Screen::returnKey);
+    EXPECT_TRUE (waitUntilNoMenu());
+    EXPECT_TRUE (pumpUntil ([&] { return get (Params::id::keyboard) < 0.5f; }));
+    EXPECT_EQ (getParameters(), expected);
+    EXPECT_FALSE (processor.getUIView().cleanViewMode.get());
+}
+
+} // namespace
+} // namespace mk::orlo::test

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "SourceTree.h"
+
+namespace mk::orlo::test
+{
+
+// Only this file is told the path, so that all others compile alike wherever the project lies.
+juce::File getSourceFolder() { return juce::File (ORLO_SOURCE_DIR); }
+
+juce::File getTestDataFolder() { return getSourceFolder().getChildFile ("tests/data"); }
+
+} // namespace mk::orlo::test
