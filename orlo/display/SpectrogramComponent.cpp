@@ -3,9 +3,6 @@
 
 #include "Crosshair.h"
 #include "MenuKey.h"
-#include "orlo/processor/AudioPluginAudioProcessor.h"
-#include "orlo/processor/ParameterAccess.h"
-#include "orlo/parameters/Params.h"
 #include "orlo/analysis/HopPlan.h"
 #include "orlo/parameters/Params.h"
 #include "orlo/processor/AudioPluginAudioProcessor.h"
@@ -88,6 +85,7 @@ void SpectrogramComponent::tick (double now)
         return;
 
     lastTickTime = now;
+    processor.updatePictureSettings();
     processor.getFrameClock().tick (float (elapsed / double (secondsPerColumn)));
     repaint();
 }

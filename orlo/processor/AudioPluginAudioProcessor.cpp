@@ -34,36 +34,16 @@ AudioPluginAudioProcessor::AudioPluginAudioProcessor (EditorFactory editorFactor
 {
     localisedStrings.chooseLanguage();
     getSessionState().getSettings().onReplaced = [this] { uiView.bind(); };
-    attachParameters();
+    updatePictureSettings();
     fftProcessor.startThread (juce::Thread::Priority::highest);
 }
 
-AudioPluginAudioProcessor::~AudioPluginAudioProcessor() { attachments.clear(); }
+AudioPluginAudioProcessor::~AudioPluginAudioProcessor() = default;
 
-void AudioPluginAudioProcessor::attachParameters()
+void AudioPluginAudioProcessor::updatePictureSettings()
 {
-    const auto attach = [this] (const char* parameterId, std::function<void (float)> callback)
-    {
-        auto& parameter = findParameter (*this, parameterId);
-        attachments.push_back (std::make_unique<pluginCore::ParameterAttachment> (parameter, std::move (callback)));
-        attachments.back()->sendInitialUpdate();
-    };
-
-    attach (Params::id::drawMode, [this] (float value) { imageBuilder.setScrollMode (juce::roundToInt (value) == 1); });
-    attach (Params::id::freqScale,
-            [this] (float value) { imageBuilder.getFrequencyScale().setScaleType (juce::roundToInt (value)); });
-    attach (Params::id::floor, [this] (float) { updateLevelRange(); });
-    attach (Params::id::ceiling, [this] (float) { updateLevelRange(); });
-    attach (Params::id::minFreq, [this] (float value) { imageBuilder.setMinFreqFraction (value * 0.01f); });
-    attach (Params::id::maxFreq, [this] (float value) { imageBuilder.setMaxFreqFraction (value * 0.01f); });
-}
-
-void AudioPluginAudioProcessor::updateLevelRange()
-{
-    // From the parameters themselves: the cached raw values are updated only after the attachments have
-    // been called.
     const auto valueOf = [this] (const char* parameterId)
-    { return getCurrentValue (findParameter (*this, parameterId)); };
+    { return getParameterState().getRawParameterValue (parameterId)->load (std::memory_order_relaxed); };
 
     const auto floorDb = valueOf (Params::id::floor);
     const auto ceilingDb = valueOf (Params::id::ceiling);
@@ -72,6 +52,10 @@ void AudioPluginAudioProcessor::updateLevelRange()
     // the lower one all the same.
     fftProcessor.setMagnitudeThreshold (magnitudeForDecibels (juce::jmin (floorDb, ceilingDb)));
     imageBuilder.setLevelRange (floorDb, ceilingDb);
+    imageBuilder.setScrollMode (juce::roundToInt (valueOf (Params::id::drawMode)) == 1);
+    imageBuilder.getFrequencyScale().setScaleType (juce::roundToInt (valueOf (Params::id::freqScale)));
+    imageBuilder.setMinFreqFraction (valueOf (Params::id::minFreq) * 0.01f);
+    imageBuilder.setMaxFreqFraction (valueOf (Params::id::maxFreq) * 0.01f);
 }
 
 //==============================================================================

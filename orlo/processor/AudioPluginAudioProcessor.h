@@ -7,11 +7,9 @@
 #include "orlo/analysis/FrameClock.h"
 #include "orlo/analysis/SpectrogramImageBuilder.h"
 #include "orlo/state/UIView.h"
-#include "plugin_core/attachments/ParameterAttachment.h"
 #include "plugin_core/processor/PluginProcessor.h"
 
 #include <memory>
-#include <vector>
 
 namespace mk::orlo
 {
@@ -41,6 +39,11 @@ public:
         whatever still waits in the analysis, so that the picture never starts with old material. */
     void setAnalysisSuspended (bool shouldBeSuspended) noexcept;
 
+    /** [message thread] Hands what the parameters say of levels, range, scale and drawing over to worker and
+        builder. The view calls it at every tick: hosts automate from within the audio callback, and no message
+        may be posted from there. */
+    void updatePictureSettings();
+
     /** Any thread. The host has stopped and Auto Freeze is on. Written by the audio thread. */
     [[nodiscard]] bool isAutoPaused() const noexcept { return autoPaused.load (std::memory_order_relaxed); }
 
@@ -53,9 +56,7 @@ public:
     [[nodiscard]] data::UIView& getUIView() noexcept { return uiView; }
 
 private:
-    void attachParameters();
     void applyPreferredColourMap();
-    void updateLevelRange();
     void updateWindowLength() noexcept;
     void updateTransport() noexcept;
 
@@ -77,8 +78,6 @@ private:
     std::atomic<float>* const freezeParam;
     std::atomic<float>* const autoFreezeParam;
     std::atomic<float>* const modeParam;
-
-    std::vector<std::unique_ptr<pluginCore::ParameterAttachment>> attachments;
 
     // The audio thread's own.
     juce::AudioBuffer<float> monoBuffer { 1, 0 };

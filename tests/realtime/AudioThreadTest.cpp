@@ -4,6 +4,7 @@
 
 #include "orlo/parameters/Params.h"
 #include "orlo/processor/AudioPluginAudioProcessor.h"
+#include "orlo/window/CreateEditor.h"
 #include "tests/support/MessageLoop.h"
 
 #include <gtest/gtest.h>
@@ -130,7 +131,7 @@ protected:
     }
 
     PlayingPlayHead playHead;
-    AudioPluginAudioProcessor processor;
+    AudioPluginAudioProcessor processor { createEditor };
     juce::MidiBuffer midi;
 };
 
@@ -295,7 +296,8 @@ protected:
     {
         const auto& parameter = *processor.getParameterState().getParameter (Params::id::freqScale);
         const auto wanted = juce::roundToInt (parameter.convertFrom0to1 (parameter.getValue()));
-        return pumpUntil ([&] { return processor.getImageBuilder().getFrequencyScale().getScaleType() == wanted; });
+        processor.updatePictureSettings();
+        return processor.getImageBuilder().getFrequencyScale().getScaleType() == wanted;
     }
 };
 
