@@ -2,9 +2,9 @@
 #include "FreqReadoutPopup.h"
 
 #include "StripText.h"
+#include "orlo/style/OrloColours.h"
 #include "plugin_core/style/ColourLookup.h"
 #include "plugin_core/style/StyleProperties.h"
-#include "orlo/style/OrloColours.h"
 
 #include <juce_audio_processors/juce_audio_processors.h>
 

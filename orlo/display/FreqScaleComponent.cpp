@@ -2,9 +2,9 @@
 #include "FreqScaleComponent.h"
 
 #include "StripText.h"
+#include "orlo/style/OrloColours.h"
 #include "plugin_core/style/ColourLookup.h"
 #include "plugin_core/style/StyleProperties.h"
-#include "orlo/style/OrloColours.h"
 
 namespace mk::orlo
 {

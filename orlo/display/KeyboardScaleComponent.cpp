@@ -4,9 +4,9 @@
 #include "NoteNames.h"
 #include "PixelGrid.h"
 #include "StripText.h"
+#include "orlo/style/OrloColours.h"
 #include "plugin_core/style/ColourLookup.h"
 #include "plugin_core/style/StyleProperties.h"
-#include "orlo/style/OrloColours.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
-#include "plugin_core/window/ComponentVisibilityObserver.h"
 #include "plugin_core/attachments/ParameterAttachment.h"
+#include "plugin_core/window/ComponentVisibilityObserver.h"
 
 #include <juce_audio_processors/juce_audio_processors.h>
 

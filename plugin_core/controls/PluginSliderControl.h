@@ -3,9 +3,9 @@
 
 #include "ParameterSlider.h"
 
+#include "../attachments/SliderAttachment.h"
 #include "plugin_core/attachments/TwoValueSliderAttachment.h"
 #include "plugin_core/processor/PluginProcessor.h"
-#include "../attachments/SliderAttachment.h"
 
 #include <memory>
 #include <vector>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
-#include "plugin_core/processor/PluginProcessor.h"
 #include "../attachments/ButtonAttachment.h"
+#include "plugin_core/processor/PluginProcessor.h"
 
 #include <array>
 #include <memory>

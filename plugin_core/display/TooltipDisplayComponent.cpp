@@ -2,10 +2,10 @@
 #include "TooltipDisplayComponent.h"
 
 #include "TooltipLine.h"
+#include "plugin_core/look/LookAndFeel.h"
+#include "plugin_core/style/ColourIds.h"
 #include "plugin_core/style/ColourLookup.h"
 #include "plugin_core/style/StyleProperties.h"
-#include "plugin_core/style/ColourIds.h"
-#include "plugin_core/look/LookAndFeel.h"
 #include "plugin_core/window/ActiveApplication.h"
 
 #include <juce_audio_processors/juce_audio_processors.h>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "UntrustedXml.h"
 
-#include "plugin_core/text/Utf8.h"
 #include "RegularFile.h"
+#include "plugin_core/text/Utf8.h"
 
 #include <algorithm>
 #include <array>

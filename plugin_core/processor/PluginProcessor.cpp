@@ -4,7 +4,6 @@
 #include "plugin_core/files/UntrustedXml.h"
 #include "plugin_core/presets/PresetReference.h"
 #include "plugin_core/state/InternalParameter.h"
-#include "plugin_core/text/NumberText.h"
 #include "plugin_core/state/StateBlob.h"
 #include "plugin_core/text/NumberText.h"
 

@@ -2,8 +2,8 @@
 // What the message thread allocates at a refresh of the display and at a tick of a fade, counted by machine.
 #include "RealtimeGuard.h"
 
-#include "orlo/processor/AudioPluginAudioProcessor.h"
 #include "orlo/display/SpectrogramComponent.h"
+#include "orlo/processor/AudioPluginAudioProcessor.h"
 #include "plugin_core/controls/AnimatedTextButton.h"
 #include "tests/support/FakeWindow.h"
 #include "tests/support/PlayNoise.h"

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 namespace mk::orlo::test
 {
 namespace
@@ -19,7 +21,7 @@ constexpr auto twoEditors = "load instance editor instance editor close delete c
 constexpr auto reopened = "load instance editor close editor close delete unload";
 
 /** A process of its own that loads the bundle, plays the rounds, and returns from main. */
-class BundleLifecycle : public testing::TestWithParam<const char*>
+class BundleLifecycle : public testing::TestWithParam<std::string>
 {
 protected:
     BundleLifecycle()
@@ -68,7 +70,9 @@ TEST_P (BundleLifecycle, EndsWellAfterEveryOrderOfLoadingAndOpening)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P (OnTheThread, BundleLifecycle, testing::Values ("main", "ended", "lasting"));
+INSTANTIATE_TEST_SUITE_P (OnTheThread,
+                          BundleLifecycle,
+                          testing::Values (std::string ("main"), std::string ("ended"), std::string ("lasting")));
 
 using BundleLifecycleRepeated = BundleLifecycle;
 

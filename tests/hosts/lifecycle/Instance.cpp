@@ -79,7 +79,7 @@ Editor::Editor (const Instance& instance, Screen& screenToUse)
       window (screen.createWindow()),
       view (owned (instance.getController().createView (Vst::ViewType::kEditor)))
 {
-    require (view != nullptr, "there is no editor");
+    require (view.get() != nullptr, "there is no editor");
     view->setFrame (&runLoop);
     require (view->attached (reinterpret_cast<void*> (std::uintptr_t (window)), kPlatformTypeX11EmbedWindowID)
                  == kResultOk,

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
+#include "orlo/analysis/ColourTables.h"
 #include "orlo/parameters/ColourMapNames.h"
 #include "orlo/parameters/Params.h"
 #include "orlo/processor/AudioPluginAudioProcessor.h"
-#include "orlo/analysis/ColourTables.h"
 #include "tests/support/SourceTree.h"
 
 #include <gtest/gtest.h>

@@ -2,10 +2,10 @@
 // Whether all that can be read in the panel changes with the language.
 #include "orlo/window/SettingsComponent.h"
 
+#include "orlo/parameters/Params.h"
 #include "orlo/processor/AudioPluginAudioProcessor.h"
 #include "orlo/processor/LocalisedStringsManager.h"
 #include "orlo/window/SideBarComponent.h"
-#include "orlo/parameters/Params.h"
 #include "tests/support/MenuRows.h"
 #include "tests/support/TemporaryHome.h"
 #include "tests/support/TestPluginEditor.h"

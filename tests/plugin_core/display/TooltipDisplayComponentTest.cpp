@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "plugin_core/display/TooltipDisplayComponent.h"
 
-#include "plugin_core/style/ColourIds.h"
 #include "plugin_core/look/LookAndFeel.h"
+#include "plugin_core/style/ColourIds.h"
 #include "tests/support/MessageLoop.h"
 #include "tests/support/Painting.h"
 #include "tests/support/TestEditor.h"

@@ -297,7 +297,9 @@ TEST_F (GlobalSettings, LoseNoChangeToAHandleThatIsMadeWhileTheLastOneIsWriting)
         [&finished]
         {
             while (! finished.load (std::memory_order_acquire))
+            {
                 const PluginGlobalSettings handle;
+            }
         });
 
     int numLost = 0;

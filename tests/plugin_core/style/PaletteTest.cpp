@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "plugin_core/style/Palette.h"
-#include "plugin_core/style/ColourIds.h"
 #include "plugin_core/look/LookAndFeel.h"
+#include "plugin_core/style/ColourIds.h"
 
 #include <gtest/gtest.h>
 

@@ -2,8 +2,8 @@
 #include "plugin_core/updates/UpdateChangeLogComponent.h"
 
 #include "plugin_core/localisation/LocalisedStringsManager.h"
-#include "plugin_core/style/ColourIds.h"
 #include "plugin_core/look/LookAndFeel.h"
+#include "plugin_core/style/ColourIds.h"
 #include "tests/support/MessageLoop.h"
 #include "tests/support/StyledWindow.h"
 #include "tests/support/TranslationFile.h"

@@ -66,7 +66,8 @@ TEST (RenderPlan, TheWindowsOfThePictureAreFullOfAudioFromTheFirstOn)
         {
             // In Enhanced also those of the frames that have a part in the first column: a window's span before it.
             const auto span = request.hop.enhanced ? plan.windowLength : 0;
-            const auto firstFrame = plan.leadFrames - (span + plan.analysis.samplesPerFrame - 1) / plan.analysis.samplesPerFrame;
+            const auto firstFrame =
+                plan.leadFrames - (span + plan.analysis.samplesPerFrame - 1) / plan.analysis.samplesPerFrame;
             EXPECT_GE ((firstFrame + 1) * plan.analysis.samplesPerFrame, plan.windowLength - 1);
         });
 }
