@@ -12,7 +12,8 @@ namespace mk::orlo::test
 
 TranslationFile::TranslationFile (const juce::String& set, const juce::String& code)
 {
-    const auto file = getSourceFolder().getChildFile ("resources/translations").getChildFile (set + "_" + code + ".txt");
+    const auto file =
+        getSourceFolder().getChildFile ("resources/translations").getChildFile (set + "_" + code + ".txt");
     juce::MemoryBlock bytes;
 
     EXPECT_TRUE (file.loadFileAsData (bytes)) << file.getFullPathName();

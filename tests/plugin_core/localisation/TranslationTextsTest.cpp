@@ -218,9 +218,8 @@ TEST (TranslationTexts, HoldEveryLiteralThatTheSourcesTranslate)
 
     for (const auto* const folder : { "plugin_core", "orlo" })
     {
-        const auto sources = getSourceFolder()
-                                 .getChildFile (folder)
-                                 .findChildFiles (juce::File::findFiles, true, "*.h;*.cpp;*.mm");
+        const auto sources =
+            getSourceFolder().getChildFile (folder).findChildFiles (juce::File::findFiles, true, "*.h;*.cpp;*.mm");
         numSources += sources.size();
 
         for (const auto& source : sources)
