@@ -30,7 +30,8 @@ void EnhancedColumnPlotter::plot (const Frame& frame,
 
 void EnhancedColumnPlotter::selectPoints (const Frame& frame, const ColumnSettings& settings)
 {
-    const auto half = float (settings.windowLength / 2);
+    const auto wholeHalf = settings.windowLength / 2; // in whole samples, as the ramp window is centred
+    const auto half = float (wholeHalf);
     const auto binWidth = settings.getBinWidth();
 
     if (points.magnitude.size() < frame.size())

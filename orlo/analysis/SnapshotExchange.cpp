@@ -12,6 +12,7 @@ SnapshotExchange::SnapshotExchange() noexcept
 void SnapshotExchange::publish() noexcept
 {
     const auto mine = reinterpret_cast<std::uintptr_t> (back) | freshBit;
+    // The exchanged word holds one of our own pointers beside its bit. NOLINTNEXTLINE (performance-no-int-to-ptr)
     back = reinterpret_cast<Holder*> (waiting.exchange (mine, std::memory_order_acq_rel) & ~freshBit);
 }
 
@@ -21,6 +22,7 @@ const juce::Image& SnapshotExchange::getFront() noexcept
     if ((waiting.load (std::memory_order_relaxed) & freshBit) != 0)
     {
         const auto mine = reinterpret_cast<std::uintptr_t> (front);
+        // NOLINTNEXTLINE (performance-no-int-to-ptr): see publish()
         front = reinterpret_cast<Holder*> (waiting.exchange (mine, std::memory_order_acq_rel) & ~freshBit);
     }
 

@@ -183,7 +183,7 @@ void SpectrogramRing::copyColumns (juce::Image& destination, int destinationX, j
 
     const juce::Image::BitmapData from (image, juce::Image::BitmapData::readOnly);
     const juce::Image::BitmapData to (destination, juce::Image::BitmapData::readWrite);
-    const auto numBytes = size_t (columns.getLength() * from.pixelStride);
+    const auto numBytes = size_t (columns.getLength()) * size_t (from.pixelStride);
 
     for (int y = 0; y < from.height; ++y)
         std::memcpy (to.getPixelPointer (destinationX, y), from.getPixelPointer (columns.getStart(), y), numBytes);

@@ -20,7 +20,7 @@ constexpr int columnOfName = 3;
     const auto note = notes::noteForFrequency (hz);
     const auto nearest = std::round (note);
     const auto cents = int (std::round ((note - nearest) * 100.0));
-    const auto name = notes::getNoteName (int (nearest), octaveOfMiddleC);
+    auto name = notes::getNoteName (int (nearest), octaveOfMiddleC);
 
     if (cents == 0)
         return name;

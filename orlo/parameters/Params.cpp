@@ -51,10 +51,9 @@ constexpr float frequencySkew = 0.30103f;
 }
 
 [[nodiscard]] auto
-    makeChoice (const char* name, int hint, const char* text, juce::StringArray choices, int defaultIndex)
+    makeChoice (const char* name, int hint, const char* text, const juce::StringArray& choices, int defaultIndex)
 {
-    return std::make_unique<juce::AudioParameterChoice> (
-        juce::ParameterID { name, hint }, text, std::move (choices), defaultIndex);
+    return std::make_unique<juce::AudioParameterChoice> (juce::ParameterID { name, hint }, text, choices, defaultIndex);
 }
 
 // The framework's own words for a switch, and its reading of them, depend on the user's language; what a host
@@ -83,7 +82,7 @@ constexpr float frequencySkew = 0.30103f;
 [[nodiscard]] auto makeFloat (const char* name,
                               int hint,
                               const char* text,
-                              juce::NormalisableRange<float> range,
+                              const juce::NormalisableRange<float>& range,
                               float defaultValue,
                               const juce::AudioParameterFloatAttributes& attributes = {})
 {

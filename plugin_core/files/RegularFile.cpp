@@ -81,7 +81,7 @@ std::optional<juce::MemoryBlock> readRegularFile (const juce::File& file, size_t
     if (! descriptor.isRegularFile (maxBytes))
         return std::nullopt;
 
-    constexpr size_t chunkSize = 16 * 1024;
+    constexpr size_t chunkSize = size_t { 16 } * 1024;
     char chunk[chunkSize];
     juce::MemoryBlock content;
 

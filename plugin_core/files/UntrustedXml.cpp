@@ -16,7 +16,7 @@ namespace mk::pluginCore
 {
 namespace
 {
-constexpr size_t maxBytes = 4 * 1024 * 1024;
+constexpr size_t maxBytes = size_t { 4 } * 1024 * 1024;
 constexpr size_t maxDepth = 100;
 constexpr int maxElements = 2000;
 constexpr int maxAttributes = 4000;

@@ -27,7 +27,7 @@ PresetReference PresetReference::fromFile (const juce::File& file, const PresetF
 
 PresetReference PresetReference::fromXml (const juce::XmlElement& xml)
 {
-    const auto root = xml.getStringAttribute (rootAttribute);
+    const auto& root = xml.getStringAttribute (rootAttribute);
     const auto found = std::find (rootNames.begin(), rootNames.end(), root);
 
     return { found != rootNames.end() ? juce::int32 (std::distance (rootNames.begin(), found)) : noRoot,

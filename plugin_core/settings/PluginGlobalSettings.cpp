@@ -140,7 +140,7 @@ juce::ValueTree PluginGlobalSettings::getSettings() const { return innerData->ge
 PluginGlobalSettings::InnerData::InnerData (const juce::File& fileToUse)
     : juce::PropertiesFile (withoutBrokenContent (fileToUse), getOptions())
 {
-    const auto key = SettingsIds::settings.toString();
+    const auto& key = SettingsIds::settings.toString();
 
     if (containsKey (key))
         textInFile = getValue (key);

@@ -134,7 +134,7 @@ void SessionState::setLockedParams (const juce::StringArray& ids)
 
 void SessionState::readLockedParams (const juce::XmlElement& xml)
 {
-    const auto ids = xml.getStringAttribute (attribute::lockedParams);
+    const auto& ids = xml.getStringAttribute (attribute::lockedParams);
     setLockedParams (juce::StringArray::fromTokens (ids, lockedParamsSeparator, {}));
 }
 

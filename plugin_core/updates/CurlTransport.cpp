@@ -14,7 +14,7 @@ namespace
 // How long the library may sleep before it is asked again whether to stop.
 constexpr int pollMs = 10;
 
-constexpr size_t maxHeaderBytes = 64 * 1024;
+constexpr size_t maxHeaderBytes = size_t { 64 } * 1024;
 
 /** Keeps a connection that breaks while it is written to from ending the host's process. */
 class ScopedPipeSignalBlock

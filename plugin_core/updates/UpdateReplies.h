@@ -8,8 +8,8 @@ namespace mk::pluginCore::updateReplies
 {
 
 /** How much of a reply is read, in bytes; what follows is cut off. */
-inline constexpr size_t maxVersionBytes = 64 * 1024;
-inline constexpr size_t maxChangeLogBytes = 1024 * 1024;
+inline constexpr size_t maxVersionBytes = size_t { 64 } * 1024;
+inline constexpr size_t maxChangeLogBytes = size_t { 1024 } * 1024;
 
 /** What the site tells of the latest version. What it leaves out is 0. */
 struct LatestVersion

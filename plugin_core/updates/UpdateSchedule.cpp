@@ -10,7 +10,7 @@ namespace mk::pluginCore
 {
 namespace
 {
-constexpr juce::int64 oneDay = 24 * 60 * 60 * 1000;
+constexpr auto oneDay = juce::int64 { 24 } * 60 * 60 * 1000;
 constexpr juce::int64 oneWeek = 7 * oneDay;
 
 /** A period after a time that may be any number, since files and replies can hold any. */

@@ -33,7 +33,7 @@ struct RenderPlan
     std::int64_t leadFrames = 0;       /**< Frames that come before the picture's first. */
 
     /** Frames that belong to the picture. */
-    [[nodiscard]] std::int64_t getNumPictureFrames() const noexcept { return numColumns * hop.framesPerColumn; }
+    [[nodiscard]] std::int64_t getNumPictureFrames() const noexcept { return numColumns * analysis.framesPerColumn; }
 };
 
 /** Any thread, no allocation. A hop below 1, at a sample rate of next to nothing, leaves all else zero. */
