@@ -3,6 +3,7 @@
 // against that of a window that paints one picture of the view's size at every refresh and nothing else. Needs
 // a display of at least 1818 by 1000. Fails if the editor costs more than it may.
 #include "benchmarks/support/Window.h"
+#include "benchmarks/support/WindowManager.h"
 #include "orlo/parameters/Params.h"
 #include "tools/orlo-host/DemoSignal.h"
 

@@ -4,6 +4,7 @@
 #include "benchmarks/support/Measure.h"
 #include "benchmarks/support/Window.h"
 #include "orlo/display/ColourComboBoxControl.h"
+#include "orlo/window/CreateEditor.h"
 #include "plugin_core/presets/PresetMenu.h"
 
 #include <memory>
@@ -33,7 +34,7 @@ public:
         pluginCore::PresetFolders folders;
         folders.userFolder = root.getFullPathName();
         folders.fileExtension = ".mkpreset";
-        processor = std::make_unique<AudioPluginAudioProcessor> (folders);
+        processor = std::make_unique<AudioPluginAudioProcessor> (createEditor, folders);
     }
 
     [[nodiscard]] AudioPluginAudioProcessor& getProcessor() { return *processor; }

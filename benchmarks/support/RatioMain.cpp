@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "Measure.h"
 #include "RatioReporter.h"
-#include "Window.h"
+#include "WindowManager.h"
 
 #include <juce_events/juce_events.h>
 

@@ -25,11 +25,6 @@ void runLoop (double seconds, const std::function<bool()>& isDone)
         juce::detail::dispatchNextMessageOnSystemQueue (false);
 }
 
-void allowWindowsWithoutManager()
-{
-    juce::JUCEApplicationBase::createInstance = []() -> juce::JUCEApplicationBase* { return nullptr; };
-}
-
 std::unique_ptr<AudioPluginAudioProcessorEditor> openEditor (AudioPluginAudioProcessor& processor)
 {
     std::unique_ptr<AudioPluginAudioProcessorEditor> editor (

@@ -16,10 +16,6 @@ void runLoop (
     double seconds,
     const std::function<bool()>& isDone = [] { return false; });
 
-/** To be called before JUCE is up: where no window manager runs, X11 complains of what JUCE sets on a window, and
-    JUCE catches that only for applications. */
-void allowWindowsWithoutManager();
-
 /** Opens the processor's editor as a window of its own. */
 [[nodiscard]] std::unique_ptr<AudioPluginAudioProcessorEditor> openEditor (AudioPluginAudioProcessor& processor);
 
