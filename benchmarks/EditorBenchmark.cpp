@@ -5,6 +5,7 @@
 #include "benchmarks/support/Window.h"
 #include "benchmarks/support/WindowManager.h"
 #include "orlo/parameters/Params.h"
+#include "orlo/window/CreateEditor.h"
 #include "tools/orlo-host/DemoSignal.h"
 
 #include <algorithm>
@@ -169,7 +170,7 @@ struct Loads
 
 [[nodiscard]] bool run()
 {
-    AudioPluginAudioProcessor processor;
+    AudioPluginAudioProcessor processor { createEditor };
     setUp (processor);
 
     const auto firstOpening = measureOpening (processor);
