@@ -14,7 +14,7 @@ namespace
 {
 constexpr float cornerPerHeight = 0.05f;
 
-/** The control of that kind that the component is or lies in. */
+/** The component itself or its nearest parent, if one of them is a Control; else null. */
 template <typename Control>
 [[nodiscard]] const Control* findControl (const juce::Component& component)
 {
@@ -22,7 +22,7 @@ template <typename Control>
     return control != nullptr ? control : component.findParentComponentOfClass<Control>();
 }
 
-/** Whether the mouse presses on a menu that lies in the editor. */
+/** Whether a mouse button is down over a menu inside the editor. */
 [[nodiscard]] bool isMenuBeingClicked (const juce::Component& editor)
 {
     if (! juce::ModifierKeys::currentModifiers.isAnyMouseButtonDown())
@@ -36,8 +36,8 @@ template <typename Control>
     return component != nullptr && component != &editor && editor.isParentOf (component);
 }
 
-/** The parameter of the control within the editor that the component is or lies in; null if it has none.
-    Controls other than sliders and toggles have the parameter's id for their name. */
+/** The parameter of the control that the component is or is part of, within the editor; null if there is none.
+    Controls other than sliders and toggles use the parameter's id as their component name. */
 [[nodiscard]] const juce::AudioProcessorParameter* findParameter (const juce::AudioProcessorValueTreeState& state,
                                                                   const juce::Component& component,
                                                                   const juce::Component& editor)
@@ -48,7 +48,7 @@ template <typename Control>
     if (const auto* const toggle = findControl<PluginToggleControl> (component))
         return state.getParameter (toggle->getParamID());
 
-    // Hosts ask with the innermost part under the mouse, such as the label in a box.
+    // Hosts pass the innermost component under the mouse, such as the label in a combo box.
     for (const auto* part = &component; part != nullptr && part != &editor; part = part->getParentComponent())
         if (const auto* const parameter = state.getParameter (part->getName()))
             return parameter;
@@ -57,7 +57,7 @@ template <typename Control>
 }
 } // namespace
 
-/** Hears of every resize, after resized(): no product has to pass it on. */
+/** Called at every resize, after resized(), so that products need not call the base class from there. */
 class PluginEditor::PluginEditorListener final : public juce::ComponentListener
 {
 public:
@@ -121,7 +121,7 @@ void PluginEditor::open (int width, int height)
         minWidth, minHeight, juce::jmax (minWidth, limits.maxWidth), juce::jmax (minHeight, limits.maxHeight));
     constrainer.setFixedAspectRatio (juce::jmax (getFixedAspectRatio(), 0.0));
 
-    // In a second step, from the size just set: the constrainer keeps the width and corrects the height.
+    // Constrain the size just set in a second step, so that the constrainer keeps the width and corrects the height.
     constrainer.setBoundsForComponent (this, getBounds(), false, false, false, false);
     sizeRestored = true;
 }
@@ -145,7 +145,7 @@ void PluginEditor::updateSizeConstraints()
 
     currentDisplay = findDisplay();
 
-    // Without any display there is nothing to fit into.
+    // Without a display there is no area to fit the window into.
     if (currentDisplay != nullptr)
     {
         const auto usable = currentDisplay->userArea;
@@ -160,7 +160,7 @@ void PluginEditor::updateSizeConstraints()
 
         if (const auto fitted = editorSize::fitIntoDisplay (present, usable, aspectRatio); fitted != present)
         {
-            // Comes back here with the size that fits.
+            // This calls updateSizeConstraints() again, with the size that fits.
             setSize (fitted.x, fitted.y);
             return;
         }
@@ -205,7 +205,7 @@ void PluginEditor::applicationActiveChanged (PluginMoveDetector&, bool wentInact
 
 void PluginEditor::broughtToFront()
 {
-    // Some systems bring a window to the front at every press in it, be it on a row of its own menu.
+    // Some systems bring a window to the front at every click in it, even on a row of its own menu.
     if (! isMenuBeingClicked (*this))
         juce::PopupMenu::dismissAllActiveMenus();
 }

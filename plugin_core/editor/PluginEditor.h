@@ -20,8 +20,8 @@ namespace mk::pluginCore
 
 class PluginProcessor;
 
-/** The window of every product of the family, without its content: the shared look and feel, the rules of
-    its size, the grip in its corner, the watch on its display, the notice of a new version.
+/** The base class of every product's editor, without the content: the shared look and feel, the size limits,
+    the resizer in the corner, the tracking of the window's display, the notice of a new version.
     [message thread] */
 class PluginEditor : public ProcessorEditor, public UpdateChecker::Listener, public PluginMoveDetector::Listener
 {
@@ -46,7 +46,7 @@ public:
     /** Width over height; 0 means free. */
     [[nodiscard]] virtual double getFixedAspectRatio() const = 0;
 
-    /** The length of the grip's edges. */
+    /** The edge length of the corner resizer in logical pixels. */
     [[nodiscard]] virtual int getCornerSize() const;
 
     //==============================================================================
@@ -54,25 +54,25 @@ public:
     void applicationActiveChanged (PluginMoveDetector&, bool wentInactive) override;
     void retinaStateChanged (PluginMoveDetector&, bool) override {}
 
-    /** The parameter of the control that the component is or lies in; -1 if it has none. */
+    /** The parameter index of the control that the component is or is part of; -1 if there is none. */
     [[nodiscard]] int getControlParameterIndex (juce::Component& component) override;
 
     void mouseDown (const juce::MouseEvent&) override {}
     void broughtToFront() override;
 
-    /** While the notice is open, Tab leads into it. */
+    /** While the notice is open, Tab moves the keyboard focus into it. */
     bool keyPressed (const juce::KeyPress& key) override;
 
     //==============================================================================
     void open (int width, int height) override;
 
-    /** Fits the window to its display, the grip to the window, and remembers the size. Called at every
+    /** Fits the window to its display, repositions the corner resizer, and stores the size. Called at every
         resize. */
     void updateSizeConstraints();
 
     void startUpdateCheck() override;
 
-    /** Fetches what is new in a newer version, if it is time to tell of it. */
+    /** Fetches the change log of a newer version if a notice is due. */
     void versionInfoReceived (UpdateChecker&, bool newVersionAvailable, juce::int64 latestReleaseDate) override;
 
     /** Shows the notice, unless the text is empty. */
@@ -88,7 +88,7 @@ public:
 protected:
     [[nodiscard]] juce::Component& getCornerResizer() noexcept { return *cornerResizer; }
 
-    /** The displays that the window may stand on. The system's, unless a test puts others in their place. */
+    /** The displays that the window may be on: the system's, unless a test overrides this. */
     [[nodiscard]] virtual const juce::Array<juce::Displays::Display>& getDisplays() const;
 
 private:
@@ -105,10 +105,10 @@ private:
     const PluginGlobalSettings globalSettings;
     PluginProcessor& pluginProcessor;
     std::unique_ptr<PluginMoveDetector> moveDetector;
-    std::unique_ptr<WindowPoller::Client> pollerClient; // steps the detector
+    std::unique_ptr<WindowPoller::Client> pollerClient; // drives the detector
     juce::ComponentBoundsConstrainer constrainer;
 
-    /** Only compared, never followed: the list of displays may have changed since. */
+    /** Only compared, never dereferenced: the list of displays may have changed since. */
     const juce::Displays::Display* currentDisplay = nullptr;
 
     bool sizeRestored = false;
@@ -117,7 +117,7 @@ private:
     UpdateChangeLogComponent updateChangeLogComponent;
     std::unique_ptr<UpdateChecker> updateChecker;
 
-    /** As it was when the window was made. */
+    /** Read from the settings when the editor is constructed. */
     const UpdateSchedule updateSchedule;
 
     bool updateNoticeOpen = false;

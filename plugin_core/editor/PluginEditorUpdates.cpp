@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// The part of the editor that tells the user of new versions.
+// The part of the editor that notifies the user of new versions.
 #include "PluginEditor.h"
 
 #include "plugin_core/processor/PluginProcessor.h"
@@ -47,9 +47,9 @@ void PluginEditor::changeLogReceived (UpdateChecker&, const juce::String& text)
     updateChangeLogComponent.setVisible (true);
     updateChangeLogComponent.toFront (false);
 
-    // Keys that the user types at this moment are meant for the host, and the notice's Return opens a browser.
-    // The window keeps the keyboard for itself until the user clicks into the notice or tabs there; otherwise
-    // the notice, as all that is enabled, would be given it.
+    // Keys that the user types at this moment are meant for the host, and Return in the notice opens a browser.
+    // The notice is the only enabled child, so JUCE would give it the keyboard focus. So the editor itself takes
+    // the focus until the user clicks into the notice or presses Tab.
     setWantsKeyboardFocus (true);
 
     for (auto* const child : getChildren())
@@ -66,7 +66,7 @@ void PluginEditor::closeUpdateNotice()
     for (auto* const child : getChildren())
         child->setEnabled (true);
 
-    // Last, so that the keyboard finds the way back to the content.
+    // Hide the notice last, once the content is enabled and can take the keyboard focus.
     updateChangeLogComponent.setVisible (false);
 
     if (hasKeyboardFocus (false))

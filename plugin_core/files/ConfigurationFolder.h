@@ -6,8 +6,8 @@
 namespace mk::pluginCore
 {
 
-/** [Linux] The folder that the user's configuration lies in: XDG_CONFIG_HOME if it is a whole path, as the
-    freedesktop rules ask for, else "~/.config". Any thread. */
+/** [Linux] The folder that holds the user's configuration: XDG_CONFIG_HOME if it is an absolute path, as the
+    XDG base directory rules require, else "~/.config". Any thread. */
 [[nodiscard]] juce::File getConfigurationFolder();
 
 } // namespace mk::pluginCore

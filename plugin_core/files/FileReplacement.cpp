@@ -7,7 +7,7 @@ namespace
 {
 [[nodiscard]] bool writeWhole (const juce::File& file, const void* data, size_t numBytes)
 {
-    // With hardly any buffer the stream tells how much it could write.
+    // A larger buffer would hide a failed write: the stream reports success for bytes that it has only buffered.
     constexpr size_t bufferSize = 16;
     juce::FileOutputStream stream (file, bufferSize);
 

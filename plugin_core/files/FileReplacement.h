@@ -6,13 +6,13 @@
 namespace mk::pluginCore
 {
 
-/** Puts the text, in UTF-8, in the place of the file's content, and makes the folders that lead there.
-    All or nothing: the text goes to a file beside it, which takes the name only when every byte is on the
-    disk. JUCE's own way does not notice when a disk fills up in the middle, and would put half a text in
-    the place of a good one.
+/** Replaces the file's content by the text, in UTF-8, and creates missing parent folders. The replacement is
+    all or nothing: the text is written to a temporary file in the same folder, which is renamed only once every
+    byte is written. JUCE's own function does not notice when the disk fills up midway, and would replace a
+    complete file by a truncated one.
 
-    False, with the file as it was, if the text cannot be written or a folder has that name. Blocks on the
-    disk; not for the audio thread. */
+    Returns false and leaves the file unchanged if the text cannot be written or the path is a folder. Blocks on
+    the disk; not for the audio thread. */
 bool replaceFileContent (const juce::File& file, const juce::String& text);
 
 /** The same for bytes of any kind. */

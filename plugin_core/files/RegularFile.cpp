@@ -13,7 +13,7 @@ namespace mk::pluginCore
 
 #if JUCE_WINDOWS
 
-// Pipes and devices have no names there that a folder could hold.
+// On Windows no folder can contain a pipe or a device.
 std::optional<juce::MemoryBlock> readRegularFile (const juce::File& file, size_t maxBytes)
 {
     juce::MemoryBlock content;
@@ -30,11 +30,11 @@ namespace
 {
 [[nodiscard]] int openForReading (const char* path)
 {
-    // Without waiting: opening a pipe would otherwise wait for a writer.
+    // A blocking open of a pipe would wait for a writer.
     constexpr int flags = O_RDONLY | O_CLOEXEC | O_NOCTTY;
     const auto number = open (path, flags | O_NONBLOCK);
 
-    // Another program has a lease on the file, and gives it up if someone waits. Only files can have one.
+    // Another program holds a lease on the file; a blocking open makes it give the lease up. Pipes have no leases.
     return number < 0 && errno == EWOULDBLOCK ? open (path, flags) : number;
 }
 
@@ -49,7 +49,7 @@ public:
             close (number);
     }
 
-    /** Asks the open file, not its name, which may be another file's by now. */
+    /** Checks the open descriptor, since the path may refer to another file by now. */
     [[nodiscard]] bool isRegularFile (size_t maxBytes) const
     {
         struct stat status
@@ -87,7 +87,7 @@ std::optional<juce::MemoryBlock> readRegularFile (const juce::File& file, size_t
 
     while (const auto count = descriptor.readSome (chunk, chunkSize))
     {
-        // It may have grown since its size was asked for.
+        // The file may have grown since its size was checked.
         if (count < 0 || content.getSize() + size_t (count) > maxBytes)
             return std::nullopt;
 

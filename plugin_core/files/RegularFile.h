@@ -8,9 +8,9 @@
 namespace mk::pluginCore
 {
 
-/** The content of a file that may be anything, since it lies where a user can put what he likes. A pipe would
-    let the reader wait for ever, and a device may have no end: of those, and of files larger than maxBytes,
-    nothing is read. A link counts as what it leads to. Nothing too if the file cannot be read. Any thread. */
+/** The content of a file from a place that users can write to, so it may be of any kind. Reading a pipe could
+    block forever, and a device may have no end, so both give nothing, as do files larger than maxBytes and files
+    that cannot be read. Symbolic links are followed. Any thread. */
 [[nodiscard]] std::optional<juce::MemoryBlock> readRegularFile (const juce::File& file, size_t maxBytes);
 
 } // namespace mk::pluginCore

@@ -26,7 +26,7 @@ constexpr int maxAttributes = 4000;
     return juce::String::fromUTF8 (text.data(), int (text.size()));
 }
 
-/** The character that a reference means, which stands between "&" and ";", as UTF-8; empty if it is none. */
+/** The character, as UTF-8, for the text between the "&" and ";" of a reference; empty if it is invalid. */
 [[nodiscard]] std::string resolveReference (std::string_view reference)
 {
     static constexpr std::array<std::pair<std::string_view, const char*>, 5> named {
@@ -52,8 +52,8 @@ constexpr int maxAttributes = 4000;
     return juce::String::charToString (juce::juce_wchar (number)).toStdString();
 }
 
-/** Goes through a text of valid UTF-8 once. Each function that takes something moves on behind it, and
-    leaves the reader useless if the text holds something else. */
+/** Reads valid UTF-8 text in one pass. Each take function moves past what it has read; if the text holds
+    something else, the reader must not be used further. */
 class Reader
 {
 public:
@@ -81,7 +81,7 @@ private:
         return found;
     }
 
-    /** Takes everything up to the token, and the token. */
+    /** Takes everything up to and including the token. */
     [[nodiscard]] bool takeThrough (std::string_view token, std::string_view& taken)
     {
         const auto length = rest.find (token);
@@ -101,7 +101,7 @@ private:
         return length > 0;
     }
 
-    /** False if a comment or an instruction has no end. */
+    /** False if a comment or a processing instruction is not closed. */
     [[nodiscard]] bool skipBetweenElements()
     {
         std::string_view skipped;

@@ -8,24 +8,24 @@
 namespace mk::pluginCore
 {
 
-/** Reads XML that a user, a host or a failing disk gives us. juce::XmlDocument is not made for that: broken
-    text leads it past the end or round for ever, entities are expanded into themselves, every level costs
-    stack, and text between elements crashes its writer. This reader takes what our documents are made of and
-    nothing else, in time that grows with the text; and what it takes, juce::XmlDocument reads alike.
+/** Parses XML from a user, a host or a failing disk. juce::XmlDocument is unsafe for such input: malformed
+    text makes it read past the end or loop forever, entities expand recursively, each nesting level uses
+    stack, and text between elements crashes its writer. This parser accepts only what our documents use,
+    in time linear in the length of the text, and reads it as juce::XmlDocument does.
 
-    Taken are elements with attributes, nested at most 100 deep, at most 2000 of them with 4000 attributes in
+    It accepts elements with attributes, nested at most 100 deep, at most 2000 elements and 4000 attributes in
     all; names of ASCII letters, digits, "_", "-" and ":"; references to characters by number or by the five
-    common names; comments and processing instructions, which are skipped; space between elements. Refused is
-    all else: declarations, text between elements, what is not UTF-8, more than 4 MB. The text ends at the
-    first null byte, if any; a byte order mark is skipped.
+    predefined names; comments and processing instructions, which are skipped; whitespace between elements. It
+    rejects everything else: declarations, text between elements, invalid UTF-8, more than 4 MB. The text ends
+    at the first null byte, if any; a byte order mark is skipped.
 
-    Null for a text that is refused. Any thread. */
+    Returns null for rejected text. Any thread. */
 [[nodiscard]] std::unique_ptr<juce::XmlElement> parseUntrustedXml (const void* text, size_t numBytes);
 
-/** The same for a text that is a string already. */
+/** The same for a string. */
 [[nodiscard]] std::unique_ptr<juce::XmlElement> parseUntrustedXml (const juce::String& text);
 
-/** The same for a file's content; null too if it cannot be read, or is a pipe or a device and not a file. */
+/** The same for a file's content; also null if the file cannot be read, or is a pipe or a device. */
 [[nodiscard]] std::unique_ptr<juce::XmlElement> parseUntrustedXml (const juce::File& file);
 
 } // namespace mk::pluginCore

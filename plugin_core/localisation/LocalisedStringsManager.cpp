@@ -10,7 +10,7 @@ namespace mk::pluginCore
 {
 namespace
 {
-/** Keeps two instances that are made at the same moment from installing half of each. */
+/** Serialises installations: two instances created at once would otherwise mix their texts. */
 [[nodiscard]] juce::CriticalSection& getInstallationLock()
 {
     static juce::CriticalSection lock;
@@ -58,7 +58,7 @@ bool LocalisedStringsManager::setLanguage (const juce::String& code)
     auto main = std::make_unique<juce::LocalisedStrings> (text, ! ignoreCase);
     auto fallback = std::make_unique<juce::LocalisedStrings> (text, ignoreCase);
 
-    // Both calls take their argument over.
+    // Both calls take ownership of their argument.
     main->setFallback (fallback.release());
     juce::LocalisedStrings::setCurrentMappings (main.release());
 
@@ -75,7 +75,7 @@ void LocalisedStringsManager::addToInstalledStrings (const juce::String& transla
     if (installed == nullptr)
         return;
 
-    // A copy takes the place of what is installed, which another thread may be reading.
+    // Another thread may be reading the installed texts, so a changed copy replaces them.
     auto merged = std::make_unique<juce::LocalisedStrings> (*installed);
     merged->addStrings (juce::LocalisedStrings (translationText, false));
     juce::LocalisedStrings::setCurrentMappings (merged.release());

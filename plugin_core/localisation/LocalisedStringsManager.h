@@ -6,34 +6,34 @@
 namespace mk::pluginCore
 {
 
-/** Picks the language of all texts and installs it for juce::translate(), for the whole process. Each
-    instance of the plug-in does so when it is made, before it has any component, with equal results. A text
-    without a translation stays the English one of the code.
+/** Chooses the language of all texts and installs it for juce::translate(), for the whole process. Each
+    instance of the plug-in does so when it is constructed, before any component, with the same result. A text
+    without a translation stays in the English of the source code.
 
-    The framework's texts are found without regard to case where the exact key is missing; the product's
-    are not. */
+    If the exact key is missing, the framework's texts are looked up ignoring case; the product's
+    texts are not. */
 class LocalisedStringsManager
 {
 public:
     LocalisedStringsManager() = default;
     virtual ~LocalisedStringsManager() = default;
 
-    /** Takes the first language that the user prefers; English if we do not speak it. Any thread. */
+    /** Installs the user's first preferred language; English if it is not supported. Any thread. */
     void chooseLanguage();
 
-    /** Installs the texts for "en", "fr", "es", "pt" or "it". Any other code installs English and gives
-        false. Any thread; juce::translate() may be in use on others. */
+    /** Installs the texts for "en", "fr", "es", "pt" or "it". Any other code installs English and returns
+        false. Any thread; other threads may call juce::translate() meanwhile. */
     bool setLanguage (const juce::String& code);
 
-    /** Adds the product's texts to those installed, in the place of equal keys. False, with nothing
-        changed, for a code that the product has no texts for. Called by setLanguage(). */
+    /** Adds the product's texts to the installed ones, replacing equal keys. Returns false and changes
+        nothing if the product has no texts for the code. Called by setLanguage(). */
     virtual bool addProductStrings (const juce::String& code);
 
-    /** The code of the texts installed last, one of the five; empty before. */
+    /** The code of the last installed texts, one of the five; empty before the first installation. */
     [[nodiscard]] const juce::String& getLanguageCode() const noexcept { return languageCode; }
 
 protected:
-    /** Adds the pairs of a translation text to those installed. Nothing happens if there are none. */
+    /** Adds the pairs of a translation text to the installed texts. Does nothing if no texts are installed. */
     static void addToInstalledStrings (const juce::String& translationText);
 
 private:

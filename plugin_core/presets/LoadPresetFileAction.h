@@ -16,7 +16,7 @@ public:
     /** Loads the file. False if it cannot be read. */
     bool perform() override;
 
-    /** Puts the former parameters and the former current file back. The dirty flag stays as it is. */
+    /** Restores the previous parameters and the previous current file. Does not change the dirty flag. */
     bool undo() override;
 
 private:

@@ -6,13 +6,13 @@
 namespace mk::pluginCore
 {
 
-/** The folder that holds all users' application data, one file per platform. On Linux the first of the
-    system's data folders (XDG_DATA_DIRS) in which the product's own folder is found, else the data folder
-    that this build is installed into. The path of the product's folder below it is given; its parts are
-    separated by "/". */
+/** The folder for all users' application data, one file per platform. On Linux the first of the
+    system's data folders (XDG_DATA_DIRS) that contains the product's own folder, else the data folder
+    that this build is installed into. productPath is the path of the product's folder below it; its parts
+    are separated by "/". */
 [[nodiscard]] juce::File getSystemPresetBase (const juce::String& productPath);
 
-/** The folder that holds the user's application data. */
+/** The folder for the user's own application data. */
 [[nodiscard]] juce::File getUserPresetBase();
 
 } // namespace mk::pluginCore

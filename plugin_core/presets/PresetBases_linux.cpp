@@ -8,7 +8,7 @@ namespace mk::pluginCore
 
 juce::File getSystemPresetBase (const juce::String& productPath)
 {
-    // What the freedesktop rules say to take when the variable is not set, or is empty.
+    // If the variable is not set or empty, the XDG base directory rules define this default.
     const auto variable = juce::SystemStats::getEnvironmentVariable ("XDG_DATA_DIRS", {});
     const auto paths = variable.isNotEmpty() ? variable : juce::String ("/usr/local/share:/usr/share");
 

@@ -14,7 +14,7 @@ constexpr auto designersName = "DesignersPresets";
 constexpr auto initName = "Init";
 constexpr auto extension = ".mkpreset";
 
-/** The child of that name, made if it is missing and may be made. */
+/** The child folder of that name, created if it is missing and the user has the rights to. */
 [[nodiscard]] juce::File getOrCreateFolder (const juce::File& parent, const juce::String& name)
 {
     auto folder = parent.getChildFile (name);

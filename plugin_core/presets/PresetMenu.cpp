@@ -10,17 +10,17 @@ namespace mk::pluginCore
 {
 namespace
 {
-// Wherever links lead, a chain of real folders ends before this.
+// Limits the recursion through links; real folders are never nested this deeply.
 constexpr size_t maxDepth = 64;
 
-/** Whether "Save" has a file to write to: only the user's own presets are written over. */
+/** Whether "Save" may write to the file: only the user's own presets are overwritten. */
 [[nodiscard]] bool canSaveTo (const juce::File& file, const PresetsManager& manager)
 {
     return file != juce::File() && file.existsAsFile() && file.isAChildOf (manager.getUserFolder())
            && file.hasWriteAccess();
 }
 
-/** What lies in a folder, in the order that people count: "Bass 2" before "bass 10", folders among files. */
+/** The files and folders of a folder, mixed, in natural order and ignoring case: "Bass 2" before "bass 10". */
 [[nodiscard]] std::vector<juce::File> findChildren (const juce::File& folder)
 {
     std::vector<juce::File> children;
@@ -39,7 +39,7 @@ constexpr size_t maxDepth = 64;
     return children;
 }
 
-/** Adds a row for each preset below a folder, and a menu for each folder that has any. */
+/** Adds a row for each preset below a folder, and a submenu for each folder that contains presets. */
 class FolderRows
 {
 public:
@@ -76,7 +76,7 @@ private:
         files.add (file);
     }
 
-    /** Whether a folder is a link to one that holds it, so that its rows would never end. */
+    /** Whether a folder links to one of its own parents, so that its submenus would never end. */
     [[nodiscard]] bool leadsBackUp (const juce::File& folder) const
     {
         return foldersAbove.size() >= maxDepth
@@ -87,7 +87,7 @@ private:
     {
         auto presets = make (folder);
 
-        // The search counts hidden presets too, which have no row.
+        // folderHasPresets() counts hidden presets too, so a menu without rows is possible.
         if (presets.getNumItems() > 0)
             menu.addSubMenu (folder.getFileName(), std::move (presets), true, nullptr, currentFile.isAChildOf (folder));
     }
@@ -122,7 +122,7 @@ PresetMenu PresetMenu::make (const PresetsManager& manager, bool withDefaultPres
     menu.addItem (manual, juce::translate ("Manual"));
     menu.addSeparator();
 
-    // Without a row of its own a folder of hidden presets would show as an empty menu.
+    // If all presets are hidden, the menu has no rows and is left out.
     if (auto presets = FolderRows (manager, current, result.presetFiles).make (manager.getUserFolder());
         presets.getNumItems() > 0)
         menu.addSubMenu ("Presets", std::move (presets));
@@ -132,7 +132,7 @@ PresetMenu PresetMenu::make (const PresetsManager& manager, bool withDefaultPres
 
 juce::File PresetMenu::getPresetFile (int id) const
 {
-    // Out of range gives an empty file.
+    // juce::Array returns an empty file for an index out of range.
     return presetFiles[id - firstPreset];
 }
 

@@ -6,28 +6,28 @@
 namespace mk::pluginCore
 {
 
-/** The rows of the preset menu, as the disk and the session are at the moment it is made: made anew for each
-    opening. [message thread] */
+/** The rows of the preset menu, a snapshot of the disk and the session. Created anew each time the menu
+    opens. [message thread] */
 class PresetMenu
 {
 public:
-    /** What the rows stand for. The presets have the ids from firstPreset on, without a gap. */
+    /** The ids of the rows. Presets have consecutive ids from firstPreset on. */
     enum Id
     {
         save = 1,
         saveAs = 2,
         init = 3,
         setAsDefault = 4,
-        revealFolder = 5, /**< has no row so far */
+        revealFolder = 5, /**< has no row yet */
         manual = 6,
         firstPreset = 7
     };
 
-    /** Looks at the user's folder and the current preset. A product that cannot have a default preset of its
-        own leaves that row out. */
+    /** Reads the user's folder and the current preset. Pass false for a product without a default preset to
+        omit the row that sets it. */
     [[nodiscard]] static PresetMenu make (const PresetsManager& manager, bool withDefaultPreset);
 
-    /** The file of a preset's row; an empty file for any other id. */
+    /** The file for a preset's row id; an empty file for any other id. */
     [[nodiscard]] juce::File getPresetFile (int id) const;
 
     juce::PopupMenu menu;

@@ -6,8 +6,8 @@
 namespace mk::pluginCore
 {
 
-/** A preset by the folder it lies in and its path below that, so that a session finds it again under
-    another home folder and on another system. */
+/** Refers to a preset by its root folder and its path relative to that, so that a session finds it again
+    under another home folder or on another system. */
 struct PresetReference
 {
     enum Root
@@ -22,18 +22,18 @@ struct PresetReference
     juce::int32 rootIndex = noRoot;
     juce::String relativePath; /**< Its parts are separated by "/" on every system. */
 
-    /** The first folder that holds the file wins. A file in none of them, or no file at all, gives a
-        reference without root and path, which resolves to no file. */
+    /** Uses the first root folder that contains the file. If none does, or the file is empty, the
+        reference has neither root nor path and resolves to no file. */
     [[nodiscard]] static PresetReference fromFile (const juce::File& file, const PresetFolders& folders);
 
-    /** Reads the attributes "root" and "path". An unknown root leaves the reference without one. */
+    /** Reads the attributes "root" and "path". If the root is unknown, the reference has none. */
     [[nodiscard]] static PresetReference fromXml (const juce::XmlElement& xml);
 
     /** Writes the attributes; "root" only if there is one. */
     void writeTo (juce::XmlElement& xml) const;
 
-    /** The file, whether it exists or not. An empty file without root or path, and for a path that leads
-        out of the root folder. */
+    /** The file, whether it exists or not. Returns an empty file if root or path is missing, or if the path
+        leads out of the root folder. */
     [[nodiscard]] juce::File resolve (const PresetFolders& folders) const;
 
     [[nodiscard]] bool operator== (const PresetReference&) const = default;

@@ -9,7 +9,7 @@ namespace
 {
 constexpr auto anything = "*";
 
-// Wherever links lead, a chain of real folders ends before this.
+// Limits the recursion through links; real folders are never nested this deeply.
 constexpr int maxDepth = 64;
 
 [[nodiscard]] bool hasPresets (const juce::File& folderOrAlias,

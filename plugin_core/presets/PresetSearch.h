@@ -6,9 +6,9 @@
 namespace mk::pluginCore
 {
 
-/** Whether a folder, or one at any depth below it, has a file or folder that fits a wildcard of the form
-    "*.extension". "*" asks whether there is anything in it at all. Hidden files count. Aliases and symbolic
-    links are followed, each folder once, so that a link to a folder above ends the search there. */
+/** Whether a folder, or one at any depth below it, contains a file or folder that matches a wildcard of the
+    form "*.extension". "*" asks whether the folder itself contains anything. Hidden files count. Aliases and
+    symbolic links are followed; each folder is visited once, so a link to a parent folder causes no loop. */
 [[nodiscard]] bool folderHasPresets (const juce::File& folder, const juce::String& wildcard);
 
 } // namespace mk::pluginCore

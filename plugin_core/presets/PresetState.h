@@ -8,26 +8,26 @@
 namespace mk::pluginCore
 {
 
-/** What presets need of the plug-in whose settings they hold. */
+/** What the presets manager needs from the plug-in. */
 class PresetState
 {
 public:
     virtual ~PresetState() = default;
 
-    /** Any thread. The state as XML; without what belongs to a session alone if not forSession. */
+    /** Any thread. The state as XML. If forSession is false, it omits what only sessions store. */
     [[nodiscard]] virtual std::unique_ptr<juce::XmlElement> getStateXml (bool forSession) = 0;
 
-    /** Any thread. Takes a document of getStateXml() over. False, with nothing changed, if it is another
-        product's. */
+    /** Any thread. Applies a document from getStateXml(). Returns false and changes nothing if it is from
+        another product. */
     virtual bool setStateFromXml (const juce::XmlElement& xml, bool forSession) = 0;
 
-    /** Any thread. Makes the present state the one that the kept copies show. */
+    /** Any thread. Replaces the stored copies of the state by the present state. */
     virtual void refreshStateCopies() = 0;
 
-    /** [message thread] Closes the step of the undo history that the latest moves of parameters belong to. */
+    /** [message thread] Ends the undo step that contains the latest parameter changes. */
     virtual void flushParameterChanges() = 0;
 
-    /** [message thread] The history that loading a preset is a step of. */
+    /** [message thread] The undo history that loading a preset is recorded in. */
     [[nodiscard]] virtual juce::UndoManager& getUndoManager() noexcept = 0;
 };
 

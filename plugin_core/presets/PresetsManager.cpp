@@ -14,7 +14,7 @@ namespace
 constexpr auto lastPresetTag = "lastPreset";
 constexpr auto dirtyAttribute = "dirty";
 
-/** True while it lives. */
+/** Sets a flag for the lifetime of the object. */
 class TrueWithinScope
 {
 public:
@@ -49,7 +49,7 @@ bool PresetsManager::loadPresetFile (const juce::File& file, juce::UndoManager* 
     if (undoManager == nullptr)
         return applyPresetFile (file);
 
-    // What the user has moved so far belongs to the step before.
+    // The user's parameter changes so far belong to the previous undo step.
     pluginState.flushParameterChanges();
     undoManager->beginNewTransaction();
     return undoManager->perform (new LoadPresetFileAction (pluginState, *this, file));
@@ -122,11 +122,11 @@ void PresetsManager::saveChosenFile (const juce::File& chosenFile, bool reloadAf
     if (chosenFile == juce::File())
         return;
 
-    // Without the extension the menu would never show the preset again.
+    // The menu shows only files with the extension, so a missing one is added.
     const auto isComplete = chosenFile.hasFileExtension (folders.fileExtension);
     const auto file = isComplete ? chosenFile : juce::File (chosenFile.getFullPathName() + folders.fileExtension);
 
-    // The dialog has looked for the name as it was typed.
+    // The dialog has checked only the name as it was typed, so the completed name needs a check here.
     if (! isComplete && file.exists())
         askToOverwrite (file, reloadAfterSaving);
     else

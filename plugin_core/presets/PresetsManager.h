@@ -13,14 +13,14 @@
 namespace mk::pluginCore
 {
 
-/** Stores and recalls a plug-in's settings as files, and knows which file the session is on and whether the
-    parameters have moved away from it. Message thread, but for what says otherwise. No failure is reported:
-    what cannot be read or written is left as it is. */
+/** Saves and loads a plug-in's settings as preset files, and tracks the session's current preset and whether
+    the parameters differ from it. Message thread unless stated otherwise. No failure is reported:
+    if a file cannot be read or written, nothing changes. */
 class PresetsManager
 {
 public:
-    /** Called on the thread that caused the event, which for the dirty flag may be any, the audio thread
-        under automation included. Listeners may be added and removed on any thread. */
+    /** Called on the thread that caused the event. For the dirty flag this may be any thread, including the
+        audio thread under automation. Listeners may be added and removed on any thread. */
     class Listener
     {
     public:
@@ -36,32 +36,32 @@ public:
     PresetsManager (PresetState& pluginState, PresetFolders folders);
 
     //==============================================================================
-    /** Any thread. Whether the file exists, is no folder, is not hidden and has the presets' extension. */
+    /** Any thread. Whether the path is an existing file, not a folder or hidden, with the presets' extension. */
     [[nodiscard]] bool isPresetFile (const juce::File& file) const;
 
-    /** Applies a preset, with an undo manager as a new transaction of its history. False, with nothing
-        changed, if the file cannot be read or is not XML. The preset of another product becomes the current
-        file, but moves no parameter. */
+    /** Applies a preset; if an undo manager is given, as a new transaction of it. Returns false and changes
+        nothing if the file cannot be read or is not XML. A preset of another product becomes the current
+        file, but changes no parameter. */
     bool loadPresetFile (const juce::File& file, juce::UndoManager* undoManager);
 
     /** Writes the state and makes the file the current one, whether the write succeeds or not. Reloading
-        puts the new file at once into the processor's undo history; what could not be written is not loaded,
-        since an older file of that name would take the place of the user's settings. */
+        records the new file at once in the processor's undo history. After a failed write the file is not
+        loaded, since an older file of that name would replace the user's settings. */
     void savePresetFile (const juce::File& file, bool reloadAfterSaving);
 
-    /** Opens a dialog, and saves where the user says. */
+    /** Opens a file dialog and saves to the file that the user chooses. */
     void savePresetAs (bool reloadAfterSaving);
 
     /** The folder that the dialog opens at. */
     [[nodiscard]] juce::File getFolderToSaveIn() const;
 
-    /** What the dialog does with the user's choice; nothing if it is no file. A name without the presets'
-        extension gets it. If there is a preset of that name, which the dialog has not asked about, a box asks
-        the user, and the file is replaced or left as it is. */
+    /** Called with the file chosen in the dialog; does nothing if it is empty. Adds the presets' extension if
+        it is missing. If a file of the completed name exists, which the dialog has not asked about, a message
+        box asks the user whether to replace it. */
     void saveChosenFile (const juce::File& file, bool reloadAfterSaving);
 
     //==============================================================================
-    /** Any thread. The preset the session is on; an empty file if there is none. */
+    /** Any thread. The session's current preset; an empty file if there is none. */
     [[nodiscard]] juce::File getCurrentPresetFile() const;
 
     /** Any thread. Makes the file the current one without loading it. */
@@ -73,11 +73,11 @@ public:
     /** Any thread. Stores the flag, and tells the listeners if it changes. */
     void setDirty (bool shouldBeDirty);
 
-    /** Any thread, wait-free. Whether a file is being applied, or taken back by an undo. */
+    /** Any thread, wait-free. Whether a file is being applied, or its loading undone. */
     [[nodiscard]] bool isLoading() const noexcept { return loading.load (std::memory_order_acquire); }
 
     //==============================================================================
-    /** Any thread. The element "lastPreset" of a session; null without a current preset. */
+    /** Any thread. The element "lastPreset" of a session; null if there is no current preset. */
     [[nodiscard]] std::unique_ptr<juce::XmlElement> createLastPresetXml() const;
 
     /** Any thread. Makes the preset that the element refers to the current one, without loading it. */
@@ -114,7 +114,7 @@ private:
     std::unique_ptr<juce::FileChooser> fileChooser;
     juce::ScopedMessageBox overwriteQuestion;
     juce::ThreadSafeListenerList<Listener> listeners;
-    std::atomic<int> numListeners { 0 }; // lets the audio thread pass by an empty list without its lock
+    std::atomic<int> numListeners { 0 }; // lets the audio thread skip an empty list without its lock
     PresetState& pluginState;
     const PresetFolders folders;
 

@@ -22,7 +22,7 @@ void BypassDelay::process (juce::AudioBuffer<float>& buffer, int latency) noexce
 
     if (juce::roundToInt (line.getDelay()) != delay)
     {
-        // What the line heard under another latency, or while there was none, is not this audio's past.
+        // After a latency change, the samples in the line do not directly precede the new audio.
         line.reset();
         line.setDelay (float (delay));
     }

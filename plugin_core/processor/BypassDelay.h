@@ -15,8 +15,8 @@ public:
         the line. Allocates. */
     void prepare (const juce::dsp::ProcessSpec& spec, int latency);
 
-    /** [audio thread] Delays every channel in place, by no more than there is room for. Without latency
-        the buffer is already right and is left alone. */
+    /** [audio thread] Delays every channel in place by the latency in samples, clamped to the prepared
+        maximum. A latency of 0 leaves the buffer unchanged. */
     void process (juce::AudioBuffer<float>& buffer, int latency) noexcept;
 
 private:

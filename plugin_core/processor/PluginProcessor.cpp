@@ -22,7 +22,7 @@ constexpr auto companyAttribute = "company";
 constexpr int fallbackEditorWidth = 1050;
 constexpr int fallbackEditorHeight = 900;
 
-/** Counts up while it lives. */
+/** Raises a count for the lifetime of the object. */
 class RaisedWithinScope
 {
 public:
@@ -39,7 +39,7 @@ private:
     JUCE_DECLARE_NON_COPYABLE (RaisedWithinScope)
 };
 
-/** The session's size if there is one, else the user's, else that of a first start. */
+/** The session's size if there is one, else the user's last size, else the fallback. */
 [[nodiscard]] int
     chooseEditorSize (int sessionSize, const juce::ValueTree& settings, const juce::Identifier& key, int fallback)
 {
@@ -114,7 +114,7 @@ void PluginProcessor::applyInitialSettings()
     {
         if (const auto* const withId = dynamic_cast<const juce::AudioProcessorParameterWithID*> (parameter))
         {
-            // The parameter state passes the first message on whether the value has changed or not.
+            // The parameter state forwards its first message even without a change, so send it before listening.
             parameter->sendValueChangedMessageToListeners (parameter->getValue());
             parameterState.addParameterListener (withId->getParameterID(), this);
         }
@@ -153,7 +153,7 @@ juce::String PluginProcessor::getVersionText() const
 
 juce::AudioProcessorEditor* PluginProcessor::createEditor()
 {
-    // Before there is an editor: its own resizing writes the size into the state.
+    // Read the size before the editor exists, since its first resize overwrites the size in the state.
     const auto settings = getGlobalSettings();
     const auto width = chooseEditorSize (state.pluginEditorWidth.load (std::memory_order_relaxed),
                                          settings,
@@ -172,7 +172,7 @@ juce::AudioProcessorEditor* PluginProcessor::createEditor()
     editor->open (width, height);
     editor->startUpdateCheck();
 
-    // The framework's interface wants the caller to own a plain pointer.
+    // JUCE's interface returns an owning raw pointer.
     return editor.release();
 }
 
@@ -219,7 +219,7 @@ void PluginProcessor::restoreSession (const juce::XmlElement& xml)
     if (lastPreset != nullptr)
         presets.setDirtyFromXml (*lastPreset);
 
-    // Last, since the parameters locked so far keep their values through a session too.
+    // Read the new list last, since the parameters locked so far also keep their values when a session is restored.
     state.readLockedParams (xml);
     presets.sendLockedParamsChanged();
     state.forgetUndoHistory();

@@ -16,8 +16,8 @@
 namespace mk::pluginCore
 {
 
-/** The half of a plug-in that is the same in every product: what it answers the host, its parameters
-    and their undo, its saved state, and the wrapping of the audio callback. */
+/** The part of a plug-in that is the same in every product: its answers to the host, its parameters
+    and their undo, its saved state, and the wrapper around the audio callback. */
 class PluginProcessor : public juce::AudioProcessor,
                         public PresetState,
                         private juce::AudioProcessorValueTreeState::Listener
@@ -54,8 +54,8 @@ public:
     [[nodiscard]] bool isBusesLayoutSupported (const BusesLayout&) const override;
 
     //==============================================================================
-    /** [message thread] Fills a fresh instance from the user's defaults. Called once, after construction.
-        From here on a moved parameter makes the current preset dirty. */
+    /** [message thread] Initialises a new instance from the user's defaults. Called once, after construction.
+        After this call a parameter change makes the current preset dirty. */
     virtual void applyInitialSettings();
 
     [[nodiscard]] virtual juce::String getReleaseNotesUrl() const = 0;
@@ -64,7 +64,7 @@ public:
     /** [host or message thread] The product's part of prepareToPlay(). */
     virtual void prepareInternal (int blockSize, double rate) = 0;
 
-    /** [audio thread] The state was replaced since the last block. */
+    /** [audio thread] Called when the state was replaced since the last block. */
     virtual void onResetRequested() { reset(); }
 
     /** [audio thread] The product's audio callback. */
@@ -72,27 +72,27 @@ public:
 
     [[nodiscard]] virtual int getReleaseYear() const { return productInfo.releaseYear; }
 
-    /** Wrapper and version, "VST3 - v1.2.1 (x64)". */
+    /** The plug-in format and version, such as "VST3 - v1.2.1 (x64)". */
     [[nodiscard]] virtual juce::String getVersionText() const;
 
-    /** [message thread] Makes the product's editor. Null if the product has none to show. */
+    /** [message thread] Creates the product's editor. Null if the product has none. */
     [[nodiscard]] virtual std::unique_ptr<ProcessorEditor> createEditorInternal() = 0;
 
-    /** Any thread. The state as XML; without what belongs to a session alone if not forSession. */
+    /** Any thread. The state as XML. If forSession is false, it omits what only sessions store. */
     [[nodiscard]] std::unique_ptr<juce::XmlElement> getStateXml (bool forSession) override;
 
-    /** Any thread. Takes a document of getStateXml() over. False, with nothing changed, if it is another
-        product's. What the document lacks keeps or gets its default; unknown entries are ignored. Parameters
-        and state answer with the new values at once; what the message thread listens to follows later if
-        this is another thread. */
+    /** Any thread. Applies a document from getStateXml(). Returns false and changes nothing if it is from
+        another product. Missing parts keep their value or get their default; unknown entries are ignored. The
+        parameters and the state have the new values when the call returns; on other threads than the message
+        thread, the trees that components listen to are updated later. */
     bool setStateFromXml (const juce::XmlElement& xml, bool forSession) override;
 
-    /** Any thread, wait-free as long as there is no preset listener. The state has moved away from the
+    /** Any thread, wait-free as long as there is no preset listener. Marks the state as different from the
         current preset. Does nothing while the flag is locked. */
     virtual void setDirty();
 
     //==============================================================================
-    /** The root element of a file about the product's presets, with its company and version. */
+    /** The root element of a file about the product's presets, with the product's company and version. */
     [[nodiscard]] std::unique_ptr<juce::XmlElement> createPresetHeaderXml() const;
 
     /** Any thread, wait-free. While it is locked, nothing sets the dirty flag. */
@@ -101,13 +101,13 @@ public:
         dirtyLocked.store (shouldBeLocked, std::memory_order_release);
     }
 
-    /** Any thread, wait-free. Whether a host is giving the session back at this moment, on any thread. */
+    /** Any thread, wait-free. Whether the host is restoring a session at this moment, on any thread. */
     [[nodiscard]] bool isLoadingState() const noexcept { return numRestoring.load (std::memory_order_acquire) > 0; }
 
-    /** Any thread, wait-free. Whether a session or a preset has ever been given to this instance. */
+    /** Any thread, wait-free. Whether this instance has ever restored a session or a preset. */
     [[nodiscard]] bool isStateRestored() const noexcept { return stateRestored.load (std::memory_order_acquire); }
 
-    /** Any thread. Makes the present state the one that the kept copies show. */
+    /** Any thread. Replaces the stored copies of the state by the present state. */
     void refreshStateCopies() override;
 
     //==============================================================================
@@ -116,16 +116,16 @@ public:
     [[nodiscard]] PresetsManager& getPresetsManager() noexcept { return presets; }
     [[nodiscard]] SessionState& getSessionState() noexcept { return state; }
 
-    /** Any thread, wait-free. The rate in hertz that the host has asked for last; 0 before the first time. */
+    /** Any thread, wait-free. The sample rate in hertz of the last prepareToPlay(); 0 before the first call. */
     [[nodiscard]] double getPreparedRate() const noexcept { return sampleRate.load (std::memory_order_relaxed); }
 
-    /** [message thread] What a preset and the parameters' controls record into. */
+    /** [message thread] The undo manager that preset loads and the parameters' controls record into. */
     [[nodiscard]] juce::UndoManager& getUndoManager() noexcept override { return undoManager; }
 
-    /** [message thread] Closes the step of the undo history that the latest moves of parameters belong to. */
+    /** [message thread] Ends the undo step that contains the latest parameter changes. */
     void flushParameterChanges() override { parameterState.copyState(); }
 
-    /** [message thread] Nudges the hidden parameter, see createInternalParam(): moves it by a hundredth, and back
+    /** [message thread] Changes the hidden parameter, see createInternalParam(): raises it by 0.01, and resets it
         to 0 at the end of its range. */
     void nudgeInternalParameter();
 
@@ -133,7 +133,7 @@ protected:
     /** [message thread] The per-user settings that all instances share. */
     [[nodiscard]] juce::ValueTree getGlobalSettings() const { return globalSettings.getSettings(); }
 
-    /** [audio thread] What a bypassed block goes through. */
+    /** [audio thread] Delays a bypassed block by the reported latency. */
     void delayByLatency (juce::AudioBuffer<float>& buffer) noexcept
     {
         bypassDelay.process (buffer, getLatencySamples());

@@ -6,17 +6,17 @@
 namespace mk::pluginCore
 {
 
-/** What a processor knows of the window that it hands to the host. [message thread] */
+/** The interface through which a processor uses the editor that it returns to the host. [message thread] */
 class ProcessorEditor : public juce::AudioProcessorEditor
 {
 public:
     using juce::AudioProcessorEditor::AudioProcessorEditor;
 
-    /** Gives the complete window its first size, within its limits. Until then no size is remembered as the
-        user's. Called once, by PluginProcessor::createEditor(). */
+    /** Sets the first size of the fully constructed editor, within its limits. No size before this call is stored
+        as the user's. Called once, by PluginProcessor::createEditor(). */
     virtual void open (int width, int height) = 0;
 
-    /** Asks for a new version if it is time to. Called once, by PluginProcessor::createEditor(). */
+    /** Starts an update check if one is due. Called once, by PluginProcessor::createEditor(). */
     virtual void startUpdateCheck() = 0;
 };
 

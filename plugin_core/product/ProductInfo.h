@@ -6,7 +6,7 @@
 namespace mk::pluginCore
 {
 
-/** Who a product is: what the framework needs to know to name its files, its state and its pages. */
+/** The identity of a product, from which the framework names its files, its state and its web pages. */
 struct ProductInfo
 {
     juce::String name;
@@ -14,7 +14,7 @@ struct ProductInfo
     juce::String version;
     int releaseYear = 0;
 
-    /** The tag of the product's XML documents: the name without the characters that a tag must not hold. */
+    /** The tag of the product's XML documents: the name without the characters that a tag must not contain. */
     [[nodiscard]] juce::String getXmlTag() const { return name.removeCharacters (" _-:"); }
 };
 

@@ -11,12 +11,12 @@ namespace mk::pluginCore
 {
 namespace
 {
-/** The process's one object, as long as any handle lives or it is being written. */
+/** The process's one shared object. It exists while any handle does and while it is being written. */
 struct SharedInstance
 {
-    std::mutex mutex;                                        // never held while the disk is at work
+    std::mutex mutex;                                        // never held during disk access
     std::weak_ptr<PluginGlobalSettings::InnerData> instance; // guarded by the mutex
-    juce::uint32 numWritten = 0;                             // objects that have come and gone, guarded by the mutex
+    juce::uint32 numWritten = 0;                             // counts released objects, guarded by the mutex
 };
 
 [[nodiscard]] SharedInstance& getSharedInstance()
@@ -25,9 +25,9 @@ struct SharedInstance
     return shared;
 }
 
-/** The file, once nothing lies there that the properties file must not read: some broken files would make
-    it take the host down. Those are set aside, where a slip of the hand can still be repaired. A file
-    that cannot be moved is neither read nor written. */
+/** The file, if its content is safe to read: some malformed files would make juce::PropertiesFile crash the
+    host. Such a file is renamed, so that a user can still repair an editing mistake. If it cannot be renamed,
+    the path is empty, so the file is neither read nor written. */
 [[nodiscard]] juce::File withoutBrokenContent (const juce::File& file)
 {
     if (! file.existsAsFile() || parseUntrustedXml (file) != nullptr)
@@ -46,7 +46,7 @@ struct SharedInstance
         auto* const value = document.createNewChildElement ("VALUE");
         value->setAttribute ("name", key);
 
-        // A value that is XML stands as an element, so that the file can be read and edited.
+        // XML values are stored as elements, so that people can read and edit the file.
         if (auto xml = parseUntrustedXml (properties[key]))
             value->addChildElement (xml.release());
         else
@@ -61,7 +61,7 @@ struct SharedInstance
 std::shared_ptr<PluginGlobalSettings::InnerData> PluginGlobalSettings::obtainInstance()
 {
     auto& shared = getSharedInstance();
-    std::shared_ptr<InnerData> candidate; // as read from the file, until it is known that nobody has newer values
+    std::shared_ptr<InnerData> candidate; // read from the file, used only if no other object was written meanwhile
     juce::uint32 numWrittenBefore = 0;
 
     for (;;)
@@ -109,14 +109,14 @@ PluginGlobalSettings::~PluginGlobalSettings()
     auto& shared = getSharedInstance();
     std::unique_lock lock (shared.mutex);
 
-    // Whoever is writing already sees that there is more to write.
+    // A thread that is already writing checks for new changes afterwards.
     if (--innerData->numHandles > 0 || innerData->isBeingWritten)
         return;
 
     innerData->isBeingWritten = true;
 
-    // A handle that is made meanwhile takes this object and not the file, which may be the old one still. What
-    // is written is fixed under the mutex: from then on the tree may be that handle's.
+    // A handle created meanwhile shares this object, since the file may still be the old one, and may change the
+    // tree. So the document to write is created under the mutex.
     for (auto document = innerData->takeChanges(); innerData->numHandles == 0 && document.isNotEmpty();
          document = innerData->numHandles == 0 ? innerData->takeChanges() : juce::String())
     {
@@ -163,8 +163,8 @@ juce::String PluginGlobalSettings::InnerData::takeChanges()
     if (std::exchange (textInFile, text) == text)
         return {};
 
-    // Past the base class, which would start its saving timer, try a failed write again, and not look at how
-    // much of it succeeded. The last handle may go on any thread.
+    // The base class would start its saving timer, retry a failed write, and not check that all of it was
+    // written, so it is bypassed. The last handle may be destroyed on any thread, hence the lock.
     const juce::ScopedLock scopedLock (getLock());
     auto contents = getAllProperties();
     contents.set (SettingsIds::settings.toString(), text);

@@ -12,29 +12,29 @@
 namespace mk::pluginCore
 {
 
-/** A handle to what belongs to the user and not to a session. All handles of a process share one tree in
-    memory. The file is read when the first handle is made and written when the last one goes, so two
-    handles see each other's changes at once; of two processes the last to close wins.
+/** A handle to the per-user settings, which no session stores. All handles of a process share one tree in
+    memory, so they see each other's changes at once. The file is read when the first handle is created and
+    written when the last one is destroyed; if two processes write it, the later write wins.
 
-    Making, copying and destroying a handle is safe on any thread; the tree has no lock and is the message
-    thread's. No failure is reported: a file that cannot be read gives an empty tree, and a failed write
-    loses the values of this run. */
+    A handle may be created, copied and destroyed on any thread; the tree has no lock and may be used on the
+    message thread only. No failure is reported: a file that cannot be read gives an empty tree, and a failed
+    write loses the changes of this run. */
 class PluginGlobalSettings
 {
 public:
     class InnerData;
 
-    /** Takes part in the process's settings, and reads the file if nothing else does so far. */
+    /** Shares the process's settings; the first handle reads the file. */
     PluginGlobalSettings();
 
-    /** Shares what the other handle shares. */
+    /** Shares the other handle's settings. */
     PluginGlobalSettings (const PluginGlobalSettings&);
     PluginGlobalSettings& operator= (const PluginGlobalSettings&) = delete;
 
     /** The last handle writes the file. */
     ~PluginGlobalSettings();
 
-    /** [message thread] The shared tree, read and written by the names of SettingsIds, without undo. */
+    /** [message thread] The shared tree. Its properties are named in SettingsIds and are set without undo. */
     [[nodiscard]] juce::ValueTree getSettings() const;
 
     [[nodiscard]] InnerData& getInnerData() const noexcept { return *innerData; }
@@ -52,15 +52,15 @@ class PluginGlobalSettings::InnerData final : public juce::PropertiesFile
 {
 public:
     /** Reads the tree from the file; a missing or unreadable file leaves the tree empty. A file that
-        parseUntrustedXml() refuses is renamed to the suffix ".broken", and a new one takes its place in the
-        end. Any thread. */
+        parseUntrustedXml() rejects gets the suffix ".broken", and the next write creates a new
+        file. Any thread. */
     explicit InnerData (const juce::File& fileToUse = findSettingsFile (getOptions()));
 
-    /** Writes the tree to the file if it was changed. A half-written file never takes the place of the former
+    /** Writes the tree to the file if it has changed. A partly written file never replaces the previous
         one. */
     ~InnerData() override;
 
-    /** What the file is called and what form it has; findSettingsFile() says where it lies. */
+    /** The name and format of the file; findSettingsFile() gives its location. */
     [[nodiscard]] static Options getOptions();
 
     [[nodiscard]] juce::ValueTree getSettings() const { return settings; }
@@ -68,13 +68,13 @@ public:
 private:
     friend class PluginGlobalSettings;
 
-    /** The document to write, which counts as written from now on. Empty if nothing has changed. */
+    /** Returns the document to write and marks the changes as written. Empty if nothing has changed. */
     [[nodiscard]] juce::String takeChanges();
     void discardChanges() { static_cast<void> (takeChanges()); }
     void write (const juce::String& document) const;
 
     juce::ValueTree settings { SettingsIds::settings };
-    std::optional<juce::String> textInFile; // the tree's, nothing if it was never written
+    std::optional<juce::String> textInFile; // the tree as text, nothing if it was never written
     int numHandles = 0;                     // guarded by the handles' mutex
     bool isBeingWritten = false;            // the same
 

@@ -6,10 +6,10 @@
 namespace mk::pluginCore
 {
 
-/** The file of the per-user settings, one way per platform: where the options say, but on Linux below the
-    user's configuration folder, beside the presets. There a file that an earlier version has left in the home
-    folder is moved to the new place first; if it cannot be moved, it is the one that is given, so that nothing
-    is lost. Blocks on the disk; any thread but the audio thread. */
+/** The file of the per-user settings, one implementation per platform: the default file of the options, but on
+    Linux below the user's configuration folder, beside the presets. On Linux a file that an earlier version left
+    in the home folder is moved there first; if that fails, the old file is returned, so that no settings
+    are lost. Blocks on the disk; any thread but the audio thread. */
 [[nodiscard]] juce::File findSettingsFile (const juce::PropertiesFile::Options& options);
 
 } // namespace mk::pluginCore

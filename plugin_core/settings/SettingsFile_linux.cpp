@@ -10,19 +10,19 @@ namespace mk::pluginCore
 {
 namespace
 {
-/** Moves a file that is there into a place where there is none. False, with the file as it was, if it
-    cannot. */
+/** Moves an existing file to a path where there is no file. Returns false and leaves the file unchanged if that
+    fails. */
 [[nodiscard]] bool moveToNewPlace (const juce::File& from, const juce::File& to)
 {
     if (! to.getParentDirectory().createDirectory())
         return false;
 
-    // A link may be relative to its folder, so its content is what moves.
+    // A symbolic link may be relative to its folder, so it is copied by content and not renamed.
     if (! from.isSymbolicLink()
         && std::rename (from.getFullPathName().toRawUTF8(), to.getFullPathName().toRawUTF8()) == 0)
         return true;
 
-    // The two places may lie on different disks. What stays behind is never looked at again.
+    // A rename fails across file systems, so the content is copied. A remaining old file is never read again.
     if (! replaceFileContent (to, from.loadFileAsString()))
         return false;
 
@@ -32,7 +32,7 @@ namespace
 
 void removeIfEmpty (const juce::File& folder)
 {
-    // The system refuses to remove a folder that holds anything.
+    // The system refuses to remove a folder that is not empty.
     if (folder.isDirectory() && ! folder.isSymbolicLink())
         folder.deleteFile();
 }
@@ -50,7 +50,7 @@ juce::File findSettingsFile (const juce::PropertiesFile::Options& options)
     if (file == formerFile || file.exists() || ! isThere)
         return file;
 
-    // Another process may have moved it in between.
+    // If the move fails because another process has moved the file meanwhile, the new file exists.
     if (! moveToNewPlace (formerFile, file) && ! file.exists())
         return formerFile;
 

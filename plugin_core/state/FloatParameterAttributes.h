@@ -7,7 +7,7 @@ namespace mk::pluginCore
 {
 
 /** Attributes of a float parameter whose text has n decimals (fewer if the host wants a shorter text).
-    With n = 0 the value is rounded to the nearest integer, ties to even. Text is read as a number. */
+    With n = 0 the value is rounded to the nearest integer, ties to even. Text is parsed as a number. */
 [[nodiscard]] juce::AudioParameterFloatAttributes getFloatParameterAttributesWithNDecimals (int n);
 
 } // namespace mk::pluginCore

@@ -11,8 +11,8 @@ namespace mk::pluginCore
 /** The identifier of the hidden parameter. */
 inline constexpr auto internalParameterId = "internal";
 
-/** The hidden parameter that is nudged so that the host sees a change of state that no other parameter holds.
-    Reaper saves nothing for a parameter that cannot be automated. */
+/** The hidden parameter that is changed to tell the host that state outside the other parameters has changed.
+    In Reaper's VST3 it is automatable, since Reaper saves no change of a parameter that is not. */
 [[nodiscard]] std::unique_ptr<juce::AudioParameterFloat> createInternalParam (int versionHint);
 
 } // namespace mk::pluginCore

@@ -10,7 +10,7 @@ namespace mk::pluginCore
 {
 namespace
 {
-// The names that juce::AudioProcessorValueTreeState gives its own documents.
+// The names that juce::AudioProcessorValueTreeState uses in its own documents.
 constexpr auto parameterTag = "PARAM";
 constexpr auto idAttribute = "id";
 constexpr auto valueAttribute = "value";
@@ -76,7 +76,7 @@ void ParameterStore::apply (const juce::XmlElement& xml, const juce::StringArray
     {
     }
 
-    // Two hosts' threads at once would nest their gestures.
+    // Without the lock, two threads that apply at once would nest their gestures.
     const juce::ScopedLock scopedLock (gestureLock);
 
     for (const auto& [parameter, value] : locked)
@@ -142,7 +142,7 @@ bool ParameterStore::setAnnounced()
 
     const juce::ScopedLock scopedLock (lock);
 
-    // Newer values came in meanwhile, and these here may have gone over some of them.
+    // Newer values have arrived meanwhile, and the ones set here may have overwritten some of them.
     if (generation != generationOfValues)
         return false;
 
@@ -155,10 +155,10 @@ bool ParameterStore::setAnnounced()
 //==============================================================================
 void ParameterStore::updateTree()
 {
-    // The parameter state takes a change of its tree for an order to set the parameter, and would take back what
-    // another thread has set between our reading and its hearing of it. It is a listener in private, and only a
-    // C cast converts to a private base. Should the base go, the same cast would become a reinterpret_cast and
-    // compile as before: hence the assertion.
+    // When its tree changes, the parameter state sets the parameter, which could overwrite a value that another
+    // thread has set since it was read here. So the state is excluded as a listener. It inherits the listener
+    // privately, and only a C cast converts to a private base. If the base were removed, the cast would still
+    // compile, as a reinterpret_cast: hence the assertion.
     static_assert (std::is_base_of_v<juce::ValueTree::Listener, juce::AudioProcessorValueTreeState>);
     auto* const parameterState = (juce::ValueTree::Listener*) &state;
 

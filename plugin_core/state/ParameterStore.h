@@ -12,38 +12,38 @@ namespace mk::pluginCore
 
 /** Writes all parameters into a document and sets them from one, from any thread.
 
-    The value tree of juce::AudioProcessorValueTreeState is not used for it: replacing that tree drops the
-    undo history, even from within an undo, and flushing it records into an undo manager that is the message
-    thread's. The parameters themselves are set instead. No lock is held while a parameter tells its
-    listeners, so a host may do what it likes in answer; only the locked parameters are spoken for by one thread
-    at a time, whose host must not wait for another thread's restore in answer. */
+    It sets the parameters directly and not the value tree of juce::AudioProcessorValueTreeState: replacing that
+    tree clears the undo history, even during an undo, and flushing it records into the undo manager, which only
+    the message thread may use. No lock is held while a parameter calls its listeners, so the host may call back
+    from them. The gestures of the locked parameters are the exception: one thread at a time makes them, under a
+    lock, so a host must not wait in those callbacks for another thread that restores. */
 class ParameterStore
 {
 public:
-    /** Takes all parameters the processor has at this time. */
+    /** Covers all parameters that the processor has at construction. */
     explicit ParameterStore (juce::AudioProcessorValueTreeState& state);
 
     /** Any thread. An element of the state tree's type with one "PARAM" child per parameter, in the order of
         the layout, with the attributes "id" and "value" (not normalised). While apply() runs on another
-        thread these are the values that it is about to set. */
+        thread, these are the values that it is going to set. */
     [[nodiscard]] std::unique_ptr<juce::XmlElement> createXml() const;
 
-    /** Any thread. Sets every parameter to what the document holds. One that the document lacks, or whose
-        value is no finite number, gets its default; a value beyond the range gets the nearest end of it;
-        unknown entries are ignored. Of several calls at a time the last one wins as a whole.
+    /** Any thread. Sets every parameter to its value in the document. A parameter that is missing there, or
+        whose value is not a finite number, gets its default; values are clamped to the range;
+        unknown entries are ignored. If several threads call it at once, all values are those of the last call.
 
-        Locked parameters keep their value, and are set to it by a gesture of their own, so that a host that
-        follows the document learns that they did not move. */
+        Locked parameters keep their value, and are set to it in a gesture of their own: a host that reads
+        the document would otherwise assume that they have changed. */
     void apply (const juce::XmlElement& xml, const juce::StringArray& lockedIds);
 
     /** The tag of the documents. */
     [[nodiscard]] const juce::String& getTag() const noexcept { return tag; }
 
-    /** [message thread] Brings the value tree up to date without an entry in the undo history. */
+    /** [message thread] Copies the parameters to the value tree without an entry in the undo history. */
     void updateTree();
 
 private:
-    /** One value per parameter; nothing for one that is left alone. */
+    /** One value per parameter; nothing for a parameter that is not set. */
     using Values = std::vector<std::optional<float>>;
 
     [[nodiscard]] float getCurrentValue (size_t index) const noexcept;
@@ -58,7 +58,7 @@ private:
     std::vector<std::atomic<float>*> currentValues;
 
     juce::CriticalSection lock;
-    juce::CriticalSection gestureLock; // held while the locked parameters speak
+    juce::CriticalSection gestureLock; // held during the locked parameters' gestures
     Values arriving;                   // guarded by the lock: the newest values, empty when all are set
     juce::uint64 generation = 0;       // guarded by the lock: counts the arrivals
     int numThreadsApplying = 0;        // guarded by the lock

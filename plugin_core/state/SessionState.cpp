@@ -101,13 +101,13 @@ void SessionState::followOnMessageThread()
 
 void SessionState::handleAsyncUpdate()
 {
-    // Otherwise the parameter state would enter the new values into the history by and by, each as a move
+    // Otherwise the parameter state's timer would record the new values in the undo history, each as a change
     // of its own.
     parameters.updateTree();
 
     if (undoManager.isPerformingUndoRedo())
     {
-        // The undo in progress stands on the history.
+        // The history cannot be cleared during an undo, so it is cleared later.
         if (undoHistoryIsOld.load (std::memory_order_acquire))
             triggerAsyncUpdate();
 

@@ -9,28 +9,28 @@
 namespace mk::pluginCore
 {
 
-/** All that a plug-in keeps of itself but for its current preset: the parameters, what else a preset holds,
-    and what belongs to a session alone. */
+/** The saved state of a plug-in without its current preset: the parameters, the other contents of a preset,
+    and what only sessions store. */
 class SessionState final : private juce::AsyncUpdater
 {
 public:
-    /** The parameters must all be there. The undo manager is the one the parameter state records into. */
+    /** All parameters must exist already. The undo manager is the one that the parameter state records into. */
     SessionState (juce::AudioProcessorValueTreeState& parameterState, juce::UndoManager& undoManager);
     ~SessionState() override;
 
     //==============================================================================
-    /** Any thread. Adds the state to a document: what a preset holds, and for a session the attributes and
-        the element of the settings. The given element, if any, goes to its place among the children. */
+    /** Any thread. Adds the state to a document: the contents of a preset, and for a session also the attributes
+        and the settings element. lastPreset, if not null, is inserted at its position among the children. */
     void writeTo (juce::XmlElement& xml, bool forSession, std::unique_ptr<juce::XmlElement> lastPreset) const;
 
-    /** Any thread. Takes over what the document has of all this; the locked parameters stay where they are. */
+    /** Any thread. Applies the parts that the document contains; locked parameters keep their values. */
     void readFrom (const juce::XmlElement& xml, bool forSession);
 
-    /** Any thread. Makes the present state one that no undo goes back from. Takes effect before the call
-        returns on the message thread, and later otherwise. */
+    /** Any thread. Clears the undo history. On the message thread this happens before the call returns, unless an
+        undo is in progress; on other threads it happens later. */
     void forgetUndoHistory();
 
-    /** [message thread] Brings the parameters' tree up to date without an entry in the undo history. */
+    /** [message thread] Copies the parameters to their value tree without an entry in the undo history. */
     void updateParameterTree() { parameters.updateTree(); }
 
     //==============================================================================
@@ -38,24 +38,24 @@ public:
     [[nodiscard]] juce::StringArray getLockedParams() const;
     void setLockedParams (const juce::StringArray& ids);
 
-    /** Any thread. Takes the list from a session; one without a list locks none. */
+    /** Any thread. Reads the list from a session; a session without a list locks no parameter. */
     void readLockedParams (const juce::XmlElement& xml);
 
-    /** Any thread. The last restored state as blobs: the session as it came in, and as a preset. */
+    /** Any thread. The last restored state as blobs: the session as it was given, and its preset form. */
     [[nodiscard]] juce::MemoryBlock getSessionStateCopy() const;
     [[nodiscard]] juce::MemoryBlock getPresetStateCopy() const;
 
-    /** Any thread. Keeps new copies; a null session leaves its copy as it is. */
+    /** Any thread. Stores new copies; if session is null, the stored session copy is kept. */
     void setStateCopies (const juce::XmlElement* session, const juce::XmlElement& preset);
 
-    /** The product's own data, kept in sessions and presets. */
+    /** The product's own data, stored in sessions and presets. */
     [[nodiscard]] StateTree& getData() noexcept { return data; }
 
-    /** The state that outlives the editor; a session holds it, a preset does not. */
+    /** The settings that outlive the editor; stored in sessions but not in presets. */
     [[nodiscard]] StateTree& getSettings() noexcept { return settings; }
 
-    /** The editor's last size in pixels; not above 0 if there is none. Written and read by the message
-        thread and by the host's. */
+    /** The editor's last size in pixels; 0 or negative if there is none. Written and read by the message
+        thread and by the host's threads. */
     std::atomic<int> pluginEditorWidth { 0 }, pluginEditorHeight { 0 };
 
 private:

@@ -8,12 +8,12 @@
 namespace mk::pluginCore
 {
 
-/** What a host keeps for a session: a magic word, a length and the UTF-8 text of a document with its
-    terminator. */
+/** The blob that a host stores in a session: a magic word, a length and a document as null-terminated
+    UTF-8 text. */
 [[nodiscard]] juce::MemoryBlock writeStateBlob (const juce::XmlElement& xml);
 
-/** The document of a blob; null if the bytes hold none. A length beyond the end of the data is taken as up
-    to the end. Any thread; any bytes. */
+/** The document in a blob; null if the blob is invalid. A length beyond the end of the data is clamped to
+    it. Any thread; any bytes. */
 [[nodiscard]] std::unique_ptr<juce::XmlElement> readStateBlob (const void* data, int numBytes);
 
 } // namespace mk::pluginCore

@@ -5,7 +5,7 @@ namespace mk::pluginCore
 {
 namespace
 {
-/** The element as a tree. Text between the tags has no place in a tree and is left out. */
+/** The element as a tree. Text between the tags is dropped, since a tree cannot store it. */
 [[nodiscard]] juce::ValueTree toTree (const juce::Identifier& type, const juce::XmlElement& xml)
 {
     juce::ValueTree tree (type);
@@ -69,7 +69,7 @@ void StateTree::handleAsyncUpdate()
         tree.copyPropertiesAndChildrenFrom (replacement, nullptr);
     }
 
-    // Listeners may have changed the tree on the way.
+    // Listeners may have changed the tree while it was replaced.
     storeTree();
 
     if (onReplaced != nullptr)

@@ -11,9 +11,9 @@ namespace mk::pluginCore
 {
 
 /** A tree that components listen to on the message thread, and that a host may read and replace on any
-    thread. A private copy under a lock always holds the newest content; the tree itself is touched by the
-    message thread alone and follows a replacement from elsewhere asynchronously. The lock is never held
-    while anybody is called, and the audio thread never takes it. */
+    thread. A private copy under a lock always has the newest content; the tree itself is accessed only on the
+    message thread and is updated asynchronously after a replacement on another thread. No listener or callback
+    is called under the lock, and the audio thread never takes it. */
 class StateTree final : private juce::ValueTree::Listener, private juce::AsyncUpdater
 {
 public:
@@ -21,18 +21,18 @@ public:
     explicit StateTree (const juce::Identifier& type);
     ~StateTree() override;
 
-    /** [message thread] The tree to listen to and to change. It stays the same tree for life. */
+    /** [message thread] The tree to listen to and to change. It is the same tree for this object's lifetime. */
     [[nodiscard]] juce::ValueTree getTree() const { return tree; }
 
-    /** Any thread. The newest content, replacements that the tree has not followed yet included. */
+    /** Any thread. The newest content, including a replacement that the tree does not show yet. */
     [[nodiscard]] std::unique_ptr<juce::XmlElement> createXml() const;
 
-    /** Any thread. Puts the attributes and children of the element in the place of the whole content; its
-        tag is not looked at. The tree follows before the call returns on the message thread, and later
-        otherwise; what is changed in the tree until then is lost. */
+    /** Any thread. Replaces the whole content by the attributes and children of the element; its tag is
+        ignored. On the message thread the tree is updated before the call returns. On other threads it is
+        updated later, and changes made to the tree until then are lost. */
     void replaceContent (const juce::XmlElement& xml);
 
-    /** [message thread] Called after the tree has followed a replacement. */
+    /** [message thread] Called after the tree has been updated to a replacement. */
     std::function<void()> onReplaced;
 
 private:
@@ -44,11 +44,11 @@ private:
     void storeTree();
 
     juce::ValueTree tree;
-    bool following = false; // the message thread's own: the tree is being replaced
+    bool following = false; // message thread only: the tree is being replaced
 
     juce::CriticalSection lock;
-    juce::ValueTree newest;          // guarded by the lock; shared with nobody
-    bool replacementWaiting = false; // guarded by the lock: newest is ahead of the tree
+    juce::ValueTree newest;          // guarded by the lock; not shared
+    bool replacementWaiting = false; // guarded by the lock: newest is newer than the tree
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (StateTree)
 };

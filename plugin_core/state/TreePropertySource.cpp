@@ -16,7 +16,7 @@ void TreePropertySource::setTree (const juce::ValueTree& newTree)
 {
     const auto former = getValue();
 
-    // Listeners belong to the variable and follow to the tree that is assigned to it.
+    // JUCE attaches listeners to the ValueTree object, so they stay registered after an assignment.
     tree = newTree;
 
     if (getValue() != former)

@@ -6,13 +6,13 @@
 namespace mk::pluginCore
 {
 
-/** The source of juce::Values that refer to a property of a tree which may be replaced by another: the
-    values then follow to the new one, and their listeners hear of it if the property differs.
+/** The source of juce::Values that refer to a property of a tree which may be replaced by another tree. After
+    a replacement the values refer to the new tree, and their listeners are called if the property differs.
     [message thread] */
 class TreePropertySource final : public juce::Value::ValueSource, private juce::ValueTree::Listener
 {
 public:
-    /** Reads as the default wherever the property is missing. */
+    /** Reads as the default in a tree without the property. */
     TreePropertySource (juce::Identifier propertyToReferTo, juce::var defaultToUse);
     ~TreePropertySource() override;
 

@@ -6,8 +6,8 @@
 namespace mk::pluginCore
 {
 
-/** The whole number that the text begins with, after blanks and a sign; what follows it is ignored. Without
-    one 0; beyond the range of 64 bits the nearest end of it. Any thread; any text. */
+/** The integer at the start of the text, after optional blanks and sign; the rest is ignored. Returns 0 if
+    there is none; a number outside the 64-bit range is clamped. Any thread; any text. */
 [[nodiscard]] juce::int64 parseLeadingInteger (const juce::String& text);
 
 } // namespace mk::pluginCore

@@ -13,7 +13,7 @@ namespace
 {
 using Pointer = juce::String::CharPointerType;
 
-// The readers of JUCE count in int, and overflow on a long run of digits.
+// JUCE's number parsers count in int, which overflows on a long run of digits.
 constexpr int maxExponentDigits = 4;
 constexpr int maxMantissaDigits = 400;
 
@@ -34,7 +34,7 @@ void skipSign (Pointer& text)
     return count;
 }
 
-/** Skips an exponent if there is one. False if there is a bad one. */
+/** Skips an exponent if there is one. False if it is malformed. */
 [[nodiscard]] bool skipExponent (Pointer& text)
 {
     if (*text != 'e' && *text != 'E')

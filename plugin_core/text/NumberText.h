@@ -5,27 +5,27 @@
 
 #include <optional>
 
-/** Readers of numbers in text that may be anything at all: a document, a reply, a command line. None looks at
+/** Parsers for numbers in untrusted text, such as a document, a server's reply or a command line. They ignore
     the locale. Any thread. */
 namespace mk::pluginCore
 {
 
-/** The number that a text of a stored document stands for: an optional sign, digits with an optional
-    point, an optional exponent, blanks around it. Nothing if the text is anything else, "nan" and "inf"
-    included. Very large numbers come out as infinity. */
+/** The number that a text from a stored document represents: an optional sign, digits with an optional
+    decimal point, an optional exponent, blanks around it. Nothing for any other text, including "nan" and
+    "inf". Very large numbers become infinity. */
 [[nodiscard]] std::optional<double> parseNumber (const juce::String& text);
 
-/** The finite number that a user has typed, as parseNumber() reads it, with or without the unit behind it:
-    "-90", "-90dB" and "-90 db" for the unit "dB". Nothing if there is anything else in the text. */
+/** The finite number that a user has typed, as parseNumber() reads it, with or without the unit after it:
+    "-90", "-90dB" and "-90 db" for the unit "dB". Nothing if the text contains anything else. */
 [[nodiscard]] std::optional<double> parseQuantity (const juce::String& text, const juce::String& unit = {});
 
-/** The whole number within lowest .. highest that a user has typed. Nothing if there is anything else in the
-    text. */
+/** The integer within lowest .. highest that a user has typed. Nothing if it is out of range or the text
+    contains anything else. */
 [[nodiscard]] std::optional<int> parseWholeNumber (const juce::String& text, int lowest, int highest);
 
-/** The whole number that a text begins with: blanks, an optional sign, digits, and then anything, as in
-    "900px". Nothing if no digit comes there. Numbers outside the range of int come out as the nearest end of
-    it. */
+/** The integer at the start of a text: blanks, an optional sign, digits, and then anything, as in
+    "900px". Nothing if there is no digit in that place. Numbers outside the range of int are clamped
+    to it. */
 [[nodiscard]] std::optional<int> parseInteger (const juce::String& text);
 
 } // namespace mk::pluginCore

@@ -7,7 +7,7 @@ namespace mk::pluginCore
 {
 namespace
 {
-/** What the first byte of a character tells; the index in the table is the number of bytes that follow. */
+/** A pattern for the first byte of a character; the index in the table is the number of bytes that follow. */
 struct Form
 {
     juce::uint8 mask, lead;
@@ -18,7 +18,7 @@ constexpr std::array<Form, 4> forms {
     { { 0x80, 0x00, 0 }, { 0xe0, 0xc0, 0x80 }, { 0xf0, 0xe0, 0x800 }, { 0xf8, 0xf0, 0x10000 } }
 };
 
-/** How many bytes the first character has; 0 if it is none. There must be a first byte. */
+/** The length of the first character in bytes; 0 if it is invalid. The bytes must not be empty. */
 [[nodiscard]] size_t getCharacterLength (std::string_view bytes) noexcept
 {
     const auto first = juce::uint8 (bytes[0]);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
-/** The few functions and numbers of libcurl that are used here. It is loaded at the first request and never
+/** The functions and constants of libcurl that are used here. It is loaded at the first request and not
     linked, so that a system without it can load the plug-in. Linux only. */
 namespace mk::pluginCore::curl
 {
@@ -48,8 +48,8 @@ inline constexpr int resultWriteError = 23;
 struct Library
 {
     /** Null if the system has no libcurl, or one that is too old. [any thread] The first call loads it, which
-        takes some milliseconds. It then stays: a name server that does not answer can keep one of its threads
-        busy for longer than anything here lives. */
+        takes some milliseconds. It is never unloaded: while a name server does not answer, one of its threads
+        can outlive all objects here. */
     [[nodiscard]] static const Library* get();
 
     using Init = int (*) (long);

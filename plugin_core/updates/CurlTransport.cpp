@@ -11,12 +11,12 @@ namespace mk::pluginCore
 {
 namespace
 {
-// How long the library may sleep before it is asked again whether to stop.
+// The longest wait between two checks of shouldStop.
 constexpr int pollMs = 10;
 
 constexpr size_t maxHeaderBytes = size_t { 64 } * 1024;
 
-/** Keeps a connection that breaks while it is written to from ending the host's process. */
+/** Blocks SIGPIPE: writing to a broken connection would otherwise end the host's process. */
 class ScopedPipeSignalBlock
 {
 public:
@@ -44,7 +44,7 @@ private:
     JUCE_DECLARE_NON_COPYABLE (ScopedPipeSignalBlock)
 };
 
-/** What has come so far. */
+/** The data received so far. */
 struct Reply
 {
     juce::MemoryBlock body;
@@ -53,7 +53,7 @@ struct Reply
     bool isCut = false;
 };
 
-/** The library's write function: any number but the given one ends the transfer. */
+/** libcurl's write callback: returning any number other than numBytes ends the transfer. */
 size_t receiveBody (const char* data, size_t, size_t numBytes, void* context)
 {
     auto& reply = *static_cast<Reply*> (context);
@@ -63,7 +63,7 @@ size_t receiveBody (const char* data, size_t, size_t numBytes, void* context)
     return reply.isCut ? 0 : numBytes;
 }
 
-/** The library keeps all headers, so an endless number of them would fill the memory. */
+/** libcurl's header callback. libcurl stores all headers, so without a limit they could fill the memory. */
 size_t receiveHeader (const char*, size_t, size_t numBytes, void* context)
 {
     auto& reply = *static_cast<Reply*> (context);
@@ -133,12 +133,12 @@ private:
         set (option::headerFunction, &receiveHeader);
         set (option::headerData, static_cast<void*> (&reply));
 
-        // The process's signals belong to the host, and a stop does not wait for a name server.
+        // The process's signals belong to the host, and cancelling must not wait for a name server.
         set (option::noSignal, 1L);
         set (option::quickExit, 1L);
     }
 
-    /** Whether all has come that was wanted. */
+    /** Whether the whole body has been received, or as much of it as was requested. */
     [[nodiscard]] bool isComplete() const
     {
         auto numLeft = 0;
@@ -159,7 +159,7 @@ private:
         if (status / 100 == 2)
             return { reply.body, {} };
 
-        // Null for any other status.
+        // location stays null if the reply is not a redirect.
         const char* location = nullptr;
         library.easyGetInfo (easy, curl::infoRedirectUrl, &location);
         return { std::nullopt, juce::String::fromUTF8 (location != nullptr ? location : "") };

@@ -6,8 +6,8 @@
 namespace mk::pluginCore
 {
 
-/** Gets pages through libcurl, if the system has it. Of redirects, none leads from https to http, nor to
-    anything that is neither. Linux only. */
+/** Gets pages through libcurl, if the system has it. Redirects from https to http, or to any other
+    scheme, are not followed. Linux only. */
 class CurlTransport final : public HttpTransport
 {
 public:

@@ -10,13 +10,13 @@
 namespace mk::pluginCore
 {
 
-/** What to get. */
+/** A GET request. */
 struct HttpRequest
 {
     juce::String url; /**< http or https */
     juce::String userAgent;
-    size_t maxBytes = 0;     /**< what follows of the body is left unread */
-    int timeLimitMs = 30000; /**< for all of it, redirects included */
+    size_t maxBytes = 0;     /**< the rest of the body is not read */
+    int timeLimitMs = 30000; /**< for the whole request, including redirects */
 
     static constexpr int maxRedirects = 5;
 };
@@ -27,17 +27,17 @@ class HttpTransport
 public:
     virtual ~HttpTransport() = default;
 
-    /** [any thread but the message thread; blocks] The body of the page, cut to maxBytes. Nothing if there is
-        no connection, if it breaks or takes too long, if there are too many redirects, if the status is not
-        one of success, or if shouldStop, which is asked every few milliseconds, says so. */
+    /** [any thread but the message thread; blocks] The body of the page, cut to maxBytes. Nothing if the
+        connection fails, breaks or times out, if there are too many redirects, if the status is not 2xx, or if
+        shouldStop returns true, which is called every few milliseconds. */
     [[nodiscard]] virtual std::optional<juce::MemoryBlock> get (const HttpRequest& request,
                                                                 const std::function<bool()>& shouldStop) = 0;
 
-    /** [any thread] Ends the request under way, where shouldStop cannot be asked while the system blocks. A
-        transport that was cancelled gets nothing any more. */
+    /** [any thread] Ends the present request where the system blocks and shouldStop cannot be called. All
+        later requests of a cancelled transport fail. */
     virtual void cancel() {}
 
-    /** The one for this system. Cheap: nothing is loaded before the first request. */
+    /** The transport for this system. Cheap: nothing is loaded before the first request. */
     [[nodiscard]] static std::unique_ptr<HttpTransport> makeForThisSystem();
 };
 

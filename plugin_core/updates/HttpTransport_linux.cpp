@@ -4,7 +4,7 @@
 namespace mk::pluginCore
 {
 
-// JUCE's own requests know no TLS on Linux without linking libcurl.
+// On Linux, JUCE's own requests support TLS only if libcurl is linked.
 std::unique_ptr<HttpTransport> HttpTransport::makeForThisSystem() { return std::make_unique<CurlTransport>(); }
 
 } // namespace mk::pluginCore

@@ -18,7 +18,7 @@ constexpr auto schemeMark = "://";
     return (scheme == "http" || scheme == "https") && url.substring (scheme.length()).startsWith (schemeMark);
 }
 
-/** Whether the text names a scheme, and so is more than a path. */
+/** Whether the text starts with a scheme, so that it is an absolute URL and not a path. */
 [[nodiscard]] bool hasScheme (const juce::String& location)
 {
     const auto colon = location.indexOfChar (':');

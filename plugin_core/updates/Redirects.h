@@ -6,20 +6,20 @@
 namespace mk::pluginCore
 {
 
-/** What a single request gives: a page, or the address to go on at, or nothing at all. */
+/** The result of a single request: a page, the address of a redirect, or nothing. */
 struct HttpReply
 {
     std::optional<juce::MemoryBlock> body;
-    juce::String location; /**< as the server sends it, so perhaps relative to the page; empty for no redirect */
+    juce::String location; /**< as the server sends it, possibly relative to the page; empty without a redirect */
 };
 
-/** The whole address that a page's redirect leads to. Empty for one that is not followed: only http and https
-    are, and once the way is secure only https. Any thread; any text. */
+/** The absolute address of a page's redirect. Empty if the redirect must not be followed: only http and https
+    are allowed, and from an https page only https. Any thread; any text. */
 [[nodiscard]] juce::String resolveRedirect (const juce::String& page, const juce::String& location);
 
-/** Gets a page over HttpRequest::maxRedirects redirects at most, within the request's time limit. The systems'
-    own ways of following differ in where they let a server send the user, so this is the one way for all of
-    them, and getOnce must follow nothing by itself. */
+/** Gets a page, following HttpRequest::maxRedirects redirects at most, within the request's time limit. The
+    systems differ in which redirects they follow by themselves, so all of them use this function, and getOnce
+    must not follow any redirect. */
 [[nodiscard]] std::optional<juce::MemoryBlock>
     followRedirects (const HttpRequest& request, const std::function<HttpReply (const HttpRequest&)>& getOnce);
 

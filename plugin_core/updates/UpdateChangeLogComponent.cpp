@@ -119,7 +119,7 @@ void UpdateChangeLogComponent::paint (juce::Graphics& g)
     g.drawRoundedRectangle (panel, radius, 1.0f);
 }
 
-// The look comes with the parent.
+// The look and feel is inherited from the parent.
 void UpdateChangeLogComponent::parentHierarchyChanged() { lookAndFeelChanged(); }
 
 void UpdateChangeLogComponent::lookAndFeelChanged()

@@ -8,8 +8,8 @@
 namespace mk::pluginCore
 {
 
-/** The notice that there is a new version, over the whole window: what is new in it, and the way to it.
-    Return goes to the page and closes, Escape closes. [message thread] */
+/** The notice of a new version, over the whole window: the change log and a button to the download page.
+    Return opens the page and closes the notice, Escape closes it. [message thread] */
 class UpdateChangeLogComponent final : public juce::Component
 {
 public:
@@ -18,28 +18,28 @@ public:
     /** Opens the page; by default in the browser. Not called if there is no page. */
     std::function<void (const juce::URL&)> onDownload;
 
-    /** Both buttons end in it. */
+    /** Called last by both buttons. */
     std::function<void()> onClose;
 
     void setDownloadUrl (juce::URL url) { downloadUrl = std::move (url); }
     void setText (const juce::String& changeLog) { textArea.setText (changeLog); }
 
-    /** Tells screen readers of the notice. Called when it has become visible. It does not take the keyboard:
-        what the user is typing is not meant for it, and its Return opens a browser. */
+    /** Announces the notice to screen readers. Call it once the notice is visible. It does not take the keyboard
+        focus: the user may be typing elsewhere, and Return in the notice opens a browser. */
     void announce();
 
-    /** Where the parts of the panel lie. */
+    /** The bounds of the panel's parts. */
     struct Layout
     {
         juce::Rectangle<int> panel, title, text, download, close;
     };
 
-    /** The layout in a component of this size for buttons that want these widths. Buttons that do not both fit
-        into the row share it in proportion. */
+    /** The layout in a component of this size for buttons with these preferred widths. If the buttons do not both
+        fit into the row, they share it in proportion. */
     [[nodiscard]] static Layout
         makeLayout (juce::Rectangle<int> bounds, juce::Rectangle<float> panelBounds, int downloadWidth, int closeWidth);
 
-    /** How high the row of buttons is, which their wanted widths depend on. */
+    /** The height of the button row, from which the buttons' preferred widths are computed. */
     [[nodiscard]] static int getButtonHeight (juce::Rectangle<int> panel) noexcept;
 
     void paint (juce::Graphics& g) override;
@@ -54,7 +54,7 @@ private:
     void download();
     void close();
 
-    /** The panel, as shares of the component. */
+    /** The panel's bounds, as fractions of the component's size. */
     const juce::Rectangle<float> panelBounds { 0.15f, 0.15f, 0.7f, 0.7f };
     juce::Label titleLabel;
     juce::TextButton downloadButton, closeButton;

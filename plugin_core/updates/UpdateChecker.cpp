@@ -11,14 +11,14 @@ namespace mk::pluginCore
 {
 namespace
 {
-// A window that opens has better things to do first.
+// The check is delayed so that it does not slow down the opening of the window.
 constexpr int numDelaySteps = 49;
 constexpr int delayStepMs = 5;
 
 constexpr int threadExitMs = 50;
 constexpr int destructionMs = 15000;
 
-/** Whether a check of this process is under way; message threads set and clear it. */
+/** Whether a check is running in this process; set and cleared on message threads. */
 std::atomic<bool> checkUnderWay { false };
 } // namespace
 

@@ -11,8 +11,8 @@ namespace mk::pluginCore
 
 class PluginProcessor;
 
-/** Asks the vendor's site for the latest version, and for what is new in it, on a thread that lives for one
-    request. Whatever goes wrong counts as no news. [message thread] */
+/** Asks the vendor's site for the latest version and for its change log, on a thread that runs for one
+    request. Any failure counts as no new version or as an empty change log. [message thread] */
 class UpdateChecker final : public juce::Thread, public juce::AsyncUpdater
 {
 public:
@@ -22,34 +22,34 @@ public:
     public:
         virtual ~Listener() = default;
 
-        /** A check has ended, with or without an answer; without one there is no newer version. The date is
+        /** A check has ended, with or without an answer; without one newVersionAvailable is false. The date is
             in milliseconds since 1970. */
         virtual void versionInfoReceived (UpdateChecker&, bool newVersionAvailable, juce::int64 latestReleaseDate) = 0;
 
-        /** The change log has come; empty if it has not. */
+        /** The request for the change log has ended; the text is empty if it failed. */
         virtual void changeLogReceived (UpdateChecker&, const juce::String& text) = 0;
     };
 
     UpdateChecker (const PluginProcessor& processor, std::unique_ptr<HttpTransport> transport);
 
-    /** Ends a request under way. */
+    /** Cancels a running request. */
     ~UpdateChecker() override;
 
     void addListener (Listener* listener) { listeners.add (listener); }
     void removeListener (Listener* listener) { listeners.remove (listener); }
 
-    /** The folder of the site that the pages lie in. Not while a request is under way. */
+    /** Sets the URL of the folder that contains the pages. Not while a request is running. */
     void setBaseUrl (juce::URL url) { baseUrl = std::move (url); }
 
-    /** How long one request may take. Not while one is under way. */
+    /** Sets the time limit of one request. Not while one is running. */
     void setTimeLimit (int milliseconds) noexcept { timeLimitMs = milliseconds; }
 
-    /** Starts a check. False, with nothing started, if this process has one under way already: windows that
-        are opened together ask once. */
+    /** Starts a check. Returns false and starts nothing if one is already running in this process, so that
+        windows that are opened together make one request. */
     bool checkVersion();
 
-    /** Starts to fetch the change log. A request that has just ended is given 50 ms to leave its thread. False,
-        with nothing started, if it takes longer. */
+    /** Starts to fetch the change log. Waits up to 50 ms for the thread of the previous request to exit. Returns
+        false and starts nothing if it takes longer. */
     bool requestChangeLog();
 
 private:
@@ -66,13 +66,13 @@ private:
     const std::unique_ptr<HttpTransport> transport;
     juce::ListenerList<Listener> listeners;
 
-    // Set while no request is under way.
+    // Set only while no request is running.
     juce::URL baseUrl;
     int timeLimitMs;
     bool fetchChangeLog = false;
     bool holdsClaim = false;
 
-    // Written by the thread, read on the message thread once the thread has told it.
+    // Written by the thread, read on the message thread after the thread has triggered the async update.
     updateReplies::LatestVersion latest;
     bool newVersionAvailable = false;
     juce::String changeLog;

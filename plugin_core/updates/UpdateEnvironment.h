@@ -6,7 +6,7 @@
 namespace mk::pluginCore
 {
 
-/** What the update check needs of the world around it. */
+/** The external functions that the update check uses, which tests replace. */
 struct UpdateEnvironment
 {
     std::function<std::unique_ptr<HttpTransport>()> makeTransport;

@@ -14,7 +14,7 @@ namespace
 constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
 constexpr int longestCharacter = 4;
 
-/** Without the first bytes of a character whose last ones were cut off. */
+/** The bytes without an incomplete UTF-8 character at the end. */
 [[nodiscard]] std::string_view withoutCutCharacter (std::string_view bytes)
 {
     auto end = bytes.size();
@@ -62,7 +62,7 @@ juce::String decode (const juce::MemoryBlock& reply)
         }
         else if (isLatin1 && byte >= 0x80)
         {
-            // 0x80 to 0x9f are control characters there.
+            // 0x80 to 0x9f are control characters in Latin-1.
             if (byte >= 0xa0)
             {
                 text += char (0xc0 | byte >> 6);

@@ -3,15 +3,15 @@
 
 #include "VersionNumber.h"
 
-/** Reads what the vendor's site answers. The text may be anything at all. Any thread. */
+/** Parsers for the replies of the vendor's site, which may contain any bytes. Any thread. */
 namespace mk::pluginCore::updateReplies
 {
 
-/** How much of a reply is read, in bytes; what follows is cut off. */
+/** The maximum number of bytes to read of a reply; the rest is cut off. */
 inline constexpr size_t maxVersionBytes = size_t { 64 } * 1024;
 inline constexpr size_t maxChangeLogBytes = size_t { 1024 } * 1024;
 
-/** What the site tells of the latest version. What it leaves out is 0. */
+/** The site's information on the latest version. Missing fields are 0. */
 struct LatestVersion
 {
     VersionNumber version;
@@ -19,15 +19,15 @@ struct LatestVersion
     juce::int64 releaseDate = 0; /**< milliseconds since 1970 */
 };
 
-/** A reply's bytes as text: UTF-8, or Latin-1 if they are not; up to the first null byte; line ends as "\n";
-    without a byte order mark, other control characters, and the rest of a character that was cut. */
+/** Decodes a reply as UTF-8, or as Latin-1 if it is not valid UTF-8, up to the first null byte. Line ends become
+    "\n"; a byte order mark, other control characters and an incomplete last character are removed. */
 [[nodiscard]] juce::String decode (const juce::MemoryBlock& reply);
 
-/** Reads fields "key:value" with ";" between them; double quotes protect a ";" inside a value. Of a key that
-    comes twice the last counts. */
+/** Parses fields "key:value" separated by ";"; double quotes protect a ";" inside a value. If a key is
+    repeated, its last value is used. */
 [[nodiscard]] LatestVersion parseVersion (const juce::String& reply);
 
-/** The change log in a reply: all of it, or nothing if the site says that it has no such page. */
+/** The change log in a reply: the whole text, or empty if it says that the site has no such page. */
 [[nodiscard]] juce::String parseChangeLog (const juce::String& reply);
 
 } // namespace mk::pluginCore::updateReplies

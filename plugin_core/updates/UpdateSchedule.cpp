@@ -13,7 +13,7 @@ namespace
 constexpr auto oneDay = juce::int64 { 24 } * 60 * 60 * 1000;
 constexpr juce::int64 oneWeek = 7 * oneDay;
 
-/** A period after a time that may be any number, since files and replies can hold any. */
+/** The sum of time and period, clamped to the largest value: files and replies can contain any time. */
 [[nodiscard]] constexpr juce::int64 later (juce::int64 time, juce::int64 period) noexcept
 {
     constexpr auto latest = std::numeric_limits<juce::int64>::max();

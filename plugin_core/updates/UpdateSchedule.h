@@ -6,7 +6,7 @@
 namespace mk::pluginCore
 {
 
-/** When the site is asked for a new version, and when the user is told of one. Times are milliseconds since
+/** Decides when to check for a new version and when to show the notice of one. Times are in milliseconds since
     1970. [message thread] */
 struct UpdateSchedule
 {
@@ -14,17 +14,17 @@ struct UpdateSchedule
     juce::int64 lastVersionCheck = 0;
     juce::int64 lastChangeLogTime = 0;
 
-    /** What the per-user settings say. */
+    /** Reads the schedule from the per-user settings. */
     [[nodiscard]] static UpdateSchedule readFrom (const juce::ValueTree& settings);
 
-    /** Once in 24 hours, unless it is switched off. */
+    /** True if the last check was at least 24 hours ago, unless checks are switched off. */
     [[nodiscard]] bool isCheckDue (juce::int64 now) const noexcept;
 
-    /** The user is told at each check in the first 24 hours after a release, and from then on at most once
-        in 7 days. */
+    /** True at each check in the first 24 hours after a release, and from then on if the last notice was more
+        than 7 days ago. */
     [[nodiscard]] bool isNoticeDue (juce::int64 now, juce::int64 releaseDate) const noexcept;
 
-    /** Notes in the settings, for the next window, that the site was asked or the user told. */
+    /** These store the time of a check or of a notice in the settings, for the next window. */
     static void storeVersionCheck (juce::ValueTree settings, juce::int64 now);
     static void storeChangeLogTime (juce::ValueTree settings, juce::int64 now);
 };

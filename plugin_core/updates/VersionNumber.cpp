@@ -16,7 +16,7 @@ bool VersionNumber::isBeta (const juce::String& text) { return text.containsIgno
 
 VersionNumber VersionNumber::parse (const juce::String& text)
 {
-    // Without the mark the first is the whole text.
+    // Without a beta mark, upToFirstOccurrenceOf() returns the whole text.
     const auto numbers =
         juce::StringArray::fromTokens (text.upToFirstOccurrenceOf (betaMark, false, true).trim(), ".", {});
     const auto beta = isBeta (text) ? parsePart (text.fromFirstOccurrenceOf (betaMark, false, true)) : finalRelease;

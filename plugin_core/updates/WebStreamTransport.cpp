@@ -6,7 +6,7 @@
 namespace mk::pluginCore
 {
 
-/** Makes a stream the one that cancel() ends. */
+/** Registers a stream while this object exists, so that cancel() can end it. */
 class WebStreamTransport::Registration
 {
 public:

@@ -6,7 +6,7 @@
 namespace mk::pluginCore
 {
 
-/** Gets pages through what the system offers, by way of JUCE. */
+/** Gets pages through JUCE's juce::WebInputStream, which uses the system's HTTP client. */
 class WebStreamTransport final : public HttpTransport
 {
 public:

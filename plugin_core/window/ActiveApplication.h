@@ -6,8 +6,8 @@
 namespace mk::pluginCore
 {
 
-/** The system's answer, one file per platform: whether the application that shows the component is the one
-    the user works with. Where the system cannot tell, it counts as active. [message thread] */
+/** Whether the application that shows the component is the active one, according to the system. One file per
+    platform. If the system cannot tell, the application counts as active. [message thread] */
 [[nodiscard]] bool isApplicationActive (const juce::Component& component);
 
 } // namespace mk::pluginCore

@@ -8,7 +8,7 @@ namespace mk::pluginCore
 
 bool isApplicationActive (const juce::Component&)
 {
-    // A host that is no application of its own, such as a bare scanner, never gets one later.
+    // A host without an NSApplication, such as a command-line plug-in scanner, does not create one later.
     static const auto hasApplication = NSApp != nil;
     return ! hasApplication || [[NSApplication sharedApplication] isActive];
 }

@@ -30,7 +30,7 @@ public:
         peerShowing = isPeerShowing();
         componentShowing = component.isShowing();
 
-        // The system may still have a window on the screen that has just been hidden.
+        // The system may still report a window as mapped that has just been hidden.
         wasMapped = wasMapped && componentShowing;
         const auto visible = componentShowing && peerShowing;
 
@@ -51,13 +51,13 @@ private:
         if (peer == nullptr)
             return false;
 
-        // First of all, because once asked about, the window makes an event at every change.
+        // The first query also subscribes to the window's events, so it must come before the other checks.
         const auto isMapped = isWindowMapped (*peer);
 
         if (! peer->isShowing())
             return false;
 
-        // A new window takes a moment to come onto the screen; it counts as shown until it has been there.
+        // A new window takes a moment to be mapped, so it counts as shown until it has been mapped once.
         wasMapped = wasMapped || isMapped;
         return isMapped || ! wasMapped;
     }
@@ -77,7 +77,7 @@ private:
     juce::Component& component;
     std::function<void (bool)> callback;
     bool componentShowing = false, peerShowing = false;
-    bool wasMapped = false; // since the component last came to show in its present window
+    bool wasMapped = false; // since the component last became visible in its present window
     const WindowPoller::Client pollerClient;
 };
 

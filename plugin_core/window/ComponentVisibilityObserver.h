@@ -9,18 +9,18 @@
 namespace mk::pluginCore::GuiUtils
 {
 
-/** Tells whether a component can really be seen: showing in its window, and that window showing too.
+/** Reports whether a component is actually on the screen: visible in its window, and that window visible too.
     [message thread] */
 class ComponentVisibilityObserver
 {
 public:
-    /** Watches the component, which must outlive the observer. The callback gets every change, and the
-        present state if that is "visible". */
+    /** Watches the component, which must outlive the observer. The callback is called at every change, and
+        at once if the component is visible now. */
     ComponentVisibilityObserver (juce::Component& component, std::function<void (bool)> onVisibilityChanged);
     ~ComponentVisibilityObserver();
 
-    /** Looks again now, as the observer does by itself when the system tells of a change to the window: a
-        host can minimise or hide its window without any component hearing of it. */
+    /** Checks again now, as the observer does by itself when the system reports a change to the window: a
+        host can minimise or hide its window without a callback to any component. */
     void checkNow();
 
 private:

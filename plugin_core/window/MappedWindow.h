@@ -6,9 +6,9 @@
 namespace mk::pluginCore
 {
 
-/** The system's answer, one file per platform: whether the window is on the screen together with all windows
-    that it lies in, which a window inside a host's does not hear of by itself. Where the peer knows that, or
-    nobody can tell, it counts as mapped. [message thread] */
+/** Whether the window and all its parent windows are mapped, according to the system. One file per platform.
+    A window inside a host's window gets no event when a parent is hidden. Counts as mapped where the peer
+    itself reports hidden windows, or where the system cannot tell. [message thread] */
 [[nodiscard]] bool isWindowMapped (const juce::ComponentPeer& peer);
 
 } // namespace mk::pluginCore

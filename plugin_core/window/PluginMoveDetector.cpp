@@ -93,7 +93,7 @@ juce::ComponentPeer* PluginMoveDetector::findPeer()
     if (topLevelComponent == nullptr && component != nullptr)
         topLevelComponent = component->getTopLevelComponent();
 
-    // What moves while it cannot be seen counts once it can.
+    // A move of a hidden window is reported once the window is visible again.
     const auto isShown = topLevelComponent != nullptr && topLevelComponent->isVisible();
     return isShown ? topLevelComponent->getPeer() : nullptr;
 }

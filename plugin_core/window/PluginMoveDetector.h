@@ -8,9 +8,9 @@
 namespace mk::pluginCore
 {
 
-/** Finds out by polling what no host tells an editor: that its window was moved, that the host's
-    application lost or got the focus, and whether the window stands on a high-density display. The owner
-    calls checkNow() again and again. [message thread] */
+/** Polls for changes that hosts do not report to an editor: its window has moved, the host's application
+    has lost or gained the focus, or the window is now on a high-density display. The owner
+    calls checkNow() periodically. [message thread] */
 class PluginMoveDetector
 {
 public:
@@ -26,7 +26,7 @@ public:
         virtual void retinaStateChanged (PluginMoveDetector&, bool onRetinaDisplay) = 0;
     };
 
-    /** What the detector asks the system. */
+    /** The queries that the detector makes to the system. */
     struct System
     {
         std::function<bool (const juce::Component&)> isApplicationActive;
@@ -35,20 +35,20 @@ public:
         [[nodiscard]] static System makeReal();
     };
 
-    /** Watches the window that the component lies in. The component may go before the detector does. */
+    /** Watches the window that contains the component. The component may be deleted before the detector. */
     explicit PluginMoveDetector (juce::Component& componentToWatch, System systemToUse = System::makeReal());
 
     void addListener (Listener* listener) { listeners.add (listener); }
     void removeListener (Listener* listener) { listeners.remove (listener); }
 
-    /** One step: looks, and tells the listeners of what is new. */
+    /** One polling step: checks for changes and notifies the listeners. */
     void checkNow();
 
-    /** The display that holds most of the area; of equal ones the last. Null if the list is empty. */
+    /** The display with the largest share of the area; the last one on a tie. Null if the list is empty. */
     [[nodiscard]] static const juce::Displays::Display* findDisplay (const DisplayList& displays,
                                                                      juce::Rectangle<int> area) noexcept;
 
-    /** Whether this many physical pixels for a logical one are an even multiple: 2 and 4 are, 1.5 is not. */
+    /** Whether the scale, in physical pixels per logical pixel, is an even integer: 2 and 4 are, 1.5 is not. */
     [[nodiscard]] static bool isHighDensity (double scale) noexcept;
 
 private:

@@ -11,17 +11,17 @@
 namespace mk::pluginCore
 {
 
-/** Hears from the system that something about a window may have changed which isApplicationActive(),
-    isWindowMapped() or a window's peer tells. One file per platform. [message thread] */
+/** Receives the system's events after which the results of isApplicationActive(), isWindowMapped() or
+    a window's peer may have changed. One file per platform. [message thread] */
 class WindowEvents
 {
 public:
-    /** Calls back when there may be news; the caller then asks getNumChanges(). */
+    /** Calls onNews when something may have changed; the owner then calls getNumChanges(). */
     explicit WindowEvents (std::function<void()> onNews);
     ~WindowEvents();
 
-    /** Another number than before if anything may have changed. Asks nobody, so it costs little. Nothing where
-        the system does not tell, or no longer does: then anything may have changed at any time. */
+    /** Differs from the previous call if anything may have changed. Cheap: makes no request to the system.
+        Nothing if the system sends no events, or no longer does: then anything may change at any time. */
     [[nodiscard]] std::optional<std::uint32_t> getNumChanges() const;
 
 private:

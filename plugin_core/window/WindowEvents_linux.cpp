@@ -14,7 +14,7 @@ public:
     explicit Pimpl (std::function<void()> onNewsToUse)
         : onNews (std::move (onNewsToUse)), descriptor (windows->getDescriptor())
     {
-        // The host's own run loop waits on the socket.
+        // JUCE has the host's run loop watch the socket.
         if (descriptor >= 0)
             juce::LinuxEventLoop::registerFdCallback (descriptor, [this] (int) { socketIsReady(); });
     }
@@ -30,7 +30,7 @@ public:
 private:
     void socketIsReady()
     {
-        // The socket of a server that has gone would be ready for ever.
+        // After the server has closed the connection, the socket would always be ready.
         if (! getNumChanges().has_value())
             stopListening();
 

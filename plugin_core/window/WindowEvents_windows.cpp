@@ -8,7 +8,7 @@ class WindowEvents::Pimpl
 {
 };
 
-// There, asking costs little, and nothing has to be waited for.
+// On Windows the queries are cheap, so polling is enough and no events are needed.
 WindowEvents::WindowEvents (std::function<void()>) {}
 
 WindowEvents::~WindowEvents() = default;

@@ -10,7 +10,7 @@ namespace
 {
 constexpr int busyAfterChangeMs = 1000;
 
-// In case something changes that makes no event, everything is asked again once in a while.
+// Some changes may send no event, so everything is queried again at this interval.
 constexpr int checkEveryMs = 1000;
 
 [[nodiscard]] bool isMouseOverAWindow()
@@ -25,7 +25,7 @@ WindowPoller::~WindowPoller() = default;
 
 void WindowPoller::readNews()
 {
-    // One event seldom comes alone: the ones after the first are left to the timer, which runs fast by then.
+    // Events come in bursts: the first one triggers a step, and the timer, which then runs fast, handles the rest.
     if (events.getNumChanges() != lastNumChanges && busySteps == 0)
         pollNow();
 }
@@ -42,7 +42,7 @@ void WindowPoller::pollNow()
 
     const auto mayHaveChanged = somethingChanged || isDue || ! numChanges.has_value();
 
-    // A step may delete this, and clients may come and go in it.
+    // A client's step may release the last handle to this poller, and may add or remove clients.
     const juce::SharedResourcePointer<WindowPoller> keepAlive;
     const auto present = clients;
 

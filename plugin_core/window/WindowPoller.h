@@ -9,9 +9,9 @@
 namespace mk::pluginCore
 {
 
-/** The one timer of all the windows of a process: whoever has to look at something that nobody tells of is
-    called by it. It wakes ten times a second, and every 40 ms while the mouse is over a window or a window has
-    just changed. What the system tells of windows wakes it at once if it was idle. [message thread]
+/** The one timer that all windows of a process share, for clients that must poll because nothing notifies them.
+    It fires ten times a second, and every 40 ms while the mouse is over a window or a window has just changed.
+    A window event from the system triggers a step at once if the timer was idle. [message thread]
 
     Used through WindowPoller::Client; shared with a juce::SharedResourcePointer. */
 class WindowPoller final : private juce::Timer
@@ -28,7 +28,7 @@ public:
     /** One step, without waiting for the timer. */
     void pollNow();
 
-    /** The time to the next step. */
+    /** The timer's present period in milliseconds. */
     [[nodiscard]] int getPeriodMs() const noexcept { return getTimerInterval(); }
 
 private:
@@ -44,12 +44,12 @@ private:
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (WindowPoller)
 };
 
-/** Calls a function at every step of the poller, as long as it lives. */
+/** Calls a function at every step of the poller, until the client is destroyed. */
 class WindowPoller::Client
 {
 public:
-    /** The function gets whether anything may have changed that the system tells of the component's window;
-        if not, there is no need to ask the system again, which may take round trips to another process. The
+    /** The argument tells whether the system's state of the component's window may have changed; if not, the
+        function need not query the system again, which may take round trips to another process. The
         component must outlive the client; the function may delete any client. */
     Client (juce::Component& component, std::function<void (bool windowMayHaveChanged)> look);
     ~Client();

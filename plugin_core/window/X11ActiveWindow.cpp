@@ -24,13 +24,13 @@ struct FreeReply
 template <typename Reply>
 using ReplyPtr = std::unique_ptr<Reply, FreeReply>;
 
-/** A window as a component's peer gives it. */
+/** The X id in a native handle from a component's peer. */
 [[nodiscard]] xcb_window_t toId (void* window) noexcept
 {
     return xcb_window_t (reinterpret_cast<std::uintptr_t> (window));
 }
 
-// No window is nested that deeply; a server that says so is not to be believed.
+// No real window is nested this deeply, so a longer chain comes from a faulty server.
 constexpr int maxDepth = 100;
 
 /** The bit of an event's type that marks it as sent by another client. */
@@ -83,7 +83,7 @@ public:
                 ++numChanges;
         }
 
-        // Nothing holds any longer once the server has gone.
+        // Without a server the cached answers are no longer valid.
         if (! isUsable())
             forgetAnswers();
 
@@ -96,7 +96,7 @@ public:
 private:
     using Answers = std::map<xcb_window_t, bool>;
 
-    /** The answer that is known, or else the server's. Without a server, or if it goes meanwhile: true. */
+    /** The cached answer, or else the server's. True without a server, or if the connection breaks meanwhile. */
     template <typename Ask>
     [[nodiscard]] bool answer (Answers& known, xcb_window_t window, Ask&& ask)
     {
@@ -119,7 +119,7 @@ private:
 
     [[nodiscard]] bool askWhetherActive (xcb_window_t window)
     {
-        // Before anything is asked: what changes from here on makes an event.
+        // Subscribe before the queries, so that every change after them sends an event.
         const auto chain = watchWithParents (window);
         const auto active = readNumber (root, activeWindowAtom, XCB_ATOM_WINDOW);
 
@@ -147,7 +147,7 @@ private:
         return reply == nullptr || reply->map_state == XCB_MAP_STATE_VIEWABLE;
     }
 
-    /** Has the server tell of changes to the window and all those around it. Gives them, from the inside out. */
+    /** Subscribes to events of the window and all its parents. Returns them, innermost first. */
     std::vector<xcb_window_t> watchWithParents (xcb_window_t window)
     {
         std::vector<xcb_window_t> chain;
@@ -173,8 +173,8 @@ private:
         return event.response_type & ~sentByClient;
     }
 
-    /** A window's new place does not: while it is dragged, many of these come. Nor do errors, which come from
-        windows that were gone when they were asked about. */
+    /** Whether the event can change a cached answer. A move cannot, and a drag sends many of them. Nor can an
+        error, which the server sends for windows that were destroyed before the query. */
     [[nodiscard]] bool changesAnswers (const xcb_generic_event_t& event) const
     {
         switch (getType (event))
@@ -209,7 +209,7 @@ private:
         return reply != nullptr ? reply->atom : xcb_atom_t (XCB_ATOM_NONE);
     }
 
-    /** Nothing if the window or its property is not there. */
+    /** Nothing if the window or the property does not exist. */
     [[nodiscard]] std::optional<std::uint32_t> readNumber (xcb_window_t window, xcb_atom_t property, xcb_atom_t type)
     {
         ++numRoundTrips;
@@ -244,7 +244,7 @@ private:
     xcb_window_t root = XCB_NONE;
     xcb_atom_t activeWindowAtom = XCB_ATOM_NONE, processIdAtom = XCB_ATOM_NONE, stateAtom = XCB_ATOM_NONE;
 
-    // By window, until the next event.
+    // Cached by window, until the next event that can change an answer.
     Answers activeAnswers, viewableAnswers;
     std::uint32_t numChanges = 0;
     int numRoundTrips = 0;

@@ -9,43 +9,43 @@
 namespace mk::pluginCore
 {
 
-/** Asks an X server which window its window manager calls the active one, and which windows are hidden with
-    the windows around them. An answer holds until the server sends an event that could change it, so asking
-    again costs no round trip to the server.
+/** Queries an X server for the active window, as the window manager sets it, and for whether a window is
+    hidden by itself or with a parent. Answers are cached until the server sends an event that could change
+    them, so a repeated query costs no round trip to the server.
 
-    Has a connection of its own, and one that reports errors to the caller: through Xlib, a window that closes
-    at the wrong moment would end the host's process. Linux only; one thread at a time.
+    Uses its own XCB connection, which returns errors to the caller: with Xlib, an error for a window that was
+    just destroyed would end the host's process. Linux only; one thread at a time.
 
-    Those who ask for the process share one object with a juce::SharedResourcePointer. It must be gone before
-    the host gives the plug-in back: closing a library in a static destructor may unmap the plug-in while its
+    All users in a process share one object through a juce::SharedResourcePointer. It must be destroyed before
+    the host unloads the plug-in: closing a library in a static destructor may unmap the plug-in while its
     own code runs. */
 class X11ActiveWindow
 {
 public:
-    /** Connects to the given display, or to the one that the environment names. */
+    /** Connects to the given display, or for an empty name to the one that the environment sets. */
     explicit X11ActiveWindow (const juce::String& displayName);
     X11ActiveWindow();
     ~X11ActiveWindow();
 
-    /** Whether the active window is this process's or holds the given window, which is the case for a
-        plug-in that runs in a process apart from its host. The window is an X window's id, or null for none.
-        True too if there is no X server, or no window manager that tells. */
+    /** Whether the active window belongs to this process, or contains the given window, as it does when a
+        plug-in runs in another process than its host. The window is an X window's id, or null for none.
+        Also true if there is no X server, or no window manager that sets the active window. */
     [[nodiscard]] bool belongsTo (void* window) const;
 
-    /** Whether the window and all those around it are mapped: a window manager takes a minimised window off
-        the screen, and a plug-in's window with it, which does not hear of that. True too if the server cannot
+    /** Whether the window and all its parents are mapped: a window manager unmaps a minimised window, and the
+        plug-in's window inside it disappears without an event of its own. Also true if the server cannot
         tell. */
     [[nodiscard]] bool isViewable (void* window) const;
 
-    /** Reads the events that have arrived, without waiting. Gives a number that is another than before if
-        anything may have changed for a window that was asked about: an answer from here, its place on the
+    /** Reads the events that have arrived, without waiting. The number differs from the previous call if
+        anything may have changed for a window that was queried: an answer of this class, its position on the
         screen, or whether it is minimised. */
     [[nodiscard]] std::uint32_t getNumChanges() const;
 
-    /** The socket that has something to read when getNumChanges() may have news. Negative without a server. */
+    /** The socket that becomes readable when getNumChanges() may differ. Negative without a server. */
     [[nodiscard]] int getDescriptor() const;
 
-    /** How often the server was asked and waited for so far. */
+    /** The number of round trips to the server so far. */
     [[nodiscard]] int getNumRoundTrips() const noexcept;
 
 private:

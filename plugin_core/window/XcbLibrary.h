@@ -8,7 +8,7 @@
 namespace mk::pluginCore
 {
 
-/** The functions of libxcb, which is loaded and not linked: a host without a display may lack it. */
+/** The functions of libxcb. It is loaded at run time and not linked, since a system without a display may lack it. */
 class XcbLibrary
 {
     juce::DynamicLibrary library { "libxcb.so.1" };
