@@ -31,7 +31,7 @@ public:
     static void magnitudesToLevels (const ColumnSettings& settings, Column& column) noexcept;
 
 private:
-    /** Which bins a row shows. Depends on the geometry alone, so it is computed once and not for every column. */
+    /** The bins that a row shows. They depend only on the geometry, so they are not computed for every column. */
     struct Row
     {
         int lowBin; // the row's low edge lies between this bin and nextBin

@@ -11,7 +11,7 @@ namespace mk::orlo
 class ColourMap
 {
 public:
-    /** Entries of every map, whatever the number of colours it is stored with. */
+    /** The number of entries of every map, independent of the number of its stored colours. */
     static constexpr int numEntries = 256;
 
     /** Builds the map of that index, see getColourList(). Allocates. Any thread. */

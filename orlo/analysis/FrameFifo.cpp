@@ -43,8 +43,8 @@ bool FrameFifo::pop (Frame& destination) noexcept
         readerSpare->bins.clear(); // an empty frame left in a slot marks it as taken
         readerSpare = slots[size_t (indices.getSlot (seen))].exchange (readerSpare, std::memory_order_acq_rel);
 
-        // If the advance fails, the frame was dropped meanwhile; if the frame is empty, an earlier attempt has
-        // taken it from the slot and lost it to a drop. Either way the loop goes on with the next frame.
+        // If the advance fails, the frame was dropped meanwhile; if the frame is empty, an earlier failed attempt
+        // has already taken this slot's frame. In both cases the loop goes on with the next frame.
         if (indices.advanceRead (seen, 1) && ! readerSpare->bins.empty())
         {
             std::swap (destination, *readerSpare);
