@@ -12,9 +12,9 @@ namespace
 {
 #if JUCE_DSP_USE_STATIC_FFTW
 
-/** FFTW keeps what it has learnt about transforms. A host that loads and unloads the plug-in, as every scan
-    does, would lose that memory each time, so the last instance gives it back. No static object could do that
-    in its destructor: when a host exits with the plug-in loaded, a worker may still be transforming. */
+/** FFTW caches its planning data (wisdom). A host that loads and unloads the plug-in, as every scan does, would
+    leak that memory each time, so the last instance frees it. The destructor of a static object could not do
+    that: when a host exits with the plug-in loaded, a worker may still be transforming. */
 class TransformMemory
 {
 public:
@@ -33,7 +33,7 @@ public:
     }
 
 private:
-    static inline std::mutex mutex; // FFTW makes no plan while it cleans up
+    static inline std::mutex mutex; // keeps FFTW from making plans while it cleans up
     static inline int numInstances = 0;
 
     JUCE_DECLARE_NON_COPYABLE (TransformMemory)
@@ -47,7 +47,7 @@ struct TransformMemory
 
 #endif
 
-/** The first base goes last: after all transforms. */
+/** TransformMemory is the first base, so it is destroyed last: after all transforms. */
 class Plugin final : private TransformMemory, public mk::orlo::AudioPluginAudioProcessor
 {
 public:
@@ -55,7 +55,7 @@ public:
 };
 } // namespace
 
-/** What the format wrappers call for a new instance. The wrapper owns what it gets. */
+/** Called by the format wrappers for a new instance. The wrapper owns the result. */
 juce::AudioProcessor* JUCE_CALLTYPE createPluginFilter()
 {
     auto processor = std::make_unique<Plugin>();

@@ -7,7 +7,7 @@
 namespace mk::orlo
 {
 
-/** Which windows the worker cuts and how it transforms them. */
+/** The length and shape of the worker's windows and the padding of its transforms. */
 struct AnalysisConfig
 {
     int windowLength = 1023; /**< Samples. The product uses one less than a power of two. */
@@ -19,8 +19,8 @@ struct AnalysisConfig
 
 /** An AnalysisConfig that one thread writes and others read, wait-free on both sides.
 
-    The record itself is wider than a lock-free atomic; its values are not, so they travel packed into
-    one 64-bit word: 32 bits of length and 16 bits for each of the other two.
+    The struct is too large for a lock-free atomic, but its values are small, so they are packed into one
+    64-bit word: 32 bits for the length and 16 bits for each of the other two.
 */
 class AtomicAnalysisConfig
 {

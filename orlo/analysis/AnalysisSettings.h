@@ -6,7 +6,7 @@
 namespace mk::orlo
 {
 
-/** All that decides, besides the sample rate, how samples become frames. */
+/** Everything that decides how samples become frames, except for the sample rate. */
 struct AnalysisSettings
 {
     AnalysisConfig window;

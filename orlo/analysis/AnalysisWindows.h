@@ -11,7 +11,7 @@ enum class WindowType
 {
     rectangular = 0,
     triangular,
-    hann, /**< The one that the product selects. */
+    hann, /**< The one that the product uses. */
     hamming,
     blackman,
     blackmanHarris,
@@ -39,9 +39,9 @@ struct AnalysisWindows
 
 /** The derivative of a window by central differences, in units per sample, of the window's length.
 
-    The straight line between the window's ends is taken out before and put back after, so that a
-    window that does not end at zero keeps a step at its edges rather than half of one. A window of
-    fewer than two samples gives an empty derivative.
+    The straight line between the window's ends is subtracted first and its slope is added afterwards, so
+    that a window that does not end at zero keeps a whole step at its edges, not half of one. A window
+    of fewer than two samples gives an empty derivative.
 */
 [[nodiscard]] std::vector<float> differentiateWindow (const std::vector<float>& window);
 

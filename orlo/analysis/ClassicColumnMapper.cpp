@@ -12,7 +12,7 @@ ClassicColumnMapper::Row ClassicColumnMapper::makeRow (int y, const Geometry& ge
 
     const auto binAt = [&] (float edge)
     {
-        // The only row of a picture one row high shows the whole range.
+        // In a picture one row high that row shows the whole range.
         const auto down = lastRow > 0.0f ? juce::jlimit (0.0f, lastRow, edge) / lastRow : (edge < 0.0f ? 0.0f : 1.0f);
         return juce::jlimit (geometry.minHz, geometry.maxHz, scale.frequencyForPosition (1.0f - down))
                / geometry.binWidth;
@@ -81,7 +81,7 @@ void ClassicColumnMapper::fillMagnitudes (const Frame& frame,
         for (int bin = row.firstPeakBin; bin < row.endPeakBin; ++bin)
             loudest = juce::jmax (loudest, frame[size_t (bin)].magnitude);
 
-        // What is not a number counts as silence.
+        // A NaN counts as silence.
         column[y] = loudest > 0.0f ? loudest : 0.0f;
     }
 }

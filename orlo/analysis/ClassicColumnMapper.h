@@ -10,7 +10,7 @@ namespace mk::orlo
 class FrequencyScale;
 
 /** Maps the bins of a plain transform to a column: each row shows the loudest of the bins that it covers,
-    or, where it covers less than a bin, a raised-cosine interpolation between two. One thread at a time. */
+    or, if it covers less than a bin, a raised-cosine interpolation between two. One thread at a time. */
 class ClassicColumnMapper
 {
 public:
@@ -18,10 +18,10 @@ public:
         settings' range. Allocates only when rows or range have changed since the last call. */
     void fill (const Frame& frame, const ColumnSettings& settings, const FrequencyScale& scale, Column& column);
 
-    /** The first half of fill(): what is loudest in each row, as linear magnitudes of 0 or more.
+    /** The first half of fill(): the loudest magnitude in each row, linear, 0 or more.
 
-        As long as the floor is below the ceiling, the louder of two magnitudes has the higher level. Many
-        columns can then be merged by maximum as magnitudes, which leaves the logarithms of one column. */
+        As long as the floor is below the ceiling, the louder of two magnitudes has the higher level. Several
+        columns can then be merged by maximum as magnitudes, so that only one column needs logarithms. */
     void fillMagnitudes (const Frame& frame,
                          const ColumnSettings& settings,
                          const FrequencyScale& scale,
@@ -31,7 +31,7 @@ public:
     static void magnitudesToLevels (const ColumnSettings& settings, Column& column) noexcept;
 
 private:
-    /** Which bins a row shows. Depends on the geometry alone, so it is computed once and not for every column. */
+    /** The bins that a row shows. They depend only on the geometry, so they are not computed for every column. */
     struct Row
     {
         int lowBin; // the row's low edge lies between this bin and nextBin

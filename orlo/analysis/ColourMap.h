@@ -6,12 +6,12 @@
 namespace mk::orlo
 {
 
-/** Turns a level between 0 and 1 into an opaque colour. Immutable once made, so that a thread may go on
-    using a map that has been replaced meanwhile. */
+/** Turns a level between 0 and 1 into an opaque colour. Immutable, so that a thread may go on using a map
+    that has been replaced meanwhile. */
 class ColourMap
 {
 public:
-    /** Entries of every map, whatever the number of colours it is stored with. */
+    /** The number of entries of every map, independent of the number of its stored colours. */
     static constexpr int numEntries = 256;
 
     /** Builds the map of that index, see getColourList(). Allocates. Any thread. */
@@ -26,7 +26,7 @@ public:
     /** The same as ARGB words. */
     [[nodiscard]] const juce::Array<juce::uint32>& getPixels() const noexcept { return pixels; }
 
-    /** Which of the entries shows a level above 0; levels above 1 count as 1, and a NaN is the first. */
+    /** The index of the entry for a level above 0; levels above 1 count as 1, and a NaN gives 0. */
     [[nodiscard]] static int entryForLevel (float level) noexcept
     {
         const auto position = juce::jmin (level, 1.0f) * float (numEntries - 1);
@@ -40,7 +40,7 @@ public:
     }
 
     //==============================================================================
-    /** The stored colours of a map, level 0 first: 10, 256 or 2560 of them. An index from 46 up gives
+    /** The stored colours of a map, level 0 first: 10, 256 or 2560 of them. An index of 46 or more gives
         those of magma. */
     [[nodiscard]] static juce::Array<juce::Colour> getColourList (unsigned mapIndex);
 

@@ -32,7 +32,7 @@ constexpr std::array<TenPoints, firstTabulatedMap - firstTenPointMap> tenPointMa
 
 using Lists = std::array<juce::Array<juce::Colour>, numMaps>;
 
-/** Takes entries off the front of the packed tables. */
+/** Reads entries from the packed tables and advances the pointer past them. */
 [[nodiscard]] juce::Array<juce::Colour> unpack (const char*& packed, int numEntries)
 {
     juce::Array<juce::Colour> list;

@@ -13,8 +13,8 @@ namespace mk::orlo::colourTables
 inline constexpr size_t numMaps = colourMapNames.size();
 inline constexpr size_t magmaIndex = 5;
 
-/** The colours that the maps are stored with. Unpacked at the first call, from any thread, and shared
-    by the whole process from then on. */
+/** The stored colours of all maps. Unpacked at the first call, which any thread may make, and shared by
+    the whole process from then on. */
 [[nodiscard]] const std::array<juce::Array<juce::Colour>, numMaps>& getAll();
 
 } // namespace mk::orlo::colourTables

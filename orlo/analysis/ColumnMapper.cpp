@@ -21,7 +21,7 @@ void ColumnMapper::startAnewIfFormatChanged (const FrameFormat& newFormat)
 
 int ColumnMapper::getHistoryLength (int windowLength, int hop) noexcept
 {
-    // Every hop that a window touches, and one more for what is rounded up.
+    // The number of hops that a window touches, rounded up, and one more because positions are rounded up too.
     return (windowLength + hop - 1) / hop + 1;
 }
 

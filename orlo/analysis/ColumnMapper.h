@@ -14,9 +14,9 @@ class FrequencyScale;
 /** Turns frames, one after the other, into columns of levels.
 
     A reassigned point may lie anywhere in its window, so the columns of one window's span are kept as a
-    history that every frame adds to; the oldest one comes out when no later frame can reach it any more.
+    history that every frame adds to; the oldest column is output once no later frame can add to it.
     In Enhanced the picture therefore lags by about a window. The history's columns belong to frames of one
-    format, so it is started anew whenever the format changes. One thread at a time.
+    format, so it is cleared whenever the format changes. One thread at a time.
 */
 class ColumnMapper
 {
@@ -34,7 +34,7 @@ private:
 
     ClassicColumnMapper classic;
     EnhancedColumnPlotter enhanced;
-    FrameFormat format;          // of the frames that the history is made of
+    FrameFormat format;          // of the frames in the history
     std::vector<Column> history; // oldest first
 };
 

@@ -8,27 +8,27 @@ namespace mk::orlo
 {
 namespace
 {
-// A tick after a long gap may have lasted for any time; there are never more frames than the ring's slots.
+// A tick after a long gap may be of any length, but there are never more frames than the ring has slots.
 constexpr float longestTick = 64.0f;
 
-// The weight of the past at each tick: the rate is that of the last second or two.
+// The decay of the sums at each tick, with which the rate is an average over the last one or two seconds.
 constexpr float memory = 0.99f;
 
 // Rounding to whole frames makes up to a third more columns than the ticks ask for, and never visibly fewer.
-// A rate beyond that was not measured on a steady flow.
+// A higher rate means that the frames did not arrive steadily while it was measured.
 constexpr float highestRate = 1.5f;
 
 // Drawing slightly faster than columns arrive keeps the queue empty when they arrive evenly.
 constexpr float lead = 1.005f;
 
-// So many ticks' worth overdue cannot be drawn away fast enough. Together with what the present tick takes,
-// three times its columns are waiting.
+// With this many ticks' worth of columns overdue, drawing at twice the speed is too slow. Together with those of
+// the current tick, three times its columns are waiting.
 constexpr float ticksOverdueInPileUp = 2.0f;
 } // namespace
 
 ColumnPacer::Share ColumnPacer::next (float columnsPerTick, int numFramesReady, int framesPerColumn) noexcept
 {
-    // A duration that is not a number counts as none: it would stay in the sums.
+    // A NaN would stay in the sums, so it counts as a duration of 0.
     const auto tick = columnsPerTick > 0.0f ? std::min (columnsPerTick, longestTick) : 0.0f;
     const auto numComplete = numFramesReady / framesPerColumn;
     measureRate (tick, float (numFramesReady) / float (framesPerColumn));
@@ -36,7 +36,7 @@ ColumnPacer::Share ColumnPacer::next (float columnsPerTick, int numFramesReady, 
     credit += tick * lead * getArrivalsPerColumn();
     const auto numDue = std::min (int (credit), numComplete);
 
-    // Time that finds no frames is not made up for later, but for a column that is just being completed.
+    // Ticks without enough frames are not made up for later, except for one column that may be nearly complete.
     credit = std::min (credit - float (numDue), 1.0f);
 
     // Overdue columns are drawn at twice the normal speed at most.
@@ -59,11 +59,11 @@ ColumnPacer::Share ColumnPacer::next (float columnsPerTick, int numFramesReady, 
 
 void ColumnPacer::measureRate (float columnsPerTick, float columnsReady) noexcept
 {
-    // Nothing is known of when the first frames came, nor of what the first tick's duration refers to.
+    // It is unknown when the first frames arrived and when the first tick began, so they are not measured.
     if (std::exchange (isFirst, false))
         return;
 
-    // Fewer than were left means that the queue has been emptied.
+    // Fewer columns than were left after the last tick mean that the queue has been discarded.
     arrived = arrived * memory + std::max (0.0f, columnsReady - columnsLeft);
     elapsed = elapsed * memory + columnsPerTick;
 }
@@ -75,7 +75,7 @@ float ColumnPacer::getArrivalsPerColumn() const noexcept
 
 int ColumnPacer::getNumOverdue() const noexcept
 {
-    // What was never drawn in all this time: the least that any of these ticks left.
+    // The smallest number that any of these ticks left behind has waited for all of them.
     return int (*std::min_element (leftBehind.begin(), leftBehind.end()));
 }
 

@@ -9,11 +9,11 @@ namespace mk::orlo
 
 /** Decides at each tick of the display how many columns are drawn.
 
-    Frames arrive in bursts, a host's block at a time, and ticks come at the display's rate, which is not
-    the audio's. The columns that were heard are spread evenly over the ticks. In the long run as many are
-    drawn as were heard, whatever the display's rate: parts of a column are carried over, and where the
-    audio makes more columns than the ticks ask for (the hop and the frames of a column are whole numbers,
-    and two clocks are never equal), columns are drawn at the rate at which they arrive.
+    Frames arrive in bursts, a host's block at a time, and ticks come at the display's rate, which is
+    independent of the audio. The columns are spread evenly over the ticks. In the long run as many are drawn
+    as arrive, at any display rate: fractions of a column are carried over, and if the audio makes more
+    columns than the ticks ask for (because hop and frames per column are whole numbers and the two clocks
+    are never equal), columns are drawn at the rate at which they arrive.
 
     Holds no frames. No allocation, no lock; one thread at a time.
 */
@@ -28,7 +28,7 @@ public:
 
     /** The share of one tick.
         @param columnsPerTick   how long the tick lasted, in columns
-        @param numFramesReady   how many frames wait; the caller is taken to pop those of the share
+        @param numFramesReady   how many frames wait; the caller must then pop those of the share
         @param framesPerColumn  at least 1 */
     [[nodiscard]] Share next (float columnsPerTick, int numFramesReady, int framesPerColumn) noexcept;
 
@@ -38,18 +38,18 @@ private:
     [[nodiscard]] int getNumOverdue() const noexcept;
     void noteColumnsLeft (float numDrained, int numLeft) noexcept;
 
-    // Ticks for which columns must have waited before they count as overdue: about a quarter of a second,
-    // which is longer than hosts' blocks, so that a burst that is still being spread out does not count.
+    // Columns that have waited for this many ticks are overdue: about a quarter of a second, which is longer
+    // than hosts' blocks, so that a burst that is still being spread out does not count.
     static constexpr std::size_t patience = 16;
 
     bool isFirst = true;
-    float credit = 0.0f; // columns that are due, as a rule less than one
+    float credit = 0.0f; // columns that are due, usually less than one
 
-    // Sums that forget old ticks, both in columns: what has arrived and how much time has passed.
+    // Exponentially decaying sums, both in columns: how many have arrived and how much time has passed.
     float arrived = 0.0f;
     float elapsed = 0.0f;
 
-    float columnsLeft = 0.0f;                  // after the last tick, parts of a column included
+    float columnsLeft = 0.0f;                  // after the last tick, with fractions of a column
     std::array<float, patience> leftBehind {}; // whole columns that were left after recent ticks and still wait
     std::size_t nextTick = 0;
 };

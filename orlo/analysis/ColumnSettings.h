@@ -14,7 +14,7 @@ namespace mk::orlo
 /** One level for each row of the picture, row 0 on top: 0 is the floor, 1 the ceiling. */
 using Column = std::vector<float>;
 
-/** What of the frames is shown, whatever their format. */
+/** The range of frequencies and levels that is shown, independent of the frames' format. */
 struct ShownRange
 {
     float minFreqFraction = 0.0f; /**< Share 0 .. 1 of half the sample rate. */
@@ -24,7 +24,7 @@ struct ShownRange
     int numRows = 0;
 };
 
-/** All that decides, besides a frame's bins, how the frame becomes a column. */
+/** Everything that decides how a frame becomes a column, except for the frame's bins. */
 struct ColumnSettings : FrameFormat
 {
     float minHz = 0.0f; /**< The shown range, hertz. */
@@ -33,7 +33,7 @@ struct ColumnSettings : FrameFormat
     float ceilingDb = 0.0f;
     int numRows = 0;
 
-    /** Decibels to level, not above 1 nor below 0. A floor at the ceiling can make it a NaN. */
+    /** Decibels to level, clamped to 0 .. 1. Can be NaN if the floor equals the ceiling. */
     [[nodiscard]] float levelForDecibels (float dB) const noexcept
     {
         return juce::jlimit (0.0f, 1.0f, (dB - floorDb) / (ceilingDb - floorDb));
@@ -54,16 +54,16 @@ struct ColumnSettings : FrameFormat
     return settings;
 }
 
-/** The lowest level that is told apart from silence. */
+/** The lowest level that is distinguished from silence. */
 inline constexpr float silenceDb = -140.0f;
 
-/** Linear amplitude to decibels, at least silenceDb. */
+/** Linear amplitude to decibels, silenceDb or more. */
 [[nodiscard]] inline float decibelsForMagnitude (float magnitude) noexcept
 {
     return magnitude > 0.0f ? juce::jmax (silenceDb, 20.0f * std::log10 (magnitude)) : silenceDb;
 }
 
-/** Decibels to linear amplitude; silenceDb and less mean none at all. */
+/** Decibels to linear amplitude; silenceDb and less give 0. */
 [[nodiscard]] inline float magnitudeForDecibels (float dB) noexcept
 {
     return dB > silenceDb ? std::pow (10.0f, dB * 0.05f) : 0.0f;

@@ -23,7 +23,7 @@ void EnhancedColumnPlotter::plot (const Frame& frame,
     placePoints (settings, scale, columns);
     computeLevels (settings);
 
-    // Levels start at 0, so one that is not above 0, or not a number, changes nothing.
+    // Levels in the column are at least 0, so a level of 0 or less, or a NaN, changes nothing.
     for (size_t i = 0; i < points.count; ++i)
         *points.pixel[i] = points.level[i] > *points.pixel[i] ? points.level[i] : *points.pixel[i];
 }
@@ -43,7 +43,7 @@ void EnhancedColumnPlotter::selectPoints (const Frame& frame, const ColumnSettin
         points.pixel.resize (frame.size());
     }
 
-    // Copies, because a float that is written could for all the compiler knows be one of the settings.
+    // Copies, because the compiler must assume that the floats written below alias the settings.
     const auto minHz = settings.minHz;
     const auto maxHz = settings.maxHz;
     auto* const magnitudes = points.magnitude.data();
@@ -51,8 +51,8 @@ void EnhancedColumnPlotter::selectPoints (const Frame& frame, const ColumnSettin
     auto* const frequencies = points.hz.data();
     size_t count = 0;
 
-    // DC has no frequency to move. All comparisons are written so that a NaN fails them. In noise a branch on
-    // them could not be predicted, so every bin is stored and only the count depends on the result.
+    // DC is not reassigned. All comparisons are written so that a NaN fails them. In noise a branch on them
+    // would be mispredicted often, so every bin is stored and only the count depends on the result.
     for (size_t k = 1; k < frame.size(); ++k)
     {
         const auto& bin = frame[k];

@@ -12,13 +12,13 @@ class FrequencyScale;
 /** Plots the reassigned points of frames into the columns of their window's span. One thread at a time.
 
     A point is one pixel; of two points on one pixel the louder is shown. Points that were moved out of
-    their window, by a bin or more, or out of the range are left out: there the reassignment has failed.
+    their window, by a bin or more, or out of the range are not plotted: there the reassignment has failed.
 */
 class EnhancedColumnPlotter
 {
 public:
-    /** Adds the frame's points to the columns, the oldest of the window's span first. Columns must have
-        settings.numRows levels each, and the scale the settings' range. Allocates only when frames grow. */
+    /** Adds the frame's points to the columns of the window's span, oldest column first. Each column must have
+        settings.numRows levels, and the scale the settings' range. Allocates only when frames grow. */
     void plot (const Frame& frame,
                const ColumnSettings& settings,
                const FrequencyScale& scale,
@@ -40,7 +40,7 @@ private:
         size_t count = 0;
     };
 
-    // Each step is a loop of its own over all points. In one common loop every call of log10 would spill the
+    // Each step has its own loop over all points. In a single loop every call of log10 would spill the
     // registers, and the processor would wait for each of the scattered pixels instead of loading several.
     Points points;
 };

@@ -19,7 +19,7 @@ namespace mk::orlo
 
     The audio thread pushes samples, the image builder pops frames; both sides are lock-free. The
     thread "ana" only sleeps and calls processAvailable(), which tools, tests and benchmarks may call
-    themselves as long as the thread is not started.
+    directly if the thread is not started.
 */
 class FFTProcessor final : public juce::Thread
 {
@@ -39,19 +39,19 @@ public:
     std::function<void (double)> onSampleRateChanged;
 
     //==============================================================================
-    /** [audio thread] Appends mono samples and wakes the worker when a hop is complete. No allocation
-        and no lock but that of the wake-up event. When the ring is full the oldest samples go. */
+    /** [audio thread] Appends mono samples and wakes the worker when a hop is complete. No allocation and
+        no lock except that of the wake-up event. When the ring is full, the oldest samples are dropped. */
     void pushSamples (const float* data, int count) noexcept;
 
-    /** Any thread. Takes all settings at once, for whoever owns them all; each of the setters below has a thread
-        of its own in the plug-in. Wait-free. */
+    /** Any thread. Sets all settings in one call, for tools that own them all; in the plug-in each of the setters
+        below is called by one thread instead. Wait-free. */
     void setSettings (const AnalysisSettings& settings) noexcept;
 
-    /** Any thread. The settings that the worker takes at its next wake-up. Each value by itself is the newest; those
-        set one after the other may be seen apart. Wait-free. */
+    /** Any thread. The settings that the worker uses at its next wake-up. Each value is the newest, but the values
+        are read one by one, so they may come from different calls of the setters. Wait-free. */
     [[nodiscard]] AnalysisSettings getSettings() const noexcept;
 
-    /** [audio thread] Asks for another configuration; the worker takes it at its next wake-up if its
+    /** [audio thread] Requests another configuration; the worker applies it at its next wake-up if its
         window length differs from the current one. Wait-free. */
     void setPendingConfig (AnalysisConfig config) noexcept { pendingConfig.store (config); }
 
@@ -90,14 +90,14 @@ public:
     /** Any thread. */
     [[nodiscard]] int getNumFramesReady() const noexcept { return frameFifo.getNumReady(); }
 
-    /** Any thread. Samples that wait to be analysed. */
+    /** Any thread. The number of samples that wait to be analysed. */
     [[nodiscard]] int getNumSamplesReady() const noexcept { return sampleFifo.getNumReady(); }
 
     /** [message thread] Empties both rings. */
     void discardPending() noexcept;
 
     //==============================================================================
-    /** [worker, or anybody while the thread is not started] Takes over a pending configuration, then
+    /** [worker, or any thread while the worker's is not started] Applies a pending configuration, then
         turns every complete hop that waits into a frame. Allocates only for a new configuration or a longer hop. */
     void processAvailable();
 
@@ -112,7 +112,7 @@ private:
     static constexpr size_t largestFrame = 4097;
 
     std::atomic<double> sampleRate { 44100.0 };
-    std::atomic<bool> isPrepared { false }; // written and read by whoever prepares
+    std::atomic<bool> isPrepared { false }; // written and read by the caller of prepareToPlay()
 
     // Each written by one thread, see the setters, and read by the worker and others.
     AtomicAnalysisConfig pendingConfig { AnalysisConfig {} };
@@ -123,18 +123,18 @@ private:
     SampleFifo sampleFifo { sampleFifoSize };
     FrameFifo frameFifo { frameFifoSize };
 
-    // The worker's own.
+    // Used by the worker only.
     SpectralAnalyser analyser;
     std::vector<float> hopSamples;
     Frame scratchFrame;
 
-    // Copies of what the analyser has, written by the worker, read by all.
+    // Copies of the analyser's values, written by the worker, read by any thread.
     AtomicAnalysisConfig currentConfig { analyser.getConfig() };
     std::atomic<int> fftSize { analyser.getFftSize() };
 
     JUCE_DECLARE_WEAK_REFERENCEABLE (FFTProcessor)
 
-    // Made once, copied by any thread, looked into on the message thread only.
+    // Created once, copied by any thread, dereferenced on the message thread only.
     const juce::WeakReference<FFTProcessor> weakSelf { this };
 
     JUCE_DECLARE_NON_COPYABLE (FFTProcessor)

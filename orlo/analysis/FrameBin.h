@@ -7,7 +7,7 @@
 namespace mk::orlo
 {
 
-/** What the analysis knows about one transform bin of one frame. */
+/** The result of the analysis for one transform bin of one frame. */
 struct FrameBin
 {
     float magnitude = 0.0f; /**< Linear amplitude; a full-scale sine on the bin reads 1. */
@@ -15,12 +15,12 @@ struct FrameBin
     float freqShift = 0.0f; /**< Hertz from the centre of the bin, higher is positive. */
 };
 
-/** What a frame was made with, and what its bins therefore mean. */
+/** The settings that a frame was made with, which say what its bins mean. */
 struct FrameFormat
 {
     int windowLength = 2047;     /**< Samples. */
     int fftSize = 2048;          /**< Samples. */
-    int hop = 163;               /**< Samples from the frame before, at least 1. */
+    int hop = 163;               /**< Samples since the previous frame, at least 1. */
     bool enhanced = true;        /**< Whether the bins have shifts. */
     float sampleRate = 44100.0f; /**< Hertz. */
 

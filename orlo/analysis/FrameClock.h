@@ -14,7 +14,7 @@ struct FrameClock
     std::atomic<std::uint64_t> tickCount { 0 };
 
     /** [message thread] Announces a tick that lasted the given number of image columns.
-        The duration is stored before the count: a reader that sees the new count sees its duration, too. */
+        The duration is stored before the count, so a reader that sees the new count sees its duration too. */
     void tick (float columns) noexcept
     {
         columnsPerTick.store (columns, std::memory_order_relaxed);

@@ -22,7 +22,7 @@ void FrameFifo::push (const Frame& frame)
 {
     *writerSpare = frame;
 
-    // Where the advance fails, the reader or a discard has made room meanwhile.
+    // If the advance fails, the reader or a discard has made room meanwhile.
     for (auto seen = indices.getReadPosition(); indices.getNumFreeFrom (seen) < 1; seen = indices.getReadPosition())
         std::ignore = indices.advanceRead (seen, 1);
 
@@ -43,8 +43,8 @@ bool FrameFifo::pop (Frame& destination) noexcept
         readerSpare->bins.clear(); // an empty frame left in a slot marks it as taken
         readerSpare = slots[size_t (indices.getSlot (seen))].exchange (readerSpare, std::memory_order_acq_rel);
 
-        // Where the advance fails the frame was dropped meanwhile; where the frame is empty, its slot
-        // was dropped and taken before. Either way the next one is due.
+        // If the advance fails, the frame was dropped meanwhile; if the frame is empty, an earlier failed attempt
+        // has already taken this slot's frame. In both cases the loop goes on with the next frame.
         if (indices.advanceRead (seen, 1) && ! readerSpare->bins.empty())
         {
             std::swap (destination, *readerSpare);

@@ -13,8 +13,8 @@ namespace mk::orlo
 /** Single-reader, single-writer ring of frames from the analysis worker to the image builder.
 
     Lock-free on both sides, and free of allocation once every vector in circulation has grown to the
-    size of a frame. When it is full the writer drops the oldest frame. The slots hold pointers that
-    are exchanged whole, so a frame that is dropped while it is being read stays valid for its reader.
+    size of a frame. When it is full the writer drops the oldest frame. The slots hold pointers that are
+    exchanged atomically, so a frame that is dropped while it is being read stays valid for its reader.
 */
 class FrameFifo
 {
@@ -32,13 +32,13 @@ public:
     /** Any thread. */
     [[nodiscard]] int getNumReady() const noexcept { return indices.getNumReady(); }
 
-    /** Any thread. Drops all that is ready. */
+    /** Any thread. Drops all frames that are ready. */
     void discardAll() noexcept { indices.discardAll(); }
 
 private:
     RingIndices indices;
 
-    // One frame for each slot and one spare for each side. Who holds a frame's pointer owns the frame:
+    // One frame for each slot and one spare for each side. The holder of a frame's pointer owns the frame:
     // the slot, the writer through writerSpare, or the reader through readerSpare.
     std::vector<Frame> frames;
     std::vector<std::atomic<Frame*>> slots;

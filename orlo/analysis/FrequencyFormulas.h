@@ -5,8 +5,8 @@
 
 /** The psychoacoustic scales and their inverses, for frequencies in hertz from 0 up.
 
-    In double precision, since a range of a few hertz lies between values that are almost equal: of their
-    difference a float would leave too few digits for a pixel. */
+    In double precision, since the ends of a range of a few hertz have almost equal values, whose difference
+    would be less accurate than a pixel in single precision. */
 namespace mk::orlo::formulas
 {
 

@@ -9,11 +9,11 @@ namespace mk::orlo
 {
 namespace
 {
-// Below this the log scale turns linear, so that a range may start at 0 Hz.
+// Below this frequency in hertz the log scale is linear, so that a range may start at 0 Hz.
 constexpr float lowBandTop = 50.0f;
 constexpr int smallestTable = 1000;
 
-/** The whole hertz that the tables run from and to. */
+/** The first and the last frequency of the tables, in whole hertz. */
 [[nodiscard]] int getTableStart (float minHz) noexcept { return int (std::floor (minHz)); }
 [[nodiscard]] int getTableEnd (float maxHz) noexcept { return int (std::ceil (maxHz)); }
 
@@ -90,7 +90,7 @@ void FrequencyScale::updateLogState()
     const auto low = min < lowBandTop;
     const auto base = low ? lowBandTop : min;
 
-    // The low band gets the height of its own octaves, but of one octave at the most.
+    // The low band is as high as the octaves that it covers, but at most one octave.
     const auto lowOctaves =
         low ? juce::jmin (1.0, min < lowBandTop * 0.5f ? 1.0 : std::log2 (double (lowBandTop) / double (min))) : 0.0;
     const auto width = std::log2 (double (max) / double (base));
@@ -113,8 +113,8 @@ void FrequencyScale::rebuildTables()
     tableSize = span < smallestTable ? smallestTable : span + 1;
     const auto step = double (span) / double (tableSize - 1);
 
-    // The first and the last entry lie up to a hertz beyond the range. The formulas hold there too, so that
-    // what is interpolated within the range is right.
+    // The first and the last entry lie up to a hertz beyond the range. The formulas are valid there too, so the
+    // values interpolated within the range are correct.
     const auto fill = [&] (Type type, auto&& valueOf)
     {
         auto& table = tables[type];
@@ -129,8 +129,8 @@ void FrequencyScale::rebuildTables()
     fill (bark, makeForwardMap (formulas::barkFromHertz, min, max));
     fill (erb, makeForwardMap (formulas::erbFromHertz, min, max));
 
-    // The octaves only. Below them getForwardMap() puts a straight line, and what the table says of those
-    // frequencies matters only for the entry next to the band's end.
+    // This table is used only above the low band, for which getForwardMap() has a straight line. Of the entries
+    // in the low band only the one next to its upper end is read, to interpolate from.
     const auto fraction = double (lowBandFraction.load (std::memory_order_relaxed));
     const auto inverseWidth = double (octavesInverse.load (std::memory_order_relaxed));
     const auto base = hasLowBand.load (std::memory_order_relaxed) ? double (lowBandTop) : min;

@@ -9,13 +9,13 @@
 namespace mk::orlo
 {
 
-/** The one place where a frequency in hertz becomes a vertical position and back.
+/** Converts frequencies in hertz to vertical positions and back; no other code does so.
 
     A position runs from 0 (bottom, the lowest frequency shown) to 1 (top, the highest). The forward
     direction reads tables, since it runs for every point of every column; the inverse computes. The two
     agree within 1/3200, half a pixel of a picture 1600 pixels high, on every range that is at least a
-    thousandth of its highest frequency wide; below that the floats that frequencies are passed as become
-    too coarse. One exception: a log range that ends at or below 50 Hz is linear against 50 Hz and jumps to
+    thousandth of its highest frequency wide; for narrower ranges single precision is too coarse for the
+    frequencies. One exception: a log range that ends at or below 50 Hz is linear against 50 Hz and jumps to
     1 at its end, so the positions in between belong to no frequency of the range.
 
     Each instance has one owner thread that calls setRange() and positionForFrequency(). Any thread may
@@ -48,12 +48,12 @@ public:
     ~FrequencyScale() override;
 
     //==============================================================================
-    /** [owner thread] Sets the shown range, 0 <= minHz <= maxHz. A range equal to the present one within
-        rounding is ignored and costs nothing. Any other rebuilds the tables and notifies the listeners;
-        it allocates only if the tables have never been as large before. */
+    /** [owner thread] Sets the shown range, 0 <= minHz <= maxHz. A range equal to the current one within
+        rounding is ignored. Any other range rebuilds the tables and notifies the listeners; it allocates
+        only if the tables have never been as large before. */
     void setRange (float minHz, float maxHz);
 
-    /** Any thread. Sets the Type; the listeners hear of it if it is another one. */
+    /** Any thread. Sets the Type and, if it has changed, notifies the listeners. */
     void setScaleType (int newType);
 
     [[nodiscard]] float getMinFrequency() const noexcept { return minFrequency.load (std::memory_order_relaxed); }
@@ -67,10 +67,10 @@ public:
     /** [owner thread] Hertz to position 0 .. 1. */
     [[nodiscard]] float positionForFrequency (float hz) const noexcept { return getForwardMap() (hz); }
 
-    /** Any thread. Position to hertz, within the range; the linear scale goes on beyond it. */
+    /** Any thread. Position to hertz, clamped to the range; the linear scale extrapolates beyond it. */
     [[nodiscard]] float frequencyForPosition (float position) const noexcept;
 
-    /** The forward direction of one moment, for converting many frequencies in a row. Valid on the owner
+    /** A snapshot of the forward direction, for converting many frequencies in a row. Valid on the owner
         thread until the next setRange(). */
     class ForwardMap
     {
@@ -87,7 +87,7 @@ public:
             if (table == nullptr)
                 return 0.0f;
 
-            // The low band of the log scale. Its slope changes at the upper end, which no table would hit.
+            // The low band of the log scale. Its slope changes at its upper end, which lies between table entries.
             if (hz < straightEnd)
                 return (hz - minHz) * straightSlope;
 
@@ -97,13 +97,13 @@ public:
             if (index >= tableSize - 1)
                 return 1.0f;
 
-            // The table's ends lie beyond the range, and so may the values that are computed from them.
+            // The table's ends lie beyond the range, so values interpolated from them may do so too.
             return juce::jlimit (0.0f, 1.0f, lerp (table[index], table[index + 1], x - float (index)));
         }
 
     private:
         /** std::lerp for a and b that are close together and t in 0 .. 1: exact at the ends and monotonic
-            all the same, without the branches for opposite signs. */
+            too, but without the branches for opposite signs. */
         [[nodiscard]] static float lerp (float a, float b, float t) noexcept
         {
             const auto x = a + t * (b - a);
@@ -136,15 +136,15 @@ private:
 
     juce::ListenerList<Listener> listeners;
 
-    // Written by the owner thread (scaleType by any), read by all.
+    // Written by the owner thread (scaleType by any thread), read by any thread.
     std::atomic<float> minFrequency { 0.0f }, maxFrequency { 20000.0f };
     std::atomic<int> scaleType { linear };
 
-    // The owner thread's.
+    // Used by the owner thread only.
     int tableSize = 0;
     std::array<juce::Array<float>, numTypes> tables;
 
-    // The log scale. Written by the owner thread, read by all.
+    // For the log scale. Written by the owner thread, read by any thread.
     std::atomic<bool> hasLowBand { false };
     std::atomic<float> lowBandFraction { 0.0f }; // share of the axis that the band below 50 Hz has
     std::atomic<float> lowBandFractionInverse { 1.0f };

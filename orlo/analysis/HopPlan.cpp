@@ -25,7 +25,7 @@ constexpr int smallestEnhancedHop = 64;
     return shortestColumnMs + columnMsRange * slowness;
 }
 
-/** The power of two nearest to a positive value, the higher one of two equally near. */
+/** The power of two nearest to a positive value; of two equally near, the higher one. */
 [[nodiscard]] int nearestPowerOfTwo (int value) noexcept
 {
     const auto above = juce::nextPowerOfTwo (value);
@@ -38,7 +38,7 @@ constexpr int smallestEnhancedHop = 64;
     const auto overlap = doubleResolution ? 16 : 8;
     const auto wanted = juce::jmax (smallestEnhancedHop, (windowSize - 1) / overlap);
 
-    // A column shorter than the overlap factor would start at zero, and never grow.
+    // For a column shorter than the overlap factor the hop would start at 0, and doubling would never end.
     auto hop = juce::jmax (1, samplesPerColumn / overlap);
 
     while (nearestPowerOfTwo (hop) < wanted)

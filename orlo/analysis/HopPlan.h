@@ -4,17 +4,17 @@
 namespace mk::orlo
 {
 
-/** What decides how far the analysis advances from frame to frame. */
+/** The settings that decide how far the analysis advances from frame to frame. */
 struct HopSettings
 {
-    int windowSize = 2048;       /**< The window size as the user reads it, 256 .. 8192; 0 if none. */
+    int windowSize = 2048;       /**< The window size as shown to the user, 256 .. 8192; 0 if none. */
     double sampleRate = 44100.0; /**< Hertz. */
     float speed = 40.0f;         /**< Percent, 0 (slow) .. 100 (fast). */
     bool doubleResolution = false;
     bool enhanced = true;
 };
 
-/** How the stream of samples is spread over image columns. */
+/** How the samples are distributed over image columns. */
 struct HopPlan
 {
     float secondsPerColumn = 0.0f;

@@ -6,7 +6,7 @@
 namespace mk::orlo
 {
 
-/** How far the energy of a bin lies from the bin's own place. */
+/** The distance of a bin's energy from the bin's own time and frequency. */
 struct ReassignmentShifts
 {
     float time;      /**< Samples from the centre of the window. */

@@ -9,12 +9,12 @@ namespace mk::orlo
 
 /** The read and write positions of a single-reader, single-writer ring.
 
-    Positions count the slots since the start and never wrap, so a position that was looked at before stands
-    for the same content for ever: a compare-and-swap from it cannot succeed after the ring has gone round.
+    Positions count the slots since the start and never wrap, so each position refers to the same content for
+    ever: a compare-and-swap from an old position cannot succeed after the ring has gone round.
 
     One slot always stays unused, so that a ring of n slots holds n - 1. Besides the reader, the writer (to make
     room) and a third thread (to discard everything) may advance the read position. Every advance is a
-    compare-and-swap from the position that its caller has tested, so that of two at once only one succeeds and
+    compare-and-swap from the position that its caller has read, so that of two at once only one succeeds and
     the read position never passes the write position.
 */
 class RingIndices
@@ -24,14 +24,14 @@ public:
 
     explicit RingIndices (int numSlots) noexcept : capacity (numSlots) {}
 
-    /** Slots with something in them. Any thread; exact only on the reader's or writer's own side. */
+    /** The number of filled slots. Any thread; exact only on the reader's and the writer's thread. */
     [[nodiscard]] int getNumReady() const noexcept
     {
         // Read first: the write position never falls behind a read position seen before it.
         const auto from = getReadPosition();
         const auto ready = getNumReadyFrom (from);
 
-        // A caller that is neither reader nor writer may be held up between the two while the ring goes on.
+        // A third thread may be interrupted between the two loads while the ring moves on.
         return ready < capacity ? ready : capacity - 1;
     }
 
@@ -41,7 +41,7 @@ public:
 
     [[nodiscard]] int getCapacity() const noexcept { return capacity; }
 
-    /** Where in the ring a position lies. */
+    /** The index in the ring of a position. */
     [[nodiscard]] int getSlot (Position position) const noexcept { return int (position % capacity); }
 
     /** Slots ready as seen from a read position taken before. */
@@ -57,7 +57,7 @@ public:
     }
 
     /** Moves the read position on by count, at most getNumReadyFrom (seen), from the position that the caller
-        has seen. False, with nothing moved, if somebody else has moved it since. */
+        has read. False, with nothing moved, if another thread has moved it since. */
     [[nodiscard]] bool advanceRead (Position seen, int count) noexcept
     {
         return read.compare_exchange_strong (seen, seen + count);
@@ -78,7 +78,7 @@ public:
 private:
     const int capacity;
 
-    // Sequentially consistent throughout: a position is touched once a block or frame, so order costs nothing.
+    // Sequentially consistent throughout: positions are accessed only once per block or frame, so the cost is small.
     std::atomic<Position> read { 0 };
     std::atomic<Position> write { 0 };
 

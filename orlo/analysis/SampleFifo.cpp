@@ -36,7 +36,7 @@ void SampleFifo::push (const float* samples, int count) noexcept
         count = room;
     }
 
-    // Where the advance fails, the reader or a discard has made room meanwhile.
+    // If the advance fails, the reader or a discard has made room meanwhile.
     for (auto seen = indices.getReadPosition(); indices.getNumFreeFrom (seen) < count; seen = indices.getReadPosition())
         std::ignore = indices.advanceRead (seen, std::min (count, indices.getNumReadyFrom (seen)));
 
@@ -61,8 +61,8 @@ bool SampleFifo::pop (float* destination, int count, int skip) noexcept
         copyOut (destination, ring.get() + start, untilEnd);
         copyOut (destination + untilEnd, ring.get(), count - untilEnd);
 
-        // Where this fails, the writer or a discard has moved past samples while they were being read, and
-        // what was copied may be a mixture of old and new.
+        // If this fails, the writer or a discard has moved the read position during the copy, which may then
+        // be a mixture of old and new samples.
         if (indices.advanceRead (seen, count + skip))
             return true;
     }

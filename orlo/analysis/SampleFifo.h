@@ -11,10 +11,10 @@ namespace mk::orlo
 /** Single-reader, single-writer ring of samples from the audio thread to the analysis worker.
 
     Lock-free on both sides: an operation is repeated only if another thread has moved the read position
-    meanwhile. When there is no room the writer drops the oldest samples, so the reader always gets to the newest
-    audio; a drop shows as a skipped column. The writer may overwrite samples that the reader is copying out at
-    that time, which the reader notices and then starts again. For that overlap to be harmless, each sample is
-    an atomic.
+    meanwhile. When there is no room the writer drops the oldest samples, so the reader always reaches the newest
+    audio; a drop shows as a skipped column. The writer may overwrite samples while the reader is copying them;
+    the reader detects that and starts again. Each sample is an atomic, so that this overlap is not a data
+    race.
 */
 class SampleFifo
 {
@@ -26,20 +26,20 @@ public:
         larger than the whole ring only the newest samples are kept. */
     void push (const float* samples, int count) noexcept;
 
-    /** [worker] Copies the count oldest samples out and removes them, and removes skip more behind them.
+    /** [worker] Copies and removes the count oldest samples, and removes the next skip samples too.
         False, with nothing removed and the destination undefined, if fewer than count + skip are ready. */
     [[nodiscard]] bool pop (float* destination, int count, int skip) noexcept;
 
     /** Any thread. */
     [[nodiscard]] int getNumReady() const noexcept { return indices.getNumReady(); }
 
-    /** Any thread. Drops all that is ready. */
+    /** Any thread. Drops all samples that are ready. */
     void discardAll() noexcept { indices.discardAll(); }
 
 private:
     RingIndices indices;
 
-    // Relaxed loads and stores: the indices order the samples wherever order is promised.
+    // Accessed by relaxed loads and stores, since the indices give the samples their order.
     std::unique_ptr<std::atomic<float>[]> ring;
 
     static_assert (std::atomic<float>::is_always_lock_free);

@@ -6,13 +6,13 @@
 namespace mk::orlo
 {
 
-/** A picture that SpectrogramRing has copied out, and what it needs to know to bring it up to date. */
+/** A copy of the picture, and what SpectrogramRing has to know to bring it up to date. */
 struct Snapshot
 {
     juce::Image image;
 
-    // Of the ring, when the image was copied.
-    int numRebuilds = -1; // never
+    // The ring's counters when the image was copied.
+    int numRebuilds = -1; // not copied yet
     juce::int64 numColumns = 0;
     bool scroll = false;
 };

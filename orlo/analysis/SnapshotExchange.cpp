@@ -18,7 +18,7 @@ void SnapshotExchange::publish() noexcept
 
 const juce::Image& SnapshotExchange::getFront() noexcept
 {
-    // Only this side ever clears the bit, so once seen it stays.
+    // Only the view clears the bit, so it is still set at the exchange.
     if ((waiting.load (std::memory_order_relaxed) & freshBit) != 0)
     {
         const auto mine = reinterpret_cast<std::uintptr_t> (front);

@@ -13,15 +13,15 @@ namespace mk::orlo
 /** Hands finished pictures from the image builder to the view, wait-free on both sides.
 
     There are three holders. At any time the builder owns one (back), the view owns one (front), and the
-    third waits in between; publishing and taking swap one's own holder for the waiting one. A picture
-    that the view did not take in time is simply replaced.
+    third waits in between; publish() and getFront() swap their side's holder for the waiting one. A
+    picture that the view did not take in time is replaced.
 */
 class SnapshotExchange
 {
 public:
     SnapshotExchange() noexcept;
 
-    /** [builder] What to draw the next picture into. Holds a picture of some turns ago. */
+    /** [builder] The snapshot to draw the next picture into. Holds an earlier picture. */
     [[nodiscard]] Snapshot& getBack() noexcept { return back->snapshot; }
 
     /** [builder] Hands the back picture over; getBack() gives another one afterwards. */
@@ -32,7 +32,7 @@ public:
     [[nodiscard]] const juce::Image& getFront() noexcept;
 
 private:
-    // On cache lines of their own, since two threads write to neighbouring holders.
+    // Each on its own cache line, since two threads write to neighbouring holders.
     struct alignas (128) Holder
     {
         Snapshot snapshot;

@@ -33,7 +33,7 @@ void SpectralAnalyser::configure (AnalysisConfig newConfig)
     workBuffer.resize (size_t (fftSize) * 2);
     magnitudes.resize (size_t (numBins));
 
-    // The transforms do not write the Nyquist bin, which must not keep what a larger size has left there.
+    // The transforms do not write the Nyquist bin, so a value left there by a larger size must be cleared.
     spectrumPlain.assign (size_t (fftSize), {});
     spectrumDerivative.assign (size_t (fftSize), {});
     spectrumRamp.assign (size_t (fftSize), {});
@@ -61,7 +61,7 @@ void SpectralAnalyser::process (const float* samples, const AnalysisSettings& se
 //==============================================================================
 void SpectralAnalyser::slideWindow (const float* samples, int hop) noexcept
 {
-    // One sample less than the window holds: its last sample stays zero.
+    // The window's last sample stays zero, so one sample less is kept than the window holds.
     const auto keep = juce::jmax (0, config.windowLength - hop - 1);
     const auto fresh = getNumSamplesRead (hop);
 
@@ -70,8 +70,8 @@ void SpectralAnalyser::slideWindow (const float* samples, int hop) noexcept
 
     std::copy_n (samples, fresh, inputFrame.begin() + keep);
 
-    // Clearing from the end of the samples, and not just from the end of the window, keeps the window's
-    // last sample zero after a change of hop or length too: a NaN left there would never go away.
+    // A NaN in the window's last sample would stay there for ever, so everything from the end of the samples on
+    // is cleared, which keeps that sample zero after a change of hop or length too.
     std::fill (inputFrame.begin() + keep + fresh, inputFrame.begin() + fftSize, 0.0f);
 }
 
@@ -80,7 +80,7 @@ void SpectralAnalyser::transformWith (const std::vector<float>& window,
 {
     using Vector = juce::FloatVectorOperations;
 
-    // Only the first fftSize floats go into the transform; it writes the others itself.
+    // The transform reads only the first fftSize floats and writes the others itself.
     const auto length = int (window.size());
     Vector::multiply (workBuffer.data(), inputFrame.data(), window.data(), length);
     Vector::clear (workBuffer.data() + length, fftSize - length);
@@ -95,14 +95,14 @@ void SpectralAnalyser::transformWith (const std::vector<float>& window,
 
     workBuffer[size_t (2 * numBins - 2)] *= scale;
 
-    // The bins below Nyquist. The Nyquist bin itself is not taken over and stays as it was.
+    // Copies the bins below Nyquist. The Nyquist bin itself is left unchanged.
     Vector::copy (reinterpret_cast<float*> (spectrum.data()), workBuffer.data(), fftSize);
 }
 
 void SpectralAnalyser::fillMagnitudes (float threshold, Frame& frame) noexcept
 {
-    // In double precision the squares of any two floats can be added without overflow or underflow,
-    // which is what hypot() is for; unlike hypot(), this loop is vectorised.
+    // In double precision the squares of any two floats can be added without overflow or underflow, so
+    // hypot() is not needed; unlike hypot(), this loop is vectorised.
     const auto* const spectrum = reinterpret_cast<const float*> (spectrumPlain.data());
 
     for (int k = 0; k < numBins; ++k)

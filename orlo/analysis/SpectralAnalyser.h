@@ -14,10 +14,10 @@
 namespace mk::orlo
 {
 
-/** The pure analysis: samples in, frames out, without a thread or a queue.
+/** The analysis itself, without a thread or a queue: turns samples into frames.
 
-    Successive hops slide through a window, which is transformed after each. Instances share nothing, so that
-    several threads may each use one of their own; one thread at a time for each instance.
+    Successive hops slide through a window, which is transformed after each. Instances share no state, so
+    several threads may each use their own; one thread at a time for each instance.
 */
 class SpectralAnalyser
 {
@@ -25,8 +25,8 @@ public:
     /** Applies the default configuration. */
     SpectralAnalyser();
 
-    /** Takes another configuration over if its window length differs from the present one; otherwise it does
-        nothing. Allocates. The samples stay, so that the next frames show a short transition. */
+    /** Applies another configuration if its window length differs from the current one, else does nothing.
+        Allocates. The samples are kept, so the next frames show a short transition. */
     void configure (AnalysisConfig config);
 
     [[nodiscard]] AnalysisConfig getConfig() const noexcept { return config; }
@@ -34,14 +34,14 @@ public:
     /** The transform's length in samples. */
     [[nodiscard]] int getFftSize() const noexcept { return fftSize; }
 
-    /** How many samples of each hop are looked at: a hop longer than the window leaves its rest unread. */
+    /** How many samples of each hop are read: if the hop is longer than the window, the rest is skipped. */
     [[nodiscard]] int getNumSamplesRead (int hop) const noexcept { return juce::jmin (hop, config.windowLength); }
 
-    /** Moves the window on by a hop and transforms it. Shifts of bins that get none, because they are too quiet
-        or the settings are not for Enhanced, stay as they were in the frame. Allocates only when the frame grows.
+    /** Moves the window on by a hop and transforms it. Bins that are too quiet, and all bins if the settings are
+        not for Enhanced, keep the shifts that the frame had before. Allocates only when the frame grows.
 
         @param samples     the first getNumSamplesRead (settings.hop) samples of the hop
-        @param settings    with a hop of at least 1; its window is taken over by configure() only
+        @param settings    with a hop of at least 1; its window is applied by configure() only
         @param sampleRate  hertz
         @param frame       gets the bins and their format */
     void process (const float* samples, const AnalysisSettings& settings, double sampleRate, Frame& frame);

@@ -50,7 +50,7 @@ void SpectrogramImageBuilder::run()
         const auto tickCount = frameClock.tickCount.load (std::memory_order_acquire);
         const auto numTicks = tickCount - std::exchange (lastTickCount, tickCount);
 
-        // Ticks that came while columns were being painted have each lasted about as long as the newest.
+        // Ticks that came while columns were being painted are taken to be as long as the newest one.
         if (numTicks == 0
             || ! processTick (float (numTicks) * frameClock.columnsPerTick.load (std::memory_order_relaxed)))
             wait (1.0);
@@ -132,7 +132,7 @@ void SpectrogramImageBuilder::collectMergedColumns (int numFrames, int framesInE
 
         ++framesInColumn;
 
-        // Frames that are too many go into columns that are drawn anyway, so that their peaks are not lost.
+        // Surplus frames are merged into columns that are drawn anyway, so that their peaks are not lost.
         if (catchUp && (turn == 0 || turn == numFrames / 2))
             mergeNextFrame();
 

@@ -15,12 +15,12 @@ namespace mk::orlo
 
 class FFTProcessor;
 
-/** Turns the worker's frames into the picture, at the pace of the display's ticks.
+/** Turns the worker's frames into the picture, at the rate of the display's ticks.
 
     For every tick it takes the frames that are due (see ColumnPacer), maps them to columns, paints these
     into a ring image and publishes a snapshot of the part that is shown. The thread "ima" only waits for
-    ticks and calls processTick(), which tools, tests and benchmarks may call themselves as long as the
-    thread is not started.
+    ticks and calls processTick(), which tools, tests and benchmarks may call directly if the thread is
+    not started.
 */
 class SpectrogramImageBuilder final : public juce::Thread
 {
@@ -32,7 +32,7 @@ public:
     ~SpectrogramImageBuilder() override;
 
     //==============================================================================
-    /** [message thread] The picture's size in pixels, both at least 1; taken over with the next columns. */
+    /** [message thread] The picture's size in pixels, both at least 1; applied with the next columns. */
     void setRequestedSize (int width, int height) noexcept;
 
     /** [message thread] How many frames are merged into one column, at least 1. */
@@ -48,8 +48,8 @@ public:
     /** [message thread] Scroll when true, Static when false. */
     void setScrollMode (bool shouldScroll) noexcept { scrollMode.store (shouldScroll, std::memory_order_relaxed); }
 
-    /** [message thread] Takes another colour map for the columns to come; an index from 46 up means 0.
-        The map in use is left alone if it has that index already. Allocates. */
+    /** [message thread] Uses another colour map for the next columns; an index of 46 or more means 0.
+        Does nothing if the map in use has that index already. Allocates. */
     void setColourMap (int mapIndex);
 
     /** Any thread. */
@@ -62,7 +62,7 @@ public:
     /** [message thread] The newest picture, null before the first. Valid until the next call. */
     [[nodiscard]] const juce::Image& getFrontImage() noexcept { return exchange.getFront(); }
 
-    /** The rows against hertz. The builder thread owns it; any thread may call its inverse. */
+    /** The scale of the rows. Its owner is the builder thread; any thread may call its inverse. */
     [[nodiscard]] FrequencyScale& getFrequencyScale() noexcept { return frequencyScale; }
 
     //==============================================================================
@@ -70,17 +70,17 @@ public:
         columns. True if columns were painted and a picture published. */
     bool processTick (float columnsPerTick);
 
-    /** [builder, or any thread while the builder's is not started] The next column out of the next frame, with
-        the frame's own format, and the levels, range and scale of the moment; see ColumnMapper. */
+    /** [builder, or any thread while the builder's is not started] Makes the next column from the next frame, with
+        the frame's own format and the current levels, range and scale; see ColumnMapper. */
     void frameToColumn (const Frame& frame, Column& column);
 
-    /** [builder, or any thread while the builder's is not started] Takes the requested size over at once,
-        and not with the next columns. */
+    /** [builder, or any thread while the builder's is not started] Applies the requested size at once,
+        without waiting for the next columns. */
     void applyRequestedSize();
 
     void run() override;
 
-    /** For tests: what has been painted so far. Only while the thread is not started. */
+    /** For tests: the columns painted so far. Only while the thread is not started. */
     [[nodiscard]] const SpectrogramRing& getRing() const noexcept { return ring; }
 
 private:
@@ -102,17 +102,17 @@ private:
     std::atomic<bool> scrollMode { false };
     std::atomic<int> requestedWidth { 0 }, requestedHeight { 0 };
 
-    // Replaced by the message thread, copied by the builder, with the atomic functions of shared_ptr only.
+    // Replaced by the message thread, copied by the builder; accessed only by the atomic functions of shared_ptr.
     std::shared_ptr<const ColourMap> colourMap = std::make_shared<const ColourMap> (0u);
 
-    // The builder's own.
+    // Used by the builder only.
     std::uint64_t lastTickCount = 0;
     ColumnPacer pacer;
     bool lastScrollMode = false;
     int currentWidth = 0, currentHeight = 0;
     ColumnMapper mapper;
     Frame frameBuffer;
-    std::vector<Column> outputColumns; // those finished in this tick
+    std::vector<Column> outputColumns; // finished in this tick
     Column mergeColumn, tempColumn;
     int framesInColumn = 0; // merged into mergeColumn so far
     SpectrogramRing ring;

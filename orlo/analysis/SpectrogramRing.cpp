@@ -15,7 +15,7 @@ namespace
 }
 
 /** How many half columns an old column becomes: 4 if the width was doubled, 1 if halved, else 2.
-    Halves, because they keep the arithmetic in whole numbers. */
+    Counted in halves to keep the arithmetic in whole numbers. */
 [[nodiscard]] int getHalfColumnsPerColumn (int oldWidth, int newWidth) noexcept
 {
     return newWidth == 2 * oldWidth ? 4 : 2 * newWidth == oldWidth ? 1 : 2;
@@ -70,8 +70,8 @@ void SpectrogramRing::resize (int width, int height, bool scroll)
 
 void SpectrogramRing::carryOverScrolling (const juce::Image& old, int halfColumnsPerColumn)
 {
-    // The newest column ends just before the write position and the others follow to its left. What would
-    // lie left of the ring's edge goes to its right edge, down to the write position.
+    // The newest column ends just before the write position and the older ones lie to its left. Columns that
+    // would lie beyond the ring's left edge wrap round to its right edge, down to the write position.
     const auto ringWidth = image.getWidth();
     const auto oldWriteX = writeX;
     writeX = juce::jmin (writeX, ringWidth - 1);
@@ -95,8 +95,8 @@ void SpectrogramRing::carryOverStatic (const juce::Image& old, int halfColumnsPe
     const auto start = inSecondHalf ? width : 0;
     const juce::Range<int> half (start, start + width);
 
-    // The sweep keeps its place. If the picture has become too narrow for it, the newest columns are kept
-    // and the sweep goes on at the left.
+    // The sweep keeps its position. If the picture has become too narrow for it, the newest columns are kept
+    // and the sweep continues at the left.
     const auto swept = (writeX - oldStart) * halfColumnsPerColumn / 2;
     const auto overhang = juce::jmax (0, swept - width);
     drawColumns (image,
@@ -133,7 +133,7 @@ void SpectrogramRing::paint (const std::vector<Column>& columns,
     const juce::Image::BitmapData data (image, juce::Image::BitmapData::writeOnly);
     const auto numNew = int (columns.size());
 
-    // Scroll writes round the whole ring, Static round its half.
+    // Scroll writes round the whole ring, Static round one half.
     const auto start = scroll ? 0 : getHalfStart();
     const auto length = scroll ? image.getWidth() : getWidth();
     const auto xOf = [=, firstX = writeX - start] (int index) { return start + (firstX + index) % length; };
@@ -149,7 +149,7 @@ void SpectrogramRing::paint (const std::vector<Column>& columns,
 
         for (const auto level : column)
         {
-            // Opaque pixels are the same with and without premultiplication. A NaN goes to the map.
+            // Opaque pixels are the same with and without premultiplication. The map handles a NaN.
             const auto colour = level <= 0.0f ? zeroColour : map.pixelForLevel (level);
             std::memcpy (pixel, &colour, sizeof (colour));
             pixel += data.lineStride;
@@ -170,7 +170,7 @@ SpectrogramRing::MissingColumns SpectrogramRing::findMissing (const Snapshot& sn
     if (snapshot.scroll || snapshot.numRebuilds != numRebuilds || numNew >= width)
         return { { 0, width }, {} };
 
-    // The sweep ends before the write position and may have come round from the right edge.
+    // The sweep ends before the write position and may have wrapped round at the right edge.
     const auto end = writeX - getHalfStart();
     const auto start = end - int (numNew);
     return { { juce::jmax (0, start), end }, { start < 0 ? width + start : width, width } };

@@ -8,7 +8,7 @@
 namespace mk::orlo
 {
 
-/** The picture in the making: an image twice as wide as what is shown, written column by column.
+/** The picture while it is being painted: an image twice as wide as the part shown, written column by column.
 
     Scroll writes round the whole image and shows the newest half of it; Static sweeps inside one half
     and shows that half. One thread at a time.
@@ -18,27 +18,27 @@ class SpectrogramRing
 public:
     static constexpr juce::uint32 background = 0xff000000;
 
-    /** Makes the picture width by height pixels, both at least 1, and carries the old one over: columns
-        stay as wide as they were unless the width is exactly doubled or halved, rows are stretched.
+    /** Makes the picture width by height pixels, both at least 1, and copies the old one into it: columns
+        keep their width unless the picture's width is exactly doubled or halved, rows are stretched.
         Allocates. */
     void resize (int width, int height, bool scroll);
 
-    /** What a change from Scroll to Static does: black, and on from the left of a half. */
+    /** For a change from Scroll to Static: clears the picture to black and goes on at the left of a half. */
     void restart();
 
-    /** Paints the columns from the write position on and moves it. Column i goes to start + (writeX - start + i)
-        modulo length: in Scroll, start is 0 and length the whole ring; in Static they are those of the half,
-        so that a sweep goes on at the half's left edge at once. Columns of another height than the picture's
-        leave their place as it is.
+    /** Paints the columns at the write position and advances it. Column i is painted at
+        start + (writeX - start + i) % length: in Scroll, start is 0 and length is that of the whole ring; in
+        Static they are those of the half, so that a sweep continues at the half's left edge. For a column whose
+        height is not the picture's, the old pixels are kept.
         @param zeroColour  ARGB of a level of 0 or less */
     void paint (const std::vector<Column>& columns, const ColourMap& map, juce::uint32 zeroColour, bool scroll);
 
-    /** Copies what is to be shown into the snapshot, whose image is replaced if it has another size. Of a
-        snapshot that this ring has filled before only what has changed since is copied. Does nothing before
-        the first resize(). */
+    /** Copies the part that is shown into the snapshot, whose image is replaced if it has another size. If this
+        ring has filled the snapshot before, only the changes since then are copied. Does nothing before the
+        first resize(). */
     void copyShownPart (Snapshot& snapshot, bool scroll) const;
 
-    /** Of the part that is shown, in pixels; 0 before the first resize(). */
+    /** The size of the part that is shown, in pixels; 0 before the first resize(). */
     [[nodiscard]] int getWidth() const noexcept { return image.getWidth() / 2; }
     [[nodiscard]] int getHeight() const noexcept { return image.getHeight(); }
 
@@ -67,7 +67,7 @@ private:
     juce::Image image;
     int writeX = 0;
 
-    // By these a snapshot is known to be old.
+    // Compared with those of a snapshot to find out what it lacks.
     int numRebuilds = 0; // changes other than columns of a sweep
     juce::int64 numColumns = 0;
 };

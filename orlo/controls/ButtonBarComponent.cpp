@@ -80,7 +80,7 @@ void ButtonBarComponent::resized()
 
 void ButtonBarComponent::paint (juce::Graphics& g)
 {
-    // Not the height that the look and feel knows: that is the one of the window which was sized last.
+    // The look and feel knows only the height of the window that was resized last, which may be another one.
     const auto* const editor = findParentComponentOfClass<juce::AudioProcessorEditor>();
     const auto corner = editor != nullptr ? float (editor->getHeight()) * cornerPerEditorHeight : cornerWithoutEditor;
 

@@ -9,7 +9,7 @@
 namespace mk::orlo
 {
 
-/** A row of buttons, one for each choice of a parameter, of which one is on. [message thread] */
+/** A row of buttons, one for each choice of a parameter; exactly one is on. [message thread] */
 class ButtonBarComponent : public juce::Component
 {
 public:
@@ -23,7 +23,7 @@ public:
     [[nodiscard]] const juce::String& getParamID() const noexcept { return paramID; }
 
     /** The bounds of a button in a bar of the given size: equal shares of the width, with the remainder
-        spread, and a pixel more to the right, where the next one's edge lies over it. */
+        spread, and one pixel more at the right, which the next button's edge covers. */
     [[nodiscard]] static juce::Rectangle<int>
         getButtonBounds (int index, int numButtons, int width, int height) noexcept;
 

@@ -84,7 +84,7 @@ juce::Font RetinaParamLabel::getTextFont()
     const auto width = juce::GlyphArrangement::getStringWidth (type, getText()) * leastTextWidth;
     const auto room = float (getTextArea().getWidth());
 
-    // A tag as wide as it is high is narrow for a word. As little smaller as will do.
+    // The tag is about as wide as it is high, too narrow for most words: the type is reduced just enough to fit.
     return width > room ? type.withHeight (type.getHeight() * room / width) : type;
 }
 
@@ -102,7 +102,7 @@ void RetinaParamLabel::mouseUp (const juce::MouseEvent& event)
     repaint();
 }
 
-// The second press of a double click has been a click of its own.
+// The second press of a double click counts as a click of its own, so nothing is left to do here.
 void RetinaParamLabel::mouseDoubleClick (const juce::MouseEvent&) {}
 
 bool RetinaParamLabel::keyPressed (const juce::KeyPress& key)

@@ -9,18 +9,18 @@ namespace mk::orlo
 {
 
 /** The switch for the resolution of the picture on a high-density display: a small tag that shows the
-    present choice, and changes it to the other one at a click, or at space or return. [message thread] */
+    current choice and switches to the other one at a click, Space or Return. [message thread] */
 class RetinaParamLabel : public juce::Label
 {
 public:
-    /** The parameter is a choice of two. */
+    /** The parameter must be a choice of two. */
     RetinaParamLabel (juce::AudioProcessorValueTreeState& state, const juce::String& parameterId);
 
     /** Changes the parameter to its other choice: one gesture, one undo transaction. */
     void flip();
 
-    /** Where the text stands, and its type: small enough for the text to fit without being squeezed
-        visibly. */
+    /** The area of the text and its font, which is small enough for the text to fit without being
+        visibly squeezed. */
     [[nodiscard]] juce::Rectangle<int> getTextArea() const;
     [[nodiscard]] juce::Font getTextFont();
 

@@ -33,7 +33,7 @@ ColourComboBoxControl::ColourComboBoxControl (juce::AudioProcessorValueTreeState
         rememberChoice();
     };
 
-    // The parameter has values in reserve that have no map: they are painted with the first one.
+    // The parameter has reserved values without a map: they are shown as the first map.
     attachment =
         std::make_unique<pluginCore::ComboBoxAttachment> (*parameter,
                                                           comboBox,

@@ -11,12 +11,12 @@
 namespace mk::orlo
 {
 
-/** The box that a colour map is chosen in, from a list of previews. What the user chooses is remembered as
-    their map of choice; what a preset or the host chooses is not. [message thread] */
+/** The box for choosing a colour map from a list of previews. A choice of the user is remembered as the
+    preferred map; one made by a preset or the host is not. [message thread] */
 class ColourComboBoxControl : public juce::Component
 {
 public:
-    /** The state must outlive the control; an id that names no parameter gives a box that sets none. */
+    /** The state must outlive the control; if the id names no parameter, the box sets none. */
     ColourComboBoxControl (juce::AudioProcessorValueTreeState& state, const juce::String& paramID);
     ~ColourComboBoxControl() override;
 
@@ -28,8 +28,8 @@ public:
     /** Opens the list. */
     void showPopup();
 
-    /** Chooses the entry that lies so many further on. After the last comes the first. The parameter follows
-        by a message. */
+    /** Chooses the entry at a distance from the current one, wrapping round at the ends. The parameter is set
+        asynchronously. */
     void step (int distance);
 
     void resized() override { comboBox.setBounds (getLocalBounds()); }
@@ -54,8 +54,8 @@ private:
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (ColourComboBoxControl)
 };
 
-/** The position that lies a distance on from another in a ring of so many positions, 0 to count - 1; -1 if
-    there are none. Any thread. */
+/** The position at a distance from another one in a ring of count positions, 0 to count - 1; -1 if count
+    is 0. Any thread. */
 [[nodiscard]] int stepAround (int position, int distance, int count) noexcept;
 
 } // namespace mk::orlo

@@ -12,8 +12,8 @@ namespace mk::orlo
 class ColourMapMenuItem : public juce::PopupMenu::CustomComponent
 {
 public:
-    /** A menu in a window of its own has no editor among its parents: there the entry takes its size from
-        that of the box's. */
+    /** A menu in a window of its own has no editor among its parents, so the entry takes its size from the
+        editor of the box. */
     ColourMapMenuItem (int mapIndex, juce::Component& box);
 
     [[nodiscard]] ColourMapPreviewComponent& getPreview() noexcept { return preview; }

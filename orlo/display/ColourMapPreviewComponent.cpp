@@ -15,7 +15,7 @@ namespace
 constexpr float nameShare = 0.45f;
 constexpr float edge = 0.5f;
 
-// How much of the height a name takes, and how far from the colours it stands.
+// The height of a name, as a share of the component's height, and its distance from the colours.
 constexpr float nameHeightShare = 0.56f;
 constexpr float nameGapShare = 0.2f;
 

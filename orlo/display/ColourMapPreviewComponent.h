@@ -9,14 +9,14 @@ namespace mk::orlo
 {
 
 /** A bar with the colours of a map, level 0 at the left end and 1 at the right, with or without the map's
-    name beside it. With something to do at a click it is a button for screen readers. [message thread] */
+    name beside it. If onClick is set, it is a button for screen readers. [message thread] */
 class ColourMapPreviewComponent : public juce::Component, public juce::SettableTooltipClient
 {
 public:
-    /** An index without a map is taken for the first one. */
+    /** An index without a map counts as that of the first map. */
     ColourMapPreviewComponent (int mapIndex, bool showName);
 
-    /** Called at a click that edits: not for the right button. */
+    /** Called at a click of the left button without ctrl. */
     std::function<void()> onClick;
 
     /** Shows another map. */

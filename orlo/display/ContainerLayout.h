@@ -6,15 +6,15 @@
 namespace mk::orlo
 {
 
-/** Where the picture and what stands beside and on it lie. What is not shown has empty bounds. */
+/** The bounds of the picture and of the parts beside and on it. Hidden parts have empty bounds. */
 struct ContainerLayout
 {
     juce::Rectangle<int> picture, keyboard, ruler, helpLine;
 };
 
-/** From left to right picture, keyboard, ruler; the line of help lies on the foot of the picture. Any thread.
+/** From left to right: picture, keyboard, ruler; the help line is at the bottom of the picture. Any thread.
 
-    @param textHeight    of the strips' size class, in pixels; a strip is two texts wide
+    @param textHeight    of the strips' size class, in pixels; a strip is two text heights wide
     @param editorHeight  of the plug-in's window, 0 if there is none
 */
 [[nodiscard]] ContainerLayout layOutContainer (int width,
@@ -24,8 +24,8 @@ struct ContainerLayout
                                                bool isRulerShown,
                                                bool isKeyboardShown) noexcept;
 
-/** The height of an entry of the picture's menu, by the diagonal of the plug-in's window; without one as in
-    the window that the design was made at. */
+/** The height of an entry of the picture's menu, proportional to the diagonal of the plug-in's window; without
+    a window it is that for the design size. */
 [[nodiscard]] int getContextMenuItemHeight (int editorWidth, int editorHeight) noexcept;
 
 } // namespace mk::orlo

@@ -17,13 +17,13 @@ enum Item
     manual
 };
 
-/** What the menu's texts and what can be chosen depend on. */
+/** The state that decides on the texts of the menu and on which entries are enabled. */
 struct State
 {
     bool isFrozen, isFullView, isKeyboardOn, isRulerOn;
 };
 
-/** Replaces the menu's content by the entries for the state. */
+/** Replaces the menu's content with the entries for the state. */
 void fill (juce::PopupMenu& menu, const State& state);
 
 } // namespace mk::orlo::contextMenu

@@ -30,7 +30,7 @@ void FreqReadoutPopup::show (const juce::MouseEvent& event,
     auto* const container = getParentComponent();
     jassert (container != nullptr);
 
-    // The height decides on the font, and the font on the width.
+    // The font depends on the height, and the width on the font.
     const auto height = getTagHeight();
 
     if (getHeight() != height)

@@ -8,7 +8,7 @@
 namespace mk::orlo
 {
 
-/** The tag on the picture that says which frequency and note the cursor points at. Takes no clicks.
+/** The tag on the picture with the frequency and the note under the cursor. Takes no clicks.
     [message thread] */
 class FreqReadoutPopup final : public juce::Component
 {

@@ -63,7 +63,7 @@ void FreqScaleComponent::lookAndFeelChanged()
 
 void FreqScaleComponent::parentHierarchyChanged()
 {
-    // The editor decides on the size of the text and on the look and feel.
+    // The text size and the look and feel depend on the editor.
     lookAndFeelChanged();
 }
 

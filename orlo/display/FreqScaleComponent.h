@@ -8,8 +8,8 @@
 namespace mk::orlo
 {
 
-/** The ruler beside the picture: a strip of frequency labels, each at its height on the scale. Opaque, so
-    that it need not be painted while only the picture moves. [message thread] */
+/** The ruler beside the picture: a strip of frequency labels, each at its position on the scale. Opaque, so
+    that it is not repainted while only the picture changes. [message thread] */
 class FreqScaleComponent : public juce::Component, private FrequencyScale::Listener, private juce::AsyncUpdater
 {
 public:
@@ -17,7 +17,7 @@ public:
     explicit FreqScaleComponent (FrequencyScale& scale);
     ~FreqScaleComponent() override;
 
-    /** What is painted, ascending. */
+    /** The labels that are painted, ascending. */
     [[nodiscard]] const std::vector<RulerLabel>& getLabels() const noexcept { return labels; }
 
     [[nodiscard]] const juce::Font& getFont() const noexcept { return font; }

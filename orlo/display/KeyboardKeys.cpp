@@ -47,7 +47,7 @@ private:
     if (key.isBlack)
         return shape;
 
-    // Beside a black neighbour the white key goes on to the middle of it, where the next white key begins.
+    // A white key extends beside a black neighbour to its middle, where the next white key begins.
     const auto tailX = getBlackKeyWidth (width);
     const auto tailWidth = width - tailX;
 

@@ -22,29 +22,29 @@ struct KeyboardKey
 
     juce::String label; /**< The name of the note, on every C. */
 
-    /** The rows of the semitone, a pixel cut by it counting whole, at the width of the strip. */
+    /** The rows of the semitone, rounded outwards to whole pixels, at the width of the strip. */
     juce::Rectangle<int> labelArea;
 };
 
-/** Black keys leave the right part of the strip to the white ones. */
+/** The width of a black key. The rest of the strip, at the right, belongs to the white keys. */
 [[nodiscard]] int getBlackKeyWidth (int stripWidth) noexcept;
 
-/** The keys that a strip of that size shows, ascending: from the C two octaves below middle C to the C five
+/** The keys that a strip of the given size shows, ascending: from the C two octaves below middle C to the C five
     octaves above it, as far as they lie in the range. [owner thread of the scale] */
 [[nodiscard]] std::vector<KeyboardKey>
     buildKeyboardKeys (const FrequencyScale& scale, int width, int height, int octaveOfMiddleC);
 
-/** The line, a pixel high, that parts two white keys: at the foot of C and F, and behind a black key.
-    Empty where there is none, or where the key is too thin for it. */
+/** The line, a pixel high, that separates two white keys: at the lower edge of C and F, and behind a black
+    key. Empty if the key has none or is too thin for it. */
 [[nodiscard]] juce::Rectangle<int> getKeySeparator (const KeyboardKey& key, int stripWidth) noexcept;
 
-/** The part of a black key that lights up; its edge stays dark. */
+/** The part of a black key that is highlighted; its edge stays dark. */
 [[nodiscard]] juce::Rectangle<int> getBlackKeyHighlight (const KeyboardKey& key, int stripWidth) noexcept;
 
 /** True if the key has a label and is high enough for it. */
 [[nodiscard]] bool isLabelShown (const KeyboardKey& key, float fontHeight) noexcept;
 
-/** The key that sounds at a frequency, the lower one on a boundary; null where there is none. */
+/** The key that contains a frequency, the lower one on a boundary; null if there is none. */
 [[nodiscard]] const KeyboardKey* findKeyForFrequency (const std::vector<KeyboardKey>& keys, float hz) noexcept;
 
 } // namespace mk::orlo

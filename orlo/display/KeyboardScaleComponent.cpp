@@ -67,7 +67,7 @@ void KeyboardScaleComponent::paint (juce::Graphics& g)
 {
     g.fillAll (findKeyboardColour (*this, colourId::keyboardBackground));
 
-    // Black keys lie on the white ones.
+    // Black keys are painted over the white ones.
     const PixelGrid grid { g.getInternalContext().getPhysicalPixelScaleFactor() };
     paintKeys (g, grid, false);
     paintKeys (g, grid, true);
@@ -85,7 +85,7 @@ void KeyboardScaleComponent::paintKeys (juce::Graphics& g, const PixelGrid& grid
 
         const auto isHighlighted = key.noteNumber == highlightedNote;
 
-        // A white key lights up whole, a black one inside its edge.
+        // A white key is highlighted as a whole, a black one inside its edge.
         auto& list = isHighlighted && ! black ? highlighted : plain;
 
         for (const auto& part : key.shape)
@@ -134,7 +134,7 @@ void KeyboardScaleComponent::lookAndFeelChanged()
 
 void KeyboardScaleComponent::parentHierarchyChanged()
 {
-    // The editor decides on the size of the text and on the look and feel.
+    // The text size and the look and feel depend on the editor.
     lookAndFeelChanged();
 }
 

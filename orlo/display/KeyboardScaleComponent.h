@@ -13,7 +13,7 @@ namespace mk::orlo
 class PixelGrid;
 
 /** A vertical piano keyboard beside the picture, each key as high as its semitone is on the scale. Opaque,
-    so that it need not be painted while only the picture moves. [message thread] */
+    so that it is not repainted while only the picture changes. [message thread] */
 class KeyboardScaleComponent : public juce::Component, private FrequencyScale::Listener, private juce::AsyncUpdater
 {
 public:
@@ -26,11 +26,11 @@ public:
     /** Gets the key under the mouse as it moves over the keyboard. */
     std::function<void (const KeyboardKey&)> onKeyHovered;
 
-    /** Lights up the key of a MIDI note, if it is shown, or none with noNote. */
+    /** Highlights the key of a MIDI note, if it is shown; noNote highlights none. */
     void setHighlightedNote (int note);
     [[nodiscard]] int getHighlightedNote() const noexcept { return highlightedNote; }
 
-    /** Ascending. */
+    /** The keys that are shown, ascending. */
     [[nodiscard]] const std::vector<KeyboardKey>& getKeys() const noexcept { return keys; }
 
     [[nodiscard]] const juce::Font& getFont() const noexcept { return font; }

@@ -3,7 +3,7 @@
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
-/** The keys that ask for a context menu. [message thread] */
+/** The keys that open a context menu. [message thread] */
 namespace mk::orlo::menuKey
 {
 
@@ -13,8 +13,8 @@ namespace mk::orlo::menuKey
     return key == juce::KeyPress (juce::KeyPress::F10Key, juce::ModifierKeys::shiftModifier, 0);
 }
 
-/** Whether the Menu key is down. JUCE makes no key press of that key and only tells that the state of some key has
-    changed, and it has no name for its code. A Mac has no such key. */
+/** Whether the Menu key is down. JUCE sends no key press for that key, only keyStateChanged(), and has no constant
+    for its code. A Mac has no such key. */
 [[nodiscard]] inline bool isMenuKeyDown()
 {
 #if JUCE_LINUX || JUCE_BSD

@@ -7,10 +7,10 @@
 namespace mk::orlo::notes
 {
 
-/** The note of a frequency in hertz, with its fraction. Below a millionth of a hertz it goes no lower. */
+/** The note of a frequency in hertz, with its fraction. Frequencies below 1e-6 Hz all give the same note. */
 [[nodiscard]] double noteForFrequency (double hz) noexcept;
 
-/** The middle of the note, in hertz. */
+/** The centre frequency of the note, in hertz. */
 [[nodiscard]] double frequencyForNote (int note) noexcept;
 
 [[nodiscard]] bool isBlackKey (int note) noexcept;
@@ -24,7 +24,7 @@ namespace mk::orlo::notes
 /** The same for the host that runs this process. */
 [[nodiscard]] int getOctaveOfMiddleC();
 
-/** Such as "C#3"; empty for a number outside 0 .. 127. */
+/** The note's name, such as "C#3"; empty for a number outside 0 .. 127. */
 [[nodiscard]] juce::String getNoteName (int note, int octaveOfMiddleC);
 
 } // namespace mk::orlo::notes

@@ -27,10 +27,10 @@ bool write (const juce::Image& image, const juce::File& file)
     if (! image.isValid() || ! juce::PNGImageFormat().writeImageToStream (image, png))
         return false;
 
-    // Replacing a link would leave the picture that it leads to unchanged.
+    // Replacing a link would leave the picture that it points to unchanged.
     const auto target = file.isSymbolicLink() ? file.getLinkedTarget() : file;
 
-    // A write-protected file could still be replaced, since that takes the right to write to its folder alone.
+    // Replacing a write-protected file needs only write access to its folder, so the file itself is checked here.
     return target.hasWriteAccess() && pluginCore::replaceFileContent (target, png.getData(), png.getDataSize());
 }
 

@@ -7,16 +7,16 @@
 namespace mk::orlo::pictureFile
 {
 
-/** Where the dialog of an export starts: at the last picture if its setting is an absolute path, else in the
-    user's folder of pictures. */
+/** The file or folder at which the export dialog opens: the last picture if its setting is an absolute path,
+    else the user's folder of pictures. */
 [[nodiscard]] juce::File chooseStart (const juce::String& lastExportFile);
 
-/** The file with the extension that a picture has. */
+/** The file with the extension ".png". */
 [[nodiscard]] juce::File withPngExtension (const juce::File& file);
 
-/** Writes the image in the place of whatever the file held, which stays untouched until all of the picture is on the
-    disk; folders that lead there are made. False, with the file as it was, if the picture cannot be written or the
-    file is write-protected. Encodes and blocks on the disk: for any thread that may wait. */
+/** Replaces the file's content with the image; the old content stays until the whole picture is on the disk.
+    Creates missing parent folders. False, with the file unchanged, if the picture cannot be written or the file is
+    write-protected. Encodes the image and blocks on the disk: for any thread that may block. */
 bool write (const juce::Image& image, const juce::File& file);
 
 } // namespace mk::orlo::pictureFile

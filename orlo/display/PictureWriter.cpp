@@ -34,7 +34,7 @@ void PictureWriter::write (const juce::Image& picture, const juce::File& file)
 
 void PictureWriter::run()
 {
-    // All pictures are given before the request to stop, so that one look at the queue after it finds the rest.
+    // No picture is queued after the request to stop, so checking the queue once more after it finds the rest.
     for (auto isLast = false; ! isLast;)
     {
         isLast = threadShouldExit();

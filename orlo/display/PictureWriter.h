@@ -11,9 +11,9 @@
 namespace mk::orlo
 {
 
-/** Writes pictures to files on a thread of its own, one after the other in the order in which they are given, so that
-    neither the encoding nor a slow disk holds up the window. The thread starts with the first picture. Failures end
-    silently. [message thread] */
+/** Writes pictures to files on its own thread, one after the other in the order in which they are passed, so that
+    neither the encoding nor a slow disk blocks the window. The thread starts with the first picture. Failures are
+    not reported. [message thread] */
 class PictureWriter final : private juce::Thread
 {
 public:
@@ -28,7 +28,7 @@ public:
     /** Waits until everything is written: closing the window does not lose a picture that its user has saved. */
     ~PictureWriter() override;
 
-    /** Takes a picture and returns at once. Pixels that live on the graphics card are copied from there before. */
+    /** Queues a picture and returns. If its pixels are on the graphics card, they are copied to memory first. */
     void write (const juce::Image& picture, const juce::File& file);
 
 private:
@@ -43,7 +43,7 @@ private:
     [[nodiscard]] std::optional<Job> takeNext();
 
     const WriteFunction writeFunction;
-    std::mutex mutex; // held to reach the queue, never while a picture is written
+    std::mutex mutex; // guards the queue; not held while a picture is written
     std::deque<Job> waiting;
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (PictureWriter)

@@ -25,7 +25,7 @@ constexpr int columnOfName = 3;
     if (cents == 0)
         return name;
 
-    // Name and cents keep their columns, so that the text stands still while the cursor moves.
+    // Name and cents are padded to fixed columns, so that they do not shift while the cursor moves.
     const auto sign = cents > 0 ? "+" : "-";
     return name.paddedRight (' ', columnOfName)
            + (sign + juce::String (std::abs (cents))).paddedLeft (' ', columnOfName) + juce::translate ("cents");

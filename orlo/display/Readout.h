@@ -7,23 +7,23 @@ namespace mk::orlo
 {
 
 /** The text for a frequency, such as "445.00Hz (A3 +20cents)": the note only between 20 and 10000 Hz, the
-    cents only if there are any. */
+    cents only if they are not 0. */
 [[nodiscard]] juce::String formatReadout (double hz, int octaveOfMiddleC);
 
-/** The height of the tag in an editor of that height; 0 where there is no editor. */
+/** The height of the tag in an editor of the given height; 0 if there is no editor. */
 [[nodiscard]] int getReadoutHeight (int editorHeight) noexcept;
 
-/** Where the tag lies in its container, and how its text stands in it. */
+/** The bounds of the tag in its container, and the justification of its text. */
 struct ReadoutPlacement
 {
     juce::Rectangle<int> bounds;
     juce::Justification justification;
 };
 
-/** The part of the tag that the text stands in. */
+/** The area of the text in the tag. */
 [[nodiscard]] juce::Rectangle<int> getReadoutTextArea (juce::Rectangle<int> tag) noexcept;
 
-/** Right of the cursor and below it, at the far edges left of it and above, and always inside the container.
+/** Right of the cursor and below it; near the right and lower edges left of it and above. Always in the container.
 
     @param cursor     in the container, which has its origin at 0, 0
     @param textWidth  in pixels

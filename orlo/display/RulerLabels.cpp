@@ -37,7 +37,7 @@ juce::String formatRulerFrequency (float hz)
     if (hz < 995.0f)
         return juce::String (juce::roundToInt (hz));
 
-    // In double precision, since in single precision 22.05 is a little less and would be rounded down.
+    // In double precision, since 22.05 is slightly smaller in single precision and would be rounded down.
     const auto kilohertz = double (hz) / 1000.0;
     const auto nearest = std::round (kilohertz);
 
@@ -59,7 +59,7 @@ std::vector<RulerLabel> placeRulerLabels (const std::vector<float>& ticks,
         const auto top = int ((1.0f - scale.positionForFrequency (ticks[i])) * float (height) - fontHeight);
         const auto isEnd = i == 0 || i + 1 == ticks.size();
 
-        // The texts at the two ends are moved inwards, so the others have to leave room for them.
+        // The texts at the two ends are moved inwards, so other labels must keep clear of them.
         if (! isEnd && ! (float (top) > 2.0f * fontHeight && float (top) < float (height) - 4.0f * fontHeight))
             continue;
 

@@ -15,21 +15,21 @@ struct RulerLabel
 {
     float frequency;           /**< Hertz. */
     juce::String text;         /**< Such as "50" or "1.5k". */
-    juce::Rectangle<int> area; /**< In the ruler; the text stands in the middle of its height. */
+    juce::Rectangle<int> area; /**< In the ruler; the text is vertically centred in it. */
 };
 
 /** The frequencies in hertz that a ruler offers for a range: both ends and every 1, 2 and 5 of a decade
     between them, ascending. Empty for an empty range. */
 [[nodiscard]] std::vector<float> buildRulerTicks (float minHz, float maxHz);
 
-/** Whole hertz below 995 Hz, kilohertz from there on, with a decimal where there is one to show. */
+/** Whole hertz below 995 Hz, kilohertz from there on, with a decimal if it is not 0. */
 [[nodiscard]] juce::String formatRulerFrequency (float hz);
 
-/** The labels that a ruler of that size shows, ascending.
+/** The labels that a ruler of the given size shows, ascending.
 
-    Both ends of the range are always among them and keep clear space around them: two font heights at the
-    top, four at the bottom. Neighbours further in are not thinned out, so that the same frequencies stay
-    where they are while a range or a window changes; on a very short ruler they may touch.
+    Both ends of the range are always labelled and have clear space around them: two font heights at the
+    top, four at the bottom. Labels further in are never thinned out, so that the same frequencies are
+    shown while the range or the window changes; on a very short ruler they may touch.
     [owner thread of the scale]
 
     @param ticks       ascending, as buildRulerTicks() gives them

@@ -39,8 +39,8 @@ SpectrogramComponent::SpectrogramComponent (AudioPluginAudioProcessor& audioProc
     setMouseCursor (juce::MouseCursor::CrosshairCursor);
     setOpaque (true);
 
-    // Tab has to reach the picture, so that its menu can be opened by a key. A click leaves the keyboard focus
-    // with the host, whose space bar it would otherwise take.
+    // Tab has to reach the picture, so that its menu can be opened by a key. If a click took the keyboard focus,
+    // the host's space bar would stop working, so clicks leave the focus with the host.
     setWantsKeyboardFocus (true);
     setMouseClickGrabsKeyboardFocus (false);
     setTitle (juce::translate ("Spectrogram"));
@@ -213,7 +213,7 @@ void SpectrogramComponent::mouseDown (const juce::MouseEvent& event)
 {
     storeCursor (event);
 
-    // Only a plain left click acts here: the container opens the menu, and the middle button has no function.
+    // Only a plain left click is handled here: the container opens the menu, and the middle button has no function.
     if (! pluginCore::isEditingClick (event.mods))
         return;
 
@@ -236,8 +236,8 @@ void SpectrogramComponent::mouseDrag (const juce::MouseEvent& event)
 {
     storeCursor (event);
 
-    // Only the press that has shown the crosshair holds it: a drag after a shift-click or with another button does
-    // nothing.
+    // A drag moves the crosshair only if its own press has shown it: a drag after a shift-click or with another button
+    // does nothing.
     if (! crosshairVisible)
         return;
 

@@ -17,7 +17,7 @@ class FFTProcessor;
 class SpectrogramImageBuilder;
 
 /** Shows the picture and drives the whole display: each refresh of the screen is a tick for the image
-    builder, and analysis runs exactly as long as the component can be seen. [message thread] */
+    builder, and analysis runs only while the component is visible. [message thread] */
 class SpectrogramComponent final : public juce::Component
 {
 public:
@@ -36,10 +36,10 @@ public:
 
     std::function<void (const juce::MouseEvent&)> onMouseReleased, onMouseEntered, onMouseExited;
 
-    /** A key or a screen reader asks for the menu. */
+    /** Called when a key or a screen reader requests the menu. */
     std::function<void()> onMenuRequested;
 
-    /** Gets the new rate in hertz, after the component has taken it over. */
+    /** Gets the new rate in hertz, after the component has applied it. */
     std::function<void (double)> onSampleRateChanged;
 
     //==============================================================================
@@ -51,10 +51,10 @@ public:
     void recomputeHop();
 
     /** One refresh of the display, at the given time in seconds. Refreshes less than 10 ms after the last
-        one that counted are ignored. */
+        one that was not ignored are ignored. */
     void tick (double now);
 
-    /** Hertz at a height in the component, 0 on top. */
+    /** The frequency in hertz at a y coordinate of the component, 0 at the top. */
     [[nodiscard]] float getFrequencyAt (float y) const;
 
     [[nodiscard]] SpectrogramImageBuilder& getImageBuilder() noexcept { return imageBuilder; }

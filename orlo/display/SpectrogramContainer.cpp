@@ -90,7 +90,7 @@ SpectrogramContainer::SpectrogramContainer (AudioPluginAudioProcessor& audioProc
     spectrogram.onSampleRateChanged = [this] (double rate) { sampleRateChanged (rate); };
     updateRange();
 
-    // With the nested children, so that a right click on any of them opens the menu.
+    // Listens to nested children too, so that a right click on any of them opens the menu.
     addMouseListener (this, true);
 }
 
@@ -133,7 +133,7 @@ void SpectrogramContainer::showContextMenuAtMouse()
 
 void SpectrogramContainer::showContextMenuOnPicture()
 {
-    // A keyboard user goes on from the first entry, so that it is highlighted from the start.
+    // A keyboard user starts at the first entry, so it is highlighted when the menu opens.
     const auto middle = spectrogram.getScreenBounds().getCentre();
     showContextMenu (juce::PopupMenu::Options {}
                          .withTargetScreenArea ({ middle.x, middle.y, 1, 1 })
@@ -200,7 +200,7 @@ void SpectrogramContainer::exportAsImage()
 
 juce::Component* SpectrogramContainer::findDialogParent() const
 {
-    // JUCE draws its own dialog inside the parent and at this size, so that a smaller window would cut it off.
+    // JUCE draws its own dialog inside the parent at this size, so a smaller window would cut it off.
     constexpr int dialogWidth = 600, dialogHeight = 500;
     auto* const editor = findParentComponentOfClass<juce::AudioProcessorEditor>();
     const auto hasRoom = editor != nullptr && editor->getWidth() >= dialogWidth && editor->getHeight() >= dialogHeight;

@@ -14,8 +14,8 @@
 namespace mk::orlo
 {
 
-/** The picture with everything that stands on it and beside it: ruler, keyboard, readout, line of help,
-    context menu and the export as PNG. [message thread] */
+/** The picture with everything on it and beside it: ruler, keyboard, readout, help line, context menu and
+    the export as PNG. [message thread] */
 class SpectrogramContainer final : public juce::Component
 {
 public:
@@ -26,18 +26,18 @@ public:
     ~SpectrogramContainer() override;
 
     //==============================================================================
-    /** Asks for a file in a dialog of the window, and exports to it what the container shows when the dialog ends. */
+    /** Asks for a file in a dialog, and exports to it the picture that the container shows when the dialog ends. */
     void exportAsImage();
 
-    /** Takes what the container shows at this moment and returns; a thread writes it. The file gets the extension of
-        a PNG and keeps its content until the whole picture is on the disk. Failures are silent and leave it as it
-        was. */
+    /** Copies the picture that the container shows and returns; a thread writes it. The file gets the extension ".png"
+        and keeps its content until the whole picture is on the disk. Failures are not reported and leave the file
+        unchanged. */
     void exportTo (const juce::File& chosenFile);
 
-    /** What the container shows, at two pixels for one at double resolution. */
+    /** The picture that the container shows, with two pixels per unit at double resolution. */
     [[nodiscard]] juce::Image createPicture();
 
-    /** Carries out an entry of the context menu. 0 and unknown ones do nothing. */
+    /** Carries out an entry of the context menu. 0 and unknown entries do nothing. */
     void carryOut (int menuItem);
 
     /** Opens a page, by default in the browser. */

@@ -10,11 +10,11 @@ namespace mk::orlo
 /** The size class of the texts on and beside the picture. */
 inline constexpr int displaySizeClass = 4;
 
-/** The smallest horizontal scale of texts on the display: so small that a text is always shown whole. */
+/** The smallest horizontal scale of texts on the display, small enough that a text is never cut off. */
 inline constexpr float narrowestTextScale = 0.01f;
 
-/** The font for figures that change while they are read; under a look and feel of another product the font of
-    its menus. */
+/** The font for figures that change while they are read; with a look and feel of another class, its menu
+    font. */
 [[nodiscard]] inline juce::Font findScaleFont (const juce::Component& component)
 {
     if (const auto* const style = dynamic_cast<const PluginLookAndFeel*> (&component.getLookAndFeel()))

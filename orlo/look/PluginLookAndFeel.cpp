@@ -16,7 +16,7 @@ constexpr float disabledTextAlpha = 0.4f;
 constexpr float disabledValueAlpha = 0.8f;
 constexpr int caretWidth = 2;
 
-// Where the gradient of a label's text starts and ends, in heights of the label.
+// The start and the end of the gradient of a label's text, in heights of the label.
 constexpr float gradientStart = 0.355f;
 constexpr float gradientEnd = 0.6f;
 constexpr float gradientDarkening = 0.3f;
@@ -30,7 +30,7 @@ void setTextGradient (juce::Graphics& g, const juce::Label& label, juce::Colour 
 }
 } // namespace
 
-/** The fonts of this product that are not a widget's. */
+/** The fonts of this product that belong to no widget. */
 struct PluginLookAndFeel::Fonts
 {
     juce::Font scale;

@@ -14,7 +14,7 @@ class PluginLookAndFeel : public pluginCore::LookAndFeel,
                           public pluginCore::PresetsBar::LookAndFeelMethods
 {
 public:
-    /** The text box of a slider: mouse events on it go on to the slider, unless it is being edited. */
+    /** The text box of a slider: it passes mouse events on to the slider, unless it is being edited. */
     class SliderLabelComp;
 
     PluginLookAndFeel();
@@ -62,8 +62,8 @@ public:
                                      const juce::String& sectionName) override;
     void drawPopupMenuUpDownArrow (juce::Graphics& g, int width, int height, bool isScrollUpArrow) override;
 
-    /** The bare size of an entry: a separator is 50 wide and a tenth of the standard height high, text as
-        wide as it is at 0.75 of the entry's height. */
+    /** The size of an entry without tick and arrow: a separator is 50 wide and a tenth of the standard height
+        high; the width of a text is measured at 0.75 of the entry's height. */
     void getIdealPopupMenuItemSize (const juce::String& text,
                                     bool isSeparator,
                                     int standardHeight,
@@ -114,7 +114,7 @@ public:
     juce::Font getLabelFont (juce::Label& label) override;
     void drawCornerResizer (juce::Graphics& g, int width, int height, bool isMouseOver, bool isDragging) override;
 
-    /** Neither of these components is part of this product: nothing is drawn. */
+    /** This product has neither of these components, so nothing is drawn. */
     void drawPluginHeader (juce::Graphics&, pluginCore::PluginHeaderComponent&) override {}
     void drawPresetsBar (juce::Graphics&, pluginCore::PresetsBar&) override {}
 

@@ -55,10 +55,10 @@ void drawImageGround (juce::Graphics& g, const juce::DrawableButton& button)
     g.drawRoundedRectangle (area.reduced (outlineWidth * 0.5f), radius, outlineWidth);
 }
 
-/** The frame of a button that is joined to others, within the part of it that is seen. */
+/** Draws the focus frame of a button that is joined to others, within its visible part. */
 void drawFocusFrame (juce::Graphics& g, const juce::Button& button, float radius)
 {
-    // The next button's edge lies over the last pixel.
+    // The next button's edge covers the last pixel.
     const auto seen = button.getLocalBounds().withTrimmedRight (button.isConnectedOnRight() ? 1 : 0);
     const auto shape = makeConnectedShape (button, seen.toFloat().reduced (outlineWidth * 0.5f), radius);
     g.setColour (button.findColour (juce::ComboBox::focusedOutlineColourId));
@@ -73,7 +73,7 @@ void drawImageFocusFrame (juce::Graphics& g, const juce::DrawableButton& button)
                             outlineWidth);
 }
 
-/** Sets an image off from whatever lies behind it, such as a bright picture. */
+/** Draws a shadow that makes an image visible on any background, such as a bright picture. */
 void drawImageShadow (juce::Graphics& g, const juce::Drawable& image, float opacity)
 {
     auto shape = image.getOutlineAsPath();

@@ -37,8 +37,8 @@ int PluginLookAndFeel::getPopupMenuBorderSize() { return menuBorder; }
 
 void PluginLookAndFeel::preparePopupMenuWindow (juce::Component& menu)
 {
-    // Inside the plug-in's window the picture shows in the rounded corners. A desktop window would have
-    // to be made anew for that.
+    // Inside the plug-in's window the picture is visible behind the rounded corners. A menu in a desktop window
+    // stays opaque, since its window would have to be recreated.
     if (! menu.isOnDesktop())
         menu.setOpaque (false);
 }
@@ -54,7 +54,7 @@ void PluginLookAndFeel::drawPopupMenuBackgroundWithOptions (juce::Graphics& g,
                                                             int height,
                                                             const juce::PopupMenu::Options& options)
 {
-    // A window of its own is opaque: whatever it does not paint would be rubbish.
+    // A desktop window is opaque, so pixels that are not painted would be undefined.
     if (options.getParentComponent() == nullptr)
         g.fillAll (findColour (juce::PopupMenu::backgroundColourId));
 

@@ -32,7 +32,7 @@ constexpr int thumbRadius = 3;
     return bar.getIntersection ({ std::min (from, to), bar.getY(), std::abs (to - from), bar.getHeight() });
 }
 
-/** The knob, kept on the bar. */
+/** The bounds of the knob, kept inside the bar. */
 [[nodiscard]] juce::Rectangle<float> knobAt (juce::Rectangle<float> bar, bool isVertical, float position)
 {
     constexpr auto half = knobWidth * 0.5f;

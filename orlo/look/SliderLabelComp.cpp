@@ -132,13 +132,13 @@ void PluginLookAndFeel::SliderLabelComp::mouseDoubleClick (const juce::MouseEven
     if (! pluginCore::isEditingClick (event.mods))
         return;
 
-    // The editor that the event came to does not outlive its closing.
+    // Closing the editor deletes the component that the event refers to, so the event is converted first.
     const auto ownEvent = event.getEventRelativeTo (this);
 
     if (isBeingEdited())
     {
-        // The first of the two clicks has opened the editor: both together mean the slider. Two clicks in an
-        // editor that was open before mean a word of its text.
+        // If the first of the two clicks has opened the editor, the double click is for the slider. In an editor
+        // that was open before, it selects a word.
         const auto timeout = juce::RelativeTime::milliseconds (juce::MouseEvent::getDoubleClickTimeout());
 
         if (event.mouseDownTime - editorOpened > timeout)
@@ -196,7 +196,7 @@ void PluginLookAndFeel::SliderLabelComp::giveKeyboardToSlider()
 
 std::unique_ptr<juce::AccessibilityHandler> PluginLookAndFeel::SliderLabelComp::createAccessibilityHandler()
 {
-    // Screen readers are told of the slider, which has the same text.
+    // The slider, which has the same text, is the one that screen readers see.
     return createIgnoredAccessibilityHandler (*this);
 }
 

@@ -6,15 +6,15 @@
 namespace mk::orlo
 {
 
-/** The text box of a slider. The mouse works on it as on the slider itself, unless the text is being
-    edited. Text size and justification follow the properties of the slider or of its control; the colours
-    are the slider's for its text box. [message thread] */
+/** The text box of a slider. Mouse events on it act on the slider, unless the text is being edited. Text
+    size and justification depend on the properties of the slider or of its control; the colours are those
+    that the slider has for its text box. [message thread] */
 class PluginLookAndFeel::SliderLabelComp final : public juce::Label
 {
 public:
     explicit SliderLabelComp (const juce::Slider& slider);
 
-    /** The font by the scale rule, lowered to what fits into the box. */
+    /** The font with the height of the scale rule, reduced to fit into the box. */
     [[nodiscard]] juce::Font getTextFont (const PluginLookAndFeel& style) const;
 
     void mouseEnter (const juce::MouseEvent& event) override;
@@ -40,7 +40,7 @@ private:
     void giveKeyboardToSlider();
     void updateJustification (const juce::Slider& slider);
 
-    juce::Time editorOpened; // when a click did so last
+    juce::Time editorOpened; // when a click last opened the editor
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (SliderLabelComp)
 };

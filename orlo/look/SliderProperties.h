@@ -6,7 +6,7 @@
 namespace mk::orlo
 {
 
-/** A style property of a slider: its own, else that of the control which it is a child of, else void.
+/** A style property of a slider: its own, else that of its parent control, else void.
     [message thread] */
 [[nodiscard]] inline juce::var findSliderProperty (const juce::Slider& slider, const juce::Identifier& name)
 {

@@ -14,12 +14,12 @@ namespace
 {
 constexpr std::array windowSizes { 256, 512, 1024, 2048, 4096, 8192 };
 
-// Empty choices at the end hold places, so that the normalised values of the present ones never move.
+// Empty choices are reserved at the end, so that new choices do not change the normalised values of existing ones.
 constexpr int numWindowSizeChoices = 10;
 constexpr int numFreqScaleChoices = 6;
 constexpr int numColourMapChoices = 128;
 
-// log10 (2): the middle of the control stands for a tenth of the frequency range.
+// log10 (2), which puts a tenth of the frequency range in the middle of the control.
 constexpr float frequencySkew = 0.30103f;
 
 [[nodiscard]] juce::StringArray paddedTo (int size, juce::StringArray choices)
@@ -56,7 +56,7 @@ constexpr float frequencySkew = 0.30103f;
     return std::make_unique<juce::AudioParameterChoice> (juce::ParameterID { name, hint }, text, choices, defaultIndex);
 }
 
-// The framework's own words for a switch, and its reading of them, depend on the user's language; what a host
+// JUCE's own texts for a switch depend on the user's language, both written and read; the texts that a host
 // shows and automates must not.
 [[nodiscard]] juce::String writeSwitch (bool isOn, int) { return isOn ? "On" : "Off"; }
 

@@ -6,8 +6,8 @@
 #include <memory>
 #include <vector>
 
-/** The parameters of the product. Their identifiers, version hints, order and choices are what saved
-    sessions, presets and host automation refer to: they never change, only grow. */
+/** The parameters of the product. Saved sessions, presets and host automation refer to their identifiers,
+    version hints, order and choices, so these must never change; new ones may be added. */
 namespace mk::orlo::Params
 {
 
@@ -31,18 +31,18 @@ inline constexpr auto internal = "internal";
 inline constexpr auto colourMap = "colourMap";
 } // namespace id
 
-/** All sixteen, in the order that hosts see. For whoever needs their ranges, choices and texts but has no
-    processor to put them into. */
+/** All sixteen, in the order that hosts see. For code that needs their ranges, choices and texts without a
+    processor. */
 [[nodiscard]] std::vector<std::unique_ptr<juce::RangedAudioParameter>> createParameters();
 
-/** The same, as a processor takes them. */
+/** The same as a layout for a processor's parameter state. */
 [[nodiscard]] juce::AudioProcessorValueTreeState::ParameterLayout createLayout();
 
-/** Whole decibels; a positive number typed by the user is taken as negative. */
+/** Texts in whole decibels; a positive number typed by the user is taken as negative. */
 [[nodiscard]] juce::AudioParameterFloatAttributes getGainParameterAttributes();
 
-/** The window size that a value of fftSize stands for, 256 .. 8192. Values of the choices held in
-    reserve count as 8192. Wait-free. */
+/** The window size for a value of fftSize, 256 .. 8192. The values of reserved choices count as 8192.
+    Wait-free. */
 [[nodiscard]] int getWindowSize (float fftSizeValue) noexcept;
 
 } // namespace mk::orlo::Params

@@ -48,8 +48,8 @@ void AudioPluginAudioProcessor::updatePictureSettings()
     const auto floorDb = valueOf (Params::id::floor);
     const auto ceilingDb = valueOf (Params::id::ceiling);
 
-    // The two may cross, which inverts the picture. The threshold below which bins count as silence is
-    // the lower one all the same.
+    // The floor may be above the ceiling, which inverts the picture. The threshold below which bins count as
+    // silence is the lower of the two in both cases.
     fftProcessor.setMagnitudeThreshold (magnitudeForDecibels (juce::jmin (floorDb, ceilingDb)));
     imageBuilder.setLevelRange (floorDb, ceilingDb);
     imageBuilder.setScrollMode (juce::roundToInt (valueOf (Params::id::drawMode)) == 1);
@@ -73,7 +73,7 @@ void AudioPluginAudioProcessor::applyInitialSettings()
 
 void AudioPluginAudioProcessor::applyPreferredColourMap()
 {
-    // The setting counts from 1; a missing or broken one reads as 0, and stands for the first map.
+    // The setting counts from 1; a missing or invalid one reads as 0, which selects the first map.
     const auto text = getGlobalSettings()[pluginCore::SettingsIds::preferedMap].toString();
     const auto index = float (pluginCore::parseInteger (text).value_or (0)) - 1.0f;
     auto& parameter = findParameter (*this, Params::id::colourMap);
@@ -145,7 +145,7 @@ void AudioPluginAudioProcessor::processInternal (juce::AudioBuffer<float>& buffe
 
 void AudioPluginAudioProcessor::updateWindowLength() noexcept
 {
-    // One sample less than the label, so that the window has a middle.
+    // One sample less than the size shown to the user, so that the window has a middle sample.
     const auto windowLength = Params::getWindowSize (fftSizeParam->load (std::memory_order_relaxed)) - 1;
     auto config = fftProcessor.getCurrentConfig();
 
@@ -158,7 +158,7 @@ void AudioPluginAudioProcessor::updateWindowLength() noexcept
 
 void AudioPluginAudioProcessor::updateTransport() noexcept
 {
-    // Without a position the last answer stands.
+    // If the host gives no position, the last known state is kept.
     if (const auto* const head = getPlayHead())
         if (const auto position = head->getPosition())
             transportPlaying = position->getIsPlaying();
@@ -179,7 +179,7 @@ const float* AudioPluginAudioProcessor::mixToMono (const juce::AudioBuffer<float
     if (numChannels == 1)
         return buffer.getReadPointer (0);
 
-    // Allocates only if the host sends more than it announced.
+    // Allocates only if the host sends a larger block than it announced.
     monoBuffer.setSize (1, numSamples, false, false, true);
     monoBuffer.copyFrom (0, 0, buffer, 0, 0, numSamples);
 

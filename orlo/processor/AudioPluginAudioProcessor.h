@@ -35,19 +35,19 @@ public:
     [[nodiscard]] std::unique_ptr<pluginCore::ProcessorEditor> createEditorInternal() override;
 
     //==============================================================================
-    /** [message thread] While suspended the audio thread spends nothing on analysis. Waking up drops
-        whatever still waits in the analysis, so that the picture never starts with old material. */
+    /** [message thread] While suspended the audio thread does no work for the analysis. Resuming discards the
+        samples and frames that still wait, so that the picture never starts with old audio. */
     void setAnalysisSuspended (bool shouldBeSuspended) noexcept;
 
-    /** [message thread] Hands what the parameters say of levels, range, scale and drawing over to worker and
-        builder. The view calls it at every tick: hosts automate from within the audio callback, and no message
-        may be posted from there. */
+    /** [message thread] Passes the parameters for levels, range, scale and drawing on to worker and builder. Hosts
+        automate from within the audio callback, where no message may be posted, so the view calls this at every
+        tick instead. */
     void updatePictureSettings();
 
-    /** Any thread. The host has stopped and Auto Freeze is on. Written by the audio thread. */
+    /** Any thread. Whether the host has stopped and Auto Freeze is on. Written by the audio thread. */
     [[nodiscard]] bool isAutoPaused() const noexcept { return autoPaused.load (std::memory_order_relaxed); }
 
-    /** Where the product's presets lie on this system. */
+    /** The folders of the product's presets on this system. */
     [[nodiscard]] static pluginCore::PresetFolders getDefaultPresetFolders();
 
     [[nodiscard]] FFTProcessor& getFftProcessor() noexcept { return fftProcessor; }
@@ -60,7 +60,7 @@ private:
     void updateWindowLength() noexcept;
     void updateTransport() noexcept;
 
-    /** Whether the display stands still. */
+    /** [audio thread] Updates isAutoPaused(). Returns whether the display is frozen. */
     [[nodiscard]] bool updatePause() noexcept;
 
     [[nodiscard]] const float* mixToMono (const juce::AudioBuffer<float>& buffer) noexcept;
@@ -73,13 +73,13 @@ private:
 
     std::atomic<bool> analysisSuspended { true }; // written by the message thread, read by the audio thread
 
-    // What the audio thread polls, once a block.
+    // Polled by the audio thread once per block.
     std::atomic<float>* const fftSizeParam;
     std::atomic<float>* const freezeParam;
     std::atomic<float>* const autoFreezeParam;
     std::atomic<float>* const modeParam;
 
-    // The audio thread's own.
+    // Used by the audio thread only.
     juce::AudioBuffer<float> monoBuffer { 1, 0 };
     bool transportPlaying = false;
 

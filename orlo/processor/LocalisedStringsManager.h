@@ -6,7 +6,7 @@
 namespace mk::orlo
 {
 
-/** Adds this product's texts to the framework's; its wording wins where both have a key. */
+/** Adds this product's texts to the framework's; for a key that both have, the product's text is used. */
 class LocalisedStringsManager final : public pluginCore::LocalisedStringsManager
 {
 public:

@@ -6,14 +6,14 @@
 namespace mk::orlo
 {
 
-/** The parameter of that id, which must exist. Any thread. */
+/** The parameter with the id, which must exist. Any thread. */
 [[nodiscard]] inline juce::RangedAudioParameter& findParameter (pluginCore::PluginProcessor& processor, const char* id)
 {
     return *processor.getParameterState().getParameter (id);
 }
 
-/** A parameter's value in its own range, newer than the copy that the parameter state keeps while listeners
-    are being called. Any thread. */
+/** A parameter's value in its own range. While listeners are being called, it may be newer than the copy that
+    the parameter state keeps. Any thread. */
 [[nodiscard]] inline float getCurrentValue (const juce::RangedAudioParameter& parameter)
 {
     return parameter.convertFrom0to1 (parameter.getValue());

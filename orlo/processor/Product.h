@@ -6,16 +6,16 @@
 namespace mk::orlo
 {
 
-/** Who this product is. */
+/** The product's name, vendor, version and year. */
 [[nodiscard]] inline pluginCore::ProductInfo makeProductInfo()
 {
     return { "Orlo", "Morlek", ORLO_VERSION_STRING, 2025 };
 }
 
-/** The vendor's site; the pages of the product hang below it. */
+/** The vendor's site; the addresses of the product's pages begin with it. */
 inline constexpr auto vendorSite = ORLO_VENDOR_SITE;
 
-/** The page of the manual that belongs to this version. */
+/** The page of the manual for this version. */
 [[nodiscard]] inline juce::URL getManualUrl (const pluginCore::PluginProcessor& processor)
 {
     return juce::URL (processor.getReleaseNotesUrl())

@@ -10,7 +10,7 @@ const juce::Identifier cleanViewModeId { "CLEAN_VIEW_MODE" };
 const juce::Identifier cleanBoundsId { "CLEAN_BOUNDS" };
 const juce::Identifier normalBoundsId { "NORMAL_BOUNDS" };
 
-/** Whether a stored value is what a true one is written as. */
+/** Whether a stored value reads as true. */
 [[nodiscard]] bool isTrue (const juce::var& value) { return value.isBool() ? bool (value) : value.toString() == "1"; }
 } // namespace
 
@@ -30,7 +30,7 @@ void UIView::bind()
 {
     tree = parent.getOrCreateChildWithName (viewType, nullptr);
 
-    // A session may hold any text there, and the reader of a cached boolean is not made for any text.
+    // A session may contain any text here, which a CachedValue<bool> would not read as isTrue() does.
     if (tree.hasProperty (cleanViewModeId))
         tree.setProperty (cleanViewModeId, isTrue (tree[cleanViewModeId]), nullptr);
 

@@ -17,16 +17,16 @@ public:
     explicit UIView (juce::ValueTree parent);
     ~UIView() override;
 
-    /** Finds or makes the child anew. Called when the parent's content may have been replaced; a child
-        that appears there later is found without it. */
+    /** Finds or makes the child again. Call it when the parent's content may have been replaced; a child
+        that is added later is bound automatically. */
     void bind();
 
     juce::CachedValue<bool> cleanViewMode;        /**< CLEAN_VIEW_MODE: Full View is on. */
     juce::CachedValue<juce::String> cleanBounds;  /**< CLEAN_BOUNDS: the last bounds of Full View, "0 0 W H". */
     juce::CachedValue<juce::String> normalBounds; /**< NORMAL_BOUNDS: the same of Standard View. */
 
-    /** The same three for whoever listens to them. They keep referring to the session's view when a session
-        takes the place of another, and tell of a change asynchronously. */
+    /** The same three as values to listen to. They keep referring to the current session's view when another
+        session is loaded, and notify asynchronously. */
     [[nodiscard]] juce::Value getCleanViewModeValue() const { return juce::Value (cleanViewModeSource.get()); }
     [[nodiscard]] juce::Value getCleanBoundsValue() const { return juce::Value (cleanBoundsSource.get()); }
     [[nodiscard]] juce::Value getNormalBoundsValue() const { return juce::Value (normalBoundsSource.get()); }

@@ -6,15 +6,15 @@
 namespace mk::orlo
 {
 
-/** The product's own colour ids, beside those of JUCE and of the framework. */
+/** The product's own colour ids, in addition to those of JUCE and of the framework. */
 namespace colourId
 {
 enum : int
 {
-    controlBackground = 0x2731072, /**< ColourMapPreviewComponent, and whatever else is a control's ground */
+    controlBackground = 0x2731072, /**< ColourMapPreviewComponent and the backgrounds of other controls */
     sideBarBackground = 0x2731200,
     buttonBarFrame = 0x2731233,   /**< the frame around a ButtonBarComponent */
-    barButtonOutline = 0x2731333, /**< around a button of a ButtonBarComponent that stands alone */
+    barButtonOutline = 0x2731333, /**< around a button of a ButtonBarComponent that is not joined to others */
     rulerBackground = 0x2733209,
     keyboardBackground = 0x2733300,
     keyboardWhiteKey = 0x2733301,
@@ -32,7 +32,7 @@ enum : int
 };
 } // namespace colourId
 
-/** Every colour that the product's look and feel sets, over those of the framework. Any thread. */
+/** Every colour that the product's look and feel sets in addition to those of the framework. Any thread. */
 [[nodiscard]] std::span<const pluginCore::ColourSetting> getOrloColours() noexcept;
 
 } // namespace mk::orlo

@@ -46,7 +46,7 @@ AboutComponent::AboutComponent (const pluginCore::PluginProcessor& processor)
     setUp (websiteLabel, juce::URL (vendorSite).getDomain(), 2, 1.0);
     setUp (footerLabel, makeFooter (processor), 2, 0.72);
 
-    // The rest of the page is one large button that closes it.
+    // Clicks on the rest of the page close it.
     websiteLabel.setInterceptsMouseClicks (true, false);
     websiteLabel.setMouseCursor (juce::MouseCursor::PointingHandCursor);
     websiteLabel.addMouseListener (this, false);
@@ -99,7 +99,7 @@ AboutComponent::Layout AboutComponent::makeLayout (juce::Rectangle<int> bounds, 
 
 void AboutComponent::resized()
 {
-    // The font's height depends on the label's.
+    // The height of the font depends on that of the label.
     websiteLabel.setBounds (makeLayout (getLocalBounds(), getWidth()).website);
     const auto font = getLookAndFeel().getLabelFont (websiteLabel);
     const auto width = std::ceil (juce::GlyphArrangement::getStringWidth (font, websiteLabel.getText()));
@@ -119,7 +119,7 @@ void AboutComponent::paint (juce::Graphics& g)
         pluginCore::findColourOr (*this, colourId::overlayBackground, juce::Colour (pluginCore::palette::panel)));
 }
 
-// The look and feel is that of the parent.
+// The look and feel is inherited from the parent.
 void AboutComponent::parentHierarchyChanged() { lookAndFeelChanged(); }
 
 void AboutComponent::lookAndFeelChanged()

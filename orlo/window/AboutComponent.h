@@ -8,8 +8,8 @@
 namespace mk::orlo
 {
 
-/** The page about the product, over the whole window. The owner shows it; any click hides it, one on the
-    address opens the vendor's home page too. So do the keys: Return goes to the page, Escape closes.
+/** The page about the product, over the whole window. The owner shows it; any click hides it, and a click on
+    the address also opens the vendor's home page. Return opens the home page, Escape closes.
     [message thread] */
 class AboutComponent final : public juce::Component
 {
@@ -19,7 +19,7 @@ public:
     /** Opens a page; by default in the browser. */
     std::function<void (const juce::URL&)> openInBrowser;
 
-    /** Where the texts stand. */
+    /** The bounds of the texts. */
     struct Layout
     {
         juce::Rectangle<int> title, subtitle, version, credits, website, footer;
@@ -38,7 +38,7 @@ public:
     std::unique_ptr<juce::AccessibilityHandler> createAccessibilityHandler() override;
 
 private:
-    /** A label that screen readers take for a link. */
+    /** A label that is a link for screen readers. */
     class WebsiteLabel final : public juce::Label
     {
     public:

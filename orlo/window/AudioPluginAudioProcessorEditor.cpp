@@ -35,7 +35,7 @@ AudioPluginAudioProcessorEditor::AudioPluginAudioProcessorEditor (AudioPluginAud
     colourMapAttachment.sendInitialUpdate();
     hiDPIAttachment.sendInitialUpdate();
 
-    // A new instance opens Full View as large as the last one that used it.
+    // A new instance opens Full View at the size that was last used in any instance.
     if (cleanBounds.toString().isEmpty())
         cleanBounds = globalSettings.getSettings()[pluginCore::SettingsIds::latestCleanViewBounds].toString();
 
@@ -68,8 +68,8 @@ void AudioPluginAudioProcessorEditor::applyView()
 {
     const auto isFull = isFullView();
 
-    // The grip still works in Full View, it is only not seen. Not by its colour: all windows share the look and
-    // feel that has it.
+    // The grip is invisible in Full View, but still works. All windows share the look and feel with its colour, so
+    // the alpha of this window's grip is changed instead.
     getCornerResizer().setAlpha (isFull ? 0.0f : 1.0f);
 
     auto* const limits = getConstrainer();
@@ -129,7 +129,7 @@ void AudioPluginAudioProcessorEditor::mouseExit (const juce::MouseEvent&)
 //==============================================================================
 void AudioPluginAudioProcessorEditor::setColourMap (float value)
 {
-    // The builder takes an index that there is no map for as the first one.
+    // For an index without a map the builder uses the first map.
     orloProcessor.getImageBuilder().setColourMap (juce::jmax (0, juce::roundToInt (value)));
 }
 

@@ -9,8 +9,8 @@
 namespace mk::orlo
 {
 
-/** The product's window. Knows the sizes of both views and passes on what reaches the display without a
-    control: the colour map and the double resolution. [message thread] */
+/** The product's window. Knows the sizes of both views and passes the two parameters on that no control passes
+    to the display: the colour map and the double resolution. [message thread] */
 class AudioPluginAudioProcessorEditor final : public pluginCore::PluginEditor, private juce::Value::Listener
 {
 public:
@@ -29,7 +29,7 @@ public:
     [[nodiscard]] double getFixedAspectRatio() const override;
     void retinaStateChanged (pluginCore::PluginMoveDetector&, bool isOnRetinaDisplay) override;
 
-    /** Full View shows the picture and nothing else: news are left to the next window. */
+    /** Ignored in Full View, which shows only the picture: the next window shows the notice. */
     void versionInfoReceived (pluginCore::UpdateChecker&,
                               bool newVersionAvailable,
                               juce::int64 latestReleaseDate) override;

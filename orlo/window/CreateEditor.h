@@ -10,7 +10,7 @@ namespace mk::orlo
 
 class AudioPluginAudioProcessor;
 
-/** The product's window for that processor, which must outlive it. [message thread] */
+/** Creates the product's window for the processor, which must outlive it. [message thread] */
 [[nodiscard]] std::unique_ptr<pluginCore::ProcessorEditor> createEditor (AudioPluginAudioProcessor& processor);
 
 } // namespace mk::orlo

@@ -7,7 +7,7 @@ namespace
 {
 [[nodiscard]] juce::String text (const char* utf8) { return juce::String::fromUTF8 (utf8); }
 
-/** A translation with the names in its place for them, wherever the language wants it. */
+/** The translation with its placeholder replaced by the names; its position depends on the language. */
 [[nodiscard]] juce::String withNames (const juce::String& translation, const char* names)
 {
     return translation.replace ("%s", text (names));

@@ -6,8 +6,8 @@
 namespace mk::orlo
 {
 
-/** Who wrote what the product is made with, in the user's language, a paragraph a line: the libraries, the
-    fonts, the colour maps. THIRD_PARTY_NOTICES.md has their licences. [message thread] */
+/** The authors of the libraries, fonts and colour maps that the product uses, in the user's language, one line
+    per paragraph. THIRD_PARTY_NOTICES.md has their licences. [message thread] */
 [[nodiscard]] juce::String makeCredits();
 
 } // namespace mk::orlo

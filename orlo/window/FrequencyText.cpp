@@ -7,7 +7,7 @@ namespace mk::orlo::frequencyText
 {
 namespace
 {
-// More digits than this are a slip, and must not lead to infinity.
+// Higher frequencies are typing errors, and enough digits would give infinity, so the value is limited.
 constexpr double highestTyped = 1.0e9;
 } // namespace
 

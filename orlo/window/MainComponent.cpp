@@ -35,15 +35,15 @@ MainComponent::MainComponent (pluginCore::PluginEditor& editor, AudioPluginAudio
     addChildComponent (aboutComponent);
     setOpaque (true);
 
-    // With a control of its own the window would otherwise give the focus to the first button, and the
-    // host's space bar would press that. A click on the picture leaves the keyboard where it is.
+    // If the main component did not take the focus, the window would give it to the first button, which the host's
+    // space bar would then press. A click on the picture leaves the focus where it is.
     setWantsKeyboardFocus (true);
     setMouseClickGrabsKeyboardFocus (false);
 
     cleanViewMode.addListener (this);
     updateView();
 
-    // With the nested children, since the mouse is nearly always over one of them.
+    // Listens to nested children too, since the mouse is nearly always over one of them.
     addMouseListener (this, true);
 }
 
@@ -161,7 +161,7 @@ void MainComponent::paint (juce::Graphics& g) { g.fillAll (juce::Colour (pluginC
 
 void MainComponent::paintOverChildren (juce::Graphics& g)
 {
-    // Painted here and not by the picture, so that an exported picture does not contain the frame.
+    // An exported picture must not contain the frame, so it is painted here and not by the picture.
     if (spectrogramContainer.getSpectrogram().hasKeyboardFocus (false))
     {
         g.setColour (findColour (juce::ComboBox::focusedOutlineColourId));

@@ -16,8 +16,8 @@
 namespace mk::orlo
 {
 
-/** What fills the window. In Standard View the side bar at the left, beside it the settings panel if it is
-    wanted, and the spectrogram in the rest; in Full View the spectrogram alone with floating buttons on it.
+/** The content of the window. In Standard View it has the side bar at the left, beside it the settings panel if
+    it is open, and the spectrogram in the rest; in Full View only the spectrogram with floating buttons on it.
     [message thread] */
 class MainComponent final : public juce::Component, private juce::Value::Listener
 {
@@ -34,7 +34,7 @@ public:
     [[nodiscard]] SettingsComponent& getSettingsPanel() noexcept { return settingsPanel; }
     [[nodiscard]] AboutComponent& getAboutComponent() noexcept { return aboutComponent; }
 
-    /** Opens or closes the settings panel; in Full View it waits for the Standard View. */
+    /** Opens or closes the settings panel; in Full View the change is applied on the return to Standard View. */
     void setSettingsWanted (bool areWanted);
 
     //==============================================================================
@@ -77,7 +77,7 @@ private:
     SpectrogramContainer spectrogramContainer;
     AboutComponent aboutComponent;
 
-    // Nothing tells when the host has stopped, nor that the mouse has left for a dialog of ours.
+    // Polled, since there is no notification that the host has stopped or that the mouse has moved onto a dialog.
     const pluginCore::WindowPoller::Client pollerClient { *this,
                                                           [this] (bool)
                                                           {

@@ -6,7 +6,7 @@
 namespace mk::orlo
 {
 
-/** What decides on the layout of the window. */
+/** The values that the layout of the window depends on. */
 struct MainLayoutInput
 {
     int width, height;
@@ -16,7 +16,7 @@ struct MainLayoutInput
     bool isFreezeButtonVisible;
 };
 
-/** Where everything in the window stands, in its coordinates. What is not shown has the bounds all the same. */
+/** The bounds of everything in the window, in its coordinates. Hidden parts have bounds too. */
 struct MainLayout
 {
     juce::Rectangle<int> sideBar, settingsPanel, spectrogram;
@@ -24,8 +24,8 @@ struct MainLayout
 };
 
 /** Lays the window out. The side bar takes a twentieth of the width, the settings panel 23 %, the picture
-    the rest; the floating buttons keep out of the ruler and the keyboard. Nothing is ever wider or higher
-    than the window. Any thread. */
+    the rest; the floating buttons do not overlap the ruler and the keyboard. Nothing is ever wider or
+    higher than the window. Any thread. */
 [[nodiscard]] MainLayout layOutMain (const MainLayoutInput& input) noexcept;
 
 } // namespace mk::orlo

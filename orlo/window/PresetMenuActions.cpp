@@ -47,7 +47,7 @@ void PresetMenuActions::perform (int id, const PresetMenu& menu)
 
 void PresetMenuActions::save()
 {
-    // The file as it is now: it may have gone while the menu was open.
+    // The file may have been deleted while the menu was open, so this checks that it still exists.
     if (const auto file = presets.getCurrentPresetFile(); file != juce::File() && file.existsAsFile())
         presets.savePresetFile (file, false);
 }
@@ -59,7 +59,7 @@ void PresetMenuActions::loadInit()
     if (! presets.isPresetFile (file))
         return;
 
-    // The colours are a matter of taste and of the room's light, not of the analysis: they stay.
+    // The colour map depends on taste and on the light in the room, not on the analysis, so it is kept.
     auto& colourMap = *processor.getParameterState().getParameter (Params::id::colourMap);
     const auto index = std::round (colourMap.convertFrom0to1 (colourMap.getValue()));
     const auto kept = colourMap.convertTo0to1 (index);
@@ -67,7 +67,7 @@ void PresetMenuActions::loadInit()
     presets.loadPresetFile (file, &processor.getUndoManager());
     colourMap.setValueNotifyingHost (kept);
 
-    // Into the load's own step: undoing what the user does next must not change the colours.
+    // Undoing the user's next action must not change the colours, so they are recorded in the load's transaction.
     pluginCore::flushIntoTransaction (processor.getParameterState());
 }
 

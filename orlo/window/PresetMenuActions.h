@@ -13,20 +13,20 @@ class PluginProcessor;
 namespace mk::orlo
 {
 
-/** What the rows of the preset menu do. What cannot be done is left alone without a word. [message thread] */
+/** The actions of the rows of the preset menu. Failures are not reported. [message thread] */
 class PresetMenuActions
 {
 public:
     explicit PresetMenuActions (pluginCore::PluginProcessor& processor);
 
-    /** The rows for the processor as it is now. */
+    /** The rows for the processor's current state. */
     [[nodiscard]] pluginCore::PresetMenu makeMenu() const;
 
-    /** Does what the row with the given id stands for; nothing for an id below 1, which a dismissed menu
-        gives. The menu is the one that the user saw. */
+    /** Carries out the row with the given id; does nothing for an id below 1, which a dismissed menu returns.
+        Pass the menu that the user saw. */
     void perform (int id, const pluginCore::PresetMenu& menu);
 
-    /** How a page and a folder are shown; by the system's browser and file manager unless set. */
+    /** Show a page and a folder; by default in the system's browser and file manager. */
     std::function<void (const juce::URL&)> showPage;
     std::function<void (const juce::File&)> showFolder;
 

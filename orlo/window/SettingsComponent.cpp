@@ -26,11 +26,11 @@ namespace
 constexpr float presetsIndentShare = 0.26f;
 constexpr float textGapShare = 0.15f;
 
-// In widths of the buttons, which differ; the icons are of one size.
+// In widths of the buttons: these differ in width, but their icons have the same size.
 constexpr float wideToggleMargin = 0.14f;
 constexpr float narrowToggleMargin = 0.03f;
 
-// "-140 dB" has to fit.
+// Small enough for "-140 dB" to fit.
 constexpr double shortSliderTextScale = 0.85;
 
 [[nodiscard]] bool isSameRate (double a, double b) noexcept
@@ -38,7 +38,7 @@ constexpr double shortSliderTextScale = 0.85;
     return std::abs (a - b) <= std::numeric_limits<double>::epsilon() * std::max (std::abs (a), std::abs (b));
 }
 
-/** Gives a label its bounds, and keeps its text off what stands on it from x on. */
+/** Gives a label its bounds, and ends its text before the controls on it, which start at x. */
 void endTextBefore (juce::Label& label, juce::Rectangle<int> bounds, int x)
 {
     const auto gap = juce::roundToInt (float (bounds.getHeight()) * textGapShare);
@@ -46,7 +46,7 @@ void endTextBefore (juce::Label& label, juce::Rectangle<int> bounds, int x)
     label.setBounds (bounds);
 }
 
-/** The same for a row's label, whose text begins nowhere before x. */
+/** Gives a row's label its bounds, and starts its text at x or further right. */
 void beginTextAfter (juce::Label& label, juce::Rectangle<int> bounds, int x)
 {
     label.setBorderSize ({ 0, x - bounds.getX(), 0, 0 });
@@ -274,7 +274,7 @@ void SettingsComponent::setOnRetinaDisplay (bool isOnRetinaDisplay)
 
 void SettingsComponent::showColourMap (float value)
 {
-    // The choices held in reserve have no map.
+    // Reserved choices have no map.
     const auto index = juce::roundToInt (value + 1.0f) - 1;
     colourMapIndex = juce::isPositiveAndBelow (index, ColourMapPreviewComponent::getNumMaps()) ? index : 0;
     colourPreview.setMapIndex (colourMapIndex);

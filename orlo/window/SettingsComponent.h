@@ -19,8 +19,8 @@
 namespace mk::orlo
 {
 
-/** The settings panel: every control of the product from top to bottom, and the preset menu. Its children
-    have the names of the places in SettingsLayout as their ids. [message thread] */
+/** The settings panel: every control of the product from top to bottom, and the preset menu. The ids of its
+    children are the names of the members of SettingsLayout. [message thread] */
 class SettingsComponent : public juce::Component, public pluginCore::PluginMoveDetector::Listener
 {
 public:
@@ -31,7 +31,7 @@ public:
     /** Called with the index of the colour map whenever it changes. */
     std::function<void (int)> onColourMapChanged;
 
-    /** Makes the limits of frequency read and be typed in hertz at this sample rate; "0 Hz" if there is none
+    /** Shows and reads the frequency limits in hertz at this sample rate; "0 Hz" if there is no sample rate
         yet. */
     void updateFreqSliderTextFunctions (double newSampleRate);
 
@@ -40,10 +40,10 @@ public:
 
     [[nodiscard]] int getColourMapIndex() const noexcept { return colourMapIndex; }
 
-    /** What the rows of the preset menu do. */
+    /** The actions of the rows of the preset menu. */
     [[nodiscard]] PresetMenuActions& getPresetActions() noexcept { return presetActions; }
 
-    /** The menu of the last opening. */
+    /** The menu that was opened last. */
     [[nodiscard]] const pluginCore::PresetMenu& getPresetsMenu() const noexcept { return presetsMenu; }
 
     void paint (juce::Graphics& g) override;
@@ -66,7 +66,7 @@ private:
 
     pluginCore::PluginEditor& editor;
     pluginCore::PluginProcessor& processor;
-    double sampleRate = -1.0; // Hz, that of the frequency texts; none so far
+    double sampleRate = -1.0; // in hertz, of the frequency texts; negative until it is known
     int colourMapIndex = 0;
 
     juce::Label title, analysisHeading, fftSizeLabel, displayHeading, scaleLabel, speedLabel, maxFreqLabel,

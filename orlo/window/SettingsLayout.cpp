@@ -9,12 +9,12 @@ namespace
 constexpr float designWidth = 402.0f;
 constexpr float designHeight = 1000.0f;
 
-/** From a right edge to the toggle before the last one, in widths of a toggle. */
+/** The distance between two neighbouring toggles, in widths of a toggle. */
 constexpr float toggleStep = 1.1f;
 
 struct Panel
 {
-    /** A place of the design, in the panel. */
+    /** Scales bounds from the design to the panel. */
     [[nodiscard]] juce::Rectangle<int> place (float x, float y, float w, float h) const noexcept
     {
         return juce::Rectangle<float> (x / designWidth * width,
@@ -48,7 +48,7 @@ SettingsLayout SettingsLayout::forSize (int width, int height) noexcept
     layout.scaleLabel = panel.place (0, 479, 157, 56);
     layout.scaleBox = panel.place (173, 479, 123, 56);
 
-    // The two toggles end where the bar of modes ends, whatever was rounded on the way.
+    // The two toggles are aligned with the right end of the mode bar, independent of rounding.
     const auto toggle = panel.place (0, 479, 30, 56);
     const auto right = layout.modeBar.getRight();
     const auto step = juce::roundToInt (toggleStep * float (toggle.getWidth()));

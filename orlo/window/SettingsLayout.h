@@ -6,11 +6,11 @@
 namespace mk::orlo
 {
 
-/** Where everything in the settings panel stands, in pixels relative to the panel. */
+/** The bounds of everything in the settings panel, in pixels relative to the panel. */
 struct SettingsLayout
 {
-    /** Lays a panel of the given size out. Every item takes the same share of the width and of the height in
-        a panel of any size. Any thread. */
+    /** Lays out a panel of the given size. Every item has the same share of the width and of the height in a
+        panel of any size. Any thread. */
     [[nodiscard]] static SettingsLayout forSize (int width, int height) noexcept;
 
     juce::Rectangle<int> title, presetsButton;

@@ -30,7 +30,7 @@ constexpr float narrowestText = 0.7f;
     return 2;
 }
 
-/** An icon whose margin grows with it. */
+/** An icon button whose margin is proportional to its width. */
 class ToggleIcon final : public pluginCore::ComponentIgnoringRightButton<juce::DrawableButton>
 {
 public:

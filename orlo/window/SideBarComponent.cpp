@@ -17,7 +17,7 @@ constexpr int closedIndent = 3;
 constexpr float openIndentShare = 0.11f;
 constexpr float dimmedAlpha = 0.7f;
 
-/** Gives a button its help and, for screen readers, its name. */
+/** Gives a button its tooltip and its accessibility title. */
 void setUp (juce::DrawableButton& button, const juce::String& title, const juce::String& tooltip)
 {
     button.setEdgeIndent (closedIndent);
@@ -89,7 +89,7 @@ void SideBarComponent::updateSettingsIndent()
     settingsButton.setEdgeIndent (getSettingsIndent (settingsButton.getToggleState(), settingsButton.getHeight()));
 }
 
-// The audio thread writes what is asked for here, and nobody tells of a change.
+// The audio thread may write the values read here and must not post a message, so they are polled.
 void SideBarComponent::poll()
 {
     const auto isFreezeOn = freezeValue.load (std::memory_order_relaxed) >= 0.5f;

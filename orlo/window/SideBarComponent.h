@@ -23,10 +23,10 @@ public:
 
     std::function<void()> onAboutClicked, onExportClicked;
 
-    /** Called with whether the panel should be open. */
+    /** Called with true to open the panel and false to close it. */
     std::function<void (bool)> onSettingsToggled;
 
-    /** Whether the picture stands still, by the user's wish or since the host has stopped. */
+    /** Whether the picture is frozen, by the user or because the host has stopped. */
     [[nodiscard]] bool isFrozen() const;
 
     void paint (juce::Graphics& g) override;
@@ -35,7 +35,7 @@ public:
     /** The icon shrinks when the panel is open. */
     [[nodiscard]] static int getSettingsIndent (bool isPanelOpen, int buttonHeight) noexcept;
 
-    /** A freeze that only the host's stop has brought is shown dimmed. */
+    /** The alpha of the freeze button: dimmed if the picture is frozen only because the host has stopped. */
     [[nodiscard]] static float getFreezeAlpha (bool isAutoPaused, bool isFreezeOn) noexcept;
 
 private:
@@ -46,10 +46,10 @@ private:
     void poll();
 
     AudioPluginAudioProcessor& processor;
-    const std::atomic<float>& freezeValue; // the store's own, written by any thread
+    const std::atomic<float>& freezeValue; // owned by the parameter state, written by any thread
 
     IconButton settingsButton, exportButton;
-    IconButton* freezeButton = nullptr; // the control's
+    IconButton* freezeButton = nullptr; // owned by freezeControl
     std::unique_ptr<pluginCore::PluginToggleControl> freezeControl;
     IconButton aboutButton;
 

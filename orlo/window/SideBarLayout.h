@@ -6,10 +6,10 @@
 namespace mk::orlo
 {
 
-/** Where the buttons of the side bar stand, in pixels relative to it. */
+/** The bounds of the side bar's buttons, in pixels relative to it. */
 struct SideBarLayout
 {
-    /** Lays a side bar of the given size out: three cells as high as the bar is wide at the top, the about
+    /** Lays out a side bar of the given size: three cells as high as the bar is wide at the top, the About
         button at the bottom. In a bar that is too short the lower ones lose their height first. Any thread. */
     [[nodiscard]] static SideBarLayout forSize (int width, int height) noexcept;
 

@@ -6,13 +6,13 @@
 namespace mk::orlo
 {
 
-/** The window's bounds as the session and the settings keep them: "0 0 W H". Any thread. */
+/** The window's bounds in the form that the session and the settings store: "0 0 W H". Any thread. */
 [[nodiscard]] inline juce::String formatWindowBounds (int width, int height)
 {
     return "0 0 " + juce::String (width) + " " + juce::String (height);
 }
 
-/** Width and height of such a text. What is missing or no number reads as 0. Any thread. */
+/** The width and height in such a text. A missing or invalid number reads as 0. Any thread. */
 [[nodiscard]] inline juce::Point<int> parseWindowSize (const juce::String& bounds)
 {
     juce::StringArray numbers;

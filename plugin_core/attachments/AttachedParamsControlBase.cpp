@@ -42,7 +42,7 @@ void AttachedParamsControlBase::parameterChanged (const juce::String& id, float 
     }
     else if (isUpdatePending())
     {
-        // Another parameter's value is on its way: dropping its message would lose it.
+        // The pending message may carry another parameter's value, so it is delivered at once and not dropped.
         cancelPendingUpdate();
         handleAsyncUpdate();
     }

@@ -14,12 +14,12 @@ public:
     /** [message thread] The state must outlive the attachment. */
     explicit AttachedParamsControlBase (juce::AudioProcessorValueTreeState& state);
 
-    /** [message thread] No setValue() comes from here on. A derived class calls stopListening() first thing
-        in its own destructor, since other threads may be calling it at that time. */
+    /** [message thread] Calls setValue() no more. A derived class must call stopListening() first in its
+        own destructor, since other threads may be calling parameterChanged() at that time. */
     ~AttachedParamsControlBase() override;
 
-    /** Any thread. On the message thread the widget has the value when this returns. Locks for as long as it
-        takes to store a value, or for a running handleAsyncUpdate(). */
+    /** Any thread. On the message thread the widget has the value when this returns. Waits for the lock while
+        another thread stores a value or runs handleAsyncUpdate(). */
     void parameterChanged (const juce::String& id, float value) override;
 
     /** [message thread] Sends the last values of all parameters seen so far to the widget. */
@@ -29,12 +29,12 @@ public:
         May be called with a value that the widget shows already. */
     virtual void setValue (const juce::String& id, float value) = 0;
 
-    /** [message thread] The user has taken hold of the widget, or let go of it. */
+    /** [message thread] The user starts or ends a drag of the widget. */
     virtual void beginParameterChange() {}
     virtual void endParameterChange() {}
 
 protected:
-    /** [message thread] Follows the parameter; an id that names none is left out. */
+    /** [message thread] Follows the parameter; an id that names no parameter is ignored. */
     void listenTo (const juce::String& id);
     void stopListening();
 

@@ -6,10 +6,10 @@
 namespace mk::pluginCore
 {
 
-/** Delivers, on the message thread, what other threads have left for it.
+/** Delivers values that other threads have stored to their clients on the message thread.
 
-    Posting a message takes a lock and a system call, and may allocate, which no audio thread can afford. So a
-    writer only sets a flag, and this looks at the flags, at the pace of a display, as long as there are clients.
+    Posting a message takes a lock and a system call and may allocate, none of which an audio thread may do. So
+    writers only set a flag, and this class polls the flags at the rate of a display while there are clients.
     One for all instances of the plug-in; keep it in a juce::SharedResourcePointer. [message thread] */
 class AttachmentPoller final : private juce::Timer
 {
@@ -18,7 +18,7 @@ public:
     {
         virtual ~Client() = default;
 
-        /** [message thread] Called at every turn. May add and remove clients, itself too. */
+        /** [message thread] Called at every poll. May add and remove clients, including itself. */
         virtual void deliverPending() = 0;
     };
 
@@ -36,7 +36,7 @@ public:
             stopTimer();
     }
 
-    /** What the next turn would do. */
+    /** Polls at once, without waiting for the timer. */
     void deliverNow() { timerCallback(); }
 
 private:

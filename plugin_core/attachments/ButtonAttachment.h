@@ -6,12 +6,12 @@
 namespace mk::pluginCore
 {
 
-/** Ties a toggle button to a switch parameter. Each click is one complete gesture. Listeners of the button hear
-    of the parameter's changes too. Parameter and button must outlive the attachment. [message thread] */
+/** Connects a toggle button to a switch parameter. Each click is one complete gesture. The button's listeners
+    are also called when the parameter changes. Both must outlive the attachment. [message thread] */
 class ButtonAttachment final : private juce::Button::Listener
 {
 public:
-    /** Shows the present value. With an undo manager each click opens a transaction. */
+    /** Shows the current value. With an undo manager each click opens a transaction. */
     ButtonAttachment (juce::RangedAudioParameter& parameter, juce::Button& button, juce::UndoManager* undoManager);
     ~ButtonAttachment() override;
 

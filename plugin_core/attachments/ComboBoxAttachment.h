@@ -10,20 +10,20 @@
 namespace mk::pluginCore
 {
 
-/** Ties a box, whose entries have the ids 1, 2, 3 ..., to a parameter with the values 0, 1, 2 ... The
+/** Connects a box, whose entries have the ids 1, 2, 3 ..., to a parameter with the values 0, 1, 2 ... The
     parameter may have more values than the box has entries. Each choice of the user is one complete gesture.
     Parameter and box must outlive the attachment. [message thread] */
 class ComboBoxAttachment : public juce::ComboBox::Listener
 {
 public:
-    /** What the box shows for a value that is higher than all that it has entries for. */
+    /** What the box shows for a value above that of its last entry. */
     enum class ValuesBeyond
     {
         showLastEntry,
         showFirstEntry
     };
 
-    /** Shows the present value. With an undo manager each choice opens a transaction; afterGesture is called
+    /** Shows the current value. With an undo manager each choice opens a transaction; afterGesture is called
         at the end of each. */
     ComboBoxAttachment (juce::RangedAudioParameter& parameter,
                         juce::ComboBox& box,
@@ -32,8 +32,8 @@ public:
                         ValuesBeyond valuesBeyond = ValuesBeyond::showLastEntry);
     ~ComboBoxAttachment() override;
 
-    /** Selects the entry of the value, which is not normalised: the first one if it is below 0, that of
-        valuesBeyond if it is too high. The box tells its listeners at once. */
+    /** Selects the entry of the value, which is not normalised: the first entry if it is below 0, the one that
+        valuesBeyond says if it is too high. The box notifies its listeners synchronously. */
     void parameterChangedCallback (float value);
 
     void comboBoxChanged (juce::ComboBox*) override;

@@ -79,7 +79,7 @@ void ParameterAttachment::deliverPending()
 
 void ParameterAttachment::deliver()
 {
-    // The flag goes down before the value is read: a value that comes in between is delivered once more.
+    // The flag is cleared before the value is read, so a value stored in between may be delivered twice but not lost.
     std::ignore = isPending.exchange (false, std::memory_order_acq_rel);
 
     if (callback != nullptr)

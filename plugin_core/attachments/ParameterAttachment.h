@@ -13,26 +13,26 @@ namespace mk::pluginCore
 
 /** Brings a parameter's values to a callback on the message thread, and writes the user's values to the parameter.
 
-    Does what juce::ParameterAttachment does, but hosts may automate from within the audio callback: a value set
-    on another thread is stored and flagged, and delivered by the AttachmentPoller, without a message, a lock or
-    an allocation on that thread. Of several values only the last one is delivered. A value set on the message
-    thread is delivered before the setting returns.
+    Replaces juce::ParameterAttachment because hosts may automate from within the audio callback: a value set
+    on another thread is stored and flagged there, without a message, a lock or an allocation, and delivered by
+    the AttachmentPoller. Of several values only the last one is delivered. A value set on the message thread is
+    delivered before the setter returns.
 
     The parameter must outlive the attachment. [message thread, except parameterValueChanged()] */
 class ParameterAttachment final : private juce::AudioProcessorParameter::Listener, private AttachmentPoller::Client
 {
 public:
-    /** The callback gets values in the parameter's own range, and not before the first change. With an undo
-        manager each gesture opens a transaction. */
+    /** The callback gets values in the parameter's own range; the first call is at the first change. With an
+        undo manager each gesture opens a transaction. */
     ParameterAttachment (juce::RangedAudioParameter& parameter,
                          std::function<void (float)> callback,
                          juce::UndoManager* undoManager = nullptr);
     ~ParameterAttachment() override;
 
-    /** Calls the callback with the present value. */
+    /** Calls the callback with the current value. */
     void sendInitialUpdate();
 
-    /** Sets a value of the parameter's own range as one gesture. Does nothing if the parameter has it. */
+    /** Sets a value in the parameter's own range as one gesture. Does nothing if the value is the current one. */
     void setValueAsCompleteGesture (float newValue);
 
     void beginGesture();
@@ -50,7 +50,7 @@ private:
     const std::function<void (float)> callback;
     juce::UndoManager* const undoManager;
 
-    // Written by whoever sets the parameter, read by the message thread. The value is stored before the flag.
+    // Written by the thread that sets the parameter, read by the message thread. The value is stored before the flag.
     std::atomic<float> lastValue { 0.0f }; // normalised
     std::atomic<bool> isPending { false };
 

@@ -5,7 +5,7 @@ namespace mk::pluginCore
 {
 namespace
 {
-/** The parameter's range for a slider, which may ask with other ends than its own. */
+/** The parameter's range for a slider, which may pass a start and an end other than the range's own. */
 [[nodiscard]] juce::NormalisableRange<double> makeSliderRange (const juce::NormalisableRange<float>& range)
 {
     const auto within = [range] (double start, double end)

@@ -6,12 +6,12 @@
 namespace mk::pluginCore
 {
 
-/** Ties a slider with one value to a parameter, whose range, texts and default the slider takes over. Each drag
+/** Connects a slider with one value to a parameter and gives the slider its range, texts and default. Each drag
     is one gesture. Parameter and slider must outlive the attachment. [message thread] */
 class SliderAttachment final : private juce::Slider::Listener
 {
 public:
-    /** Shows the present value. With an undo manager each drag opens a transaction. */
+    /** Shows the current value. With an undo manager each drag opens a transaction. */
     SliderAttachment (juce::RangedAudioParameter& parameter, juce::Slider& slider, juce::UndoManager* undoManager);
     ~SliderAttachment() override;
 

@@ -11,20 +11,20 @@
 namespace mk::pluginCore
 {
 
-/** Ties a group of radio buttons to a parameter with the values 0, 1, 2 ..., one for each button. Each click
+/** Connects a group of radio buttons to a parameter with the values 0, 1, 2 ..., one for each button. Each click
     is one complete gesture. The parameter must outlive the attachment, the buttons need not. [message thread] */
 class TabAttachment : public juce::Button::Listener
 {
 public:
-    /** Takes the buttons in the order of their values and lights that of the present one. With an undo manager
-        each click opens a transaction; afterGesture is called at the end of each. */
+    /** Takes the buttons in the order of their values and turns on that of the current value. With an undo
+        manager each click opens a transaction; afterGesture is called at the end of each. */
     TabAttachment (juce::RangedAudioParameter& parameter,
                    const juce::Array<juce::Button*>& buttons,
                    juce::UndoManager* undoManager,
                    std::function<void()> afterGesture = {});
     ~TabAttachment() override;
 
-    /** Lights the button of the value, which is not normalised. A value without a button changes nothing. */
+    /** Turns on the button of the value, which is not normalised. A value without a button changes nothing. */
     void parameterChangedCallback (float value);
 
     void buttonClicked (juce::Button* button) override;

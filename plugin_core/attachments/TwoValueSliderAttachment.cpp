@@ -42,7 +42,7 @@ public:
         if (const auto* ranged = minParameter != nullptr ? minParameter : maxParameter)
             slider.setNormalisableRange (makeSliderRange (*ranged));
 
-        // The maximum first: it may be pushed along by the minimum, and has to be where it belongs by then.
+        // Setting the minimum pushes a lower maximum along, so the maximum is set both before and after it.
         for (const auto& id : { maxParamID, minParamID, maxParamID })
             if (const auto* parameter = state.getParameter (id))
                 setValue (id, parameter->convertFrom0to1 (parameter->getValue()));
@@ -75,7 +75,7 @@ public:
 
     void endParameterChange() override
     {
-        // The slider tells of its values by a message that is still on its way.
+        // The slider reports its values by an asynchronous message, which has not arrived yet.
         sliderValueChanged (&slider);
 
         if (auto* dragged = getDraggedParameter())
@@ -89,7 +89,7 @@ public:
         if (juce::ModifierKeys::currentModifiers.isRightButtonDown())
             return;
 
-        // Both are read before either is written, since what is written comes back to the slider.
+        // Writing a parameter sets the slider's value too, so both values are read before either is written.
         const auto minimum = slider.getMinValue();
         const auto maximum = slider.getMaxValue();
         setNewUnnormalisedValue (float (minimum), minParamID);

@@ -8,10 +8,10 @@
 namespace mk::pluginCore
 {
 
-/** Ties the two thumbs of a two-value slider to two parameters. Each drag is a gesture on the parameter of the
-    thumb that is dragged, and a transaction of the state's undo manager, if it has one.
+/** Connects the two thumbs of a two-value slider to two parameters. Each drag is a gesture on the parameter of
+    the dragged thumb, and a transaction of the state's undo manager, if it has one.
 
-    An id that names no parameter is left out. State and slider must outlive the attachment. [message thread] */
+    An id that names no parameter is ignored. State and slider must outlive the attachment. [message thread] */
 class TwoValueSliderAttachment
 {
 public:

@@ -6,8 +6,8 @@
 namespace mk::pluginCore
 {
 
-/** [message thread] Records what was set since the last time into the undo manager's present transaction. The
-    state does so by itself, but up to half a second later, when the next gesture may have begun another one. */
+/** [message thread] Records the changes since the last call in the undo manager's current transaction. The state
+    does that by itself too, but up to half a second later, when another gesture may have opened the next one. */
 inline void flushIntoTransaction (juce::AudioProcessorValueTreeState& state)
 {
     if (state.undoManager != nullptr)

@@ -7,7 +7,7 @@
 namespace mk::pluginCore
 {
 
-/** A button with a text that reacts softly to the mouse, and to its left button alone. [message thread] */
+/** A text button that fades on hover and press and reacts only to the left mouse button. [message thread] */
 class AnimatedTextButton : public AnimatedComponent<ComponentIgnoringRightButton<juce::TextButton>>
 {
 public:

@@ -6,25 +6,25 @@
 namespace mk::pluginCore
 {
 
-/** Whether these modifiers are of a click that edits: neither another button than the left one nor ctrl is held.
-    Whether the system takes a ctrl-click as a right click plays no part: it never edits. Any thread. */
+/** Whether a click with these modifiers edits: no button but the left one is held, and ctrl is not held. A
+    ctrl-click never edits, whether or not the system treats it as a right click. Any thread. */
 [[nodiscard]] inline bool isEditingClick (juce::ModifierKeys modifiers) noexcept
 {
     return ! modifiers.testFlags (juce::ModifierKeys::rightButtonModifier | juce::ModifierKeys::middleButtonModifier
                                   | juce::ModifierKeys::ctrlModifier);
 }
 
-/** Whether these modifiers are of a click that asks for a menu: with the right button or with ctrl, on every
+/** Whether a click with these modifiers opens a menu: it is made with the right button or with ctrl, on every
     system. Any thread. */
 [[nodiscard]] inline bool isMenuClick (juce::ModifierKeys modifiers) noexcept
 {
     return modifiers.testFlags (juce::ModifierKeys::rightButtonModifier | juce::ModifierKeys::ctrlModifier);
 }
 
-/** A widget that reacts to the left button alone: clicks of other buttons and ctrl-clicks never reach Base.
+/** A widget that reacts only to the left button: clicks of other buttons and ctrl-clicks never reach Base.
 
-    A press and its release reach Base together or not at all, whichever keys go down or up in between, so
-    that no drag stays open. [message thread] */
+    A press and its release reach Base both or not at all, even if modifier keys change in between, so that
+    every drag that starts also ends. [message thread] */
 template <typename Base>
 class ComponentIgnoringRightButton : public Base
 {
@@ -49,7 +49,7 @@ public:
     {
         const auto isTaken = press == Press::taken || (press == Press::none && isEditingClick (event.mods));
 
-        // An ignored press stays so until the next one: the double click comes after the release.
+        // JUCE reports a double click after the release, so an ignored press is remembered until the next press.
         if (press == Press::taken)
             press = Press::none;
 

@@ -108,7 +108,7 @@ void ComponentMouseAnimator::leaveUnlessInside()
 
 void ComponentMouseAnimator::componentVisibilityChanged (juce::Component& changed)
 {
-    // What is hidden hears nothing of the mouse's leaving.
+    // A hidden component gets no mouseExit().
     if (! changed.isVisible())
         forgetEverything();
 }

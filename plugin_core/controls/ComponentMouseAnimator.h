@@ -10,9 +10,9 @@
 namespace mk::pluginCore
 {
 
-/** Keeps, for one component and its children, the time since the mouse came, left, pressed, released and
-    clicked, and repaints the component for as long as a fade runs. The fades take no time unless setDuration()
-    says so. May outlive the component. [message thread] */
+/** Keeps, for one component and its children, the time since the mouse entered, left, pressed, released and
+    clicked, and repaints the component while a fade runs. Fades have a duration of 0 until setDuration() is
+    called. May outlive the component. [message thread] */
 class ComponentMouseAnimator : public juce::Timer, public juce::MouseListener, public juce::ComponentListener
 {
 public:
@@ -31,16 +31,16 @@ public:
     [[nodiscard]] const Times& getTimes() const noexcept { return times; }
     [[nodiscard]] int getTickMs() const noexcept { return tickMs; }
 
-    /** Whether the mouse came and has not left yet. */
+    /** Whether the mouse has entered and not left yet. */
     [[nodiscard]] bool isMouseInside() const noexcept { return mouseOverToken != nullptr; }
 
-    /** To be called by components that are used by mouse, wheel or key: the first two at both ends of a drag,
-        the last at a click. */
+    /** Components that are used by mouse, wheel or key call press() and release() at the start and the end of
+        a drag, and click() at a click. */
     void press();
     void release();
     void click();
 
-    /** Called at each tick: repaints what can be seen of the component. */
+    /** Called at each tick: repaints the visible part of the component. */
     virtual void update();
 
     void timerCallback() override;
@@ -64,7 +64,7 @@ private:
     const int tickMs;
     Times times;
     std::unique_ptr<MouseOverToken> mouseOverToken;
-    bool isPressIgnored = false; // the last one, whose release is then no release either
+    bool isPressIgnored = false; // if the last press was ignored, its release is ignored too
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (ComponentMouseAnimator)
 };

@@ -13,7 +13,7 @@ namespace mk::pluginCore
 class ConfirmDialogComponent final : public juce::Component
 {
 public:
-    /** What a look and feel offers that lays these dialogs out. */
+    /** Implemented by a look and feel that lays these dialogs out. */
     struct LookAndFeelMethods
     {
         virtual ~LookAndFeelMethods() = default;

@@ -38,7 +38,7 @@ constexpr float fontPoints = 12.0f;
     return result;
 }
 
-/** Arial, or the look's own face on a system without it, where a font of that name would have no face. */
+/** Arial, or the look and feel's own typeface on a system without Arial, where the font would have no typeface. */
 [[nodiscard]] juce::Font makeFont()
 {
     const juce::Font arial (juce::FontOptions ("arial", "Regular", fontPoints));

@@ -6,18 +6,18 @@
 namespace mk::pluginCore
 {
 
-/** A text to be read: it scrolls, and can be selected and copied but not changed. [message thread] */
+/** A read-only text that scrolls and can be selected and copied. [message thread] */
 class DisplayTextComponent final : public juce::Component
 {
 public:
     DisplayTextComponent();
 
-    /** How many characters of a text are shown, and after how many without a blank a line ends. Laying out more
-        than that would hold the message thread up, for seconds if it is a single word. */
+    /** How many characters of a text are shown, and after how many without a blank a line is broken. Laying out
+        more than that would block the message thread, for seconds if it is a single word. */
     static constexpr int maxCharacters = 20000;
     static constexpr int maxWordLength = 80;
 
-    /** Shows the text, or as much of it as there is room for, from its beginning. */
+    /** Shows the text, cut off after maxCharacters, and scrolls to its beginning. */
     void setText (const juce::String& text);
 
     [[nodiscard]] const juce::TextEditor& getTextEditor() const noexcept { return textEditor; }
@@ -30,7 +30,7 @@ public:
     void lookAndFeelChanged() override;
     void colourChanged() override;
 
-    /** Scrolls by the arrows, by page, to the beginning and to the end. */
+    /** Scrolls with the arrow, Page, Home and End keys. */
     bool keyPressed (const juce::KeyPress& key) override;
 
 private:

@@ -6,12 +6,12 @@
 namespace mk::pluginCore
 {
 
-/** A button whose face is one filled path, drawn by the look and feel. It reacts to the left mouse button alone.
+/** A button that shows one filled path, drawn by the look and feel. It reacts only to the left mouse button.
     [message thread] */
 class FilledPathButton : public ComponentIgnoringRightButton<juce::Button>
 {
 public:
-    /** What a look and feel offers that draws these buttons. */
+    /** Implemented by a look and feel that draws these buttons. */
     struct LookAndFeelMethods
     {
         virtual ~LookAndFeelMethods() = default;

@@ -27,7 +27,7 @@ void MenuKeyScroller::follow (juce::Component* newMenu)
 
 bool MenuKeyScroller::keyPressed (const juce::KeyPress&, juce::Component*)
 {
-    // The menu has yet to handle the key.
+    // The menu handles the key only after this listener.
     triggerAsyncUpdate();
     return false;
 }
@@ -41,7 +41,7 @@ void MenuKeyScroller::handleAsyncUpdate()
     {
         const auto* handler = row->getAccessibilityHandler();
 
-        // The highlighted entry has the focus of screen readers, and this is what scrolls to it.
+        // The highlighted entry has the accessibility focus, and its focus action scrolls to it.
         if (handler != nullptr && handler->hasFocus (false))
         {
             handler->getActions().invoke (juce::AccessibilityActionType::focus);

@@ -6,15 +6,15 @@
 namespace mk::pluginCore
 {
 
-/** Scrolls an open menu that is higher than the screen to the entry that its user has reached by the keys. JUCE
-    leaves that to screen readers, so that without one the entry would be out of sight. [message thread] */
+/** Scrolls an open menu that is higher than the screen to the entry that the keys have highlighted. JUCE scrolls
+    only for screen readers, so without one the entry could be outside the screen. [message thread] */
 class MenuKeyScroller : private juce::KeyListener, private juce::AsyncUpdater
 {
 public:
     MenuKeyScroller() = default;
     ~MenuKeyScroller() override;
 
-    /** Follows the menu that has just been opened, if there is one, and no longer the one before. */
+    /** Follows the menu that has just been opened, if there is one, and stops following the previous one. */
     void followOpenMenu();
 
 private:

@@ -10,7 +10,7 @@ namespace mk::pluginCore
 {
 namespace
 {
-// What tells two thumbs at the same place apart, in pixels.
+// Shifts two thumbs at the same position apart, in pixels.
 constexpr float thumbOffset = 0.1f;
 
 // Distances that differ by less are equal, in pixels.
@@ -63,7 +63,7 @@ void ParameterSlider::handleNewPopup()
 
 void ParameterSlider::mouseDoubleClick (const juce::MouseEvent& event)
 {
-    // The one value that a double click sets is none of those that a two-value slider has.
+    // A double click resets the slider's single value, which a two-value slider does not have.
     if (! isTwoValue())
         Base::mouseDoubleClick (event);
 }
@@ -122,8 +122,8 @@ bool ParameterSlider::keyPressed (const juce::KeyPress& key)
     return false;
 }
 
-// An editable text box takes part in the walk of the Tab key, and opens its editor when it is reached. The slider
-// makes the box anew with each style, which ends with a call of resized(), and makes it editable as it is enabled.
+// The Tab key would stop at an editable text box and open its editor. The slider recreates the box at each change of
+// style, which ends with a call of resized(), and makes the box editable again whenever it is enabled.
 void ParameterSlider::keepKeyboardFromTextBox()
 {
     for (auto* child : getChildren())

@@ -10,9 +10,9 @@ namespace mk::pluginCore
 {
 
 /** The slider of the ready-made controls: only the left button moves it, a double click resets it to its
-    double-click value if that is set and in range, arrow keys move it by a step and Return edits its text. For the Tab key
-    slider and text are one stop.
-    Whatever the user does is bracketed by the slider's drag notifications. [message thread] */
+    double-click value if that is set and in range, arrow keys move it by a step and Return edits its text. The
+    Tab key stops once for slider and text.
+    Each action of the user is enclosed in the slider's drag notifications. [message thread] */
 class ParameterSlider : public ComponentIgnoringRightButton<AnimatedComponent<juce::Slider>>
 {
 public:
@@ -21,19 +21,19 @@ public:
     /** Called with each new popup display of the slider. */
     std::function<void (juce::Component&)> popupDisplayCreated;
 
-    /** Called at the end of whatever the user does, before the listeners of the slider hear of it; the value
-        has been written by then. */
+    /** Called at the end of each action of the user, after the value is written and before the slider's
+        listeners are called. */
     std::function<void()> gestureEnded;
 
-    /** The thumb of a two-value slider that a press would take, 1 for the minimum and 2 for the maximum; 0
-        while the mouse is not here, and for other sliders. */
+    /** The thumb of a two-value slider that a press would drag, 1 for the minimum and 2 for the maximum; 0
+        while the mouse is outside, and for other sliders. */
     [[nodiscard]] int getThumbNearMouse() const noexcept { return thumbNearMouse; }
 
     /** The thumb that is nearer to a position along the track, with the same numbers. At equal distance it is
         the maximum, and the minimum if both thumbs lie to the right. */
     [[nodiscard]] int findNearestThumb (juce::Point<float> position) const;
 
-    /** The same as juce's, and the text box hears of it too. */
+    /** Sets the tooltip of the text box too. */
     void setTooltip (const juce::String& tooltip) override;
 
     void mouseDown (const juce::MouseEvent& event) override;

@@ -12,11 +12,11 @@ namespace mk::pluginCore
 {
 
 /** A box with the choices of a parameter, whose entries have the ids 1, 2, 3 ... in their order. Choices with
-    an empty name are held in reserve and not offered. [message thread] */
+    an empty name are reserved and not shown. [message thread] */
 class PluginComboBoxControl : public juce::Component
 {
 public:
-    /** The parameter's name is what screen readers call the box. What owns the parameter must outlive the
+    /** The parameter's name is the box's accessibility title. The owner of the parameter must outlive the
         control; an id that names no parameter leaves the box empty. */
     PluginComboBoxControl (juce::AudioProcessorValueTreeState& state, const juce::String& paramID);
     PluginComboBoxControl (PluginProcessor& processor, const juce::String& paramID);

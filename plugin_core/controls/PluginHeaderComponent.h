@@ -16,7 +16,7 @@ class PluginHeaderComponent : public juce::Component,
                               public PresetsManager::Listener
 {
 public:
-    /** What a look and feel offers that draws the header. */
+    /** Implemented by a look and feel that draws the header. */
     struct LookAndFeelMethods
     {
         virtual ~LookAndFeelMethods() = default;

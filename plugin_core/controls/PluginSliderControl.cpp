@@ -55,7 +55,7 @@ PluginSliderControl::~PluginSliderControl()
 
 void PluginSliderControl::attachOne()
 {
-    // A click that is not followed by a drag is for the value's text, and must not move the slider.
+    // A click without a drag edits the value's text, so it must not move the slider.
     slider->setSliderStyle (juce::Slider::LinearHorizontal);
     slider->setSliderSnapsToMousePosition (false);
 
@@ -90,7 +90,7 @@ void PluginSliderControl::attachTwo()
         updateValueLabel (i);
     }
 
-    // Other threads call from here on, so everything stands by now.
+    // Other threads may call parameterChanged() from here on, so this comes after everything else is set up.
     for (const auto& id : paramIDs)
         if (state.getParameter (id) != nullptr)
             state.addParameterListener (id, this);
@@ -117,8 +117,8 @@ void PluginSliderControl::resized()
         return;
     }
 
-    // The look and feel puts the text of a single value over the slider or, with labelAbove, above it. It
-    // reads that from this control, so the slider lays itself out even if its size stays.
+    // The look and feel puts the text of a single value on the slider or, with labelAbove, above it. It reads
+    // labelAbove from this control, so the slider's layout is updated even if its size has not changed.
     slider->setBounds (getLocalBounds());
     slider->resized();
 }
@@ -146,7 +146,7 @@ void PluginSliderControl::layOutTwoValues()
 
 void PluginSliderControl::lookAndFeelChanged()
 {
-    // The new style made a new text box.
+    // The change of style has created a new text box.
     slider->setTooltip (slider->getTooltip());
     resized();
 }
@@ -185,7 +185,7 @@ void PluginSliderControl::setThumb (int index, double value)
     if (parameter != nullptr)
         parameter->beginChangeGesture();
 
-    // The other thumb is not pushed along: it stops this one.
+    // This thumb stops at the other one and does not push it along.
     if (index == 0)
         slider->setMinValue (value, juce::sendNotificationSync, false);
     else

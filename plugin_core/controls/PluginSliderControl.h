@@ -13,19 +13,19 @@
 namespace mk::pluginCore
 {
 
-/** A slider with its attachment for one parameter, or a two-value slider with a label for each value for two.
+/** A slider attached to one parameter, or a two-value slider attached to two, with a label for each value.
 
-    Properties of the control (see StyleProperties.h) steer how the slider is drawn. Listeners of the
-    broadcaster hear of each change of the slider. An id that names no parameter is left out, and without ids
-    the slider does nothing. [message thread, except parameterChanged()] */
+    Properties of the control (see StyleProperties.h) decide how the slider is drawn. Listeners of the
+    broadcaster are called at each change of the slider. An id that names no parameter is ignored, and without
+    ids the slider does nothing. [message thread, except parameterChanged()] */
 class PluginSliderControl : public juce::Component,
                             public juce::ChangeBroadcaster,
                             public juce::AudioProcessorValueTreeState::Listener,
                             public juce::Label::Listener
 {
 public:
-    /** The text is what screen readers call the control; without one that is the parameter's name. The
-        processor must outlive the control. */
+    /** The text is the control's accessibility title; if it is empty, the parameter's name is. The processor
+        must outlive the control. */
     PluginSliderControl (PluginProcessor& processor,
                          const juce::StringArray& paramIDs,
                          const juce::String& textForLabel);
@@ -60,9 +60,9 @@ private:
     const std::unique_ptr<ParameterSlider> slider;
     std::unique_ptr<SliderAttachment> singleAttachment;
     std::unique_ptr<TwoValueSliderAttachment> twoValueAttachment;
-    juce::Label nameLabel; // never shown: the product's panels write the names of their rows themselves
+    juce::Label nameLabel; // never shown, since the product's panels have their own labels for their rows
     std::vector<std::unique_ptr<juce::Label>> valueLabels;
-    juce::Component::SafePointer<PluginSliderControl> safeThis { this }; // made here, since other threads copy it
+    juce::Component::SafePointer<PluginSliderControl> safeThis { this }; // created early, since other threads copy it
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (PluginSliderControl)
 };

@@ -24,7 +24,7 @@ PluginToggleControl::PluginToggleControl (PluginProcessor& processor,
         attachment = std::make_unique<ButtonAttachment> (*parameter, *button, state.undoManager);
     }
 
-    // After the attachment, so that a click has been written when this hears of it.
+    // Added after the attachment, so that a click is written to the parameter before buttonClicked() is called.
     button->addListener (this);
     buttonStateChanged (button.get());
 }
@@ -36,8 +36,8 @@ void PluginToggleControl::lookAndFeelChanged() { buttonStateChanged (button.get(
 
 void PluginToggleControl::buttonClicked (juce::Button*)
 {
-    // A click of the user and a value of the host look the same here. With the latter the parameter holds a lock
-    // at this moment, under which the state must not be locked.
+    // This is called for a click of the user and for a value from the host alike. In the latter case the parameter
+    // holds a lock, under which the state must not be locked, so the flush is asynchronous.
     juce::MessageManager::callAsync (
         [control = SafePointer<PluginToggleControl> (this)]
         {
@@ -50,7 +50,7 @@ void PluginToggleControl::buttonStateChanged (juce::Button*)
 {
     const auto& tooltip = tooltips[button->getToggleState() ? 1 : 0];
 
-    // This is also called at each move of the mouse onto the button.
+    // This is also called whenever the mouse enters the button.
     if (button->getTooltip() != tooltip)
         button->setTooltip (tooltip);
 }

@@ -14,8 +14,8 @@ namespace mk::pluginCore
 class PluginToggleControl : public juce::Component, public juce::Button::Listener
 {
 public:
-    /** Takes the button over. A button without a title gets the parameter's name as one, which screen readers
-        say. The processor must outlive the control; an id that names no parameter leaves the button alone. */
+    /** Takes ownership of the button. A button without an accessibility title gets the parameter's name. The
+        processor must outlive the control; an id that names no parameter leaves the button unattached. */
     PluginToggleControl (PluginProcessor& processor,
                          const juce::String& paramID,
                          juce::Button* button,

@@ -6,11 +6,11 @@
 namespace mk::pluginCore
 {
 
-/** A bar with the present preset's name, for products that show one. [message thread] */
+/** A bar with the current preset's name, for products that show one. [message thread] */
 class PresetsBar : public juce::Component
 {
 public:
-    /** What a look and feel offers that draws the bar. */
+    /** Implemented by a look and feel that draws the bar. */
     struct LookAndFeelMethods
     {
         virtual ~LookAndFeelMethods() = default;

@@ -78,7 +78,7 @@ void TooltipDisplayComponent::showTipOf (juce::Component* underMouse)
 
     auto tip = findTip (underMouse);
 
-    // The system is asked only where its answer matters: most of what the mouse rests on has no tip.
+    // Most components under the mouse have no tip, so the system is asked only when there is a tip to show.
     if (tip.isNotEmpty() && ! isApplicationActive())
     {
         underMouse = nullptr;
@@ -153,7 +153,7 @@ void TooltipDisplayComponent::lookAndFeelChanged()
 
 void TooltipDisplayComponent::parentHierarchyChanged()
 {
-    // The look and feel may be the new parent's.
+    // The look and feel may be inherited from the new parent.
     lookAndFeelChanged();
     colourChanged();
 }

@@ -10,8 +10,8 @@
 namespace mk::pluginCore
 {
 
-/** A line that shows the help text of whatever control is under the mouse. Looks every 40 ms while the
-    mouse is over a window, and takes no clicks. [message thread] */
+/** A line that shows the help text of the control under the mouse. Polls every 40 ms while the mouse is
+    over a window, and takes no clicks. [message thread] */
 class TooltipDisplayComponent final : public juce::Component
 {
 public:
@@ -23,17 +23,17 @@ public:
     /** Hides the whole line while it has no text. */
     void setHideWhenEmpty (bool shouldHide);
 
-    /** Tells whether the user is at this application; tips of a background window are not shown.
-        Asks the system by default, and only while there is something to show. */
+    /** Returns whether this application is in the foreground; a background window shows no tips.
+        Asks the system by default. Called only while there is a tip to show. */
     std::function<bool()> isApplicationActive;
 
-    /** Looks at a component as if the mouse were on it; null for none. Called at every look. */
+    /** Shows the tip of a component as if the mouse were on it; null for none. Called at every poll. */
     void showTipOf (juce::Component* underMouse);
 
     /** The tip, with the marks around its bold parts; empty if there is none. */
     [[nodiscard]] const juce::String& getTip() const noexcept { return tipText; }
 
-    /** What is painted. */
+    /** The text as it is painted. */
     [[nodiscard]] const juce::AttributedString& getAttributedText() const noexcept { return attributedText; }
 
     void paint (juce::Graphics&) override;
@@ -53,9 +53,9 @@ private:
     juce::String tipText, defaultText;
     bool hideWhenEmpty = false;
     juce::AttributedString attributedText;
-    juce::TextLayout layout; // of attributedText, since the picture beneath is painted all the time
+    juce::TextLayout layout; // of attributedText; kept because this is repainted with each frame of the picture
 
-    // Of the last look.
+    // From the last poll.
     juce::Component::SafePointer<juce::Component> lastComponent;
     juce::String lastTip;
 

@@ -26,7 +26,7 @@ constexpr float smallestTextHeight = 12.0f;
     return font.withHorizontalScale (font.getHorizontalScale() * scale);
 }
 
-/** The first so many characters, and an ellipsis after them. */
+/** The first numCharacters characters, followed by an ellipsis. */
 [[nodiscard]] std::vector<TipRun> elide (const std::vector<TipRun>& runs, int numCharacters)
 {
     std::vector<TipRun> result;
@@ -82,7 +82,7 @@ juce::AttributedString makeTooltipLine (const std::vector<TipRun>& runs, const T
     auto regular = style.regularFont;
     auto bold = style.boldFont;
 
-    // Glyphs do not shrink in exact proportion, so the scale has to be found step by step.
+    // Glyph widths are not exactly proportional to the scale, so it is found step by step.
     for (auto scale = 1.0f; getWidth (runs, regular, bold) > width && scale > narrowestScale;)
     {
         scale = juce::jmax (narrowestScale, scale - narrowingStep);

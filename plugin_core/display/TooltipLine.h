@@ -28,15 +28,15 @@ struct TipStyle
     juce::Colour regularColour, boldColour;
 };
 
-/** One line of help that is no wider than the width: a text too long is narrowed a little, and if that is
-    not enough loses its end, with an ellipsis in its place. Empty if not even that has room. */
+/** One line of help that is no wider than the width: a text that is too long is narrowed a little, and if
+    that is not enough its end is replaced by an ellipsis. Empty if not even the ellipsis fits. */
 [[nodiscard]] juce::AttributedString
     makeTooltipLine (const std::vector<TipRun>& runs, const TipStyle& style, float width);
 
-/** The height of the text in a line that is that high. */
+/** The height of the text in a line of the given height. */
 [[nodiscard]] float getTooltipTextHeight (int lineHeight) noexcept;
 
-/** Where the text stands in the line. */
+/** The area of the text in the line. */
 [[nodiscard]] juce::Rectangle<int> getTooltipTextArea (juce::Rectangle<int> line) noexcept;
 
 } // namespace mk::pluginCore

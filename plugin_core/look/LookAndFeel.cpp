@@ -43,7 +43,7 @@ LookAndFeel::LookAndFeel()
     for (const auto& setting : getFrameworkColours())
         setColour (setting.id, juce::Colour (setting.argb));
 
-    // What names no face of its own, such as JUCE's dialogs, goes with the rest.
+    // For components that set no typeface of their own, such as JUCE's dialogs.
     setDefaultSansSerifTypeface (mkFonts->semiBold);
 }
 

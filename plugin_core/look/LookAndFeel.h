@@ -12,8 +12,8 @@ namespace mk::pluginCore
 /** The framework's drawing style: dark and flat, with its own fonts, on top of JUCE's. One instance is
     shared by all windows of a process. [message thread]
 
-    Sizes follow the width of the window that a component is in (ScaleRule.h), and components steer their
-    drawing by properties (StyleProperties.h). The colours stand in Palette.cpp. */
+    Sizes depend on the width of the window that a component is in (ScaleRule.h), and components control their
+    drawing by properties (StyleProperties.h). The colours are in Palette.cpp. */
 class LookAndFeel : public juce::LookAndFeel_V4,
                     public FilledPathButton::LookAndFeelMethods,
                     public ConfirmDialogComponent::LookAndFeelMethods
@@ -30,15 +30,15 @@ public:
     LookAndFeel();
     ~LookAndFeel() override;
 
-    /** The face at a height of 14; give it another with juce::Font::withHeight. */
+    /** The face at a height of 14; use juce::Font::withHeight for another height. */
     [[nodiscard]] const juce::Font& getFont (Face face) const noexcept;
 
-    /** The face at the text height of the component (scaleRule::textHeight). With a look and feel that is
-        not of this class JUCE's default face at that height, bold for Face::bold. */
+    /** The face at the text height of the component (scaleRule::textHeight). If its look and feel is of another
+        class, JUCE's default face at that height, bold for Face::bold. */
     [[nodiscard]] static juce::Font getFontFor (const juce::Component& component, Face face);
 
-    /** The face that text of a size class is set in: bold for titles and headings (0, 1), monospaced for
-        scales and readings (4), else semi-bold. */
+    /** The face for text of a size class: bold for titles and headings (0, 1), monospaced for scales and
+        readings (4), else semi-bold. */
     [[nodiscard]] static Face getFaceForCategory (int category) noexcept;
 
     /** The size in pixels of the window that was resized last, 100 by 100 before the first one. */
@@ -75,8 +75,8 @@ public:
 
     void drawLabel (juce::Graphics& g, juce::Label& label) override;
 
-    /** A label with any of the properties cat, fontScale, bold and vertical gets its face and height from
-        them, lowered to what fits into the label; any other keeps the font that it was given. */
+    /** A label with any of the properties cat, fontScale, bold and vertical gets its face and height from them,
+        reduced to fit into the label; any other label keeps the font that it was given. */
     juce::Font getLabelFont (juce::Label& label) override;
 
     void drawFilledPathButton (juce::Graphics& g,
@@ -95,10 +95,10 @@ public:
 protected:
     class MyCaretComponent;
 
-    /** Draws the text of a label that is not being edited, in the colour that g has. */
+    /** Draws the text of a label that is not being edited, in the current colour of g. */
     void drawLabelText (juce::Graphics& g, juce::Label& label);
 
-    /** Draws a label's ground, text and frame, the text at the given alpha if the label is disabled. */
+    /** Draws a label's background, text and frame, the text at the given alpha if the label is disabled. */
     void drawLabelWithDisabledAlpha (juce::Graphics& g, juce::Label& label, float disabledAlpha);
 
 private:

@@ -9,7 +9,7 @@ namespace mk::pluginCore
 {
 namespace
 {
-// How much of the smaller side of a path button its path takes.
+// The size of a path button's path, as a share of the button's smaller side.
 constexpr float pathShare = 0.66f;
 
 // The parts of a dialog, as proportions of its width and height.

@@ -13,7 +13,7 @@ constexpr float disabledTextAlpha = 0.4f;
 
 [[nodiscard]] bool readsUpwards (const juce::Label& label) { return label.getProperties()[styleProperty::vertical]; }
 
-/** Where a label's text goes, as seen by a reader: turned, if the text reads upwards. */
+/** The area of a label's text in the direction of reading: rotated if the text reads upwards. */
 [[nodiscard]] juce::Rectangle<int> textArea (LookAndFeel& style, juce::Label& label)
 {
     const auto bounds = label.getLocalBounds();

@@ -13,7 +13,7 @@ constexpr float thumbMargin = 2.0f;
 constexpr float thumbAlpha = 0.5f;
 constexpr float thumbAlphaWithMouse = 0.8f;
 
-// A row of a file list, in proportions of its height and, for the columns, of its width.
+// Measures of a row of a file list, as shares of its height or, for the columns, of its width.
 constexpr float rowTextHeight = 0.7f;
 constexpr float rowDetailHeight = 0.55f;
 constexpr int leastWidthWithDetails = 450;

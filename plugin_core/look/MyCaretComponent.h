@@ -6,7 +6,7 @@
 namespace mk::pluginCore
 {
 
-/** The caret of text fields: a bar of a width of its own. [message thread] */
+/** The caret of text fields: a bar whose width differs from JUCE's. [message thread] */
 class LookAndFeel::MyCaretComponent final : public juce::CaretComponent
 {
 public:

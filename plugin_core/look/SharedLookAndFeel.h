@@ -8,14 +8,14 @@
 namespace mk::pluginCore
 {
 
-/** The one look and feel that all open editors of a process share: made for the first of them, gone with
+/** The look and feel that all open editors of a process share: created for the first of them, deleted with
     the last. */
 template <typename Style>
 class SharedLookAndFeel
 {
 public:
-    /** [message thread, of which hosts may have several over time] Gives the present one, or makes it and
-        makes it the desktop's default. */
+    /** [message thread, of which hosts may have several over time] Returns the existing instance, or creates
+        one and makes it the desktop's default. */
     [[nodiscard]] static std::shared_ptr<Style> acquire()
     {
         const juce::SpinLock::ScopedLockType scopedLock (lock);

@@ -4,7 +4,7 @@
 namespace mk::pluginCore::colourId
 {
 
-/** The framework's own colour ids, beside those of JUCE. Their colours stand in Palette.cpp. */
+/** The framework's own colour ids, in addition to those of JUCE. Their colours are in Palette.cpp. */
 enum : int
 {
     // Pages that cover the window, such as the update notice.
@@ -27,7 +27,7 @@ enum : int
     tooltipDefaultText = 0xC32AADD,
     tooltipOutline = 0xC32AADE,
 
-    // The ground behind everything, and what marks the focused and the linked.
+    // The background behind everything, and the marks of focused and linked items.
     ground = 0x6780200,
     focusOutline = 0xCEF0210,
     linkText = 0xCEF14A0,

@@ -8,8 +8,8 @@
 namespace mk::pluginCore
 {
 
-/** The colour that the component or its look and feel has for the id; the fallback where neither has one,
-    so that a component can be shown under any look. [message thread] */
+/** The colour that the component or its look and feel has for the id; the fallback if neither has one, so
+    that a component can be shown with any look and feel. [message thread] */
 [[nodiscard]] inline juce::Colour findColourOr (const juce::Component& component, int colourId, juce::Colour fallback)
 {
     const auto isKnown =
@@ -17,8 +17,8 @@ namespace mk::pluginCore
     return isKnown ? component.findColour (colourId) : fallback;
 }
 
-/** The same with what our own look and feel would set from that list; transparent for an id that is not in it.
-    [message thread] */
+/** The same with the colour that the list has for the id as the fallback; transparent for an id that is not in
+    the list. [message thread] */
 [[nodiscard]] inline juce::Colour
     findColourOr (const juce::Component& component, int colourId, std::span<const ColourSetting> settings)
 {

@@ -7,12 +7,12 @@
 namespace mk::pluginCore
 {
 
-/** The mix-in through which a look and feel, by a dynamic cast, reaches the state of a control's mouse
+/** A mix-in that a look and feel casts a control to (dynamic_cast) to read the state of its mouse
     animation. [message thread] */
 class GenericComponentAnimator
 {
 public:
-    /** What happened last. Idle: nothing, or it is so long ago that every fade has ended. */
+    /** The last event. Idle: there was none, or every fade has ended since. */
     enum class State
     {
         idle,

@@ -8,11 +8,11 @@
 namespace mk::pluginCore
 {
 
-/** The few colours that all others are taken from, as ARGB: greys without any tint, so that nothing
-    competes with the picture, and one cool accent. */
+/** The few colours that all others are derived from, as ARGB: neutral greys, so that nothing competes with
+    the picture, and one cool accent. */
 namespace palette
 {
-inline constexpr juce::uint32 well = 0xFF0C0C0C;       /**< what lies deepest: text areas, the ground */
+inline constexpr juce::uint32 well = 0xFF0C0C0C;       /**< the darkest backgrounds: text areas, the ground */
 inline constexpr juce::uint32 strip = 0xFF101010;      /**< ruler, keyboard, black keys */
 inline constexpr juce::uint32 panel = 0xFF111111;      /**< overlays and bars */
 inline constexpr juce::uint32 window = 0xFF151515;     /**< the window and the settings panel */
@@ -22,10 +22,10 @@ inline constexpr juce::uint32 control = 0xFF232323;    /**< boxes and buttons */
 inline constexpr juce::uint32 highlight = 0xFF303436;  /**< the row under the mouse */
 inline constexpr juce::uint32 outline = 0xFF3A3A3A;    /**< frames of controls */
 inline constexpr juce::uint32 faint = 0xFF555555;      /**< thumbs of scroll bars */
-inline constexpr juce::uint32 quietText = 0xFF8A8A8A;  /**< text that may be overlooked */
+inline constexpr juce::uint32 quietText = 0xFF8A8A8A;  /**< text of low importance */
 inline constexpr juce::uint32 softText = 0xFFAAAAAA;   /**< help text, row labels */
 inline constexpr juce::uint32 text = 0xFFEEEEEE;       /**< text and icons */
-inline constexpr juce::uint32 brightText = 0xFFF2F2F2; /**< what stands out in a text */
+inline constexpr juce::uint32 brightText = 0xFFF2F2F2; /**< emphasised text */
 inline constexpr juce::uint32 accent = 0xFF7DB9CB;     /**< focus, ticks, chosen entries, switches that are on */
 inline constexpr juce::uint32 accentDeep = 0xFF2C4A54; /**< filled areas under text: chosen buttons */
 inline constexpr juce::uint32 accentMid = 0xFF5F8795;  /**< marks that text may lie over: the knob of a slider */
@@ -42,11 +42,11 @@ struct ColourSetting
 /** Every colour that the framework's look and feel sets. Any thread. */
 [[nodiscard]] std::span<const ColourSetting> getFrameworkColours() noexcept;
 
-/** The palette in the form that JUCE's own widgets take theirs from. Any thread. */
+/** The palette as the colour scheme of JUCE's own widgets. Any thread. */
 [[nodiscard]] juce::LookAndFeel_V4::ColourScheme getColourScheme();
 
-/** The colour moved a little towards its inverse, each channel c to 255 - 0.9433963 * (255 - c); alpha is
-    kept. It sets the face of a control off from the colour of its ground. Any thread. */
+/** The colour moved a little towards white, each channel c to 255 - 0.9433963 * (255 - c); alpha is kept. It
+    distinguishes the face of a control from its background. Any thread. */
 [[nodiscard]] juce::Colour raised (juce::Colour colour) noexcept;
 
 } // namespace mk::pluginCore

@@ -5,9 +5,9 @@
 
 #include <optional>
 
-/** How text heights and corner radii follow the width of the plug-in's window. Sizes are given for the
-    window that the design was made at, 1818 pixels wide. The functions without a component may be called
-    from any thread, the others from the message thread. */
+/** Scales text heights and corner radii with the width of the plug-in's window. Sizes are given for the
+    design width of 1818 pixels. The functions without a component may be called from any thread, the
+    others from the message thread. */
 namespace mk::pluginCore::scaleRule
 {
 
@@ -31,10 +31,10 @@ inline constexpr int defaultCategory = 2;
 /** The height of text in pixels. */
 [[nodiscard]] float textHeight (int category, double fontScale, std::optional<int> editorWidth) noexcept;
 
-/** The same by the properties cat (2 if absent) and fontScale (1 if absent) of the component. */
+/** The same with the properties cat (2 if absent) and fontScale (1 if absent) of the component. */
 [[nodiscard]] float textHeight (const juce::Component& component);
 
-/** The same, at least 15 pixels so that it can be read, but never more than the component is high. */
+/** The same, at least 15 pixels so that it can be read, but at most the component's height. */
 [[nodiscard]] float legibleTextHeight (const juce::Component& component);
 
 /** The size class of a component's text. */

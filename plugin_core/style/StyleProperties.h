@@ -3,8 +3,8 @@
 
 #include <juce_core/juce_core.h>
 
-/** The names in juce::Component::getProperties by which a component steers how it is drawn. They are read
-    at each paint: who changes one repaints. */
+/** The names in juce::Component::getProperties by which a component controls how it is drawn. They are read
+    at each paint, so code that changes one has to call repaint(). */
 namespace mk::pluginCore::styleProperty
 {
 

@@ -10,8 +10,8 @@ namespace mk::pluginCore
 namespace
 {
 /** Maps the icons' grid to pixels so that strokes have sharp edges. The drawn square is a pixel smaller
-    than asked for where that is what lets a stroke lie in its very middle: then everything else can be
-    a whole number of pixels away from the middle, the same on both sides. */
+    than asked for if a centred stroke would otherwise not lie on whole pixels: then everything else can
+    be a whole number of pixels away from the middle, the same on both sides. */
 class IconGrid
 {
 public:
@@ -28,7 +28,7 @@ public:
     [[nodiscard]] float length (float units) const noexcept { return units * unit; }
     [[nodiscard]] float wholeLength (float units) const noexcept { return std::max (1.0f, std::round (units * unit)); }
 
-    /** Where the middle of a stroke goes. */
+    /** The position in pixels of the middle of a stroke. */
     [[nodiscard]] float snapped (float position) const noexcept
     {
         return middle + std::round ((position - iconGridSize * 0.5f) * unit);
@@ -110,8 +110,8 @@ void addStroke (juce::Path& icon, const juce::Path& line, float weight)
     icon.addPath (outline);
 }
 
-/** A filled block as one wide level stroke: its outline then runs the same way round as all others, so
-    that where they overlap nothing is cut out. */
+/** Draws a filled block as one wide stroke, so that its outline has the same direction as all others and
+    overlaps are not cut out. */
 void addBlock (juce::Path& icon, const IconMark& mark, const IconGrid& grid)
 {
     const auto width = std::max (grid.getWeight(), grid.wholeLength (mark.values[2]));
@@ -156,7 +156,7 @@ juce::Path makeIconPath (Icon icon, float size)
     for (const auto& mark : getIconArt (icon))
         addMark (path, mark, grid);
 
-    // Two corners without any area: they fill nothing, and make the bounds those of the grid.
+    // Two corners without an area fill nothing, but extend the path's bounds to the whole grid.
     path.startNewSubPath (0.0f, 0.0f);
     path.startNewSubPath (size, size);
     return path;

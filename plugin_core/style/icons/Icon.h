@@ -43,14 +43,14 @@ inline constexpr float iconStrokeWeight = 2.0f;
 
 /** An icon's outline, to be filled, for a square of size by size pixels with its corner at (0, 0).
 
-    The outline is fitted to the pixels: strokes are a whole number of pixels wide and upright and level
-    ones lie on whole pixels, so that they come out sharp at every size. Its bounds are always the whole
-    square, so that icons that are scaled to fit stay on their common grid. Sizes below 8 count as 8.
+    The outline is fitted to the pixels: strokes are a whole number of pixels wide, and vertical and horizontal
+    ones lie on whole pixels, so that they are sharp at every size. Its bounds are always the whole square, so
+    that icons that are scaled to fit stay on their common grid. Sizes below 8 count as 8.
     Any thread. */
 [[nodiscard]] juce::Path makeIconPath (Icon icon, float size);
 
-/** Draws an icon in the middle of the area, as a square as large as fits, sharp at the scale that the
-    context has; the area's corner should lie on a whole pixel. [message thread] */
+/** Draws an icon in the middle of the area, as the largest square that fits, sharp at the scale of the
+    context; the area's corner should lie on a whole pixel. [message thread] */
 void drawIcon (juce::Graphics& g, Icon icon, juce::Rectangle<float> area, juce::Colour colour);
 
 } // namespace mk::pluginCore

@@ -15,7 +15,7 @@ struct IconMark
     enum class Kind
     {
         line,     /**< x, y of two to six points; they are moved onto whole pixels */
-        diagonal, /**< as line, but the points stay where they are */
+        diagonal, /**< as line, but the points are not moved */
         polygon,  /**< as line, and closed */
         circle,   /**< centre x, y, radius */
         arc,      /**< centre x, y, radius, first and last angle in degrees, clockwise from the top */

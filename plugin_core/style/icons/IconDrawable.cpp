@@ -42,7 +42,7 @@ bool IconDrawable::replaceColour (juce::Colour originalColour, juce::Colour repl
 
 void IconDrawable::paint (juce::Graphics& g)
 {
-    // The icon is fitted to pixels as seen from its own corner, so the corner itself must be put on one.
+    // The icon is fitted to pixels relative to its corner, so the corner must lie on a whole pixel.
     const auto* top = getTopLevelComponent();
     const auto origin = top->getLocalPoint (this, juce::Point<float>());
     const auto unit = origin.getDistanceFrom (top->getLocalPoint (this, juce::Point<float> (1.0f, 0.0f)));

@@ -8,8 +8,8 @@
 namespace mk::pluginCore
 {
 
-/** An icon as the image of a juce::DrawableButton or of a menu entry. It is drawn anew for the pixels it
-    covers at each paint, so that it is sharp at every size and display scale. [message thread] */
+/** An icon as the image of a juce::DrawableButton or of a menu entry. It is fitted to the pixels at each
+    paint, so that it is sharp at every size and display scale. [message thread] */
 class IconDrawable final : public juce::Drawable
 {
 public:
@@ -31,9 +31,9 @@ private:
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (IconDrawable)
 };
 
-/** Gives the button its icon in the palette's text colour; with a second icon that one stands while the
-    button is toggled on. The button's style should be ImageFitted, its edge indent the margin around the
-    icon. A click then no longer gives it the keyboard focus, which shows as a frame: only keys do. */
+/** Gives the button its icon in the palette's text colour; a second icon is shown while the button is
+    toggled on. The button's style should be ImageFitted, its edge indent the margin around the icon.
+    Also stops clicks from giving the button the keyboard focus and its frame: only keys do so then. */
 void setIcon (juce::DrawableButton& button, Icon icon, std::optional<Icon> iconWhenOn = std::nullopt);
 
 /** The same for a switch: its icon has the palette's accent colour while it is on. */
