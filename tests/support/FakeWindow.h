@@ -17,7 +17,7 @@ public:
     /** Moves the window without any message, as a host does with the window around a plug-in. */
     void moveSilently (juce::Point<float> screenPosition);
 
-    /** Tells the components of a refresh of the display at that time, in seconds. */
+    /** Notifies the components of a refresh of the display at that time, in seconds. */
     void refreshDisplay (double time);
 
     /** How often a part of the window was asked to be painted again. */

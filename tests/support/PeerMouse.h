@@ -104,7 +104,7 @@ private:
     Window& window;
     juce::int64 time = nextStart();
 
-    /** Later than whatever an earlier mouse has done. */
+    /** A time later than every event of the mice before. */
     [[nodiscard]] static juce::int64 nextStart()
     {
         static auto start = juce::Time::currentTimeMillis();
