@@ -30,8 +30,7 @@ public:
         isOpen = pumpUntil ([this] { return editor->isShowing() && editor->getPeer()->isFocused(); });
     }
 
-    /** Opens the editor inside a host's window, see Screen::createHostWindow(). The keyboard focus stays.
-        */
+    /** Opens inside a host's window, see Screen::createHostWindow(), and leaves the keyboard focus as it is. */
     EditorWindow (AudioPluginAudioProcessor& processor, void* hostWindow)
         : editor (dynamic_cast<AudioPluginAudioProcessorEditor*> (processor.createEditorIfNeeded()))
     {
