@@ -42,7 +42,7 @@ TEST (EditorDisplay, IsTheNearestIfNoneHasThePoint)
     const auto displays = makeDisplays ({ { 0, 0, 100, 100 }, { 1000, 0, 100, 100 } });
     EXPECT_EQ (editorSize::findDisplay (displays, { 400, 50 }), &displays.getReference (0));
     EXPECT_EQ (editorSize::findDisplay (displays, { 700, 50 }), &displays.getReference (1));
-    EXPECT_EQ (editorSize::findDisplay (displays, { 550, 50 }), &displays.getReference (1)) << "the later if equally near";
+    EXPECT_EQ (editorSize::findDisplay (displays, { 550, 50 }), &displays.getReference (1)) << "later if equally near";
 }
 
 TEST (EditorDisplay, IsNoneOfAnEmptyList) { EXPECT_EQ (editorSize::findDisplay ({}, { 0, 0 }), nullptr); }
