@@ -6,7 +6,7 @@
 namespace mk::orlo::test
 {
 
-/** A component on a desktop that exists only in the test: its window lies where it is put, and no display
+/** A component on a desktop that exists only in the test: its window is where the test puts it, and no display
     server is asked. */
 class FakeWindow : public juce::Component
 {

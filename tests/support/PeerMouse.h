@@ -22,7 +22,7 @@ public:
 
     explicit PeerMouse (Window& windowToUse) : window (windowToUse) {}
 
-    /** Presses at a place that lies in the component or in a child of it. */
+    /** Presses at a place in the component or in a child of it. */
     void press (juce::Component& component, juce::Point<float> position, int modifiers = left)
     {
         moveTo (component, position);

@@ -49,7 +49,7 @@ public:
     Window window { graph };
 };
 
-/** What a component and its children paint, on a ground that is transparent. */
+/** What a component and its children paint, on a transparent background. */
 [[nodiscard]] inline juce::Image snapshotOf (juce::Component& component, float scale = 1.0f)
 {
     const auto width = juce::roundToInt (float (component.getWidth()) * scale);
