@@ -8,16 +8,16 @@
 namespace mk::orlo::test
 {
 
-/** What lasts for a fuzzer's whole run: JUCE, with the fuzzer's thread as message thread, and a home folder
-    of its own. Made as a static object on the first input. */
+/** The environment of a fuzzer's whole run: JUCE, with the fuzzer's thread as message thread, and a home folder
+    of its own. Created as a static object on the first input. */
 class FuzzEnvironment
 {
 public:
     [[nodiscard]] juce::File getHome() const { return home.getFolder(); }
 
 private:
-    /** Keeps JUCE's timer thread alive between inputs, which is most of the speed. And JUCE's static objects
-        are made with it, before this object is complete: so they outlive it. */
+    /** Keeps JUCE's timer thread alive between inputs, because starting it takes most of the time. Also creates
+        JUCE's static objects before this object is complete, so that they outlive it. */
     class IdleTimer final : public juce::Timer
     {
         void timerCallback() override {}

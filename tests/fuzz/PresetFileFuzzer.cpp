@@ -29,7 +29,7 @@ void checkLegal (const std::vector<float>& values)
 }
 } // namespace
 
-/** Any bytes at all in a preset file: the parameters stay legal, and an undo brings back what was. */
+/** With arbitrary bytes in a preset file, the parameters stay legal, and an undo restores the state before. */
 extern "C" int LLVMFuzzerTestOneInput (const std::uint8_t* data, size_t size)
 {
     static const orlo::test::FuzzEnvironment environment;

@@ -10,7 +10,7 @@ using namespace mk::pluginCore;
 
 namespace
 {
-/** A run of the plug-in: reads what it needs as it needs it, and gives back what the file will hold. */
+/** A run of the plug-in: reads the settings as it needs them, and returns what the file will hold. */
 [[nodiscard]] juce::ValueTree runOnce (const juce::File& file)
 {
     PluginGlobalSettings::InnerData data (file);
@@ -24,7 +24,7 @@ namespace
 }
 } // namespace
 
-/** Any bytes at all in the settings file: the plug-in works on, and what it saves is what it reads next. */
+/** With arbitrary bytes in the settings file, the plug-in keeps working, and reads next what it has saved. */
 extern "C" int LLVMFuzzerTestOneInput (const std::uint8_t* data, size_t size)
 {
     static const mk::orlo::test::FuzzEnvironment environment;
@@ -35,7 +35,7 @@ extern "C" int LLVMFuzzerTestOneInput (const std::uint8_t* data, size_t size)
 
     const auto saved = runOnce (file);
 
-    // A document at the limit of what is accepted can be beyond it once it is written anew.
+    // A document just within the limits can exceed them when it is written again.
     if (parseUntrustedXml (file) != nullptr && ! saved.isEquivalentTo (runOnce (file)))
         std::abort();
 

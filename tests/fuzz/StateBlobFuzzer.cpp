@@ -31,7 +31,7 @@ void checkParameters (orlo::AudioPluginAudioProcessor& processor)
 }
 } // namespace
 
-/** Any bytes at all from a host: the parameters stay legal, and what is saved then is what comes back. */
+/** With arbitrary bytes from a host, the parameters stay legal, and a state saved then is restored unchanged. */
 extern "C" int LLVMFuzzerTestOneInput (const std::uint8_t* data, size_t size)
 {
     static const orlo::test::FuzzEnvironment environment;
@@ -43,8 +43,8 @@ extern "C" int LLVMFuzzerTestOneInput (const std::uint8_t* data, size_t size)
 
     const auto saved = save (processor);
 
-    // A document at the limit of what is accepted can be beyond it once it is written anew; and a locked
-    // parameter is set to its own value again, which can cost it its last bit.
+    // A document just within the limits can exceed them when it is written again. A locked parameter is set to
+    // its own value again, which can change its last bit.
     if (pluginCore::readStateBlob (saved.getData(), int (saved.getSize())) != nullptr
         && processor.getSessionState().getLockedParams().isEmpty())
     {

@@ -67,7 +67,7 @@ class CheckLayers(unittest.TestCase):
         self.assert_fails({"core/text/Utf8.cpp": "#if ONE\n    #  include <core/files/File.h>\n#endif\n",
                            "core/files/File.h": ""}, "core/text may not include core/files")
 
-    def test_takes_no_comment_for_an_include(self):
+    def test_ignores_includes_in_comments(self):
         self.assertEqual(self.check({"core/text/Utf8.h": '// #include "core/files/File.h"\n',
                                      "core/files/File.h": ""})[0], 0)
 
@@ -89,7 +89,7 @@ class CheckLayers(unittest.TestCase):
         for path in ("core/other/File.cpp", "shell/Loose.h", "tools/deep/main.mm", "Top.cpp"):
             self.assert_fails({path: ""}, f"{path}: in no folder of the table")
 
-    def test_passes_over_build_trees_and_hidden_folders(self):
+    def test_skips_build_trees_and_hidden_folders(self):
         self.assertEqual(self.check({"build/core/x.cpp": "", "build-other/x.cpp": "", ".cache/x.cpp": ""})[0], 0)
 
     def test_fails_on_a_library_that_an_entry_must_do_without_even_far_away(self):
@@ -98,7 +98,7 @@ class CheckLayers(unittest.TestCase):
                            "core/text/Button.h": "#include <widgets/Button.h>\n"},
                           "shell/engine must do without widgets, which core/text/Button.h includes")
 
-    def test_fails_on_a_table_that_names_what_is_not_there(self):
+    def test_fails_on_a_table_that_names_an_unknown_folder(self):
         self.assert_fails({}, "layers.txt:3: files does not stand above this line",
                           "core\n    text\n    style: files\n", 2)
         self.assert_fails({}, "layers.txt:1: core does not stand above this line", "shell uses core\n", 2)

@@ -8,8 +8,8 @@
 namespace mk::orlo::test
 {
 
-/** A small picture as text, a line a row: '.' is opaque black, 'x' another opaque black-and-not-white
-    colour by its brightness as a digit 1 .. 9, '#' white, '?' anything that is not opaque. */
+/** A small picture as text, one line per row: '.' is opaque black, '#' opaque white, a digit 1 .. 9 another
+    opaque colour by its brightness in tenths, '?' anything that is not opaque. */
 [[nodiscard]] inline std::string toAscii (const juce::Image& image)
 {
     std::string text;

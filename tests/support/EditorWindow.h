@@ -12,14 +12,14 @@
 namespace mk::orlo::test
 {
 
-/** The product's editor at the screen's upper left, in a frameless window or in one of a host, with the real
-    mouse and the real keyboard at it. [message thread] */
+/** The product's editor at the screen's upper left, in a frameless window or in a host's window, operated with
+    the real mouse and the real keyboard. [message thread] */
 class EditorWindow
 {
 public:
     static constexpr int leftButton = 1, middleButton = 2, rightButton = 3;
 
-    /** Opens as a host does, and waits until it shows. */
+    /** Opens the editor as a host does, and waits until it is visible. */
     explicit EditorWindow (AudioPluginAudioProcessor& processor)
         : editor (dynamic_cast<AudioPluginAudioProcessorEditor*> (processor.createEditorIfNeeded()))
     {
@@ -30,7 +30,7 @@ public:
         isOpen = pumpUntil ([this] { return editor->isShowing() && editor->getPeer()->isFocused(); });
     }
 
-    /** Opens inside a host's window, see Screen::createHostWindow(), and leaves the keyboard where it is. */
+    /** Opens inside a host's window, see Screen::createHostWindow(), and leaves the keyboard focus as it is. */
     EditorWindow (AudioPluginAudioProcessor& processor, void* hostWindow)
         : editor (dynamic_cast<AudioPluginAudioProcessorEditor*> (processor.createEditorIfNeeded()))
     {
@@ -50,14 +50,14 @@ public:
     [[nodiscard]] SpectrogramContainer& getContainer() { return getMain().getSpectrogramContainer(); }
     [[nodiscard]] SpectrogramComponent& getPicture() { return getContainer().getSpectrogram(); }
 
-    /** Moves the mouse onto the component, at these coordinates of it. False if it does not arrive there. */
+    /** Moves the mouse to these coordinates within the component. False if it does not arrive there. */
     [[nodiscard]] bool moveTo (juce::Component& component, juce::Point<int> position)
     {
         const auto mouse = juce::Desktop::getInstance().getMainMouseSource();
         const auto target = component.localPointToGlobal (position);
 
-        // From beside it, and more than once: a mouse that stood there already when the window opened would
-        // not have moved.
+        // The mouse may have been here already when the window opened; moving it here again would then cause no
+        // event. So it comes from beside, and more than once.
         return pumpUntil (
             [&, tries = 0]() mutable
             {
@@ -139,7 +139,7 @@ private:
     unsigned long keyDown = 0;
 };
 
-/** The menu that is open, as the first of its windows; null if none is. */
+/** The first window of the open menu; null if no menu is open. */
 [[nodiscard]] inline juce::Component* findOpenMenu()
 {
     for (int i = 0; i < juce::ModalComponentManager::getInstance()->getNumModalComponents(); ++i)

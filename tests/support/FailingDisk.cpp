@@ -61,7 +61,7 @@ SmallDisk::~SmallDisk()
 
 FileSizeLimit::FileSizeLimit (juce::int64 bytes) : formerLimit (setFileSizeLimit (bytes))
 {
-    // The write shall fail; by default the signal would end the process.
+    // By default this signal ends the process. The write is to fail instead.
     std::signal (SIGXFSZ, SIG_IGN);
 }
 

@@ -6,7 +6,7 @@
 namespace mk::orlo::test
 {
 
-/** A disk of the given size in a folder of its own. Mounting is a privilege: see isMounted(). Linux only. */
+/** A disk of the given size in a folder of its own. Mounting needs privileges: see isMounted(). Linux only. */
 class SmallDisk
 {
 public:
@@ -23,7 +23,7 @@ private:
     JUCE_DECLARE_NON_COPYABLE (SmallDisk)
 };
 
-/** While it lives, this process can write no file beyond the given size, as on a disk that is full. */
+/** While it exists, this process can write no file beyond the given size, as on a full disk. */
 class FileSizeLimit
 {
 public:
@@ -36,7 +36,7 @@ private:
     JUCE_DECLARE_NON_COPYABLE (FileSizeLimit)
 };
 
-/** While it lives, the process has no more rights to the folder than to read it, not even root. */
+/** While it exists, the process can read the folder but not write to it, even if it runs as root. */
 class ReadOnlyFolder
 {
 public:

@@ -8,14 +8,14 @@
 namespace mk::orlo::test
 {
 
-/** The vendor's site, the clock and the browser in a test's hands. Outlives the windows that use it. */
+/** The vendor's site, the clock and the browser, controlled by a test. Outlives the windows that use it. */
 class FakeSite
 {
 public:
     juce::int64 now = 1763683200000;
     std::vector<juce::URL> openedPages;
 
-    /** What the site answers from here on; nothing for a request that fails. */
+    /** Sets what the site answers from now on; std::nullopt makes the request fail. */
     void setReplies (std::optional<juce::String> version, std::optional<juce::String> changeLog)
     {
         const juce::ScopedLock guard (lock);

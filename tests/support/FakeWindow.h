@@ -6,7 +6,7 @@
 namespace mk::orlo::test
 {
 
-/** A component on a desktop that exists only in the test: its window lies where it is put, and no display
+/** A component on a desktop that exists only in the test: its window is where the test puts it, and no display
     server is asked. */
 class FakeWindow : public juce::Component
 {
@@ -17,7 +17,7 @@ public:
     /** Moves the window without any message, as a host does with the window around a plug-in. */
     void moveSilently (juce::Point<float> screenPosition);
 
-    /** Tells the components of a refresh of the display at that time, in seconds. */
+    /** Notifies the components of a refresh of the display at that time, in seconds. */
     void refreshDisplay (double time);
 
     /** How often a part of the window was asked to be painted again. */

@@ -8,7 +8,7 @@
 namespace mk::orlo::test
 {
 
-/** What a host hears of one parameter: "[" for the begin of a gesture, "]" for its end, "." for a value.
+/** What a host is told about one parameter: "[" for the start of a gesture, "]" for its end, "." for a value.
     [message thread] */
 class GestureRecorder final : private juce::AudioProcessorParameter::Listener
 {
@@ -20,7 +20,7 @@ public:
 
     ~GestureRecorder() override { parameter.removeListener (this); }
 
-    /** What was heard since the last call. */
+    /** What has been recorded since the last call. */
     [[nodiscard]] std::string take() { return std::exchange (heard, {}); }
 
 private:

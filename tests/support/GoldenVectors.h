@@ -24,7 +24,7 @@ struct ReferenceFrame
     std::vector<float> bins, magnitude, timeShift, freqShift;
 };
 
-/** One column that comes out when all frames of the signal have gone through in order. */
+/** One column of the output after all frames of the signal have been processed in order. */
 struct ReferenceColumn
 {
     int index, height, scaleType, history;

@@ -70,7 +70,7 @@ bool HttpServer::Connection::wait (int milliseconds)
 
     while (juce::Time::getMillisecondCounterHiRes() < end)
     {
-        // Nothing more is expected from the other side but that it closes.
+        // The client sends nothing more, so a readable socket means that it has closed.
         if (stopping.load (std::memory_order_acquire) || isReady (socket, POLLIN, stepMs))
             return false;
     }

@@ -27,10 +27,10 @@ public:
         /** The path that was asked for. */
         [[nodiscard]] juce::String getPath() const;
 
-        /** False once the other side is gone or the test has ended. */
+        /** False once the client has closed the connection or the test has ended. */
         bool send (std::string_view bytes);
 
-        /** Waits, unless the other side goes or the test ends before; false if so. */
+        /** Waits. False, before the time is over, if the client closes the connection or the test ends. */
         bool wait (int milliseconds);
 
         /** Breaks the connection instead of closing it. */
@@ -80,7 +80,7 @@ private:
     JUCE_DECLARE_NON_COPYABLE (HttpServer)
 };
 
-/** An address on this machine at which nobody listens. */
+/** An address on this machine on which no server listens. */
 [[nodiscard]] juce::String getDeadAddress();
 
 } // namespace mk::orlo::test

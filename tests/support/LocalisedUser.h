@@ -13,7 +13,7 @@
 namespace mk::orlo::test
 {
 
-/** A user whose system speaks what a test sets, and nothing else. */
+/** A user whose system language is the one that a test sets, whatever the real environment says. */
 class LocalisedUser : public testing::Test
 {
 protected:

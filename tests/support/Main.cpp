@@ -7,8 +7,8 @@
 #include <cstdlib>
 #include <juce_events/juce_events.h>
 
-/** Leaks of libraries: the C library keeps the list of locales that it has looked for, and the Vorbis encoder,
-    which only tests use, loses what it sets up for six channels. */
+/** Leaks inside libraries: the C library keeps its list of the locales looked for, and the Vorbis encoder,
+    which only tests use, does not free its setup for six channels. */
 extern "C" [[gnu::visibility ("default")]] const char* __lsan_default_suppressions();
 
 const char* __lsan_default_suppressions() { return "leak:__argz_add_sep\nleak:vorbis_encode_setup_init\n"; }
@@ -29,8 +29,8 @@ struct AssertionLogger final : juce::Logger
     }
 };
 
-/** Sends secure requests, such as the update check of a window that a test opens, to a proxy that is not
-    there: no test reaches out of this machine. */
+/** Sends secure requests, such as the update check of a window that a test opens, to a proxy that does not
+    exist, so that no test reaches another machine. */
 void keepRequestsOnThisMachine()
 {
 #if ! JUCE_WINDOWS
@@ -50,8 +50,8 @@ int main (int argc, char** argv)
 
     const AssertionLogger logger;
 
-    // Without a window manager some of the properties that JUCE sets on a window are unknown to the X server,
-    // whose complaints end the program unless JUCE takes it for an application and catches them.
+    // Without a window manager, the X server does not know some of the properties that JUCE sets on a window.
+    // Its errors end the program unless JUCE takes it for an application and catches them.
     juce::JUCEApplicationBase::createInstance = []() -> juce::JUCEApplicationBase* { return nullptr; };
 
     static_cast<void> (mk::orlo::test::Screen::getInstance());

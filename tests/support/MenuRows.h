@@ -45,7 +45,7 @@ inline std::ostream& operator<< (std::ostream& stream, const MenuRow& row)
     return rows;
 }
 
-/** The row with the given id, wherever it stands. */
+/** The row with the given id, in the menu or in a submenu. */
 [[nodiscard]] inline std::optional<MenuRow> findRow (const juce::PopupMenu& menu, int id)
 {
     for (const auto& row : collectRows (menu))

@@ -5,8 +5,8 @@
 
 namespace juce::detail
 {
-// JUCE's own step of the message loop. The public way to run the loop for a while would permit modal
-// loops in the plug-in as well.
+// JUCE's internal step of the message loop. Its public function that runs the loop for a while exists only if
+// modal loops are allowed, and then they are allowed in the plug-in as well.
 bool dispatchNextMessageOnSystemQueue (bool returnIfNoPendingMessages);
 } // namespace juce::detail
 

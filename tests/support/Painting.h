@@ -26,7 +26,7 @@ namespace mk::orlo::test
     return paintUnclipped (component, 0, scale);
 }
 
-/** The runs of neighbouring rows, within the columns, that hold another colour than the ground. */
+/** The runs of neighbouring rows, within the columns, that hold a colour other than the background's. */
 [[nodiscard]] inline std::vector<juce::Range<int>>
     findBandsOfRows (const juce::Image& image, juce::Colour ground, juce::Range<int> columns)
 {

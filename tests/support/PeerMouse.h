@@ -22,7 +22,7 @@ public:
 
     explicit PeerMouse (Window& windowToUse) : window (windowToUse) {}
 
-    /** Presses at a place that lies in the component or in a child of it. */
+    /** Presses at a place in the component or in a child of it. */
     void press (juce::Component& component, juce::Point<float> position, int modifiers = left)
     {
         moveTo (component, position);
@@ -104,7 +104,7 @@ private:
     Window& window;
     juce::int64 time = nextStart();
 
-    /** Later than whatever an earlier mouse has done. */
+    /** A time later than every event of the mice before. */
     [[nodiscard]] static juce::int64 nextStart()
     {
         static auto start = juce::Time::currentTimeMillis();

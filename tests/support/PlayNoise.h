@@ -31,8 +31,8 @@ namespace mk::orlo::test
         30.0);
 }
 
-/** Waits, once nothing is played any more, until all that has been played is painted as well: until for several
-    ticks of the display no frame has been taken. [message thread] */
+/** Waits, after playing has stopped, until all that was played has been painted: until no frame has been taken
+    for several ticks of the display. [message thread] */
 [[nodiscard]] inline bool waitUntilAllIsPainted (AudioPluginAudioProcessor& processor)
 {
     constexpr auto ticksOfRest = 20u;

@@ -4,7 +4,7 @@
 namespace mk::orlo::test
 {
 
-// Only this file is told the path, so that all others compile alike wherever the project lies.
+// Only this file is given the path, so that all others compile alike wherever the project is.
 juce::File getSourceFolder() { return juce::File (ORLO_SOURCE_DIR); }
 
 juce::File getTestDataFolder() { return getSourceFolder().getChildFile ("tests/data"); }

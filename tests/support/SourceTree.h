@@ -6,7 +6,7 @@
 namespace mk::orlo::test
 {
 
-/** The project's own folder, for tests that read what lies in it. */
+/** The project's own folder, for tests that read its files. */
 [[nodiscard]] juce::File getSourceFolder();
 
 /** tests/data. */

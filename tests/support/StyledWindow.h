@@ -28,7 +28,7 @@ public:
         component.setBounds (bounds);
     }
 
-    /** Puts the window on the screen: only there can anything have the keyboard. */
+    /** Puts the window on the screen, because components can have the keyboard focus only there. */
     void show()
     {
         window.addToDesktop (juce::ComponentPeer::windowIsTemporary);
@@ -49,7 +49,7 @@ public:
     Window window { graph };
 };
 
-/** What a component and its children paint, on a ground that is transparent. */
+/** What a component and its children paint, on a transparent background. */
 [[nodiscard]] inline juce::Image snapshotOf (juce::Component& component, float scale = 1.0f)
 {
     const auto width = juce::roundToInt (float (component.getWidth()) * scale);
@@ -71,7 +71,7 @@ template <typename Draw>
     return image;
 }
 
-/** How far two colours are apart in the channel that differs most: blending rounds by one. */
+/** The difference of two colours in the channel that differs most; blending may round by one. */
 [[nodiscard]] inline int distance (juce::Colour a, juce::Colour b)
 {
     const auto apart = [] (juce::uint8 x, juce::uint8 y) { return std::abs (int (x) - int (y)); };

@@ -10,7 +10,7 @@ TemporaryFolder::TemporaryFolder()
     : folder (juce::File::getSpecialLocation (juce::File::tempDirectory)
                   .getChildFile ("orlo-test-" + juce::Uuid().toString()))
 {
-    // Going on would mean to write elsewhere, perhaps into the user's own files.
+    // Without the folder a test would write elsewhere, perhaps into the user's own files.
     if (folder.createDirectory().failed())
         std::abort();
 }

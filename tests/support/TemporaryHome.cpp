@@ -39,7 +39,7 @@ TemporaryHome::TemporaryHome()
     setVariable (dataVariable, systemData.get().getFullPathName());
     setVariable (configurationVariable, {});
 
-    // Only a folder with the product's files in it is taken for the installation's.
+    // A data folder counts as the installation's only if it holds the product's files.
     systemData.get().getChildFile ("Morlek/Orlo/presets").createDirectory();
 }
 

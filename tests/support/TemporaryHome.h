@@ -6,9 +6,9 @@
 namespace mk::orlo::test
 {
 
-/** A fresh, empty home folder for as long as the object lives, and one for all users' data, so that nothing
-    the plug-in reads or writes is the real user's or system's. Every test program runs inside one; a test that needs an empty home of its own
-    makes another. Has no effect on Windows, where the folders are not the environment's. */
+/** A fresh, empty home folder, and a data folder for all users, that replace the real ones while the object exists: the
+    plug-in reads and writes nothing of the real user or system. Every test program runs in one; a test that needs an
+    empty home creates another. Has no effect on Windows, which does not take these folders from the environment. */
 class TemporaryHome
 {
 public:

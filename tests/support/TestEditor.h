@@ -6,13 +6,13 @@
 namespace mk::orlo::test
 {
 
-/** What a TestEditor edits; a base of it, so that it outlives the editor's own base. */
+/** The processor of a TestEditor, in a base class of its own so that it outlives juce::AudioProcessorEditor. */
 struct TestEditorProcessor
 {
     juce::AudioProcessorGraph graph;
 };
 
-/** An empty plug-in window of a given size, for components that look for theirs. */
+/** An empty plug-in window of a given size, for components that look for the window they are in. */
 class TestEditor final : private TestEditorProcessor, public juce::AudioProcessorEditor
 {
 public:

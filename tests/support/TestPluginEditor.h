@@ -24,7 +24,7 @@ public:
 
     double aspectRatio;
 
-    /** What the window believes to stand on; the system's displays if null. */
+    /** The displays that the window sees; the system's displays if null. */
     const juce::Array<juce::Displays::Display>* displays = nullptr;
 
     using PluginEditor::getCornerResizer;

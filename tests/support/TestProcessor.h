@@ -9,7 +9,7 @@
 namespace mk::orlo::test
 {
 
-/** A product of the framework that is not ours: five parameters, an empty editor, presets in a folder of
+/** A product of the framework other than the plug-in: five parameters, an empty editor, presets in a folder of
     its own. */
 class TestProcessor final : public pluginCore::PluginProcessor
 {
@@ -32,7 +32,7 @@ public:
     /** Sets a parameter as a user does. */
     void setValue (const juce::String& id, float value);
 
-    /** Lets one block of audio through. */
+    /** Processes one block of audio. */
     void runBlock();
 
     /** A state document with the given values, as getStateXml() writes it for a session. */

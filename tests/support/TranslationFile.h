@@ -19,7 +19,7 @@ struct TranslationFile
 
     juce::String language, countries;
 
-    /** Keys and values in the file's order, with their escapes as they stand. */
+    /** Keys and values in the file's order, with their escapes unresolved. */
     std::vector<std::pair<juce::String, juce::String>> pairs;
 };
 

@@ -9,7 +9,7 @@
 namespace mk::orlo::test
 {
 
-/** A window without a frame at the screen's upper left, open as long as it lives. */
+/** A frameless window at the screen's upper left, open as long as the object exists. */
 class Window final : public juce::Component
 {
 public:
@@ -25,14 +25,14 @@ public:
 
     void paint (juce::Graphics& g) override { g.fillAll (juce::Colours::darkgrey); }
 
-    /** Moves the real mouse and waits until the component has it. */
+    /** Moves the real mouse and waits until it is over the component. */
     [[nodiscard]] bool moveMouseTo (juce::Component& component, juce::Point<float> position)
     {
         const auto target = component.localPointToGlobal (position).roundToInt();
         const auto mouse = juce::Desktop::getInstance().getMainMouseSource();
 
-        // From beside it, and more than once: a mouse that stood there already when the window opened would
-        // not have moved.
+        // The mouse may have been here already when the window opened; moving it here again would then cause no
+        // event. So it comes from beside, and more than once.
         return pumpUntil (
             [&, tries = 0]() mutable
             {

@@ -6,7 +6,7 @@
 namespace mk::orlo::test
 {
 
-/** Names that programs take for granted: on a fresh X server somebody has to ask for them first. */
+/** Atoms that programs expect to exist; on a fresh X server a test has to create them first. */
 inline constexpr std::array windowAtoms {
     "WM_PROTOCOLS", "WM_DELETE_WINDOW", "WM_TAKE_FOCUS",        "WM_CHANGE_STATE",    "WM_STATE",
     "_NET_WM_PING", "_NET_WM_STATE",    "_NET_WM_STATE_HIDDEN", "_NET_WM_WINDOW_TYPE"

@@ -6,7 +6,7 @@
 namespace mk::orlo::test
 {
 
-/** Writes the present state into a preset and goes back to no preset. [message thread] */
+/** Saves the current state as a preset and then selects no preset. [message thread] */
 inline juce::File writePreset (pluginCore::PresetsManager& presets, const juce::File& file)
 {
     file.getParentDirectory().createDirectory();
@@ -15,7 +15,7 @@ inline juce::File writePreset (pluginCore::PresetsManager& presets, const juce::
     return file;
 }
 
-/** The same with a preset of the user's, by its name with the folders below the user's that it is in. */
+/** The same for a preset of the user, by its path below the user's folder without the extension. */
 inline juce::File writeUserPreset (pluginCore::PresetsManager& presets, const juce::String& name)
 {
     return writePreset (presets, presets.getUserFolder().getChildFile (name + ".mkpreset"));

@@ -106,7 +106,7 @@ XServer::XServer()
 
 XServer::~XServer()
 {
-    // With its last client the server goes by itself, and takes its lock file along.
+    // The server ends by itself after its last client, and removes its lock file.
     connection.reset();
 
     if (! process.waitForProcessToFinish (5000))

@@ -9,7 +9,7 @@
 namespace mk::orlo::test
 {
 
-/** An X server of the test's own, without a window manager: the test plays it. Linux only. */
+/** An X server for one test, without a window manager: the test acts as one. Linux only. */
 class XServer
 {
 public:
@@ -21,12 +21,12 @@ public:
     [[nodiscard]] bool isRunning() const noexcept { return connection != nullptr; }
     [[nodiscard]] juce::String getDisplayName() const { return displayName; }
 
-    /** A new window, inside the given one or on the desktop, that says it belongs to the process. */
+    /** A new window, inside the given one or on the desktop, with the process as its owner. */
     [[nodiscard]] std::uint32_t createWindow (std::uint32_t processId, std::uint32_t parent = 0);
     void destroyWindow (std::uint32_t window);
     void setMapped (std::uint32_t window, bool shouldBeMapped);
 
-    /** What a window manager tells. */
+    /** Sets the active window as a window manager does; 0 for none. */
     void setActiveWindow (std::uint32_t window);
 
     /** Ends the server; its clients lose their connection. */

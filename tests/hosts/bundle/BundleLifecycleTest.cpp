@@ -20,13 +20,13 @@ constexpr auto withEditor = "load instance editor close delete unload";
 constexpr auto twoEditors = "load instance editor instance editor close delete close delete unload";
 constexpr auto reopened = "load instance editor close editor close delete unload";
 
-/** A process of its own that loads the bundle, plays the rounds, and returns from main. */
+/** Runs a separate process that loads the bundle, plays the rounds, and returns from main. */
 class BundleLifecycle : public testing::TestWithParam<std::string>
 {
 protected:
     BundleLifecycle()
     {
-        // An answer from the network takes a thread as long as it likes, and is not what is looked for here.
+        // A network request keeps its thread alive for an unknown time, so the update check is off here.
         const auto settings = home.getFile ("Morlek/Orlo/Orlo.settings");
         settings.create();
         settings.replaceWithText ("<PROPERTIES><VALUE name=\"settings\"><settings checkForUpdates=\"0\"/></VALUE>"

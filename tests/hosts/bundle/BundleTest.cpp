@@ -25,7 +25,7 @@ namespace
     return juce::JSON::parse (removeTrailingCommas (file.loadFileAsString()));
 }
 
-TEST (Bundle, ShowsTheHostItsEntryPointsAndNothingElse)
+TEST (Bundle, ExportsItsEntryPointsAndNothingElse)
 {
     const auto result = runProcess ({ ORLO_NM, "--dynamic", "--defined-only", "--format=posix", ORLO_BUNDLE_BINARY });
     ASSERT_EQ (result.exitCode, 0) << result.errors;

@@ -13,7 +13,7 @@ using namespace host;
 
 constexpr double rate = 44100.0;
 
-/** The amplitude of a frequency over a second from a time on, in the mean of both channels. */
+/** The amplitude of a frequency over one second from the given time, in the mean of both channels. */
 [[nodiscard]] double amplitudeAt (const juce::AudioBuffer<float>& signal, double start, double hz)
 {
     const auto first = juce::roundToInt (start * rate);
@@ -60,7 +60,7 @@ TEST_F (DemoSignal, IsSilentWhereItsEndsMeet)
     EXPECT_LT (signal.getMagnitude (signal.getNumSamples() - 16, 16), 1.0e-3f);
 }
 
-TEST_F (DemoSignal, HasInEachBarTheHarmonicsOfItsRootAndLittleBetweenThem)
+TEST_F (DemoSignal, HasTheHarmonicsOfItsRootInEachBarAndLittleBetweenThem)
 {
     for (int bar = 0; bar < demo::numBars; ++bar)
     {

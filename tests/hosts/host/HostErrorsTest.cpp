@@ -56,7 +56,7 @@ TEST_F (HostErrors, NameAFileThatIsNoAudio)
     }
 }
 
-TEST_F (HostErrors, NameAParameterThatIsNotThere)
+TEST_F (HostErrors, NameAnUnknownParameter)
 {
     expectError ({ "--set", "loudness=3" }, "Orlo has no parameter 'loudness'");
 }
@@ -85,16 +85,16 @@ TEST_F (HostErrors, NameAStateThatCannotBeWritten)
     EXPECT_FALSE (scratch.getFile ("no").exists());
 }
 
-TEST_F (HostErrors, NameAnOptionThatIsNotThere) { expectError ({ "--loud" }, "unknown option '--loud' (see --help)"); }
+TEST_F (HostErrors, NameAnUnknownOption) { expectError ({ "--loud" }, "unknown option '--loud' (see --help)"); }
 
-TEST_F (HostErrors, AskForADisplay)
+TEST_F (HostErrors, SayThatTheDisplayIsMissing)
 {
     const auto result = runHost ({ "--seconds", "0" });
     EXPECT_EQ (result.exitCode, 1);
     EXPECT_EQ (result.errors, "orlo-host: there is no display to open the window on (--no-window does without)\n");
 }
 
-TEST_F (HostErrors, StayAwayFromHelp)
+TEST_F (HostErrors, DoNotOccurWithHelp)
 {
     const auto result = runHost ({ "--help" });
     EXPECT_EQ (result.exitCode, 0);

@@ -15,7 +15,7 @@ using namespace host;
     return juce::File::getCurrentWorkingDirectory().getChildFile (path);
 }
 
-/** What the user is told about a command line. */
+/** The error message for a command line. */
 [[nodiscard]] juce::String errorFor (const juce::StringArray& arguments)
 {
     try
@@ -46,7 +46,7 @@ TEST (HostOptions, AreAWindowWithTheDemoSignalByDefault)
     EXPECT_FALSE (options.showHelp);
 }
 
-TEST (HostOptions, HoldAllThatWasGiven)
+TEST (HostOptions, HoldEverythingThatWasGiven)
 {
     const auto options = parseHostOptions ({ "--plugin",
                                              "Other.vst3",

@@ -21,8 +21,8 @@ namespace
 constexpr unsigned gray = 0, viridis = 2;
 constexpr int width = 1050, height = 578;
 
-/** The part of the picture, once the whole chord has come in, that 3.5 s of audio fill even on a machine too
-    busy to keep more than half of its frames. */
+/** The columns that show the whole chord and that 3.5 s of audio fill even on a machine so busy that it keeps
+    only half of its frames. */
 constexpr int firstColumn = 280, lastColumn = 420;
 
 class HostPicture : public testing::Test
@@ -40,7 +40,7 @@ protected:
         return Picture (scratch.getFile ("picture.png"));
     }
 
-    /** The spectrogram in the window, but for the columns that the grip in the corner covers. */
+    /** The spectrogram in the window, without the columns that the grip in the corner covers. */
     [[nodiscard]] static Picture getSpectrogram (const Picture& window)
     {
         constexpr auto gripWidth = 30;
@@ -56,7 +56,7 @@ protected:
         return juce::roundToInt ((1.0f - scale.positionForFrequency (float (hz))) * float (height - 1));
     }
 
-    /** Nothing but the map's colours and the background. */
+    /** Expects no colours but the map's and the background. */
     static void expectColoursOf (unsigned mapIndex, const Picture& picture)
     {
         const ColourMap map (mapIndex);
@@ -94,12 +94,12 @@ TEST_F (HostPicture, ShowsTheChordAsLinesAndTheClicksAsColumns)
         EXPECT_LT (lineAt (root * std::sqrt (partial * (partial + 1.0))), 60.0) << "above partial " << partial;
     }
 
-    // Above the noise there is nothing but the clicks, and they are thin.
+    // The clicks alone reach above the noise, and they are thin.
     const auto clicks = picture.countPaintedColumns (1, rowOf (22000.0, 48000.0));
     EXPECT_GE (clicks, 3);
     EXPECT_LE (clicks, 40);
 
-    // Levels there are many.
+    // The picture shows many levels.
     expectColoursOf (gray, picture);
     EXPECT_GT (picture.getColours().size(), 100u);
 }
@@ -117,7 +117,7 @@ TEST_F (HostPicture, StaysBlackWhenFrozenFromTheStart)
     EXPECT_THAT (picture.getColours(), testing::ElementsAre (juce::Colours::black.getARGB()));
 }
 
-TEST_F (HostPicture, GoesOnUnderAutoFreezeBecauseTheTransportPlays)
+TEST_F (HostPicture, KeepsRunningUnderAutoFreezeBecauseTheTransportPlays)
 {
     const auto picture = getSpectrogram (takePicture ({ "--seconds", "1.5", "--set", "autoFreeze=on" }));
     EXPECT_GT (picture.countPaintedColumns (0, height), 100);
@@ -146,14 +146,14 @@ TEST_F (HostPicture, ShowsAnAudioFileAtItsOwnRate)
         ASSERT_TRUE (writer->writeFromAudioSampleBuffer (sine, 0, sine.getNumSamples()));
     }
 
-    // Longer than the file: it repeats, without a seam, as the sine goes round a whole number of times.
+    // Longer than the file, which repeats without a seam because it holds a whole number of the sine's periods.
     const auto picture = getSpectrogram (takePicture ({ "--seconds", "2.5", scratch.getPath ("sine.wav") }));
     EXPECT_GT (picture.getLineBrightness (rowOf (hz, rate), 1, 100, 400), 200.0);
     EXPECT_LT (picture.getLineBrightness (rowOf (hz * 1.5, rate), 1, 100, 400), 5.0);
     EXPECT_LT (picture.getLineBrightness (rowOf (hz / 1.5, rate), 1, 100, 400), 5.0);
 }
 
-TEST_F (HostPicture, IsRefusedIfTheEditorIsNotWhollyOnTheScreen)
+TEST_F (HostPicture, IsRefusedIfTheEditorIsPartlyOffTheScreen)
 {
     auto running = std::async (
         std::launch::async,

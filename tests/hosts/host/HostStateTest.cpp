@@ -97,7 +97,7 @@ TEST_F (HostState, ComesBackTheSameFromAnotherProcess)
     EXPECT_EQ (getSaved ("second", Params::id::colourMap), 5.0f);
 }
 
-TEST_F (HostState, TakesSettingsOverTheLoadedOnes)
+TEST_F (HostState, IsOverruledByTheSettingsGiven)
 {
     save ("first", { "--set", "floor=-61", "--set", "speed=25" });
     save ("second", { "--set", "floor=-75", "--state-in", scratch.getPath ("first") });
@@ -179,7 +179,7 @@ TEST_F (HostState, IsWrittenWhenTheWindowIsClosed)
     const auto start = juce::Time::getMillisecondCounter();
     const auto secondsPassed = [start] { return int (juce::Time::getMillisecondCounter() - start) / 1000; };
 
-    // Asked again until it has happened: a window that is still opening does not listen yet.
+    // A window that is still opening ignores the request, so it is repeated until the window closes.
     while (running.wait_for (std::chrono::milliseconds (100)) != std::future_status::ready && secondsPassed() < 40)
         display.closeWindow ("Orlo");
 

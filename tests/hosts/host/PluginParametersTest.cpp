@@ -41,7 +41,7 @@ TEST_F (ParameterText, OfASwitchMayBeAnyUsualWord)
     for (const auto* const word : { "off", "no", "false", "0" })
         EXPECT_EQ (valueOf (Params::id::freeze, word), 0.0f) << word;
 
-    // But only of a switch.
+    // Only a switch accepts these words.
     EXPECT_THROW (static_cast<void> (valueOf (Params::id::mode, "on")), host::HostError);
     EXPECT_THROW (static_cast<void> (valueOf (Params::id::drawMode, "0")), host::HostError);
 }
@@ -61,7 +61,7 @@ TEST_F (ParameterText, OfAGainMayLeaveItsSignOut)
     EXPECT_EQ (valueOf (Params::id::floor, "140"), -140.0f);
 }
 
-TEST_F (ParameterText, ThatTheParameterWouldBendIsRefused)
+TEST_F (ParameterText, IsRefusedIfItIsNoValueOfTheParameter)
 {
     for (const auto* const text : { "", "loud", "-61 dBm", "-141", "500", "nan", "1 2" })
         EXPECT_THROW (static_cast<void> (valueOf (Params::id::floor, text)), host::HostError) << text;

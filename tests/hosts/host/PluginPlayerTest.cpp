@@ -17,7 +17,7 @@ constexpr double trackRate = RampTrack::sampleRate;
 class PluginPlayer : public testing::Test
 {
 protected:
-    /** What comes out for a sound card with so many channels. */
+    /** The output for a sound card with this many channels. */
     [[nodiscard]] juce::AudioBuffer<float> play (int numChannels, int numSamples)
     {
         juce::AudioBuffer<float> output (numChannels, numSamples);
@@ -33,7 +33,7 @@ protected:
     host::PluginPlayer player { plugin, RampTrack::make() };
 };
 
-TEST_F (PluginPlayer, SendsTheTrackThroughThePluginOverAndOver)
+TEST_F (PluginPlayer, LoopsTheTrackThroughThePlugin)
 {
     player.prepare (trackRate, 256);
 
@@ -50,7 +50,7 @@ TEST_F (PluginPlayer, SendsTheTrackThroughThePluginOverAndOver)
     }
 }
 
-TEST_F (PluginPlayer, HasATransportThatPlaysRoundTheTrack)
+TEST_F (PluginPlayer, HasATransportThatLoopsOverTheTrack)
 {
     player.prepare (trackRate, 400);
 
@@ -66,7 +66,7 @@ TEST_F (PluginPlayer, HasATransportThatPlaysRoundTheTrack)
     }
 }
 
-TEST_F (PluginPlayer, CutsWhatIsLongerThanAnnouncedIntoBlocks)
+TEST_F (PluginPlayer, SplitsBlocksThatAreLongerThanAnnounced)
 {
     player.prepare (trackRate, 100);
     const auto output = play (2, 250);
@@ -94,12 +94,12 @@ TEST_F (PluginPlayer, ServesSoundCardsWithFewerAndMoreChannels)
     EXPECT_EQ (plugin.blocks.size(), 3u);
 }
 
-TEST_F (PluginPlayer, BringsTheTrackToTheSoundCardsRate)
+TEST_F (PluginPlayer, ResamplesTheTrackToTheSoundCardsRate)
 {
     player.prepare (trackRate * 2.0, 256);
     const auto output = play (2, 256);
 
-    // Half as steep.
+    // The ramp is half as steep.
     EXPECT_NEAR (output.getSample (0, 200) - output.getSample (0, 100), 50.0f / trackLength, 2.0e-3f);
 
     for (int played = 256; played < 2 * trackLength; played += 256)
@@ -118,7 +118,7 @@ TEST_F (PluginPlayer, PreparesAndReleasesThePluginInPairs)
     EXPECT_THAT (plugin.calls, testing::ElementsAre ("prepare 48000 256", "release", "prepare 44100 64", "release"));
 }
 
-TEST_F (PluginPlayer, LeavesThePluginWithoutAPlayHead)
+TEST_F (PluginPlayer, ResetsThePluginsPlayHeadAtItsEnd)
 {
     EXPECT_NE (plugin.getPlayHead(), nullptr);
 
@@ -144,7 +144,7 @@ TEST_F (PluginPlayer, PlaysInRealTimeWithoutASoundCard)
     const auto seconds = (juce::Time::getMillisecondCounterHiRes() - start) / 1000.0;
     const auto blockSeconds = host::TimedOutput::blockSize / trackRate;
 
-    // Never ahead of the time, but for the block that starts it. A busy machine may be behind.
+    // The player is never ahead of real time by more than the block that starts it. A busy machine may be behind.
     EXPECT_LE (double (plugin.blocks.size()), seconds / blockSeconds + 1.0);
     EXPECT_EQ (plugin.calls.front(), "prepare 48000 512");
     EXPECT_EQ (plugin.blocks.front().size, host::TimedOutput::blockSize);

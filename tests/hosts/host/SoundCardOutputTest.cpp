@@ -46,7 +46,7 @@ TEST_F (SoundCardOutput, PlaysAtTheCardsOwnRateAndBlockSize)
     EXPECT_TRUE (plugin.blocks.front().playing);
 }
 
-TEST_F (SoundCardOutput, PlaysTheTrackAsItIsIfTheCardKnowsItsRate)
+TEST_F (SoundCardOutput, PlaysTheTrackAsItIsIfTheCardSupportsItsRate)
 {
     card.onlyRate = RampTrack::sampleRate;
     const auto output = makeOutput();
@@ -57,7 +57,7 @@ TEST_F (SoundCardOutput, PlaysTheTrackAsItIsIfTheCardKnowsItsRate)
         EXPECT_EQ (played.getSample (0, i), float (i) / RampTrack::length) << i;
 }
 
-TEST_F (SoundCardOutput, LetsTheCardAndThePluginGo)
+TEST_F (SoundCardOutput, ReleasesTheCardAndThePlugin)
 {
     auto output = makeOutput();
     output->start();

@@ -8,20 +8,20 @@
 namespace mk::orlo::lifecycle
 {
 
-/** The plug-in's shared object, loaded as a host that knows nothing but the VST3 interface does it. Ends the
-    program with a message if that fails. */
+/** The plug-in's shared object, loaded as by a host that knows only the VST3 interface. Ends the program with a
+    message if that fails. */
 class Bundle
 {
 public:
     explicit Bundle (const std::string& binary);
 
-    /** Gives the shared object back to the system, which keeps it mapped if something still needs it. */
+    /** Unloads the shared object; the system keeps it mapped if something still needs it. */
     ~Bundle();
 
     Bundle (const Bundle&) = delete;
     Bundle& operator= (const Bundle&) = delete;
 
-    /** The bundle's own factory. The caller releases it before the bundle goes. */
+    /** The bundle's own factory. The caller releases it before the bundle is unloaded. */
     [[nodiscard]] Steinberg::IPluginFactory& getFactory() const;
 
 private:

@@ -13,7 +13,7 @@ using namespace Steinberg;
 
 namespace
 {
-// Enough for the window to be mapped, laid out and painted.
+// This is enough for the window to be mapped, laid out and painted.
 constexpr int callsUntilShown = 20;
 
 template <typename Interface>

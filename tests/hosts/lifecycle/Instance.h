@@ -36,7 +36,7 @@ private:
 class Editor
 {
 public:
-    /** Opens the editor and serves it for a while, so that it has shown itself. */
+    /** Opens the editor and runs its loop for a while, so that it has been painted. */
     Editor (const Instance& instance, Screen& screen);
     ~Editor();
 

@@ -12,18 +12,18 @@
 #include <thread>
 #include <vector>
 
-// A host that loads the bundle, uses it and gives it back, and then ends as every program does: by returning
-// from main. Apart from the other tests, because its exit status is what is tested.
+// A host that loads the bundle, uses it, unloads it, and then ends as every program does: by returning from
+// main. It is a program of its own because its exit status is what is tested.
 //
 //     orlo-bundle-lifecycle BINARY THREAD ROUNDS STEP...
 //
-// THREAD is the one that does it all: "main", "ended" for one that ends before main does, or "lasting" for one
-// that is still there when main returns. STEP is load, instance, editor, close, delete or unload.
+// THREAD is the thread that does all this: "main", "ended" for one that ends before main does, or "lasting" for
+// one that is still running when main returns. STEP is load, instance, editor, close, delete or unload.
 namespace mk::orlo::lifecycle
 {
 namespace
 {
-// What is loaded once and stays, such as fonts and libraries, has come by then.
+// By then, all that is loaded once and kept, such as fonts and libraries, has been loaded.
 constexpr int warmUpRounds = 10;
 constexpr size_t allowedGrowth = 64 * 1024;
 
@@ -88,7 +88,7 @@ private:
 /** Plays on a thread of its own that does not end before the process does. */
 void playOnLastingThread (Host& host, const std::vector<std::string>& steps, int numRounds)
 {
-    // Left to the thread, which may still hold them at the exit.
+    // Shared with the thread, which may still hold them when the process exits.
     struct Shared
     {
         std::mutex mutex;

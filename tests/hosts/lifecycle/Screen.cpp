@@ -34,8 +34,8 @@ auto call (void* library, const char* name, Function*, Arguments... arguments)
 
 Screen::Screen() : library (loadXlib()), display (openDisplay (library))
 {
-    // As hosts do. Without a window manager JUCE asks for what is not there, and Xlib ends the process at any
-    // error.
+    // Without a window manager JUCE asks for atoms that do not exist, and by default Xlib ends the process at
+    // any error. Hosts install a handler as well.
     call (
         library, "XSetErrorHandler", decltype (&XSetErrorHandler) {}, +[] (Display*, XErrorEvent*) { return 0; });
 }

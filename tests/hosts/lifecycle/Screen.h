@@ -6,8 +6,8 @@ namespace mk::orlo::lifecycle
 
 /** The host's own connection to the X server. Ends the program with a message if there is no server.
 
-    Xlib is loaded as the plug-in loads it, not linked: of a library that the program itself is linked with,
-    nothing can ever be closed, and a host is not bound to be linked with it. */
+    Xlib is loaded as the plug-in loads it, not linked: a library that the program itself is linked with is never
+    unloaded, and a host need not be linked with it. */
 class Screen
 {
 public:

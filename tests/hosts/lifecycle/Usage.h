@@ -10,7 +10,7 @@ namespace mk::orlo::lifecycle
 struct Usage
 {
     size_t numThreads = 0;
-    size_t numDescriptors = 0; // with them every connection to the X server
+    size_t numDescriptors = 0; // including every connection to the X server
     size_t heapBytes = 0;
 
     [[nodiscard]] static Usage measure();

@@ -28,7 +28,7 @@ public:
     };
 
     std::vector<Block> blocks;        // written by the audio thread
-    std::atomic<int> numBlocks { 0 }; // the same, for other threads to wait on
+    std::atomic<int> numBlocks { 0 }; // their number, for other threads to wait on
     std::vector<juce::String> calls;
 
     void prepareToPlay (double rate, int size) override

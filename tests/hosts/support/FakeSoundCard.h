@@ -8,7 +8,7 @@
 namespace mk::orlo::test
 {
 
-/** What the test sees of a card, and goes on seeing when the device is gone. */
+/** The state of a card that a test reads, even after the device has been deleted. */
 struct FakeCardState
 {
     bool present = true;
@@ -31,7 +31,7 @@ struct FakeCardState
     }
 };
 
-/** A stereo card that knows one rate, and whose clock is the test. */
+/** A stereo card that supports one sample rate and is clocked by the test. */
 class FakeSoundCard final : public juce::AudioIODevice
 {
 public:
@@ -89,7 +89,7 @@ private:
     FakeCardState& state;
 };
 
-/** The machine that the card is in, or not in. */
+/** The devices of a machine that has the card or, if it is not present, none. */
 class FakeDeviceManager final : public juce::AudioDeviceManager
 {
 public:

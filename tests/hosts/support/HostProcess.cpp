@@ -16,8 +16,8 @@ constexpr int endingMs = 10000;
     first.addArray (second);
     return first;
 }
-/** With assertions on, JUCE remarks on itself: on files that hold no plug-in, and on how its VST3 wrapper lets
-    the desktop go. Other assertions stay. */
+/** Removes JUCE's own assertions from a debug build's output: it logs some about files that hold no plug-in,
+    and about how its VST3 wrapper closes the desktop. Other assertions stay. */
 [[nodiscard]] juce::String withoutRemarksOfJuce (const juce::String& text)
 {
 #if JUCE_DEBUG
@@ -36,7 +36,7 @@ constexpr int endingMs = 10000;
 
 ProcessResult runProcess (const juce::StringArray& commandLine, int timeLimitSeconds)
 {
-    // A pipe for one stream and a file for the other: read one after the other, two pipes may block.
+    // A pipe for one stream and a file for the other, because two pipes that are read one after the other may block.
     const ScratchFolder scratch;
     const auto errorFile = scratch.getFile ("errors");
     const juce::StringArray shell { "sh",
@@ -64,7 +64,7 @@ ProcessResult runProcess (const juce::StringArray& commandLine, int timeLimitSec
 
 juce::StringArray getHostCommandLine (const juce::StringArray& arguments)
 {
-    // A name that is none: without any, the first display of the machine would be tried.
+    // An invalid name, because without any the program would try the machine's first display.
     return concatenate ({ "env", "DISPLAY=none", ORLO_HOST_PROGRAM, "--no-sound" }, arguments);
 }
 

@@ -16,10 +16,10 @@ struct ProcessResult
 /** Runs a program to its end, for at most a minute or the given time. */
 [[nodiscard]] ProcessResult runProcess (const juce::StringArray& commandLine, int timeLimitSeconds = 60);
 
-/** Runs orlo-host away from any display and any sound card. */
+/** Runs orlo-host without a display and without a sound card. */
 [[nodiscard]] ProcessResult runHost (const juce::StringArray& arguments);
 
-/** Runs orlo-host on a display (":1"), and away from any sound card. */
+/** Runs orlo-host on a display (":1"), without a sound card. */
 [[nodiscard]] ProcessResult runHostOn (const juce::String& display, const juce::StringArray& arguments);
 
 /** The command line of runHost(), for tests that need something around it. */

@@ -8,14 +8,14 @@
 namespace mk::orlo::test
 {
 
-/** A screenshot, asked for what it shows. */
+/** A screenshot, with measurements of what it shows. */
 class Picture
 {
 public:
     /** Reads a PNG. Without one the picture has no size. */
     explicit Picture (const juce::File& file);
 
-    /** What lies within the bounds, as a picture of its own. */
+    /** The part within the bounds, as a picture of its own. */
     [[nodiscard]] Picture getPart (juce::Rectangle<int> bounds) const;
 
     [[nodiscard]] int getWidth() const noexcept { return image.getWidth(); }

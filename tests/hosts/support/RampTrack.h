@@ -6,7 +6,7 @@
 namespace mk::orlo::test
 {
 
-/** A track that tells by each sample where it comes from: up to 1 on the left, down to -1 on the right. */
+/** A track in which each sample's value tells its position: up to 1 on the left, down to -1 on the right. */
 struct RampTrack
 {
     static constexpr int length = 1000;

@@ -19,9 +19,9 @@ public:
         for (const auto* const atom : windowAtoms)
             static_cast<void> (getAtom (atom));
 
-        // A window may go while it is being asked for its title.
+        // A window may close while it is being asked for its title.
         XSetErrorHandler ([] (::Display*, ::XErrorEvent*) { return 0; });
-        // Out of the way: what is under the pointer shows its buttons and a readout.
+        // Moves the pointer away: the editor shows buttons and a readout under it.
         const auto screen = DefaultScreen (display);
         XWarpPointer (display,
                       None,
@@ -95,7 +95,7 @@ private:
 //==============================================================================
 VirtualDisplay::VirtualDisplay()
 {
-    // It picks a free number by itself and says which when it is ready.
+    // The server picks a free number by itself and writes it when it is ready.
     if (! server.start ({ "Xvfb", "-displayfd", "1", "-screen", "0", "1600x1000x24", "-nolisten", "tcp" },
                         juce::ChildProcess::wantStdOut))
         return;

@@ -8,9 +8,9 @@
 namespace mk::orlo::test
 {
 
-/** A display of the test's own, and what a window manager would do on it. Of its own, because windows of
-    tests that run at the same time would cover each other, and what is covered is not in a picture of the
-    screen. */
+/** A display for one test, with the actions of a window manager on it. On a shared display the windows of
+    tests that run at the same time would cover each other, and a picture of the screen shows nothing that is
+    covered. */
 class VirtualDisplay
 {
 public:
@@ -20,13 +20,13 @@ public:
     /** Stops it. */
     ~VirtualDisplay();
 
-    /** As in the environment, ":1". Empty if Xvfb does not start. */
+    /** The value for the environment's DISPLAY, such as ":1". Empty if Xvfb does not start. */
     [[nodiscard]] const juce::String& getName() const noexcept { return name; }
 
-    /** Does to the window of a title what a click on its close button would. False if there is none. */
+    /** Closes the window with a title as a click on its close button does. False if there is none. */
     bool closeWindow (const juce::String& title);
 
-    /** Moves the window of a title to a place on the screen. Nothing happens if there is none. */
+    /** Moves the window with a title to a place on the screen. Nothing happens if there is none. */
     void moveWindow (const juce::String& title, juce::Point<int> position);
 
 private:

@@ -44,15 +44,15 @@ struct Findings
     return findings;
 }
 
-/** There is one program, and it has no name: the plug-in keeps its presets in a list of its own. The
-    validator wants a name. Nothing else may fail. */
+/** The plug-in keeps its presets in a list of its own, so its one program has no name, which the validator
+    reports. Nothing else may fail. */
 void expectNothingButTheNamelessProgram (const Findings& findings, int fewestTests)
 {
     EXPECT_THAT (findings.failedTests, testing::ElementsAre ("Scan Programs"));
     EXPECT_THAT (findings.errors, testing::ElementsAre ("ERROR: Programlist 000->Program 000: has no name!!!"));
     EXPECT_GE (findings.numSucceeded, fewestTests);
 
-    // The validator came to its end, and its own count is ours.
+    // The validator ran to its end, and its own counts equal those found here.
     EXPECT_EQ (findings.summary,
                "Result: " + juce::String (findings.numSucceeded) + " tests passed, " + juce::String (findings.numFailed)
                    + " tests failed");

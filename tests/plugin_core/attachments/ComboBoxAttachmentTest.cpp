@@ -19,7 +19,7 @@ class ComboBoxAttachmentTest : public ::testing::Test
 protected:
     ComboBoxAttachmentTest()
     {
-        // One entry fewer than the parameter has values, as when some are held in reserve.
+        // One entry fewer than the parameter has values, as when some are reserved.
         box.addItemList ({ "A", "B", "C" }, 1);
         box.getRootMenu()->addSeparator();
         box.getRootMenu()->addSectionHeader ("heading");
@@ -61,14 +61,14 @@ TEST_F (ComboBoxAttachmentTest, AChoiceIsOneCompleteGesture)
     EXPECT_EQ (heard.take(), "[.]");
 }
 
-TEST_F (ComboBoxAttachmentTest, TheSelectedEntryAgainSendsNothing)
+TEST_F (ComboBoxAttachmentTest, SelectingTheSameEntryAgainSendsNothing)
 {
     box.setSelectedId (2, juce::sendNotificationSync);
     attachment->comboBoxChanged (&box);
     EXPECT_EQ (heard.take(), "");
 }
 
-TEST_F (ComboBoxAttachmentTest, NoEntrySendsNothing)
+TEST_F (ComboBoxAttachmentTest, SelectingNoEntrySendsNothing)
 {
     box.setSelectedId (0, juce::sendNotificationSync);
     EXPECT_EQ (heard.take(), "");
@@ -100,7 +100,7 @@ TEST_F (ComboBoxAttachmentTest, AValueSetByAnotherThreadReachesTheBoxAndItsListe
     EXPECT_EQ (numChanges, 1);
 }
 
-TEST_F (ComboBoxAttachmentTest, NothingComesAfterItsEnd)
+TEST_F (ComboBoxAttachmentTest, NothingIsDeliveredAfterItsDestruction)
 {
     std::thread ([this] { processor.setValue ("choice", 0.0f); }).join();
     attachment.reset();

@@ -48,7 +48,7 @@ TEST_F (ParameterAttachmentTest, AValueSetOnTheMessageThreadIsDeliveredAtOnce)
     expectValues ({ -50.0f });
 }
 
-TEST_F (ParameterAttachmentTest, OfSeveralValuesSetElsewhereTheLastOneIsDelivered)
+TEST_F (ParameterAttachmentTest, OnlyTheLastOfSeveralValuesFromAnotherThreadIsDelivered)
 {
     for (const auto value : { -60.0f, -70.0f, -80.0f })
         setElsewhere (value);
@@ -58,7 +58,7 @@ TEST_F (ParameterAttachmentTest, OfSeveralValuesSetElsewhereTheLastOneIsDelivere
     expectValues ({ -80.0f });
 }
 
-TEST_F (ParameterAttachmentTest, AValueSetOnTheMessageThreadReplacesOneThatWaits)
+TEST_F (ParameterAttachmentTest, AValueSetOnTheMessageThreadReplacesAPendingOne)
 {
     setElsewhere (-60.0f);
     parameter.setValueNotifyingHost (parameter.convertTo0to1 (-50.0f));
@@ -66,7 +66,7 @@ TEST_F (ParameterAttachmentTest, AValueSetOnTheMessageThreadReplacesOneThatWaits
     expectValues ({ -50.0f });
 }
 
-TEST_F (ParameterAttachmentTest, NothingIsDeliveredOnceItIsGone)
+TEST_F (ParameterAttachmentTest, NothingIsDeliveredOnceItIsDestroyed)
 {
     setElsewhere (-60.0f);
     attachment = nullptr;
@@ -83,13 +83,13 @@ TEST_F (ParameterAttachmentTest, ACallbackMayDestroyTheAttachment)
     EXPECT_LE (values.size(), 1u);
 }
 
-TEST_F (ParameterAttachmentTest, TheInitialUpdateSendsThePresentValue)
+TEST_F (ParameterAttachmentTest, TheInitialUpdateSendsTheCurrentValue)
 {
     attachment->sendInitialUpdate();
     expectValues ({ parameter.convertFrom0to1 (parameter.getValue()) });
 }
 
-TEST_F (ParameterAttachmentTest, ACompleteGestureIsBracketedAndAnEqualValueIsNone)
+TEST_F (ParameterAttachmentTest, ACompleteGestureHasStartAndEndAndAnEqualValueSendsNothing)
 {
     GestureRecorder recorder (parameter);
     attachment->setValueAsCompleteGesture (-42.0f);

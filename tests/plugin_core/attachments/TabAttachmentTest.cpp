@@ -64,7 +64,7 @@ protected:
     orlo::test::GestureRecorder heard { processor.getParameter ("choice") };
 };
 
-TEST_F (TabAttachmentTest, TheRightButtonStartsLit) { EXPECT_EQ (lit(), "B"); }
+TEST_F (TabAttachmentTest, TheButtonOfTheInitialValueStartsLit) { EXPECT_EQ (lit(), "B"); }
 
 TEST_F (TabAttachmentTest, AClickIsOneCompleteGesture)
 {
@@ -108,7 +108,7 @@ TEST_F (TabAttachmentTest, ADeletedButtonIsSkipped)
     EXPECT_FLOAT_EQ (processor.getValue ("choice"), 0.0f);
 }
 
-TEST_F (TabAttachmentTest, AButtonOfSomeoneElseIsIgnored)
+TEST_F (TabAttachmentTest, AButtonThatIsNotAttachedIsIgnored)
 {
     juce::TextButton other ("D");
     other.setToggleState (true, juce::dontSendNotification);
@@ -123,7 +123,7 @@ TEST_F (TabAttachmentTest, AValueSetByAnotherThreadLightsTheButton)
     EXPECT_TRUE (orlo::test::pumpUntil ([this] { return lit() == "A"; }));
 }
 
-TEST_F (TabAttachmentTest, NothingComesAfterItsEnd)
+TEST_F (TabAttachmentTest, NothingIsDeliveredAfterItsDestruction)
 {
     std::thread ([this] { processor.setValue ("choice", 0.0f); }).join();
     attachment.reset();

@@ -72,7 +72,7 @@ TEST_F (TwoValueSliderAttachmentTest, AValueSetByAnotherThreadShowsOnTheMessageT
     EXPECT_TRUE (pumpUntil ([this] { return std::abs (slider.getMinValue() + 70.0) < 1e-4; }));
 }
 
-TEST_F (TwoValueSliderAttachmentTest, AValueOnItsWayIsNotLostWhenTheOtherIsSetHere)
+TEST_F (TwoValueSliderAttachmentTest, APendingValueIsNotLostWhenTheMessageThreadSetsTheOther)
 {
     std::thread ([this] { processor.setValue ("floor", -70.0f); }).join();
     processor.setValue ("ceiling", -10.0f);
@@ -126,7 +126,7 @@ TEST_F (TwoValueSliderAttachmentTest, TheRightButtonWritesNothing)
     EXPECT_EQ (floor.take(), "");
 }
 
-TEST_F (TwoValueSliderAttachmentTest, IdsThatNameNoParameterAreLeftOut)
+TEST_F (TwoValueSliderAttachmentTest, IdsThatNameNoParameterAreIgnored)
 {
     struct Case
     {
@@ -134,7 +134,7 @@ TEST_F (TwoValueSliderAttachmentTest, IdsThatNameNoParameterAreLeftOut)
         const char *heardOfFloor, *heardOfCeiling;
     };
 
-    // What a drag of the maximum's thumb does to the parameters.
+    // The effect of a drag of the maximum's thumb on the parameters.
     for (const auto& [ids, heardOfFloor, heardOfCeiling] :
          { Case { {}, "", "" }, { { "nothing", "ceiling" }, "", "[.]" }, { { "floor" }, ".", "" } })
     {
@@ -161,7 +161,7 @@ TEST_F (TwoValueSliderAttachmentTest, IdsThatNameNoParameterAreLeftOut)
     }
 }
 
-TEST_F (TwoValueSliderAttachmentTest, NothingComesAfterItsEnd)
+TEST_F (TwoValueSliderAttachmentTest, NothingIsDeliveredAfterItsDestruction)
 {
     juce::Slider other { juce::Slider::TwoValueHorizontal, juce::Slider::NoTextBox };
 

@@ -115,7 +115,7 @@ TEST_F (ComponentMouseAnimatorTest, ARightClickIsNoPressAndNoRelease)
     EXPECT_EQ (animator.getTimes().elapsed[size_t (State::released)], 0);
 }
 
-TEST_F (ComponentMouseAnimatorTest, AFastInAndOutEndsWithTheLeavesFade)
+TEST_F (ComponentMouseAnimatorTest, AFastInAndOutEndsWithTheFadeOfLeaving)
 {
     setAllDurations (3 * tick);
     animator.mouseEnter (event());
@@ -206,7 +206,7 @@ TEST (ComponentMouseAnimatorWindowTest, MovingOntoAChildCountsAsStayingInside)
 
     ASSERT_TRUE (window.moveMouseTo (child, { 50.0f, 50.0f }));
     ASSERT_TRUE (window.moveMouseTo (window, { 20.0f, 20.0f }));
-    EXPECT_EQ (animator.getTimes().state, State::left) << "left by way of the child";
+    EXPECT_EQ (animator.getTimes().state, State::left) << "left through the child";
 }
 
 } // namespace

@@ -22,7 +22,7 @@ struct TextInWindow
     TextInWindow() { window.add (text, { 10, 10, 300, 200 }); }
 
     StyledWindow<LookAndFeel> window { 1000 };
-    /** Gives the text a key, and it time to scroll. */
+    /** Sends a key to the text and waits until it has had time to scroll. */
     [[nodiscard]] bool press (int key)
     {
         const auto isUsed = text.keyPressed (juce::KeyPress (key));
@@ -85,7 +85,7 @@ TEST (DisplayTextComponent, ScrollsALongTextByKeys)
     EXPECT_FALSE (test.press (juce::KeyPress::escapeKey));
 }
 
-TEST (DisplayTextComponent, BeginsANewTextAtItsTop)
+TEST (DisplayTextComponent, ShowsANewTextFromItsTop)
 {
     TextInWindow test;
     test.text.setText (makeLines (200));
@@ -109,7 +109,7 @@ TEST (DisplayTextComponent, ShowsTheBeginningOfATextThatIsTooLong)
     EXPECT_EQ (test.text.getTextEditor().getText(), whole);
 }
 
-TEST (DisplayTextComponent, BreaksAWordThatWouldTakeForEverToLayOut)
+TEST (DisplayTextComponent, BreaksAWordThatIsTooLongToLayOutInTime)
 {
     TextInWindow test;
     test.text.setText ("a " + juce::String::repeatedString ("x", 2 * DisplayTextComponent::maxWordLength + 1) + " b");
@@ -121,7 +121,7 @@ TEST (DisplayTextComponent, BreaksAWordThatWouldTakeForEverToLayOut)
     EXPECT_GT (lines.size(), 100);
 
     for (const auto& line : lines)
-        EXPECT_LE (line.length(), DisplayTextComponent::maxWordLength + 3) << "the last ends in dots";
+        EXPECT_LE (line.length(), DisplayTextComponent::maxWordLength + 3) << "the last line ends in dots";
 }
 
 TEST (DisplayTextComponent, AShortTextHasNothingToScroll)

@@ -69,7 +69,7 @@ TEST_F (PluginComboBoxControlTest, TheEntriesAreTheChoicesWithIdsFromOne)
     EXPECT_EQ (box.getTitle(), "Choice");
 }
 
-TEST_F (PluginComboBoxControlTest, ChoicesHeldInReserveAreNotOffered)
+TEST_F (PluginComboBoxControlTest, ReservedChoicesAreNotOffered)
 {
     juce::AudioProcessorGraph owner;
     const juce::StringArray choices { "A", "B", "C", {}, {} };

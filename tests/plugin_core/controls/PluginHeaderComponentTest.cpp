@@ -20,7 +20,7 @@ struct Header final : PluginHeaderComponent
     bool isDirty = false;
 };
 
-TEST (PluginHeaderComponentTest, HearsOfThePresets)
+TEST (PluginHeaderComponentTest, IsNotifiedOfPresetChanges)
 {
     orlo::test::TestProcessor processor;
     Header header;

@@ -237,7 +237,7 @@ TEST_F (PluginSliderControlTest, ANewPopupIsHandedOverOnceAndLetsClicksThrough)
     }
 }
 
-TEST_F (PluginSliderControlTest, TheBroadcasterTellsOfChanges)
+TEST_F (PluginSliderControlTest, TheBroadcasterReportsChanges)
 {
     struct Listener final : public juce::ChangeListener
     {
@@ -306,7 +306,7 @@ TEST_F (PluginSliderControlTest, TheLabelsFollowTheParametersOnAnyThread)
         }));
 }
 
-TEST_F (PluginSliderControlTest, AMessageToALostLabelDoesNothing)
+TEST_F (PluginSliderControlTest, AMessageToADeletedLabelDoesNothing)
 {
     auto shortLived =
         std::make_unique<PluginSliderControl> (processor, juce::StringArray { "floor", "ceiling" }, juce::String());
@@ -317,7 +317,7 @@ TEST_F (PluginSliderControlTest, AMessageToALostLabelDoesNothing)
         return juce::String();
     };
 
-    // A message on its way asks for the text of its value.
+    // A pending message asks for the text of its value when it is delivered.
     processor.setValue ("floor", -77.0f);
     numTextsAsked = 0;
     pumpPending();
@@ -341,7 +341,7 @@ TEST_F (PluginSliderControlTest, TheNearestThumbIsRememberedAndTheMaximumWinsAtE
     EXPECT_EQ (one.getSlider().findNearestThumb ({ 3.0f, 3.0f }), 0);
 
     slider.setMinAndMaxValues (-80.0, -80.0, juce::dontSendNotification);
-    EXPECT_EQ (slider.findNearestThumb (placeOf (-100.0)), 1) << "thumbs at one place";
+    EXPECT_EQ (slider.findNearestThumb (placeOf (-100.0)), 1) << "both thumbs at the same place";
     EXPECT_EQ (slider.findNearestThumb (placeOf (-60.0)), 2);
 
     ASSERT_TRUE (window->moveMouseTo (slider, placeOf (-110.0)));

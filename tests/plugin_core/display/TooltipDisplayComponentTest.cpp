@@ -59,7 +59,7 @@ TEST (TooltipDisplayComponent, ShowsTheTipOfTheControlUnderTheMouse)
     EXPECT_EQ (test.line.getAttributedText().getText(), "");
 }
 
-TEST (TooltipDisplayComponent, APartOfAControlHasItsTip)
+TEST (TooltipDisplayComponent, OverAPartOfAControlShowsTheControlsTip)
 {
     LineInEditor test;
     test.line.showTipOf (&test.partOfControl);
@@ -88,7 +88,7 @@ TEST (TooltipDisplayComponent, OverAnotherWindowTheLineDoesNotChange)
     EXPECT_EQ (test.line.getTip(), "**Freeze** holds the picture");
 
     test.line.showTipOf (nullptr);
-    EXPECT_EQ (test.line.getTip(), "") << "over no component at all it clears";
+    EXPECT_EQ (test.line.getTip(), "") << "without a component under the mouse the line is empty";
 }
 
 TEST (TooltipDisplayComponent, WithoutAnEditorItsTopmostParentIsItsWindow)
@@ -120,7 +120,7 @@ TEST (TooltipDisplayComponent, ShowsNoTipsInTheBackground)
     EXPECT_EQ (test.line.getTip(), "");
 }
 
-TEST (TooltipDisplayComponent, SurvivesTheEndOfTheControlItShows)
+TEST (TooltipDisplayComponent, SurvivesTheDeletionOfTheControlItShows)
 {
     LineInEditor test;
     {
@@ -170,7 +170,7 @@ TEST (TooltipDisplayComponent, HidesItselfWhileEmptyIfAskedTo)
     EXPECT_TRUE (test.line.isVisible());
 }
 
-TEST (TooltipDisplayComponent, IsOpaqueAsLongAsItsGroundIs)
+TEST (TooltipDisplayComponent, IsOpaqueIfItsBackgroundIs)
 {
     TooltipDisplayComponent line;
     EXPECT_TRUE (line.isOpaque());
@@ -222,7 +222,7 @@ TEST (TooltipDisplayComponent, IsSetInTheFaceOfPlainText)
     test.editor.setLookAndFeel (nullptr);
 }
 
-TEST (TooltipDisplayComponent, WithoutATextPaintsItsGroundAlone)
+TEST (TooltipDisplayComponent, WithoutATextPaintsItsBackgroundOnly)
 {
     LineInEditor test;
     const auto image = paintComponent (test.line);
@@ -242,7 +242,7 @@ TEST (TooltipDisplayComponent, FollowsTheRealMouse)
     ASSERT_TRUE (window.moveMouseTo (test.partOfControl, { 10.0f, 10.0f }));
     EXPECT_TRUE (orlo::test::pumpUntil ([&] { return test.line.getTip() == "**Freeze** holds the picture"; }));
 
-    ASSERT_TRUE (window.moveMouseTo (test.editor, { 100.0f, 460.0f })) << "the line itself is not in the way";
+    ASSERT_TRUE (window.moveMouseTo (test.editor, { 100.0f, 460.0f })) << "the line lets the mouse through";
     EXPECT_TRUE (orlo::test::pumpUntil ([&] { return test.line.getTip().isEmpty(); }));
 }
 

@@ -32,7 +32,7 @@ using testing::IsEmpty;
     return width;
 }
 
-TEST (TooltipLine, CutsATipAtItsAsterisks)
+TEST (TooltipLine, SplitsATipAtItsAsterisks)
 {
     EXPECT_THAT (splitTip ("plain"), ElementsAre (TipRun { "plain", false }));
     EXPECT_THAT (splitTip ("**Freeze** holds"), ElementsAre (TipRun { "Freeze", true }, TipRun { " holds", false }));
@@ -85,12 +85,12 @@ TEST (TooltipLine, IsNeverWiderThanItsRoom)
         }
         else if (width >= full * 0.76f)
         {
-            ASSERT_FALSE (line.getText().endsWith (juce::String::charToString (0x2026))) << "narrowing is enough";
+            ASSERT_FALSE (line.getText().endsWith (juce::String::charToString (0x2026))) << "narrower letters suffice";
         }
         else if (width >= 40.0f && width < full * 0.74f)
         {
             ASSERT_TRUE (line.getText().endsWith (juce::String::charToString (0x2026)));
-            ASSERT_GT (getWidth (line), width - 30.0f) << "no more is lost than must be";
+            ASSERT_GT (getWidth (line), width - 30.0f) << "no more is cut than necessary";
         }
     }
 }

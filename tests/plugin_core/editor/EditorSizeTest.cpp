@@ -42,7 +42,7 @@ TEST (EditorDisplay, IsTheNearestIfNoneHasThePoint)
     const auto displays = makeDisplays ({ { 0, 0, 100, 100 }, { 1000, 0, 100, 100 } });
     EXPECT_EQ (editorSize::findDisplay (displays, { 400, 50 }), &displays.getReference (0));
     EXPECT_EQ (editorSize::findDisplay (displays, { 700, 50 }), &displays.getReference (1));
-    EXPECT_EQ (editorSize::findDisplay (displays, { 550, 50 }), &displays.getReference (1)) << "the later of equals";
+    EXPECT_EQ (editorSize::findDisplay (displays, { 550, 50 }), &displays.getReference (1)) << "later if equally near";
 }
 
 TEST (EditorDisplay, IsNoneOfAnEmptyList) { EXPECT_EQ (editorSize::findDisplay ({}, { 0, 0 }), nullptr); }
@@ -51,7 +51,7 @@ TEST (EditorSize, MayBeDraggedToTheDisplaysWidthAndAlmostItsHeight)
 {
     EXPECT_EQ (editorSize::getLargest ({ 100, 100 }, { 1920, 1080 }), (Size { 1920, 990 }));
     EXPECT_EQ (editorSize::getLargest ({ 2000, 1000 }, { 1920, 1080 }), (Size { 2000, 1000 }))
-        << "never below the least";
+        << "never below the minimum";
 }
 
 TEST (EditorSize, ThatFitsStaysAsItIs)

@@ -54,7 +54,7 @@ TEST_F (PluginEditorTest, TheRatioCorrectsTheHeightOfTheFallback)
     EXPECT_EQ (open()->getLocalBounds(), (juce::Rectangle { 1050, 578 }));
 }
 
-TEST_F (PluginEditorTest, WhatHappensBeforeTheEditorIsCompleteIsNotTheUsersChoice)
+TEST_F (PluginEditorTest, ResizesBeforeTheEditorIsCompleteAreNotRemembered)
 {
     auto tree = settings.getSettings();
     tree.setProperty (SettingsIds::defaultWidth, "700", nullptr);
@@ -77,7 +77,7 @@ TEST_F (PluginEditorTest, EveryLaterResizeIsRememberedByTheSessionAndTheUsersSet
     EXPECT_EQ (getSetting (SettingsIds::defaultHeight), "480");
 }
 
-TEST_F (PluginEditorTest, TheGripStandsInTheCorner)
+TEST_F (PluginEditorTest, TheGripIsInTheCorner)
 {
     const auto editor = open();
     editor->setSize (640, 480);
@@ -86,7 +86,7 @@ TEST_F (PluginEditorTest, TheGripStandsInTheCorner)
     EXPECT_TRUE (editor->getCornerResizer().isAlwaysOnTop());
 }
 
-TEST_F (PluginEditorTest, TooLargeForItsDisplayItShrinks)
+TEST_F (PluginEditorTest, ShrinksIfTooLargeForItsDisplay)
 {
     const auto usable = getUsableArea();
 
@@ -135,7 +135,7 @@ TEST_F (PluginEditorTest, MovingWithinADisplayDoesNotTouchTheLimits)
     EXPECT_EQ (editor->getConstrainer()->getMaximumWidth(), 777);
 }
 
-TEST_F (PluginEditorTest, DraggedToASmallerDisplayItShrinks)
+TEST_F (PluginEditorTest, ShrinksWhenDraggedToASmallerDisplay)
 {
     const auto addDisplay = [this] (juce::Rectangle<int> area)
     {
@@ -151,7 +151,7 @@ TEST_F (PluginEditorTest, DraggedToASmallerDisplayItShrinks)
     editor->setBounds (50, 50, 1200, 900);
     EXPECT_EQ (editor->getConstrainer()->getMaximumWidth(), 2000);
 
-    // Still more than half of it on the first.
+    // More than half of it is still on the first display.
     editor->setTopLeftPosition (1300, 50);
     editor->windowMoved (editor->getMoveDetector());
     EXPECT_EQ (editor->getLocalBounds(), (juce::Rectangle { 1200, 900 }));
@@ -163,7 +163,7 @@ TEST_F (PluginEditorTest, DraggedToASmallerDisplayItShrinks)
     EXPECT_EQ (editor->getConstrainer()->getMaximumHeight(), 610);
 }
 
-TEST_F (PluginEditorTest, MenusCloseWhenTheApplicationOrTheWindowChangesItsPlace)
+TEST_F (PluginEditorTest, MenusCloseWhenTheApplicationComesToTheFrontOrTheWindowMoves)
 {
     if (! Screen::getInstance().isAvailable())
         GTEST_SKIP() << "needs a screen";
@@ -181,7 +181,7 @@ TEST_F (PluginEditorTest, MenusCloseWhenTheApplicationOrTheWindowChangesItsPlace
         return isMenuOpen();
     };
 
-    // Asked at once, as a menu closes by itself in a window that the user does not work with.
+    // Checked at once, because a menu in a window that the user does not work with closes by itself.
     ASSERT_TRUE (openMenu());
     editor->applicationActiveChanged (editor->getMoveDetector(), false);
     EXPECT_TRUE (isMenuOpen());
@@ -201,7 +201,7 @@ TEST_F (PluginEditorTest, MenusCloseWhenTheApplicationOrTheWindowChangesItsPlace
     EXPECT_FALSE (isMenuOpen());
 }
 
-TEST_F (PluginEditorTest, AllEditorsShareOneLookAndFeelThatGoesWithTheLast)
+TEST_F (PluginEditorTest, AllEditorsShareOneLookAndFeelThatIsDeletedWithTheLast)
 {
     auto first = open();
     auto* const shared = &first->getLookAndFeel();

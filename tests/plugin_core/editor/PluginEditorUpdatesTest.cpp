@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// When a window asks for a new version, and when it tells of one.
+// When a window checks for a new version, and when it shows the notice of one.
 #include "plugin_core/editor/PluginEditor.h"
 #include "plugin_core/settings/SettingsIds.h"
 
@@ -72,7 +72,7 @@ protected:
         return std::unique_ptr<PluginEditor> (dynamic_cast<PluginEditor*> (processor.createEditor()));
     }
 
-    /** Opens the window and lets it do all that it does by itself. False if it does nothing. */
+    /** Opens the window and waits until its own check is over. False if it starts none. */
     [[nodiscard]] bool openAndWait()
     {
         editor = open();
@@ -95,7 +95,7 @@ protected:
 };
 
 //==============================================================================
-TEST_F (PluginEditorUpdatesTest, TheFirstWindowEverChecksAndTells)
+TEST_F (PluginEditorUpdatesTest, TheFirstWindowEverChecksAndShowsTheNotice)
 {
     ASSERT_TRUE (openAndWait());
     EXPECT_TRUE (isNoticeOpen());
@@ -115,7 +115,7 @@ TEST_F (PluginEditorUpdatesTest, AWindowWithinADayOfTheLastCheckDoesNotCheck)
     EXPECT_TRUE (openAndWait());
 }
 
-TEST_F (PluginEditorUpdatesTest, SwitchedOffNothingEverStarts)
+TEST_F (PluginEditorUpdatesTest, NoCheckStartsWhenSwitchedOff)
 {
     set (SettingsIds::checkForUpdates, "0");
     EXPECT_FALSE (openAndWait());
@@ -135,7 +135,7 @@ TEST_F (PluginEditorUpdatesTest, TwoWindowsOneAfterTheOtherCheckOnce)
     EXPECT_EQ (site.count ("lastVersion.php"), 1);
 }
 
-TEST_F (PluginEditorUpdatesTest, TwoWindowsAtTheSameTimeCheckAndTellOnce)
+TEST_F (PluginEditorUpdatesTest, TwoWindowsAtTheSameTimeCheckOnceAndShowOneNotice)
 {
     TestProcessor otherProcessor;
     otherProcessor.updateEnvironment = site.makeEnvironment();
@@ -155,7 +155,7 @@ TEST_F (PluginEditorUpdatesTest, AnOpenWindowNeverChecksAgain)
 }
 
 //==============================================================================
-TEST_F (PluginEditorUpdatesTest, TheSameVersionIsNoNews)
+TEST_F (PluginEditorUpdatesTest, TheSameVersionShowsNoNotice)
 {
     site.setReplies (makeReply ("4.5.6", site.now), "New");
     ASSERT_TRUE (openAndWait());
@@ -164,7 +164,7 @@ TEST_F (PluginEditorUpdatesTest, TheSameVersionIsNoNews)
     EXPECT_EQ (get (SettingsIds::lastChangeLogTime), "");
 }
 
-TEST_F (PluginEditorUpdatesTest, AnOldReleaseIsToldOfOnceInSevenDays)
+TEST_F (PluginEditorUpdatesTest, AnOldReleaseIsAnnouncedOnceInSevenDays)
 {
     set (SettingsIds::lastChangeLogTime, site.now - week);
     ASSERT_TRUE (openAndWait());
@@ -178,7 +178,7 @@ TEST_F (PluginEditorUpdatesTest, AnOldReleaseIsToldOfOnceInSevenDays)
     EXPECT_TRUE (isNoticeOpen());
 }
 
-TEST_F (PluginEditorUpdatesTest, ANewReleaseIsToldOfAtEachCheckOfItsFirstDay)
+TEST_F (PluginEditorUpdatesTest, ANewReleaseIsAnnouncedAtEachCheckOfItsFirstDay)
 {
     set (SettingsIds::lastChangeLogTime, site.now - 1);
     site.setReplies (makeReply ("4.6.0", site.now - day + 1), "New");
@@ -191,7 +191,7 @@ TEST_F (PluginEditorUpdatesTest, ANewReleaseIsToldOfAtEachCheckOfItsFirstDay)
     EXPECT_FALSE (isNoticeOpen());
 }
 
-TEST_F (PluginEditorUpdatesTest, AReleaseWithoutADateIsToldOfOnceInSevenDays)
+TEST_F (PluginEditorUpdatesTest, AReleaseWithoutADateIsAnnouncedOnceInSevenDays)
 {
     site.setReplies ("macVersion:4.6.0", "New");
     ASSERT_TRUE (openAndWait());
@@ -215,7 +215,7 @@ TEST_F (PluginEditorUpdatesTest, AFailedCheckCountsAsOne)
     EXPECT_EQ (get (SettingsIds::lastVersionCheck), juce::String (site.now));
 }
 
-TEST_F (PluginEditorUpdatesTest, AMissingChangeLogIsNotAskedForAgainForAWeek)
+TEST_F (PluginEditorUpdatesTest, AMissingChangeLogIsNotRequestedAgainForAWeek)
 {
     site.setReplies (makeReply ("4.6.0", site.now - 30 * day), std::nullopt);
     ASSERT_TRUE (openAndWait());
@@ -229,7 +229,7 @@ TEST_F (PluginEditorUpdatesTest, AMissingChangeLogIsNotAskedForAgainForAWeek)
     EXPECT_EQ (site.count ("changeLogMac.php"), 1);
 }
 
-TEST_F (PluginEditorUpdatesTest, AWindowThatClosesBeforeTheChangeLogComesTellsNothing)
+TEST_F (PluginEditorUpdatesTest, AWindowThatClosesBeforeTheChangeLogComesShowsNoNotice)
 {
     editor = open();
     ASSERT_TRUE (pumpUntil ([this] { return get (SettingsIds::lastChangeLogTime).isNotEmpty(); }));
@@ -265,7 +265,7 @@ TEST_F (PluginEditorUpdatesTest, TheNoticeDisablesTheRestUntilItIsClosed)
     EXPECT_TRUE (site.openedPages.empty());
 }
 
-TEST_F (PluginEditorUpdatesTest, TheWayToThePageClosesTheNoticeToo)
+TEST_F (PluginEditorUpdatesTest, TheDownloadButtonClosesTheNoticeToo)
 {
     ASSERT_TRUE (openAndWait());
     ASSERT_TRUE (isNoticeOpen());
@@ -287,7 +287,7 @@ TEST_F (PluginEditorUpdatesTest, TheNoticeCoversTheWindowAtEachSize)
 }
 
 //==============================================================================
-TEST_F (PluginEditorUpdatesTest, AServerThatNeverAnswersHoldsUpNeitherOpeningNorClosing)
+TEST_F (PluginEditorUpdatesTest, AServerThatNeverAnswersDelaysNeitherOpeningNorClosing)
 {
     using Clock = std::chrono::steady_clock;
 
@@ -310,7 +310,7 @@ TEST_F (PluginEditorUpdatesTest, AServerThatNeverAnswersHoldsUpNeitherOpeningNor
         return taken + (Clock::now() - closed);
     };
 
-    // The shortest of several times, since a busy machine can hold up any one.
+    // The shortest of several times counts, since a busy machine can delay any one of them.
     for (size_t i = 1; i <= 4; ++i)
     {
         processor.updateEnvironment.makeTransport = &HttpTransport::makeForThisSystem;

@@ -23,7 +23,7 @@ namespace
 const auto longText = juce::String::repeatedString ("0123456789abcdef", 16384);
 } // namespace
 
-TEST (FileReplacement, WritesTheTextAndMakesTheFoldersThatLeadThere)
+TEST (FileReplacement, WritesTheTextAndCreatesItsParentFolders)
 {
     const orlo::test::TemporaryFolder folder;
     const auto file = folder.get().getChildFile ("a/b/c.txt");

@@ -104,7 +104,7 @@ TEST (UntrustedXml, RefusesDeclarationsSinceEntitiesCanContainThemselves)
     EXPECT_EQ (parse ("<a><!ENTITY x \"y\"></a>"), nullptr);
 }
 
-TEST (UntrustedXml, RefusesTextBetweenElementsButNotTheSpaceThatAPersonPutsThere)
+TEST (UntrustedXml, RefusesTextBetweenElementsButNotWhitespace)
 {
     EXPECT_EQ (parse ("<a>text<b><c/></b></a>"), nullptr);
     EXPECT_EQ (parse ("<a><b/>text</a>"), nullptr);
@@ -227,7 +227,7 @@ TEST (UntrustedXml, ReadsAFileWithOrWithoutAByteOrderMark)
 
 #if ! JUCE_WINDOWS
 
-TEST (UntrustedXml, ReadsNoPipeThatNobodyWritesTo)
+TEST (UntrustedXml, ReadsNoPipeWithoutAWriter)
 {
     const orlo::test::TemporaryFolder folder;
     const auto pipe = folder.get().getChildFile ("a.xml");

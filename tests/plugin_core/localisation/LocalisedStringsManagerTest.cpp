@@ -24,7 +24,7 @@ protected:
 } // namespace
 
 //==============================================================================
-TEST_F (Languages, ShowTheEnglishOfTheCodeBeforeAnyIsChosen)
+TEST_F (Languages, ShowTheEnglishOfTheSourcesBeforeAnyIsChosen)
 {
     EXPECT_EQ (juce::translate ("Save as"), "Save as");
     EXPECT_TRUE (strings.getLanguageCode().isEmpty());
@@ -66,7 +66,7 @@ TEST_F (Languages, FindTheFrameworksTextsInAnyCase)
     EXPECT_EQ (juce::translate ("about"), utf8 ("\xc3\xa0 propos"));
 }
 
-TEST_F (Languages, OfTheFrameworkKnowNothingOfTheProduct)
+TEST_F (Languages, OfTheFrameworkLackTheProductsTexts)
 {
     ASSERT_TRUE (strings.setLanguage ("fr"));
     EXPECT_EQ (juce::translate ("Freeze"), "Freeze");
@@ -91,12 +91,12 @@ TEST_F (Languages, ShowTheProductsWordingWhereBothHaveAKey)
     EXPECT_EQ (juce::translate ("close"), "quitter");
     EXPECT_EQ (juce::translate ("new"), "nouveau");
 
-    // The search without regard to case is the framework's alone.
+    // Only the framework's texts are found regardless of case.
     EXPECT_EQ (juce::translate ("Close"), "fermer");
     EXPECT_EQ (juce::translate ("New"), "New");
 }
 
-TEST_F (Languages, AreEnglishForACodeThatWeDoNotSpeak)
+TEST_F (Languages, AreEnglishForAnUnknownCode)
 {
     for (const auto* const code : { "zh", "", "EN", "fre", "pt-BR", "de" })
     {
@@ -127,7 +127,7 @@ TEST (PreferredLanguage, MayHaveThreeLetters)
     EXPECT_EQ (languageCodeFor ("ita"), "it");
 }
 
-TEST (PreferredLanguage, IsPassedOnIfWeDoNotSpeakIt)
+TEST (PreferredLanguage, IsPassedOnIfItIsNotTranslated)
 {
     EXPECT_EQ (languageCodeFor ("zh-Hans"), "zh");
     EXPECT_EQ (languageCodeFor ("de"), "de");

@@ -13,7 +13,7 @@ namespace mk::pluginCore
 {
 using orlo::test::LocalisedUser;
 
-TEST_F (LocalisedUser, IsSpokenToInTheirLanguage)
+TEST_F (LocalisedUser, GetsTheirLanguage)
 {
     set ("LANG", "pt_BR.UTF-8");
     EXPECT_EQ (getPreferredLanguage(), "pt-BR");
@@ -24,7 +24,7 @@ TEST_F (LocalisedUser, IsSpokenToInTheirLanguage)
     EXPECT_EQ (juce::translate ("Save"), "Salvar");
 }
 
-TEST_F (LocalisedUser, IsSpokenToInEnglishIfWeDoNotSpeakTheirFirstLanguage)
+TEST_F (LocalisedUser, GetsEnglishIfTheirFirstLanguageIsNotTranslated)
 {
     set ("LANGUAGE", "de:fr");
     set ("LANG", "fr_FR.UTF-8");
@@ -36,7 +36,7 @@ TEST_F (LocalisedUser, IsSpokenToInEnglishIfWeDoNotSpeakTheirFirstLanguage)
     EXPECT_EQ (juce::translate ("Save"), "Save");
 }
 
-TEST_F (LocalisedUser, IsSpokenToInTheLanguageOfMessagesWhateverTheRegion)
+TEST_F (LocalisedUser, GetsTheLanguageOfMessagesWhateverTheRegion)
 {
     set ("LANG", "en_US.UTF-8");
     set ("LC_ADDRESS", "fr_FR.UTF-8");
@@ -52,7 +52,7 @@ TEST_F (LocalisedUser, KeepsTheHostsOwnLocaleAndItsDecimalPoint)
     EXPECT_STREQ (std::localeconv()->decimal_point, ".");
 }
 
-TEST_F (LocalisedUser, WithoutALocaleIsSpokenToInEnglish)
+TEST_F (LocalisedUser, GetsEnglishWithoutALocale)
 {
     EXPECT_EQ (getPreferredLanguage(), "");
 

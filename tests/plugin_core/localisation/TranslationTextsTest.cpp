@@ -82,7 +82,7 @@ TEST (TranslationTexts, HaveEnglishValuesEqualToTheirKeys)
             EXPECT_EQ (key, value);
 }
 
-TEST (TranslationTexts, OfTheProductHoldTheUpdateNoticeAgain)
+TEST (TranslationTexts, HoldTheUpdateNoticeInBothSets)
 {
     for (const auto& set : getTranslationSets())
         for (const auto* const key : { "An update is available", "proceed to download page", "close" })
@@ -159,7 +159,8 @@ TEST (TranslationTexts, DifferFromOneLanguageToTheNext)
 //==============================================================================
 namespace
 {
-/** Where the parenthesis that opens at the position closes; literals and their escapes are stepped over. */
+/** The position of the parenthesis that closes the one at the given position; literals and their escapes are
+    skipped. */
 [[nodiscard]] size_t findClosingParenthesis (const std::string& text, size_t open)
 {
     int depth = 0;
@@ -180,8 +181,8 @@ namespace
     return text.size();
 }
 
-/** The literals that a source gives to juce::translate, those of a choice between two included. Adjacent
-    literals are one, as for the compiler. */
+/** The literals that a source gives to juce::translate, including both of a conditional expression. Adjacent
+    literals count as one, as for the compiler. */
 [[nodiscard]] juce::StringArray collectLiterals (const juce::String& source)
 {
     static const std::regex call ("(?:\\btranslate|\\bTRANS) *\\(");

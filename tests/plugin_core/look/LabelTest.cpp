@@ -43,7 +43,7 @@ TEST_F (LabelTest, TheSizeClassGivesHeightAndFace)
     EXPECT_EQ (font().getTypefacePtr(), window.style.getFont (Face::semiBold).getTypefacePtr());
 }
 
-TEST_F (LabelTest, TheFactorAloneStandsForClassTwo)
+TEST_F (LabelTest, AFactorWithoutAClassMeansClassTwo)
 {
     set (styleProperty::fontScale, 2.0);
     EXPECT_FLOAT_EQ (font().getHeight(), 33.0f);
@@ -69,7 +69,7 @@ TEST_F (LabelTest, TextIsNeverHigherThanItsLabel)
     EXPECT_GE (font().getHeight(), 1.0f);
 }
 
-TEST_F (LabelTest, TurnedTextIsBoundedByTheLabelsWidth)
+TEST_F (LabelTest, RotatedTextIsLimitedByTheLabelsWidth)
 {
     set (styleProperty::cat, 0);
     set (styleProperty::vertical, true);
@@ -77,7 +77,7 @@ TEST_F (LabelTest, TurnedTextIsBoundedByTheLabelsWidth)
     EXPECT_FLOAT_EQ (font().getHeight(), 12.0f);
 }
 
-TEST_F (LabelTest, TurnedTextRunsUpwardsInsideItsLabel)
+TEST_F (LabelTest, RotatedTextRunsUpwardsInsideItsLabel)
 {
     label.setText ("Upwards", juce::dontSendNotification);
     label.setJustificationType (juce::Justification::centredLeft);
@@ -106,7 +106,7 @@ TEST_F (LabelTest, AllOfAShortTextFitsAtEveryWindowWidth)
     }
 }
 
-TEST_F (LabelTest, DisabledTextStandsAtFortyPercent)
+TEST_F (LabelTest, DisabledTextIsDrawnAtFortyPercent)
 {
     set (styleProperty::cat, 0);
     label.setText ("HHHH", juce::dontSendNotification);
@@ -128,7 +128,7 @@ TEST_F (LabelTest, DisabledTextStandsAtFortyPercent)
     EXPECT_NEAR (strongest(), 102, 1);
 }
 
-TEST_F (LabelTest, GroundAndFrameArePaintedInTheLabelsColours)
+TEST_F (LabelTest, BackgroundAndFrameArePaintedInTheLabelsColours)
 {
     label.setText ({}, juce::dontSendNotification);
     label.setColour (juce::Label::backgroundColourId, juce::Colours::navy);
@@ -140,7 +140,7 @@ TEST_F (LabelTest, GroundAndFrameArePaintedInTheLabelsColours)
     EXPECT_EQ (image.getPixelAt (399, 99), juce::Colours::red);
 }
 
-TEST_F (LabelTest, TheFrameWhileItIsBeingEditedIsThatOfAFocusedField)
+TEST_F (LabelTest, AnEditedLabelHasTheFrameOfAFocusedField)
 {
     ASSERT_TRUE (window.style.isColourSpecified (juce::Label::outlineWhenEditingColourId));
     EXPECT_EQ (window.style.findColour (juce::Label::outlineWhenEditingColourId),

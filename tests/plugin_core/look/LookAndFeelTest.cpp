@@ -126,7 +126,7 @@ TEST (FilledPathButtonTest, ThePathIsFilledInTheColourOfTheState)
     }
 }
 
-/** A path button whose mouse animation stands still at a given time. */
+/** A path button with its mouse animation fixed at a given time. */
 struct AnimatedPathButton final : public FilledPathButton, public GenericComponentAnimator
 {
     using FilledPathButton::FilledPathButton;
@@ -159,7 +159,7 @@ TEST (FilledPathButtonTest, ATurningButtonIsTurnedByItsAnimation)
     button.getProperties().set (styleProperty::rotate, true);
     EXPECT_TRUE (isLying()) << "a quarter of the time is a quarter of a turn";
     button.getProperties().set (styleProperty::animateOnMouseDown, true);
-    EXPECT_FALSE (isLying()) << "now it turns with the press, not with the mouse's coming";
+    EXPECT_FALSE (isLying()) << "now it turns at a press, not when the mouse enters";
     button.times.state = State::pressed;
     button.times.elapsed[size_t (State::pressed)] = 270;
     button.times.durations[size_t (State::pressed)] = 360;

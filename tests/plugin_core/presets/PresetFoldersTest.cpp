@@ -15,7 +15,7 @@ namespace
 
 const ProductInfo product { "Orlo", "Morlek", "1.2.1", 2025 };
 
-TEST (PresetFolders, LieBelowTheCompanyAndTheProductAndAreMade)
+TEST (PresetFolders, LieBelowTheCompanyAndTheProductAndAreCreated)
 {
     const orlo::test::TemporaryFolder base;
     const auto system = base.get().getChildFile ("system");
@@ -32,7 +32,7 @@ TEST (PresetFolders, LieBelowTheCompanyAndTheProductAndAreMade)
         EXPECT_TRUE (root.isDirectory()) << root.getFullPathName();
 }
 
-TEST (PresetFolders, ThatCannotBeMadeAreNamedAllTheSame)
+TEST (PresetFolders, ThatCannotBeCreatedAreReturnedAnyway)
 {
     const orlo::test::TemporaryFolder base;
     const orlo::test::ReadOnlyFolder readOnly (base.get());
@@ -60,7 +60,7 @@ TEST (PresetFolders, OnLinuxAreTheUsersConfigurationAndTheInstalledData)
                home.getSystemDataFolder().getChildFile ("Morlek/Orlo/presets").getFullPathName());
 }
 
-TEST (PresetFolders, OnLinuxADataFolderWithoutTheProductIsPassedBy)
+TEST (PresetFolders, OnLinuxADataFolderWithoutTheProductIsSkipped)
 {
     const orlo::test::TemporaryHome home;
     ASSERT_TRUE (home.getSystemDataFolder().getChildFile ("Morlek").deleteRecursively());

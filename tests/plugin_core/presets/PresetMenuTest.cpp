@@ -93,8 +93,8 @@ TEST_F (PresetMenuTest, DoesNotSaveToAFactoryPreset)
 }
 
 #if JUCE_LINUX
-/** Lets the system answer what may be written as for a user without rights, even if the tests run with all of
-    them. */
+/** Makes the system answer what may be written as for an ordinary user, even if the tests run with the rights
+    of root. */
 struct WithoutRights
 {
     WithoutRights() { EXPECT_TRUE (! isRoot || setresuid (nobody, nobody, 0) == 0); }
@@ -126,7 +126,7 @@ TEST_F (PresetMenuTest, DoesNotMakeTheNeutralStateTheDefault)
 }
 
 //==============================================================================
-TEST_F (PresetMenuTest, CountsTwelvePresetsAndAFolderOfThreeFrom7To21)
+TEST_F (PresetMenuTest, NumbersTwelvePresetsAndAFolderOfThreeFrom7To21)
 {
     for (int i = 1; i <= 12; ++i)
         static_cast<void> (writePreset ("Bass " + juce::String (i) + ".mkpreset"));
@@ -138,7 +138,7 @@ TEST_F (PresetMenuTest, CountsTwelvePresetsAndAFolderOfThreeFrom7To21)
     const auto rows = presetRows (menu);
     ASSERT_EQ (rows.size(), 16u);
 
-    // Names are compared as people do: by number, not minding capitals, folders among the files.
+    // Names are in natural order: by the values of numbers, ignoring case, with folders among the files.
     juce::StringArray texts;
     int nextId = PresetMenu::firstPreset;
 
@@ -236,7 +236,7 @@ TEST_F (PresetMenuTest, LeavesOutWhatIsHiddenAndWhatIsNoPreset)
     EXPECT_EQ (presetRows (makeMenu()), (std::vector<MenuRow> { { 7, "one" } }));
 }
 
-TEST_F (PresetMenuTest, ListsAUsersPresetOfTheNameOfTheNeutralOne)
+TEST_F (PresetMenuTest, ListsAUsersPresetNamedLikeTheNeutralOne)
 {
     ASSERT_TRUE (presets.getInitFile().replaceWithText ("x"));
     static_cast<void> (writePreset (presets.getInitFile().getFileName()));
@@ -258,7 +258,7 @@ TEST_F (PresetMenuTest, EndsAtALinkThatLeadsBackUp)
 }
 #endif
 
-TEST_F (PresetMenuTest, SeesWhatTheDiskHoldsAtEachOpening)
+TEST_F (PresetMenuTest, ReadsTheDiskAtEachOpening)
 {
     const auto file = writePreset ("one.mkpreset");
     const auto before = makeMenu();

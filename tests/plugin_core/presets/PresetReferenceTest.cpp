@@ -58,7 +58,7 @@ TEST (PresetReference, AFileOutsideAllFoldersHasNoRootAndAnEmptyPath)
     EXPECT_EQ (reference.resolve (folders), juce::File());
 }
 
-TEST (PresetReference, ComesBackFromItsAttributes)
+TEST (PresetReference, IsReadBackFromItsAttributes)
 {
     const auto folders = makeFolders();
 

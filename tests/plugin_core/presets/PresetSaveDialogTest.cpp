@@ -16,9 +16,9 @@ class PresetSaveDialog : public testing::Test
 protected:
     void SetUp() override
     {
-        // Such a box is another program's window.
+        // The system's dialog belongs to another program, so the test cannot operate it.
         if (juce::FileChooser::isPlatformDialogAvailable())
-            GTEST_SKIP() << "the system has a box of its own";
+            GTEST_SKIP() << "the system has a dialog of its own";
 
         processor->applyInitialSettings();
         processor->setValue ("floor", -31.0f);
@@ -43,14 +43,14 @@ protected:
         button->triggerClick();
     }
 
-    /** Clicks with the real mouse. False if it does not get to the component. */
+    /** Clicks with the real mouse. False if it does not reach the component. */
     [[nodiscard]] static bool click (juce::Component& component)
     {
         const auto mouse = juce::Desktop::getInstance().getMainMouseSource();
         const auto target = component.localPointToGlobal (component.getLocalBounds().getCentre());
 
-        // From beside it, and more than once: a mouse that stood there already when the window opened would
-        // not have moved.
+        // The mouse may have been here already when the window opened; moving it here again would then cause no
+        // event. So it comes from beside, and more than once.
         const auto isThere = pumpUntil (
             [&, tries = 0]() mutable
             {
@@ -96,7 +96,7 @@ protected:
                && click (*button);
     }
 
-    /** Waits for the box that asks whether to overwrite, and clicks on a button of it. */
+    /** Waits for the dialog that asks whether to overwrite, and clicks on one of its buttons. */
     [[nodiscard]] static bool answer (const juce::String& text)
     {
         return pumpUntil ([] { return ! findWindows<juce::AlertWindow>().empty(); })
@@ -135,7 +135,7 @@ TEST_F (PresetSaveDialog, ShowsTheUsersPresetsUnderItsTitle)
     EXPECT_FALSE (browser.isFileSuitable (browser.getRoot().getChildFile ("a.txt")));
 }
 
-TEST_F (PresetSaveDialog, SavesWhereTheUserSaysAndReloads)
+TEST_F (PresetSaveDialog, SavesWhereTheUserChoosesAndReloads)
 {
     getPresets().savePresetAs (true);
     choose (*findWindows<Box>().front(), "Mine.mkpreset");
@@ -162,7 +162,7 @@ TEST_F (PresetSaveDialog, AsksBeforeItOverwrites)
     EXPECT_EQ (file.loadFileAsString(), content);
 }
 
-TEST_F (TypedPresetName, GetsTheExtensionByItself)
+TEST_F (TypedPresetName, GetsTheExtensionAutomatically)
 {
     ASSERT_TRUE (saveAs ("mine"));
     const auto file = getPresets().getUserFolder().getChildFile ("mine.mkpreset");
@@ -195,7 +195,7 @@ TEST_F (TypedPresetName, OfAPresetThatIsThereAsksAndLeavesItAsItIs)
     EXPECT_EQ (getPresets().getUserFolder().getNumberOfChildFiles (juce::File::findFiles), 1);
 }
 
-TEST_F (TypedPresetName, LeavesNoQuestionBehindWhenThePlugInGoes)
+TEST_F (TypedPresetName, ClosesItsQuestionWhenThePlugInIsDeleted)
 {
     static_cast<void> (processor->writePreset ("mine.mkpreset", {}));
     ASSERT_TRUE (saveAs ("mine"));
@@ -213,14 +213,14 @@ TEST_F (PresetSaveDialog, SavesNothingIfItIsDismissed)
     EXPECT_EQ (getPresets().getUserFolder().getNumberOfChildFiles (juce::File::findFilesAndDirectories), 0);
 }
 
-TEST_F (PresetSaveDialog, ASecondOneTakesThePlaceOfTheFirst)
+TEST_F (PresetSaveDialog, ASecondOneReplacesTheFirst)
 {
     getPresets().savePresetAs (true);
     getPresets().savePresetAs (true);
     EXPECT_EQ (findWindows<Box>().size(), 1u);
 }
 
-TEST_F (PresetSaveDialog, GoesWithThePlugIn)
+TEST_F (PresetSaveDialog, ClosesWhenThePlugInIsDeleted)
 {
     getPresets().savePresetAs (true);
     processor.reset();

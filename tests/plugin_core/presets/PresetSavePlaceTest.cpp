@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// Where the dialog to save a preset begins, and what becomes of the file chosen in it.
+// Where the dialog to save a preset opens, and what happens to the file chosen in it.
 #include "plugin_core/presets/PresetsManager.h"
 
 #include "tests/support/TemporaryFolder.h"

@@ -23,7 +23,7 @@ protected:
                                       { { "floor", floor.toRawUTF8() }, { "choice", choice.toRawUTF8() } });
     }
 
-    /** What the parameter state's timer does every now and then. */
+    /** Does what the parameter state's timer does periodically. */
     void flush() { processor.getParameterState().copyState(); }
 
     TestProcessor processor;
@@ -76,7 +76,7 @@ TEST_F (PresetUndoTest, AMoveAfterTheLoadIsUndoneWithIt)
     EXPECT_TRUE (presets.isDirty());
 }
 
-TEST_F (PresetUndoTest, TheFirstLoadGoesBackToNoPreset)
+TEST_F (PresetUndoTest, UndoOfTheFirstLoadSelectsNoPreset)
 {
     ASSERT_TRUE (presets.loadPresetFile (makePreset (1), &undo));
     ASSERT_TRUE (undo.undo());
@@ -84,7 +84,7 @@ TEST_F (PresetUndoTest, TheFirstLoadGoesBackToNoPreset)
     EXPECT_FLOAT_EQ (processor.getValue ("floor"), -100.0f);
 }
 
-TEST_F (PresetUndoTest, ThirtyLoadsGoBackOneByOneAndForthAgain)
+TEST_F (PresetUndoTest, ThirtyLoadsAreUndoneOneByOneAndRedone)
 {
     constexpr int numLoads = 30;
 
@@ -153,7 +153,7 @@ TEST_F (PresetUndoTest, TheHistoryHoldsThirtyThousandUnitsAndThirtyStepsInAnyCas
     EXPECT_EQ (countSteps (40, 10000), 30);
 }
 
-TEST_F (PresetUndoTest, AMoveBetweenTwoLoadsIsAPartOfTheFirstStep)
+TEST_F (PresetUndoTest, AMoveBetweenTwoLoadsIsPartOfTheFirstStep)
 {
     ASSERT_TRUE (presets.loadPresetFile (makePreset (1), &undo));
     processor.setValue ("floor", -77.0f);
@@ -165,13 +165,13 @@ TEST_F (PresetUndoTest, AMoveBetweenTwoLoadsIsAPartOfTheFirstStep)
     EXPECT_FLOAT_EQ (processor.getValue ("floor"), -100.0f);
 }
 
-TEST_F (PresetUndoTest, AFileThatCannotBeReadIsNoStep)
+TEST_F (PresetUndoTest, AFileThatCannotBeReadAddsNoStep)
 {
     EXPECT_FALSE (presets.loadPresetFile (presets.getUserFolder().getChildFile ("missing.mkpreset"), &undo));
     EXPECT_FALSE (undo.canUndo());
 }
 
-TEST_F (PresetUndoTest, AFileThatHasGoneEndsTheWayForth)
+TEST_F (PresetUndoTest, ADeletedFileEndsTheRedoHistory)
 {
     const auto file = makePreset (1);
     ASSERT_TRUE (presets.loadPresetFile (file, &undo));
@@ -183,7 +183,7 @@ TEST_F (PresetUndoTest, AFileThatHasGoneEndsTheWayForth)
     EXPECT_FALSE (undo.canRedo());
 }
 
-TEST_F (PresetUndoTest, UndoRefreshesTheKeptCopiesAsPresets)
+TEST_F (PresetUndoTest, UndoRefreshesBothStateCopiesAsPresets)
 {
     auto& state = processor.getSessionState();
     ASSERT_TRUE (presets.loadPresetFile (makePreset (1), &undo));
@@ -204,7 +204,7 @@ TEST_F (PresetUndoTest, ALockedParameterStaysThroughUndo)
     EXPECT_FLOAT_EQ (processor.getValue ("choice"), 1.0f);
 }
 
-TEST_F (PresetUndoTest, ARestoredSessionIsNoStepToUndo)
+TEST_F (PresetUndoTest, ARestoredSessionAddsNoStepToUndo)
 {
     ASSERT_TRUE (presets.loadPresetFile (makePreset (1), &undo));
     processor.restore (*processor.makeSession ({ { "floor", "-40" } }));

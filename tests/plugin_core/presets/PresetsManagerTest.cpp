@@ -18,7 +18,7 @@ namespace mk::orlo::test
 namespace
 {
 
-/** Writes down what the manager tells. */
+/** Records the callbacks of the manager. */
 struct Notifications final : pluginCore::PresetsManager::Listener
 {
     explicit Notifications (pluginCore::PresetsManager& managerToWatch) : manager (managerToWatch)
@@ -194,7 +194,7 @@ TEST_F (PresetsManagerTest, APresetBringsNothingThatBelongsToASession)
     EXPECT_FALSE (presets.isDirty());
 }
 
-TEST_F (PresetsManagerTest, ALockedParameterSurvivesEveryPresetInitIncluded)
+TEST_F (PresetsManagerTest, ALockedParameterSurvivesEveryPresetIncludingInit)
 {
     processor.getSessionState().setLockedParams ({ "floor", "ceiling" });
     processor.setValue ("floor", -31.0f);
@@ -227,7 +227,7 @@ TEST_F (PresetsManagerTest, ALoadAsksTheAudioThreadToReset)
 }
 
 //==============================================================================
-TEST_F (PresetsManagerTest, TheFirstMoveAfterALoadSetsTheFlagAndFurtherOnesSayNothing)
+TEST_F (PresetsManagerTest, TheFirstMoveAfterALoadSetsTheFlagAndFurtherOnesReportNothing)
 {
     ASSERT_TRUE (presets.loadPresetFile (processor.writePreset ("a.mkpreset", {}), nullptr));
     const Notifications notifications (presets);
@@ -317,10 +317,10 @@ TEST_F (PresetsManagerTest, AFailedSaveOverAnOlderPresetKeepsTheUsersSettings)
     }
 
     EXPECT_FLOAT_EQ (processor.getValue ("floor"), -31.0f);
-    EXPECT_TRUE (presets.isDirty()) << "nothing holds these settings yet";
+    EXPECT_TRUE (presets.isDirty()) << "these settings are not saved yet";
 }
 
-TEST_F (PresetsManagerTest, AFailedSaveLeavesTheOldFileAndNamesItAllTheSame)
+TEST_F (PresetsManagerTest, AFailedSaveLeavesTheOldFileButSelectsTheNewOne)
 {
     const auto file = presets.getUserFolder().getChildFile ("Saved.mkpreset");
     presets.savePresetFile (file, false);

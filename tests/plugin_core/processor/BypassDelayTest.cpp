@@ -50,7 +50,7 @@ TEST (BypassDelay, DelaysEveryChannelByTheLatency)
     EXPECT_EQ (channel (second, 1), (Values { 102, 103, 104, 105 }));
 }
 
-TEST (BypassDelay, ALatencyBeyondItsRoomIsCutToIt)
+TEST (BypassDelay, ALatencyBeyondTheBufferIsClampedToIt)
 {
     BypassDelay delay;
     delay.prepare ({ 48000.0, 8, 2 }, 0);

@@ -42,7 +42,7 @@ TEST_F (InitialSettingsTest, TheDefaultPresetIsLoadedAndLeavesNothingToUndoOrSav
     EXPECT_FALSE (processor.getUndoManager().canUndo());
 }
 
-TEST_F (InitialSettingsTest, ADefaultPresetThatHasGoneLeavesTheDefaultsAndTheSetting)
+TEST_F (InitialSettingsTest, ADeletedDefaultPresetLeavesTheDefaultsAndTheSetting)
 {
     const auto* const text = "<defaultPreset root='USER' path='gone.mkpreset'/>";
     setDefaultPreset (text);
@@ -52,7 +52,7 @@ TEST_F (InitialSettingsTest, ADefaultPresetThatHasGoneLeavesTheDefaultsAndTheSet
     EXPECT_EQ (settings.getSettings()[pluginCore::SettingsIds::defaultPreset].toString(), text);
 }
 
-TEST_F (InitialSettingsTest, AnyTextMayStandForTheDefaultPreset)
+TEST_F (InitialSettingsTest, InvalidTextForTheDefaultPresetLoadsNoPreset)
 {
     for (const auto* text : { "",
                               "no XML",

@@ -30,7 +30,7 @@ TEST_F (SessionEditorSizeTest, TheEditorOpensAtTheSizeOfTheSession)
     EXPECT_EQ (editor->getHeight(), 480);
 }
 
-TEST_F (SessionEditorSizeTest, WithoutASizeTheEditorOpensAtTheUsersAndElseAtTheFirstOne)
+TEST_F (SessionEditorSizeTest, WithoutASizeTheEditorOpensAtTheUsersSizeOrElseAtTheFallback)
 {
     const pluginCore::PluginGlobalSettings settings;
     auto tree = settings.getSettings();
@@ -69,7 +69,7 @@ TEST_F (SessionEditorSizeTest, AnOpenEditorStaysAtItsSizeAndTheNextOpensAtTheSes
     EXPECT_EQ (editor->getLocalBounds(), juce::Rectangle<int> (640, 480));
 }
 
-TEST_F (SessionEditorSizeTest, AnAbsurdSizeIsCutToTheEditorsLimitsOrToTheDisplay)
+TEST_F (SessionEditorSizeTest, AnAbsurdSizeIsClampedToTheEditorsLimitsOrToTheDisplay)
 {
     restoreText ("<TestPlugin1 pluginEditorWidth='2147483647' pluginEditorHeight='99999999999'/>");
     const std::unique_ptr<juce::AudioProcessorEditor> editor (processor.createEditor());

@@ -49,7 +49,7 @@ TEST_F (SessionTest, AFreshInstanceWritesTheShortestDocument)
         "<PARAM id=\"choice\" value=\"1.0\"/><PARAM id=\"flag\" value=\"0.0\"/></PARAMS><Settings/></TestPlugin1>");
 }
 
-TEST_F (SessionTest, TheChildrenStandInTheirOrder)
+TEST_F (SessionTest, TheChildrenAreInAFixedOrder)
 {
     const auto file = processor.writePreset ("sub/a.mkpreset", {});
     ASSERT_TRUE (presets.loadPresetFile (file, nullptr));
@@ -111,7 +111,7 @@ TEST_F (SessionTest, EverythingComesBackInAnotherInstance)
     EXPECT_EQ (other.getSessionState().getLockedParams(), (juce::StringArray { "flag", "ceiling" }));
 }
 
-TEST_F (SessionTest, ASizeThatTheSessionLacksIsNone)
+TEST_F (SessionTest, AMissingSizeIsReadAsMinusOne)
 {
     state.pluginEditorWidth = 640;
     state.pluginEditorHeight = 480;
@@ -121,7 +121,7 @@ TEST_F (SessionTest, ASizeThatTheSessionLacksIsNone)
     EXPECT_FALSE (getSession (processor)->hasAttribute ("pluginEditorWidth"));
 }
 
-TEST_F (SessionTest, WhatTheDocumentLacksStays)
+TEST_F (SessionTest, WhatTheDocumentLacksIsLeftUnchanged)
 {
     processor.setValue ("floor", -7.5f);
     state.getSettings().getTree().setProperty ("a", "b", nullptr);
@@ -135,7 +135,7 @@ TEST_F (SessionTest, WhatTheDocumentLacksStays)
     EXPECT_EQ (presets.getCurrentPresetFile(), preset);
 }
 
-TEST_F (SessionTest, TheVersionIsNotRead)
+TEST_F (SessionTest, TheVersionIsIgnored)
 {
     restoreText ("<TestPlugin1 version='99.9'><PARAMS><PARAM id='floor' value='-3'/></PARAMS></TestPlugin1>");
     EXPECT_FLOAT_EQ (processor.getValue ("floor"), -3.0f);
@@ -163,7 +163,7 @@ TEST_F (SessionTest, AMissingListOfLockedParametersLocksNone)
 }
 
 //==============================================================================
-TEST_F (SessionTest, WithoutADocumentNothingChangesButTheMarkOfARestore)
+TEST_F (SessionTest, InvalidDataChangesNothingButCountsAsARestore)
 {
     processor.setValue ("floor", -7.5f);
     state.setLockedParams ({ "flag" });
@@ -185,7 +185,7 @@ TEST_F (SessionTest, WithoutADocumentNothingChangesButTheMarkOfARestore)
     EXPECT_EQ (processor.numResets, 0);
 }
 
-TEST_F (SessionTest, OfAnotherProductsSessionOnlyPresetAndLocksAreTaken)
+TEST_F (SessionTest, AnotherProductsSessionSetsOnlyPresetAndLocks)
 {
     processor.setValue ("floor", -7.5f);
     state.pluginEditorWidth = 640;
@@ -202,7 +202,7 @@ TEST_F (SessionTest, OfAnotherProductsSessionOnlyPresetAndLocksAreTaken)
     EXPECT_FALSE (processor.setStateFromXml (juce::XmlElement ("Other"), true));
 }
 
-TEST_F (SessionTest, APresetThatHasGoneIsStillReferredTo)
+TEST_F (SessionTest, ADeletedPresetIsStillReferredTo)
 {
     restoreText ("<TestPlugin1><PARAMS><PARAM id='floor' value='-3'/></PARAMS>"
                  "<lastPreset root='DESIGNER' path='gone/x.mkpreset' dirty='1'/></TestPlugin1>");
@@ -245,7 +245,7 @@ TEST_F (SessionTest, TheDirtyFlagIsReadByItsFirstCharacter)
         EXPECT_FALSE (restoreFlag (text)) << text;
 }
 
-TEST_F (SessionTest, RestoringTellsTheListenersOfAChangedFlagAndOfTheLocks)
+TEST_F (SessionTest, RestoringNotifiesTheListenersOfAChangedFlagAndOfTheLocks)
 {
     struct Listener final : pluginCore::PresetsManager::Listener
     {
@@ -290,7 +290,7 @@ TEST_F (SessionTest, RestoringDoesNotMakeThePresetDirty)
     EXPECT_TRUE (presets.isDirty());
 }
 
-TEST_F (SessionTest, WhileASessionIsBeingRestoredThePlugInSaysSo)
+TEST_F (SessionTest, ThePlugInReportsThatItIsLoadingOnlyWhileItRestores)
 {
     struct Listener final : juce::AudioProcessorParameter::Listener
     {

@@ -16,7 +16,7 @@ namespace
 
 constexpr int numRounds = 200;
 
-/** Runs work on a thread of its own a number of times, and counts itself out at the end. */
+/** Runs work a number of times on a thread of its own, and decrements the count of running threads at the end. */
 class Worker
 {
 public:
@@ -79,7 +79,8 @@ TEST (SessionThreads, AHostRestoresSavesPlaysAndEditsAtTheSameTime)
     const auto second = makeSession (processor, "-20.0");
     std::atomic<int> numRunning { 4 }, numMixed { 0 };
 
-    // Odd while an undo is under way: that goes back value by value, and what is saved meanwhile may lie between.
+    // Odd while an undo is running. An undo restores one value after the other, so a save meanwhile may mix
+    // both states.
     std::atomic<int> undoSteps { 0 };
 
     {
@@ -133,7 +134,7 @@ TEST (SessionThreads, AHostRestoresSavesPlaysAndEditsAtTheSameTime)
 
     EXPECT_EQ (numMixed, 0);
 
-    // Whoever comes last wins as a whole.
+    // The last restore wins with all its values.
     std::thread ([&] { processor.restore (*second); }).join();
     juce::MemoryBlock blob;
     processor.getStateInformation (blob);
@@ -145,7 +146,7 @@ TEST (SessionThreads, AHostRestoresSavesPlaysAndEditsAtTheSameTime)
     EXPECT_FALSE (undo.canUndo());
 }
 
-TEST (SessionThreads, AHostMaySaveInAnswerToAMoveWhileAnotherThreadRestores)
+TEST (SessionThreads, AHostMaySaveInAParameterCallbackWhileAnotherThreadRestores)
 {
     struct SavingHost final : juce::AudioProcessorParameter::Listener
     {

@@ -72,7 +72,7 @@ TEST_F (GlobalSettings, HaveTheOptionsThatFilesInUseWereWrittenWith)
     EXPECT_EQ (options.processLock, nullptr);
 }
 
-TEST_F (GlobalSettings, SpellTheirKeysAsTheyStandInTheFile)
+TEST_F (GlobalSettings, SpellTheirKeysAsInTheFile)
 {
     EXPECT_EQ (SettingsIds::settings.toString(), "settings");
     EXPECT_EQ (SettingsIds::defaultPreset.toString(), "defaultPreset");
@@ -97,7 +97,7 @@ TEST_F (GlobalSettings, StartEmptyWithoutAFileAndWriteNoDefaults)
     EXPECT_FALSE (getFile().exists());
 }
 
-TEST_F (GlobalSettings, AreOneTreeForAllHandlesOfTheProcess)
+TEST_F (GlobalSettings, ShareOneTreeAmongAllHandlesOfTheProcess)
 {
     const PluginGlobalSettings first, second;
     const auto copy = second;
@@ -108,7 +108,7 @@ TEST_F (GlobalSettings, AreOneTreeForAllHandlesOfTheProcess)
     EXPECT_EQ (&first.getInnerData(), &copy.getInnerData());
 }
 
-TEST_F (GlobalSettings, AreWrittenWhenTheLastHandleGoesAndNoSooner)
+TEST_F (GlobalSettings, AreWrittenWhenTheLastHandleIsDeletedAndNoSooner)
 {
     std::optional<PluginGlobalSettings> first (std::in_place), second (std::in_place);
     first->getSettings().setProperty (SettingsIds::defaultWidth, "1200", nullptr);
@@ -124,7 +124,7 @@ TEST_F (GlobalSettings, AreWrittenWhenTheLastHandleGoesAndNoSooner)
     EXPECT_EQ (readLater (SettingsIds::defaultHeight), "800");
 }
 
-TEST_F (GlobalSettings, StandInTheFileAsAnElementWithOneAttributePerKey)
+TEST_F (GlobalSettings, AreStoredAsAnElementWithOneAttributePerKey)
 {
     const juce::String path (juce::CharPointer_UTF8 ("/home/caf\xc3\xa9/\"a\" & <b>.png"));
     set (SettingsIds::lastExportFile, path);
@@ -169,14 +169,14 @@ TEST_F (GlobalSettings, ReadAFileWrittenByHand)
     EXPECT_FALSE (handle.getSettings().hasProperty (SettingsIds::defaultWidth));
 }
 
-TEST_F (GlobalSettings, ReadAValueThatStandsInTheAttribute)
+TEST_F (GlobalSettings, ReadATreeFromTheValuesAttribute)
 {
     writeFile (
         "<PROPERTIES><VALUE name=\"settings\" val=\"&lt;settings defaultWidth=&quot;900&quot;/>\"/></PROPERTIES>");
     EXPECT_EQ (readLater (SettingsIds::defaultWidth), "900");
 }
 
-TEST_F (GlobalSettings, KeepReservedWordsAndWhatTheyDoNotKnow)
+TEST_F (GlobalSettings, KeepReservedAndUnknownKeys)
 {
     writeFile ("<PROPERTIES><VALUE name=\"settings\"><settings lastWidth=\"1\" later=\"2\"><child x=\"3\"/></settings>"
                "</VALUE><VALUE name=\"other\" val=\"4\"/></PROPERTIES>");
@@ -207,7 +207,7 @@ TEST_F (GlobalSettings, GoBackToTheirDefaultsWhenTheFileIsDeleted)
 }
 
 //==============================================================================
-TEST_F (GlobalSettings, OfTwoProcessesAreTheLastOnesToClose)
+TEST_F (GlobalSettings, AreThoseOfTheLastProcessToClose)
 {
     std::optional<PluginGlobalSettings::InnerData> first (std::in_place), second (std::in_place);
     first->getSettings().setProperty (SettingsIds::preferedMap, 1, nullptr);
@@ -260,7 +260,7 @@ TEST_F (GlobalSettings, AreNeverSeenHalfWrittenByAnotherProcess)
     EXPECT_GT (numReads, 0);
 }
 
-TEST_F (GlobalSettings, SurviveHandlesThatComeAndGoOnSeveralThreads)
+TEST_F (GlobalSettings, SurviveHandlesCreatedAndDeletedOnSeveralThreads)
 {
     set (SettingsIds::defaultWidth, "1200");
 
@@ -287,12 +287,13 @@ TEST_F (GlobalSettings, SurviveHandlesThatComeAndGoOnSeveralThreads)
     EXPECT_EQ (readLater (SettingsIds::defaultWidth), "1200");
 }
 
-TEST_F (GlobalSettings, LoseNoChangeToAHandleThatIsMadeWhileTheLastOneIsWriting)
+TEST_F (GlobalSettings, LoseNoChangeThroughAHandleCreatedWhileTheLastOneIsWriting)
 {
     constexpr int numRuns = 200;
     std::atomic<bool> finished { false };
 
-    // Makes the other thread's handle the last one, or not, at any moment of it.
+    // Keeps creating a handle, so that the other thread's handle is the last one in some runs and not in
+    // others, at any point of its deletion.
     std::thread other (
         [&finished]
         {

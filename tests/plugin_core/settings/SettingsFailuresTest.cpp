@@ -32,7 +32,7 @@ void expectRun (const juce::File& file, const juce::String& expectedWidth, const
     return folder.getNumberOfChildFiles (juce::File::findFilesAndDirectories);
 }
 
-/** Elements within elements, deeper than any stack. */
+/** Elements nested deeper than any stack allows. */
 [[nodiscard]] std::string nestDeeply()
 {
     std::string text = "<PROPERTIES>";
@@ -94,7 +94,7 @@ TEST (SettingsFailures, KeepABrokenFileBesideTheNewOne)
     EXPECT_TRUE (folder.get().getChildFile ("Orlo.broken").loadFileAsString().contains ("defaultWidth=\"5\""));
 }
 
-TEST (SettingsFailures, ReadNumbersThatAreNoneAsZero)
+TEST (SettingsFailures, ReadMalformedNumbersAsZero)
 {
     const orlo::test::TemporaryFolder folder;
     const auto file = folder.get().getChildFile ("Orlo.settings");
@@ -122,7 +122,7 @@ TEST (SettingsFailures, LeaveAFolderInTheFilesPlaceAlone)
     EXPECT_EQ (countFiles (file.getParentDirectory()), 1);
 }
 
-TEST (SettingsFailures, BearAFileInTheFoldersPlace)
+TEST (SettingsFailures, TolerateAFileInTheFoldersPlace)
 {
     const orlo::test::TemporaryFolder folder;
     ASSERT_TRUE (folder.get().getChildFile ("Morlek").replaceWithText ("in the way"));
@@ -132,7 +132,7 @@ TEST (SettingsFailures, BearAFileInTheFoldersPlace)
 
 #if JUCE_LINUX
 
-TEST (SettingsFailures, BearAHomeThatIsReadOnly)
+TEST (SettingsFailures, TolerateAHomeThatIsReadOnly)
 {
     const orlo::test::TemporaryHome home;
     const auto file = findSettingsFile (InnerData::getOptions());
@@ -147,7 +147,7 @@ TEST (SettingsFailures, BearAHomeThatIsReadOnly)
     EXPECT_FALSE (file.exists());
 }
 
-TEST (SettingsFailures, ReadFromAFolderThatIsReadOnlyAndLoseTheRun)
+TEST (SettingsFailures, ReadFromAFolderThatIsReadOnlyAndLoseTheRunsChanges)
 {
     const orlo::test::TemporaryFolder folder;
     const auto file = folder.get().getChildFile ("Orlo.settings");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// Where the settings lie on Linux, and what becomes of a file in the place where earlier versions put it.
+// Where the settings are on Linux, and what happens to a file in the place where earlier versions put it.
 #include <juce_core/juce_core.h>
 
 #if JUCE_LINUX
@@ -61,13 +61,13 @@ TEST_F (SettingsFileLinux, LiesWhereTheUserWantsTheConfiguration)
     EXPECT_TRUE (elsewhere.get().getChildFile ("Morlek/Orlo/Orlo.settings").existsAsFile());
     EXPECT_EQ (getUserPresetBase(), elsewhere.get());
 
-    // A path that is not whole counts for nothing.
+    // A relative path is ignored.
     setenv ("XDG_CONFIG_HOME", "configuration", 1);
     expectRun ({}, "1000");
     EXPECT_TRUE (file.existsAsFile());
 }
 
-TEST_F (SettingsFileLinux, OfAnEarlierVersionIsTakenOverOnce)
+TEST_F (SettingsFileLinux, OfAnEarlierVersionIsMovedOnce)
 {
     writeFormerFile ("1000");
     expectRun ("1000", "1100");
@@ -79,7 +79,7 @@ TEST_F (SettingsFileLinux, OfAnEarlierVersionIsTakenOverOnce)
     EXPECT_TRUE (formerFile.existsAsFile());
 }
 
-TEST_F (SettingsFileLinux, OfAnEarlierVersionLeavesWhatElseLiesInItsFolders)
+TEST_F (SettingsFileLinux, OfAnEarlierVersionLeavesOtherFilesInItsFolders)
 {
     writeFormerFile ("1000");
     const auto other = home.getFolder().getChildFile ("Morlek/mine.txt");

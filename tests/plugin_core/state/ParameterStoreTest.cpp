@@ -41,7 +41,7 @@ TEST_F (ParameterStoreTest, TheDocumentHoldsEveryParameterInTheOrderOfTheLayout)
                "<PARAM id=\"flag\" value=\"0.0\"/></PARAMS>");
 }
 
-TEST_F (ParameterStoreTest, TheDocumentIsThatOfTheParameterStateItself)
+TEST_F (ParameterStoreTest, TheDocumentEqualsThatOfTheParameterState)
 {
     processor.setValue ("skewed", 3.1f);
     processor.setValue ("floor", -61.7f);
@@ -59,7 +59,7 @@ TEST_F (ParameterStoreTest, TheDocumentIsThatOfTheParameterStateItself)
     }
 }
 
-TEST_F (ParameterStoreTest, EveryValueComesBack)
+TEST_F (ParameterStoreTest, EveryValueIsRestored)
 {
     processor.setValue ("floor", -33.3f);
     processor.setValue ("ceiling", -12.5f);
@@ -84,7 +84,7 @@ TEST_F (ParameterStoreTest, AParameterThatTheDocumentLacksGetsItsDefault)
     EXPECT_FLOAT_EQ (processor.getValue ("choice"), 1.0f);
 }
 
-TEST_F (ParameterStoreTest, WhatIsNoFiniteNumberCountsAsMissing)
+TEST_F (ParameterStoreTest, AValueThatIsNoFiniteNumberCountsAsMissing)
 {
     for (const auto* text : { "nan", "-nan", "inf", "-inf", "1e999", "", "loud", "12dB", "true", "base64:AAAA" })
     {
@@ -93,7 +93,7 @@ TEST_F (ParameterStoreTest, WhatIsNoFiniteNumberCountsAsMissing)
     }
 }
 
-TEST_F (ParameterStoreTest, AValueBeyondTheRangeGetsTheNearestEnd)
+TEST_F (ParameterStoreTest, AValueBeyondTheRangeIsClamped)
 {
     EXPECT_FLOAT_EQ (apply ("floor", "12"), 0.0f);
     EXPECT_FLOAT_EQ (apply ("floor", "-1e300"), -140.0f);
@@ -119,7 +119,7 @@ TEST_F (ParameterStoreTest, UnknownEntriesAreIgnoredAndNotKept)
     EXPECT_EQ (store.createXml()->getNumChildElements(), 5);
 }
 
-TEST_F (ParameterStoreTest, OfTwoEntriesOfOneParameterTheLastOneCounts)
+TEST_F (ParameterStoreTest, TheLastOfTwoEntriesOfOneParameterCounts)
 {
     store.apply (*processor.makeSession ({ { "floor", "-7" }, { "floor", "-8" } })->getChildByName ("PARAMS"), {});
     EXPECT_FLOAT_EQ (processor.getValue ("floor"), -8.0f);
@@ -142,7 +142,7 @@ struct HostEvents final : juce::AudioProcessorParameter::Listener
     std::vector<juce::String> events;
 };
 
-TEST_F (ParameterStoreTest, ALockedParameterKeepsItsValueAndSaysSoByAGesture)
+TEST_F (ParameterStoreTest, ALockedParameterKeepsItsValueAndReportsItInAGesture)
 {
     processor.setValue ("floor", -70.0f);
     const HostEvents floorEvents (processor.getParameter ("floor"));
@@ -157,7 +157,7 @@ TEST_F (ParameterStoreTest, ALockedParameterKeepsItsValueAndSaysSoByAGesture)
     EXPECT_EQ (ceilingEvents.events, (std::vector<juce::String> { "0.50" }));
 }
 
-TEST_F (ParameterStoreTest, LockedParametersSpeakInTheOrderOfTheirList)
+TEST_F (ParameterStoreTest, LockedParametersReportInTheOrderOfTheirList)
 {
     struct Speakers final : juce::AudioProcessorParameter::Listener
     {

@@ -86,7 +86,7 @@ TEST (StateBlob, AZeroOrNegativeLengthIsNoDocument)
     EXPECT_EQ (read (makeBlob (magic, 0xffffffff, "<Orlo/>")), nullptr);
 }
 
-TEST (StateBlob, ABlobThatIsCutWithinItsParametersIsNoDocument)
+TEST (StateBlob, ABlobThatEndsWithinItsParametersIsNoDocument)
 {
     juce::XmlElement xml ("Orlo");
     auto* const parameters = xml.createNewChildElement ("PARAMS");
@@ -102,7 +102,7 @@ TEST (StateBlob, ABlobThatIsCutWithinItsParametersIsNoDocument)
     for (auto size = second; size < last; ++size)
         EXPECT_EQ (read ({ blob.begin(), blob.begin() + int (size) }), nullptr) << size;
 
-    // Without the terminator it is still whole.
+    // A text that lacks only its terminator is still complete.
     EXPECT_NE (read ({ blob.begin(), blob.end() - 1 }), nullptr);
 }
 

@@ -31,7 +31,7 @@ TEST (StateTree, StartsEmptyWithItsType)
     EXPECT_EQ (toText (tree), "<Settings/>");
 }
 
-TEST (StateTree, WhatIsChangedInTheTreeIsInTheDocument)
+TEST (StateTree, ChangesInTheTreeAreInTheDocument)
 {
     const StateTree state ("Settings");
     auto tree = state.getTree();
@@ -48,7 +48,7 @@ TEST (StateTree, WhatIsChangedInTheTreeIsInTheDocument)
     EXPECT_EQ (toText (state), "<Settings a=\"1\"><OTHER/></Settings>");
 }
 
-TEST (StateTree, AReplacementOnTheMessageThreadIsFollowedAtOnce)
+TEST (StateTree, AReplacementOnTheMessageThreadReachesTheTreeAtOnce)
 {
     StateTree state ("Settings");
     const auto tree = state.getTree();
@@ -64,7 +64,7 @@ TEST (StateTree, AReplacementOnTheMessageThreadIsFollowedAtOnce)
     EXPECT_EQ (numCalls, 1);
 }
 
-TEST (StateTree, AReplacementFromAnotherThreadIsReadBackAtOnceAndFollowedLater)
+TEST (StateTree, AReplacementFromAnotherThreadIsReadBackAtOnceAndReachesTheTreeLater)
 {
     StateTree state ("Settings");
     const auto tree = state.getTree();
@@ -86,7 +86,7 @@ TEST (StateTree, AReplacementFromAnotherThreadIsReadBackAtOnceAndFollowedLater)
     EXPECT_EQ (toText (state), readBack);
 }
 
-TEST (StateTree, AWaitingReplacementWinsOverChangesToTheOldTree)
+TEST (StateTree, APendingReplacementWinsOverChangesToTheOldTree)
 {
     StateTree state ("Settings");
     auto tree = state.getTree();
@@ -99,7 +99,7 @@ TEST (StateTree, AWaitingReplacementWinsOverChangesToTheOldTree)
     EXPECT_EQ (tree["colour"].toString(), "blue");
 }
 
-TEST (StateTree, ANewerReplacementOnTheMessageThreadWinsOverAWaitingOne)
+TEST (StateTree, ANewerReplacementOnTheMessageThreadWinsOverAPendingOne)
 {
     StateTree state ("Settings");
     std::thread ([&] { state.replaceContent (makeContent ("blue")); }).join();
@@ -118,7 +118,7 @@ TEST (StateTree, TextBetweenTheTagsIsLeftOut)
     EXPECT_EQ (toText (state), "<Settings a=\"1\"><CHILD><SUB/></CHILD></Settings>");
 }
 
-TEST (StateTree, ChangesMadeWhileTheReplacementIsFollowedAreKept)
+TEST (StateTree, ChangesMadeWhileTheReplacementReachesTheTreeAreKept)
 {
     struct Repairer final : juce::ValueTree::Listener
     {
@@ -138,7 +138,7 @@ TEST (StateTree, ChangesMadeWhileTheReplacementIsFollowedAreKept)
     EXPECT_TRUE (toText (state).contains ("repaired"));
 }
 
-TEST (StateTree, MayGoWhileAReplacementWaits)
+TEST (StateTree, MayBeDeletedWhileAReplacementIsPending)
 {
     auto called = false;
 

@@ -26,14 +26,14 @@ TEST (ColourLookup, AsksTheComponentThenItsLookThenTakesTheFallback)
     component.setLookAndFeel (nullptr);
 }
 
-TEST (ColourLookup, TakesWhatOurOwnLookWouldSet)
+TEST (ColourLookup, FallsBackToTheColoursOfOurOwnLook)
 {
     constexpr std::array<ColourSetting, 2> settings { { { 0x7654321, 0xff102030 }, { 0x7654322, 0xff405060 } } };
     juce::LookAndFeel_V4 look;
     juce::Component component;
     component.setLookAndFeel (&look);
     EXPECT_EQ (findColourOr (component, settings[1].id, settings).getARGB(), settings[1].argb);
-    EXPECT_TRUE (findColourOr (component, 0x7654323, settings).isTransparent()) << "an id of nobody";
+    EXPECT_TRUE (findColourOr (component, 0x7654323, settings).isTransparent()) << "an unknown id";
 
     look.setColour (settings[1].id, juce::Colours::green);
     EXPECT_EQ (findColourOr (component, settings[1].id, settings), juce::Colours::green);

@@ -26,7 +26,7 @@ constexpr const char* letters[] {
     "‘’“”–—…·°©×€£",
 };
 
-TEST (FontsTest, EachFaceIsTheOneThatTheProgramCarries)
+TEST (FontsTest, EachFaceIsTheEmbeddedOne)
 {
     const LookAndFeel style;
     EXPECT_EQ (style.getFont (Face::semiBold).getTypefacePtr()->getName(), "Barlow");
@@ -61,14 +61,14 @@ TEST (FontsTest, EveryLetterOfTheFiveLanguagesHasAGlyphInEveryFace)
     }
 }
 
-TEST (FontsTest, ALetterThatIsMissingWouldBeFound)
+TEST (FontsTest, AMissingLetterIsDetected)
 {
     const LookAndFeel style;
     const auto typeface = style.getFont (Face::semiBold).getTypefacePtr();
     EXPECT_FALSE (typeface->getNominalGlyphForCodepoint (0x4E2D).has_value());
 }
 
-TEST (FontsTest, FiguresOfTheMonospacedFaceAreAllAsWide)
+TEST (FontsTest, DigitsOfTheMonospacedFaceHaveTheSameWidth)
 {
     const LookAndFeel style;
     const auto font = style.getFont (Face::monospaced).withHeight (20.0f);
@@ -88,7 +88,7 @@ TEST (FontsTest, TitlesAndHeadingsAreBoldAndScalesMonospaced)
     EXPECT_EQ (LookAndFeel::getFaceForCategory (7), Face::semiBold);
 }
 
-TEST (FontsTest, TextThatNamesNoFaceIsSetInTheProgramsOwn)
+TEST (FontsTest, TextWithoutAFaceIsSetInTheProgramsOwn)
 {
     LookAndFeel style;
     const auto plain = style.getTypefaceForFont (juce::FontOptions (20.0f));

@@ -26,13 +26,13 @@ TEST (MouseFadeTest, HoverFadesInAndOut)
     EXPECT_FLOAT_EQ (mouseFade::hoverFactor (timesAt (State::left, 400, 160), false), 0.0f);
 }
 
-TEST (MouseFadeTest, AFadeWithoutADurationIsOverAtOnce)
+TEST (MouseFadeTest, AFadeWithoutADurationEndsAtOnce)
 {
     EXPECT_FLOAT_EQ (mouseFade::hoverFactor (timesAt (State::entered, 0, 0), true), 1.0f);
     EXPECT_FLOAT_EQ (mouseFade::hoverFactor (timesAt (State::left, 0, 0), false), 0.0f);
 }
 
-TEST (MouseFadeTest, WhenNoFadeRunsTheMouseDecides)
+TEST (MouseFadeTest, WithoutAFadeTheMousePositionDecides)
 {
     for (const auto state : { State::idle, State::pressed, State::released, State::clicked })
     {
@@ -41,13 +41,13 @@ TEST (MouseFadeTest, WhenNoFadeRunsTheMouseDecides)
     }
 }
 
-TEST (MouseFadeTest, AComponentWithoutAnAnimationIsEitherOrNot)
+TEST (MouseFadeTest, AComponentWithoutAnAnimationDoesNotFade)
 {
     const juce::Component component;
     EXPECT_FLOAT_EQ (mouseFade::hoverFactor (component), 0.0f);
 }
 
-TEST (MouseFadeTest, ATurnIsAFullOneAndEndsWhereItBegan)
+TEST (MouseFadeTest, ATurnIsAFullRotationAndEndsWhereItBegan)
 {
     EXPECT_FLOAT_EQ (mouseFade::turnAngle (timesAt (State::entered, 0, 200), false), 0.0f);
     EXPECT_FLOAT_EQ (mouseFade::turnAngle (timesAt (State::entered, 100, 200), false), 6.2831855f * 0.5f);

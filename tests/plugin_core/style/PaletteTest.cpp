@@ -73,9 +73,9 @@ TEST (PaletteTest, ARaisedColourHasEachChannelMovedTowardsItsInverse)
     EXPECT_EQ (raised (juce::Colour (0x80102030)).getARGB(), 0x801E2D3Cu);
 }
 
-TEST (PaletteTest, TextCanBeReadOnEveryGroundItStandsOn)
+TEST (PaletteTest, TextIsReadableOnEveryBackgroundItHas)
 {
-    // The contrast of WCAG 2: 4.5 is asked for text, 3 for large text and icons.
+    // WCAG 2 requires a contrast of 4.5 for text, and of 3 for large text and icons.
     const auto luminance = [] (juce::uint32 argb)
     {
         const auto linear = [] (float c)

@@ -37,7 +37,7 @@ TEST (ScaleRuleTest, AComponentDeepInAWindowFollowsTheWindowsWidth)
     EXPECT_NEAR (scaleRule::textHeight (child), 16.5f, 1e-4f);
 }
 
-TEST (ScaleRuleTest, TheWindowItselfIsInNone)
+TEST (ScaleRuleTest, TheWindowItselfIsInNoWindow)
 {
     const Window window (909);
     EXPECT_FALSE (scaleRule::editorWidthAbove (window.window).has_value());

@@ -18,7 +18,7 @@ TEST (LeadingInteger, IsReadUpToTheFirstOtherCharacter)
     EXPECT_EQ (parseLeadingInteger ("--7"), 0);
 }
 
-TEST (LeadingInteger, BeyondTheRangeIsItsNearestEnd)
+TEST (LeadingInteger, BeyondTheRangeIsClamped)
 {
     EXPECT_EQ (parseLeadingInteger ("9223372036854775807"), std::numeric_limits<juce::int64>::max());
     EXPECT_EQ (parseLeadingInteger ("9223372036854775808"), std::numeric_limits<juce::int64>::max());

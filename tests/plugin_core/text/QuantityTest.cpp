@@ -17,7 +17,7 @@ TEST (Quantity, IsReadWithAndWithoutItsUnit)
     EXPECT_EQ (parseQuantity ("-90", "dB"), -90.0);
 }
 
-TEST (Quantity, IsNothingIfThereIsMoreInTheText)
+TEST (Quantity, IsRefusedIfTheTextHoldsAnythingElse)
 {
     for (const auto* const text :
          { "", " ", "x", "9x", "9 Hz", "9 dB dB", "dB", "--9", "nan", "inf", "1e999", "0x10", "1,5" })

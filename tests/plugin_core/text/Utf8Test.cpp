@@ -8,7 +8,7 @@
 namespace mk::pluginCore
 {
 
-TEST (Utf8, RefusesBytesThatAreNoCharacterInItsShortestForm)
+TEST (Utf8, RefusesBytesThatAreNotTheShortestFormOfACharacter)
 {
     for (const std::string bytes : { "\xff\xfe",
                                      "\x80",
@@ -49,7 +49,7 @@ TEST (Utf8, TakesTheFirstAndTheLastCharacterOfEachLength)
     }
 }
 
-TEST (Utf8, KnowsSurrogatesAndNumbersBeyondTheLastForNoCharacters)
+TEST (Utf8, CountsNeitherSurrogatesNorNumbersBeyondTheLastAsCharacters)
 {
     EXPECT_TRUE (isCharacter (0xd7ff));
     EXPECT_FALSE (isCharacter (0xd800));

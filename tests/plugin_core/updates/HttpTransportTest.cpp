@@ -29,7 +29,7 @@ using Connection = HttpServer::Connection;
     return toText (HttpTransport::makeForThisSystem()->get (request, [] { return false; }));
 }
 
-/** Sends the visitor on, from "/5" to "/4" and so on, and answers at "/0". */
+/** Redirects from "/5" to "/4" and so on, and answers at "/0". */
 void countDown (Connection& connection)
 {
     const auto number = connection.getPath().substring (1).getIntValue();
@@ -38,7 +38,7 @@ void countDown (Connection& connection)
                     : HttpServer::makeReply ("on", "302 Found", "Location: /" + std::to_string (number - 1) + "\r\n"));
 }
 
-TEST (HttpTransport, GetsAPageByTheNameOfItsAgent)
+TEST (HttpTransport, GetsAPageAndSendsItsUserAgent)
 {
     HttpServer server (HttpServer::always (HttpServer::makeReply ("hello")));
     EXPECT_EQ (getText (makeRequest (server.getAddress() + "/a/page.php")), "hello");
@@ -55,7 +55,7 @@ TEST (HttpTransport, GetsAnEmptyPage)
     EXPECT_EQ (getText (makeRequest (server.getAddress())), "");
 }
 
-TEST (HttpTransport, GetsNoMoreOfAnEndlessBodyThanItWants)
+TEST (HttpTransport, GetsAnEndlessBodyUpToItsLimit)
 {
     HttpServer server (
         [] (Connection& connection)
@@ -96,7 +96,7 @@ TEST (HttpTransport, FollowsNoRedirectToAFile)
     EXPECT_EQ (getText (makeRequest (server.getAddress())), "(nothing)");
 }
 
-TEST (HttpTransport, TakesNothingButSuccessForAnAnswer)
+TEST (HttpTransport, AcceptsOnlySuccessAsAnAnswer)
 {
     for (const auto* const status : { "404 Not Found", "500 Internal Server Error", "304 Not Modified" })
     {
@@ -105,7 +105,7 @@ TEST (HttpTransport, TakesNothingButSuccessForAnAnswer)
     }
 }
 
-TEST (HttpTransport, TakesNothingFromAConnectionThatBreaks)
+TEST (HttpTransport, ReturnsNothingIfTheConnectionBreaks)
 {
     HttpServer atOnce ([] (Connection& connection) { connection.reset(); });
     EXPECT_EQ (getText (makeRequest (atOnce.getAddress())), "(nothing)");
@@ -119,7 +119,7 @@ TEST (HttpTransport, TakesNothingFromAConnectionThatBreaks)
     EXPECT_EQ (getText (makeRequest (inTheMiddle.getAddress())), "(nothing)");
 }
 
-TEST (HttpTransport, TakesNothingThatIsNoHttp)
+TEST (HttpTransport, RefusesAReplyThatIsNotHttp)
 {
     HttpServer server (HttpServer::always ("\x16\x03\x01 rubbish \xff\xfe\r\n\r\n"));
     EXPECT_EQ (getText (makeRequest (server.getAddress())), "(nothing)");
@@ -132,7 +132,7 @@ TEST (HttpTransport, GetsNothingWhereThereIsNoServer)
     EXPECT_EQ (getText (makeRequest ("file:///etc/hostname")), "(nothing)");
 }
 
-TEST (HttpTransport, GivesUpWhenTheTimeIsOver)
+TEST (HttpTransport, GivesUpAtTheTimeLimit)
 {
     HttpServer drop (
         [] (Connection& connection)
@@ -161,7 +161,7 @@ TEST (HttpTransport, GivesUpOnEndlessHeaders)
         });
     EXPECT_EQ (getText (makeRequest (server.getAddress())), "(nothing)");
 
-    // Sockets hold some more than is read.
+    // The sockets' buffers hold more than is read.
     EXPECT_LT (numSent.load (std::memory_order_relaxed), 200000);
 }
 
@@ -202,7 +202,7 @@ TEST (WebStreamTransport, GetsAPageCutToItsLimit)
     EXPECT_TRUE (server.getRequests().at (0).containsIgnoreCase ("User-Agent: Test/1.0 (here)"));
 }
 
-TEST (WebStreamTransport, TakesNothingButSuccessForAnAnswer)
+TEST (WebStreamTransport, AcceptsOnlySuccessAsAnAnswer)
 {
     HttpServer server (HttpServer::always (HttpServer::makeReply ("sorry", "404 Not Found")));
     WebStreamTransport transport;
@@ -219,9 +219,9 @@ TEST (WebStreamTransport, FollowsFiveRedirectsAndNoSixth)
     EXPECT_EQ (getFrom ("/6"), "(nothing)");
 }
 
-TEST (WebStreamTransport, FollowsNoRedirectThatLeadsOutOfTheWeb)
+TEST (WebStreamTransport, FollowsNoRedirectToAnotherProtocol)
 {
-    // JUCE takes what has no scheme of the web for a path on the same server, and asks there.
+    // JUCE treats an address without an HTTP scheme as a path on the same server, and requests that.
     for (const auto* const target : { "file:///etc/hostname", "ftp://127.0.0.1/x", "javascript:x" })
     {
         HttpServer server (HttpServer::always (
@@ -232,7 +232,7 @@ TEST (WebStreamTransport, FollowsNoRedirectThatLeadsOutOfTheWeb)
     }
 }
 
-TEST (WebStreamTransport, GetsNothingThatIsNotOfTheWeb)
+TEST (WebStreamTransport, RefusesAnAddressThatIsNotHttp)
 {
     WebStreamTransport transport;
     EXPECT_FALSE (transport.get (makeRequest ("file:///etc/hostname"), [] { return false; }).has_value());

@@ -36,14 +36,14 @@ TEST (Redirects, LeadToAnotherSiteByTheSameScheme)
     EXPECT_EQ (resolveRedirect ("https://site.example/a", "//other.example/c"), "https://other.example/c");
 }
 
-TEST (Redirects, DoNotLeadOutOfTheWeb)
+TEST (Redirects, LeadOnlyToHttpAddresses)
 {
     for (const auto* const location :
          { "file:///etc/hostname", "ftp://site.example/x", "javascript:x", "data:,x", "http:x", "smb://x/y" })
         EXPECT_EQ (resolveRedirect (page, location), "") << location;
 }
 
-TEST (Redirects, DoNotLeadFromASecurePageToAnOpenOne)
+TEST (Redirects, DoNotLeadFromASecurePageToAnInsecureOne)
 {
     EXPECT_EQ (resolveRedirect ("https://site.example/a", "http://site.example/b"), "");
     EXPECT_EQ (resolveRedirect ("HTTPS://site.example/a", "http://site.example/b"), "");

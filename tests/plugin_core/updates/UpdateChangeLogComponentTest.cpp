@@ -51,7 +51,7 @@ struct NoticeInWindow
     std::vector<std::string> calls;
 };
 
-TEST (UpdateChangeLogComponent, SpeaksEachLanguage)
+TEST (UpdateChangeLogComponent, IsTranslatedIntoEachLanguage)
 {
     for (const auto& code : orlo::test::getLanguageCodes())
     {
@@ -86,7 +86,7 @@ TEST (UpdateChangeLogComponent, IsAPanelInTheMiddleOfADimmedWindow)
     EXPECT_LE (distance (picture.getPixelAt (panel.getX() + 1, panel.getY() + 1), juce::Colour (0x66000000)), 1);
 }
 
-TEST (UpdateChangeLogComponent, TheTextLiesOnADarkerGroundOfTheSameColour)
+TEST (UpdateChangeLogComponent, TheTextHasADarkerBackgroundOfTheSameColour)
 {
     NoticeInWindow test;
     auto& text = *test.findChild<DisplayTextComponent> (0);
@@ -118,7 +118,7 @@ TEST (UpdateChangeLogComponent, ThePartsNeverOverlapNorLeaveThePanel)
     }
 }
 
-TEST (UpdateChangeLogComponent, TheButtonsStandAtTheEndsOfTheirRow)
+TEST (UpdateChangeLogComponent, TheButtonsAreAtTheEndsOfTheirRow)
 {
     const auto layout = UpdateChangeLogComponent::makeLayout ({ 1000, 1000 }, { 0.15f, 0.15f, 0.7f, 0.7f }, 250, 80);
     EXPECT_EQ (layout.panel, juce::Rectangle<int> (150, 150, 700, 700));
@@ -139,7 +139,7 @@ TEST (UpdateChangeLogComponent, TheButtonsGoToThePageAndClose)
     EXPECT_THAT (test.calls, ElementsAre ("close"));
 }
 
-TEST (UpdateChangeLogComponent, SoDoTheKeys)
+TEST (UpdateChangeLogComponent, ReturnGoesToThePageAndEscapeCloses)
 {
     NoticeInWindow test;
     EXPECT_TRUE (test.notice.keyPressed (juce::KeyPress (juce::KeyPress::returnKey)));
@@ -151,7 +151,7 @@ TEST (UpdateChangeLogComponent, SoDoTheKeys)
     EXPECT_FALSE (test.notice.keyPressed (juce::KeyPress ('x')));
 }
 
-TEST (UpdateChangeLogComponent, WithoutAPageTheWayToItJustCloses)
+TEST (UpdateChangeLogComponent, WithoutAPageTheDownloadButtonOnlyCloses)
 {
     NoticeInWindow test;
     test.notice.setDownloadUrl ({});

@@ -23,7 +23,7 @@ using orlo::test::TestProcessor;
 using Connection = HttpServer::Connection;
 using Clock = std::chrono::steady_clock;
 
-/** A checker of a program with the version 4.5.6, and what it has told. */
+/** A checker of a program with the version 4.5.6, and what it has reported. */
 class Check final : private UpdateChecker::Listener
 {
 public:
@@ -72,7 +72,7 @@ private:
     }
 };
 
-/** What a check against the server ends in: "new" or "old", and the date. */
+/** The result of a check against the server: "new" or "old", and the date. */
 [[nodiscard]] juce::String outcomeOf (const juce::String& address, int timeLimitMs = 5000)
 {
     Check check (address, timeLimitMs);
@@ -161,7 +161,7 @@ TEST (UpdateChecker, FetchesTheChangeLogAfterTheVersion)
     EXPECT_TRUE (server.getRequests().at (1).startsWith ("GET /releaseNotes/test/changeLogMac.php HTTP/1.1\r\n"));
 }
 
-TEST (UpdateChecker, TellsOfNewerVersionsOnly)
+TEST (UpdateChecker, ReportsOnlyNewerVersions)
 {
     EXPECT_EQ (outcomeOfReply ("macVersion:4.5.7"), "new 0");
     EXPECT_EQ (outcomeOfReply ("macVersion:4.5.6"), "old 0");
@@ -175,7 +175,7 @@ TEST (UpdateChecker, UnderstandsQuotedFields)
     EXPECT_EQ (outcomeOfReply ("text:\"a;macVersion:1.0.0;b\";macVersion:\"4.6.0\";macReleaseDate:\"12\""), "new 12");
 }
 
-TEST (UpdateChecker, TakesRubbishForNoNews)
+TEST (UpdateChecker, TreatsAMalformedReplyAsNoUpdate)
 {
     EXPECT_EQ (outcomeOfReply (""), "old 0");
     EXPECT_EQ (outcomeOfReply ("windowsVersion:9.9.9"), "old 0");
@@ -187,7 +187,7 @@ TEST (UpdateChecker, ReadsTheBeginningOfAnEndlessReply)
 {
     EXPECT_EQ (outcomeOf ([] (Connection& c) { answerWithoutEnd (c, "macVersion:4.6.0;macReleaseDate:5;"); }), "new 5");
 
-    // Too late to be read.
+    // The version comes too late to be read.
 
     std::string late (70000, ';');
     late.append (newer);
@@ -198,7 +198,7 @@ TEST (UpdateChecker, ReadsTheBeginningOfAnEndlessReply)
     EXPECT_TRUE (log.startsWith ("New "));
 }
 
-TEST (UpdateChecker, TakesAReplyThatDripsForNoNews)
+TEST (UpdateChecker, TreatsAReplyThatTricklesAsNoUpdate)
 {
     EXPECT_EQ (outcomeOf (answerWithOneByteASecond, 500), "old 0");
     EXPECT_EQ (changeLogOf (answerWithOneByteASecond, 500), "");
@@ -212,7 +212,7 @@ TEST (UpdateChecker, FollowsFiveRedirects)
     EXPECT_EQ (changeLogOf (redirectTimes (6, "log")), "");
 }
 
-TEST (UpdateChecker, TakesAnErrorPageForNoNews)
+TEST (UpdateChecker, TreatsAnErrorPageAsNoUpdate)
 {
     EXPECT_EQ (outcomeOfReply (newer, "404 Not Found"), "old 0");
     EXPECT_EQ (outcomeOfReply (newer, "500 Internal Server Error"), "old 0");
@@ -222,7 +222,7 @@ TEST (UpdateChecker, TakesAnErrorPageForNoNews)
                "");
 }
 
-TEST (UpdateChecker, TakesABrokenConnectionForNoNews)
+TEST (UpdateChecker, TreatsABrokenConnectionAsNoUpdate)
 {
     EXPECT_EQ (outcomeOf ([] (Connection& connection) { connection.reset(); }), "old 0");
     EXPECT_EQ (changeLogOf ([] (Connection& connection) { connection.reset(); }), "");
@@ -246,7 +246,7 @@ TEST (UpdateChecker, KeepsWhatItKnowsWhenALaterCheckFails)
     EXPECT_EQ (check.releaseDate, 1763683200000);
 }
 
-TEST (UpdateChecker, AsksOnceForAllWindowsThatAreOpenedTogether)
+TEST (UpdateChecker, ChecksOnceForAllWindowsThatAreOpenedTogether)
 {
     HttpServer server (HttpServer::always (HttpServer::makeReply (newer)));
     Check first (server.getAddress()), second (server.getAddress());
@@ -269,7 +269,7 @@ TEST (UpdateChecker, AWindowThatClosesLeavesTheCheckToTheNext)
     EXPECT_TRUE (second.checkVersion());
 }
 
-TEST (UpdateChecker, StartsTheRequestAfterAShortWhile)
+TEST (UpdateChecker, StartsTheRequestAfterAShortDelay)
 {
     HttpServer server (HttpServer::always (HttpServer::makeReply (newer)));
     Check check (server.getAddress());
@@ -278,7 +278,7 @@ TEST (UpdateChecker, StartsTheRequestAfterAShortWhile)
     EXPECT_GE (Clock::now() - start, std::chrono::milliseconds (240));
 }
 
-TEST (UpdateChecker, DestroyedBeforeTheRequestNeverAsks)
+TEST (UpdateChecker, SendsNoRequestIfDestroyedBefore)
 {
     HttpServer server (HttpServer::always (HttpServer::makeReply (newer)));
     {
@@ -289,12 +289,12 @@ TEST (UpdateChecker, DestroyedBeforeTheRequestNeverAsks)
     EXPECT_TRUE (server.getRequests().empty());
 }
 
-TEST (UpdateChecker, IsGoneAtOnceWhileAServerNeverAnswers)
+TEST (UpdateChecker, IsDestroyedAtOnceWhileAServerNeverAnswers)
 {
     HttpServer silent ([] (Connection& connection) { connection.wait (60000); });
     auto shortest = Clock::duration::max();
 
-    // The shortest of several times, since a busy machine can hold up any one.
+    // The shortest of several times counts, since a busy machine can delay any one of them.
     for (size_t i = 1; i <= 5; ++i)
     {
         Check check (silent.getAddress(), 60000);
@@ -310,7 +310,7 @@ TEST (UpdateChecker, IsGoneAtOnceWhileAServerNeverAnswers)
     }
 
     RecordProperty ("milliseconds", int (shortest / std::chrono::milliseconds (1)));
-    EXPECT_LT (shortest, std::chrono::seconds (5)) << "the server would have kept it for a minute";
+    EXPECT_LT (shortest, std::chrono::seconds (5)) << "the server keeps the connection open for a minute";
 }
 
 } // namespace mk::pluginCore::test

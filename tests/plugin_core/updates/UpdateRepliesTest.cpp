@@ -20,7 +20,7 @@ namespace replies = updateReplies;
 
 } // namespace
 
-TEST (VersionReply, TellsVersionAndDate)
+TEST (VersionReply, HoldsVersionAndDate)
 {
     const auto latest = replies::parseVersion ("macVersion:1.3.0;macReleaseDate:1763683200000");
     EXPECT_EQ (latest.version, (VersionNumber { 1, 3, 0, 99 }));
@@ -49,7 +49,7 @@ TEST (VersionReply, IsSplitAtTheFirstColon)
     EXPECT_EQ (replies::parseVersion ("x:macVersion:1.3").version, VersionNumber());
 }
 
-TEST (VersionReply, WhatIsMissingIsZero)
+TEST (VersionReply, MissingFieldsAreZero)
 {
     for (const auto* const text : { "", ";;;", "macReleaseDate", "windowsVersion:2.0.0", "macversion:2.0.0", ":" })
     {
@@ -67,7 +67,7 @@ TEST (VersionReply, WrongNumbersAreZeroOrTheNearest)
     EXPECT_EQ (replies::parseVersion ("macVersion:abc").version, (VersionNumber { 0, 0, 0, 99 }));
 }
 
-TEST (VersionReply, OfAKeyThatComesTwiceTheLastCounts)
+TEST (VersionReply, UsesTheLastOfTwoEqualKeys)
 {
     EXPECT_EQ (replies::parseVersion ("macVersion:1.3.0;macVersion:1.4.0").version, (VersionNumber { 1, 4, 0, 99 }));
 }
@@ -93,7 +93,7 @@ TEST (ReplyText, HasPlainLineEndsAndNoControlCharacters)
     EXPECT_EQ (decoded (""), juce::String());
 }
 
-TEST (ReplyText, LosesACharacterThatWasCut)
+TEST (ReplyText, DropsACharacterThatWasCut)
 {
     EXPECT_EQ (decoded ("abc\xc3"), juce::String ("abc"));
     EXPECT_EQ (decoded ("ab\xe2\x82"), juce::String ("ab"));

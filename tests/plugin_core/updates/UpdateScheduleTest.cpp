@@ -27,7 +27,7 @@ TEST (UpdateSchedule, OfEmptySettingsIsOnAndHasNeverChecked)
     EXPECT_EQ (schedule.lastChangeLogTime, 0);
 }
 
-TEST (UpdateSchedule, IsOnForTheTextOneAlone)
+TEST (UpdateSchedule, IsOnOnlyForTheTextOne)
 {
     for (const auto* const text : { "0", "", "true", "2", "1 ", "01" })
     {
@@ -62,7 +62,7 @@ TEST (UpdateSchedule, ChecksOnceInTwentyFourHours)
 
 TEST (UpdateSchedule, NeverChecksWhenSwitchedOff) { EXPECT_FALSE ((UpdateSchedule { false, 0, 0 }.isCheckDue (now))); }
 
-TEST (UpdateSchedule, TellsAtEachCheckInTheFirstDayOfARelease)
+TEST (UpdateSchedule, AnnouncesAReleaseAtEachCheckOfItsFirstDay)
 {
     const UpdateSchedule toldJustNow { true, 0, now - 1 };
     EXPECT_TRUE (toldJustNow.isNoticeDue (now, now));
@@ -70,14 +70,14 @@ TEST (UpdateSchedule, TellsAtEachCheckInTheFirstDayOfARelease)
     EXPECT_FALSE (toldJustNow.isNoticeDue (now, now - day));
 }
 
-TEST (UpdateSchedule, TellsOfAnOlderReleaseOnceInSevenDays)
+TEST (UpdateSchedule, AnnouncesAnOlderReleaseOnceInSevenDays)
 {
     EXPECT_FALSE ((UpdateSchedule { true, 0, now - week }.isNoticeDue (now, now - 10 * day)));
     EXPECT_TRUE ((UpdateSchedule { true, 0, now - week - 1 }.isNoticeDue (now, now - 10 * day)));
     EXPECT_TRUE ((UpdateSchedule { true, 0, 0 }.isNoticeDue (now, 0)));
 }
 
-TEST (UpdateSchedule, BearsAnyNumber)
+TEST (UpdateSchedule, ToleratesAnyNumber)
 {
     for (const auto a : { earliest, juce::int64 (-1), juce::int64 (0), latest })
     {

@@ -18,7 +18,7 @@ TEST (UserAgent, HasNoBlanksInTheVersionAndAWordForAnUnknownHost)
     EXPECT_EQ (makeUserAgent ("Orlo", " 1.2.1 beta 3 ", "", "Linux", false), "Orlo/1.2.1beta3-Unknown (Linux)");
 }
 
-TEST (UserAgent, CannotBecomeAHeaderOfItsOwn)
+TEST (UserAgent, CannotAddAnotherHeader)
 {
     EXPECT_EQ (makeUserAgent ("Or\r\nX: y", "1", "a\nb", "L\x7f", false), "OrX: y/1-ab (L)");
 }

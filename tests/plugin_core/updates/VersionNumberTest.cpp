@@ -32,7 +32,7 @@ TEST (VersionNumber, OfABetaEndsWhereTheWordBegins)
     EXPECT_FALSE (VersionNumber::isBeta ("1.2.1"));
 }
 
-TEST (VersionNumber, OfRubbishIsZeroOrTheNearestNumber)
+TEST (VersionNumber, OfMalformedTextIsZeroOrTheNearestNumber)
 {
     EXPECT_EQ (VersionNumber::parse ("one.two.three"), (VersionNumber { 0, 0, 0, 99 }));
     EXPECT_EQ (VersionNumber::parse ("99999999999.1e5.-2"), (VersionNumber { most, 1, -2, 99 }));

@@ -31,7 +31,7 @@ public:
 
 using testing::_;
 
-/** A window of 200 by 100 pixels with the editor in it, and a system that the test plays. */
+/** A window of 200 by 100 pixels with the editor in it, and a system that the test controls. */
 class MoveDetector : public testing::Test
 {
 protected:
@@ -76,20 +76,20 @@ protected:
 } // namespace
 
 //==============================================================================
-TEST_F (MoveDetector, TellsOfTheApplicationOnItsFirstActiveStep)
+TEST_F (MoveDetector, ReportsTheApplicationOnItsFirstActiveStep)
 {
     expectStep (0, false);
     expectStep (0);
 }
 
-TEST_F (MoveDetector, TellsOfNothingOnAFirstStepThatFindsTheApplicationInactive)
+TEST_F (MoveDetector, ReportsNothingOnAFirstStepThatFindsTheApplicationInactive)
 {
     active = false;
     window.moveSilently ({ 10.0f, 20.0f });
     expectStep (0);
 }
 
-TEST_F (MoveDetector, TellsOnceWhenTheApplicationGoesToTheBackgroundAndComesBack)
+TEST_F (MoveDetector, ReportsOnceThatTheApplicationGoesToTheBackgroundAndComesBack)
 {
     expectStep (0, false);
     active = false;
@@ -111,7 +111,7 @@ TEST_F (MoveDetector, FindsAWindowThatTheHostHasDraggedOnTheNextStep)
     expectStep (0);
 }
 
-TEST_F (MoveDetector, TakesAWindowAtTheOriginForUnmovedUntilItsFirstMove)
+TEST_F (MoveDetector, TreatsAWindowAtTheOriginAsUnmovedUntilItsFirstMove)
 {
     displays = { makeDisplay ({ 0, 0, 1000, 1000 }, 2.0) };
     expectStep (0, false);
@@ -119,7 +119,7 @@ TEST_F (MoveDetector, TakesAWindowAtTheOriginForUnmovedUntilItsFirstMove)
     expectStep (1, {}, true);
 }
 
-TEST_F (MoveDetector, TellsOfNoMoveWithoutAPeer)
+TEST_F (MoveDetector, ReportsNoMoveWithoutAPeer)
 {
     window.moveSilently ({ 10.0f, 20.0f });
     expectStep (1, false);
@@ -131,7 +131,7 @@ TEST_F (MoveDetector, TellsOfNoMoveWithoutAPeer)
     expectStep (1);
 }
 
-TEST_F (MoveDetector, TellsOfNoMoveWhileTheWindowIsHidden)
+TEST_F (MoveDetector, ReportsNoMoveWhileTheWindowIsHidden)
 {
     window.moveSilently ({ 10.0f, 20.0f });
     expectStep (1, false);
@@ -154,7 +154,7 @@ TEST_F (MoveDetector, WatchesNothingElseWhileTheApplicationIsInactive)
     expectStep (1, false, true);
 }
 
-TEST_F (MoveDetector, TellsWhenTheWindowComesToAHighDensityDisplayAndLeavesIt)
+TEST_F (MoveDetector, ReportsWhenTheWindowEntersAndLeavesAHighDensityDisplay)
 {
     window.moveSilently ({ 10.0f, 20.0f });
     expectStep (1, false);
@@ -166,7 +166,7 @@ TEST_F (MoveDetector, TellsWhenTheWindowComesToAHighDensityDisplayAndLeavesIt)
     expectStep (1, {}, false);
 }
 
-TEST_F (MoveDetector, GivesAWindowAcrossTwoDisplaysToTheOneWithMoreOfIt)
+TEST_F (MoveDetector, AssignsAWindowAcrossTwoDisplaysToTheOneWithMoreOfIt)
 {
     window.moveSilently ({ 899.0f, 20.0f });
     expectStep (1, false);
@@ -178,7 +178,7 @@ TEST_F (MoveDetector, GivesAWindowAcrossTwoDisplaysToTheOneWithMoreOfIt)
     expectStep (1, {}, true);
 }
 
-TEST_F (MoveDetector, LooksAtTheDensityOnlyAfterAMove)
+TEST_F (MoveDetector, ChecksTheDensityOnlyAfterAMove)
 {
     window.moveSilently ({ 10.0f, 20.0f });
     expectStep (1, false);
@@ -188,7 +188,7 @@ TEST_F (MoveDetector, LooksAtTheDensityOnlyAfterAMove)
     expectStep (1, {}, true);
 }
 
-TEST_F (MoveDetector, TakesNoDisplayForALowDensityOne)
+TEST_F (MoveDetector, TreatsAMissingDisplayAsALowDensityOne)
 {
     window.moveSilently ({ 1500.0f, 20.0f });
     expectStep (1, false, true);
@@ -197,7 +197,7 @@ TEST_F (MoveDetector, TakesNoDisplayForALowDensityOne)
     expectStep (1, {}, false);
 }
 
-TEST_F (MoveDetector, CountsTheScaleOfTheDesktopIn)
+TEST_F (MoveDetector, AppliesTheScaleOfTheDesktop)
 {
     class ScaledEditor : public juce::Component
     {
@@ -235,7 +235,7 @@ TEST_F (MoveDetector, OutlivesTheComponentThatItWatches)
 }
 
 //==============================================================================
-TEST (MoveDetectorDisplays, GivesTheLastOfEqualDisplays)
+TEST (MoveDetectorDisplays, ChoosesTheLastOfEqualDisplays)
 {
     const PluginMoveDetector::DisplayList displays { makeDisplay ({ 0, 0, 100, 100 }, 1.0),
                                                      makeDisplay ({ 100, 0, 100, 100 }, 1.0),

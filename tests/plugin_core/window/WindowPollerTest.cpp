@@ -15,7 +15,7 @@ namespace mk::pluginCore
 {
 namespace
 {
-/** More steps than a window that has just changed is followed closely. */
+/** More steps than the poller stays fast for after a window has changed. */
 constexpr int numStepsUntilIdle = 40;
 
 class WindowPollerTest : public testing::Test
@@ -56,7 +56,7 @@ TEST_F (WindowPollerTest, StepsByItself)
     EXPECT_TRUE (orlo::test::pumpUntil ([&] { return numSteps >= 3; }));
 }
 
-TEST_F (WindowPollerTest, SaysThatAWindowMayHaveChangedWhenItIsAnother)
+TEST_F (WindowPollerTest, ReportsAPossibleChangeWhenTheComponentsWindowIsAnother)
 {
     orlo::test::FakeWindow window;
     juce::Component component;
@@ -65,7 +65,7 @@ TEST_F (WindowPollerTest, SaysThatAWindowMayHaveChangedWhenItIsAnother)
     const WindowPoller::Client client (component, [&] (bool mayHave) { mayHaveChanged = mayHave; });
 
     poller->pollNow();
-    EXPECT_EQ (mayHaveChanged, true) << "at first everything is new";
+    EXPECT_EQ (mayHaveChanged, true) << "the first step reports every window as changed";
     poller->pollNow();
     EXPECT_EQ (mayHaveChanged, false);
 
@@ -76,7 +76,7 @@ TEST_F (WindowPollerTest, SaysThatAWindowMayHaveChangedWhenItIsAnother)
     EXPECT_EQ (mayHaveChanged, false);
 }
 
-TEST_F (WindowPollerTest, HasEverythingLookedAtAgainOnceInAWhile)
+TEST_F (WindowPollerTest, ReportsAPossibleChangeFromTimeToTime)
 {
     juce::Component component;
     int numLooks = 0;
@@ -89,7 +89,7 @@ TEST_F (WindowPollerTest, HasEverythingLookedAtAgainOnceInAWhile)
     EXPECT_LE (numLooks, 5);
 }
 
-TEST_F (WindowPollerTest, WakesSeldomUntilTheMouseIsOverAWindow)
+TEST_F (WindowPollerTest, PollsSlowlyUntilTheMouseIsOverAWindow)
 {
     orlo::test::Window window { 400, 300 };
     orlo::test::Screen::getInstance().moveMouseTo ({ 800, 600 });

@@ -27,7 +27,7 @@ protected:
             GTEST_SKIP() << "needs Xvfb";
     }
 
-    /** Waits for an answer: it is another as soon as the server's event is here. */
+    /** Waits for the expected answer, which changes once the server's event has arrived. */
     [[nodiscard]] static bool becomes (bool expected, const std::function<bool()>& ask)
     {
         return orlo::test::pumpUntil ([&] { return ask() == expected; });
@@ -39,7 +39,7 @@ protected:
 constexpr std::uint32_t anotherProcess = 1;
 } // namespace
 
-TEST_F (ActiveWindow, BelongsToUsIfNoWindowManagerTells)
+TEST_F (ActiveWindow, BelongsToUsWithoutAWindowManager)
 {
     const X11ActiveWindow active (server.getDisplayName());
     EXPECT_TRUE (active.belongsTo (nullptr));
@@ -71,7 +71,7 @@ TEST_F (ActiveWindow, BelongsToUsIfOurWindowLiesInIt)
     EXPECT_TRUE (becomes (false, [&] { return active.belongsTo (orlo::test::XServer::toHandle (inner)); }));
 }
 
-TEST_F (ActiveWindow, BelongsToNobodyIfThereIsNone)
+TEST_F (ActiveWindow, IsNotOursIfThereIsNone)
 {
     const X11ActiveWindow active (server.getDisplayName());
     server.setActiveWindow (0);
@@ -88,7 +88,7 @@ TEST_F (ActiveWindow, MayCloseAtAnyMoment)
     EXPECT_FALSE (active.belongsTo (orlo::test::XServer::toHandle (0x7fffff)));
 }
 
-TEST_F (ActiveWindow, IsViewableIfNobodyCanTellOtherwise)
+TEST_F (ActiveWindow, IsViewableIfItsStateIsUnknown)
 {
     const X11ActiveWindow active (server.getDisplayName());
     const auto unmapped = server.createWindow (anotherProcess);
@@ -99,7 +99,7 @@ TEST_F (ActiveWindow, IsViewableIfNobodyCanTellOtherwise)
     EXPECT_TRUE (active.isViewable (orlo::test::XServer::toHandle (unmapped)));
 }
 
-TEST_F (ActiveWindow, BelongsToUsOnceTheServerHasGone)
+TEST_F (ActiveWindow, BelongsToUsOnceTheServerHasEnded)
 {
     const X11ActiveWindow active (server.getDisplayName());
     server.setActiveWindow (server.createWindow (anotherProcess));
@@ -108,7 +108,7 @@ TEST_F (ActiveWindow, BelongsToUsOnceTheServerHasGone)
     EXPECT_TRUE (active.belongsTo (nullptr));
 }
 
-TEST_F (ActiveWindow, IsAskedAboutOnceAsLongAsNothingHappens)
+TEST_F (ActiveWindow, IsQueriedOnceAsLongAsNothingChanges)
 {
     const X11ActiveWindow active (server.getDisplayName());
     auto* const window = orlo::test::XServer::toHandle (server.createWindow (anotherProcess));
@@ -147,16 +147,16 @@ TEST_F (ActiveWindow, IsViewableAsLongAsAllWindowsAroundItAreMapped)
     EXPECT_FALSE (ask());
 }
 
-TEST_F (ActiveWindow, ThatHasClosedChangesNoMore)
+TEST_F (ActiveWindow, CausesNoChangesOnceItHasClosed)
 {
     const X11ActiveWindow active (server.getDisplayName());
     const auto window = server.createWindow (anotherProcess);
     const auto ask = [&] { return active.isViewable (orlo::test::XServer::toHandle (window)); };
     EXPECT_FALSE (ask());
     server.destroyWindow (window);
-    EXPECT_TRUE (becomes (true, ask)) << "nobody can tell";
+    EXPECT_TRUE (becomes (true, ask)) << "its state is unknown";
 
-    // Each of these asks for the events of a window that is not there, which is an error of its own.
+    // The window no longer exists, so each call that selects its events causes an X error.
     const auto other = server.createWindow (anotherProcess);
     server.destroyWindow (other);
     EXPECT_TRUE (active.isViewable (orlo::test::XServer::toHandle (other)));

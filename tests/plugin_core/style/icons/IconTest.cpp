@@ -85,7 +85,7 @@ TEST (IconTest, NoTwoIconsLookTheSame)
 
 TEST (IconTest, UprightAndLevelStrokesHaveSharpEdgesAtEverySize)
 {
-    // The four corners of the Full View's icon, away from the round ends: whole pixels or none.
+    // The four corners of the Full View's icon, without the round ends: every pixel is painted fully or not at all.
     for (const auto size : { 15, 16, 20, 24, 27, 32, 34, 48, 60, 90 })
     {
         const auto image = drawn (Icon::viewFull, size);
@@ -105,7 +105,7 @@ TEST (IconTest, StrokesAreSharpAtFractionalDisplayScales)
     }
 }
 
-TEST (IconTest, AllStrokesOfASizeAreAsHeavy)
+TEST (IconTest, AllStrokesOfASizeHaveTheSameWeight)
 {
     // The stem of the arrow, the left side of the window, and the bar of the ruler.
     const auto widthOfFirstRun = [] (const juce::Image& image, int row)
@@ -151,7 +151,7 @@ TEST (IconTest, SymmetricalIconsStaySymmetricalAtEverySize)
 
 TEST (IconTest, OverlappingMarksDoNotCutHoles)
 {
-    // Where the black keys of the keyboard lie over its upper frame.
+    // The place where the black keys of the keyboard overlap its upper frame.
     const auto image = drawn (Icon::keyboard, 48);
 
     for (int y = 8; y < 24; ++y)
