@@ -135,7 +135,7 @@ protected:
     juce::MidiBuffer midi;
 };
 
-TEST_F (AudioThreadTest, AnalysingTakesNothingButTheWakeUp)
+TEST_F (AudioThreadTest, AnalysingLocksOnlyForTheWakeUp)
 {
     for (const auto numSamples : { 0, 1, 64, 512 })
         expectOnlyTheWakeUp (worstOf (200, numSamples));
@@ -144,14 +144,14 @@ TEST_F (AudioThreadTest, AnalysingTakesNothingButTheWakeUp)
     EXPECT_EQ (worstOf (200).locks, 1);
 }
 
-TEST_F (AudioThreadTest, AMonoLayoutTakesNothingButTheWakeUp)
+TEST_F (AudioThreadTest, AMonoLayoutLocksOnlyForTheWakeUp)
 {
     ASSERT_TRUE (processor.setBusesLayout ({ { juce::AudioChannelSet::mono() }, { juce::AudioChannelSet::mono() } }));
     processor.prepareToPlay (48000.0, 512);
     expectOnlyTheWakeUp (worstOf (200, 512, 1));
 }
 
-TEST_F (AudioThreadTest, SuspendedAndBypassedTakeNothing)
+TEST_F (AudioThreadTest, SuspendedAndBypassedBlocksNeitherLockNorAllocate)
 {
     expectNothing (worstOf (50, 512, 2, true));
     processor.setAnalysisSuspended (true);
@@ -159,7 +159,7 @@ TEST_F (AudioThreadTest, SuspendedAndBypassedTakeNothing)
     expectNothing (worstOf (50, 512, 2, true));
 }
 
-TEST_F (AudioThreadTest, FrozenAndAutoPausedTakeNothing)
+TEST_F (AudioThreadTest, FrozenAndAutoPausedBlocksNeitherLockNorAllocate)
 {
     set (Params::id::freeze, 1.0f);
     expectNothing (worstOf (50));
@@ -171,7 +171,7 @@ TEST_F (AudioThreadTest, FrozenAndAutoPausedTakeNothing)
     expectOnlyTheWakeUp (worstOf (50));
 }
 
-TEST_F (AudioThreadTest, ChangingTheWindowAndTheModeTakesNothingButTheWakeUp)
+TEST_F (AudioThreadTest, ChangingTheWindowAndTheModeLocksOnlyForTheWakeUp)
 {
     for (int i = 0; i < 40; ++i)
     {
@@ -181,13 +181,13 @@ TEST_F (AudioThreadTest, ChangingTheWindowAndTheModeTakesNothingButTheWakeUp)
     }
 }
 
-TEST_F (AudioThreadTest, AFullSampleRingTakesNothingButTheWakeUp)
+TEST_F (AudioThreadTest, AFullSampleRingLocksOnlyForTheWakeUp)
 {
     processor.getFftProcessor().stopThread (1000);
     expectOnlyTheWakeUp (worstOf (2 * 163840 / 512));
 }
 
-TEST_F (AudioThreadTest, AReplacedStateTakesNothingButTheWakeUp)
+TEST_F (AudioThreadTest, AReplacedStateLocksOnlyForTheWakeUp)
 {
     juce::MemoryBlock state;
     processor.getStateInformation (state);
@@ -195,7 +195,7 @@ TEST_F (AudioThreadTest, AReplacedStateTakesNothingButTheWakeUp)
     expectOnlyTheWakeUp (worstOf (50));
 }
 
-TEST_F (AudioThreadTest, ClearingABlockBeforeTheRateIsKnownTakesNothing)
+TEST_F (AudioThreadTest, ClearingABlockBeforeTheRateIsKnownNeitherLocksNorAllocates)
 {
     AudioPluginAudioProcessor unprepared;
     unprepared.setAnalysisSuspended (false);

@@ -190,7 +190,7 @@ TEST (ClassicColumnMapper, RowsFollowARangeThatChanges)
     return count;
 }
 
-TEST (EnhancedColumnPlotter, APointGoesWhereItsShiftsSay)
+TEST (EnhancedColumnPlotter, APointIsMovedByItsShifts)
 {
     // The window's centre is sample 127, so at a hop of 32 it lies in column 4; 64 samples later is column 6.
     const auto columns = plot (makeFrame (40, { 0.1f, 64.0f, 80.0f }), makeSettings (true));

@@ -167,7 +167,7 @@ TEST_F (SpectrogramRingTest, RestartingBlanksThePictureAndContinuesAtTheLeftOfAH
     EXPECT_EQ (ring.getWriteX(), 3);
 }
 
-TEST_F (SpectrogramRingTest, SwitchingToScrollKeepsWhatIsThere)
+TEST_F (SpectrogramRingTest, SwitchingToScrollKeepsThePicture)
 {
     ring.resize (3, 1, false);
     write ("99");

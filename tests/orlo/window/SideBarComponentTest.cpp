@@ -81,7 +81,7 @@ private:
 };
 
 //==============================================================================
-TEST_F (SideBarComponentTest, PutsItsButtonsWhereTheLayoutSays)
+TEST_F (SideBarComponentTest, PutsItsButtonsAtTheirPlacesInTheLayout)
 {
     const auto layout = SideBarLayout::forSize (90, 1000);
     const auto boundsOf = [this] (const char* name)
