@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// What the audio thread does on every path of the audio callback, counted by machine.
+// Counts the allocations and locks of the audio thread on every path of the audio callback.
 #include "RealtimeGuard.h"
 
 #include "orlo/parameters/Params.h"
@@ -57,7 +57,7 @@ TEST (RealtimeGuard, CatchesEveryWayToAllocateAndLock)
     juce::CriticalSection section;
     EXPECT_EQ (countOf ([&] { const juce::ScopedLock lock (section); }).locks, 1);
 
-    // Another thread's doings are not this one's.
+    // A new guard starts at zero.
     const RealtimeGuard guard;
     EXPECT_EQ (guard.getViolations().locks, 0);
 }
@@ -89,7 +89,7 @@ protected:
         parameter.setValueNotifyingHost (parameter.convertTo0to1 (value));
     }
 
-    /** Runs some blocks and gives back the worst of them. */
+    /** Runs some blocks and returns the worst counts of any of them. */
     [[nodiscard]] RealtimeViolations
         worstOf (int numBlocks, int numSamples = 512, int numChannels = 2, bool bypassed = false)
     {
@@ -117,7 +117,7 @@ protected:
         return worst;
     }
 
-    /** The wake-up of the worker takes the one lock that is allowed, once a block. */
+    /** One lock a block is allowed: the one that wakes up the worker. */
     static void expectOnlyTheWakeUp (RealtimeViolations worst)
     {
         EXPECT_EQ (worst.allocations, 0);
@@ -135,23 +135,23 @@ protected:
     juce::MidiBuffer midi;
 };
 
-TEST_F (AudioThreadTest, AnalysingTakesNothingButTheWakeUp)
+TEST_F (AudioThreadTest, AnalysingLocksOnlyForTheWakeUp)
 {
     for (const auto numSamples : { 0, 1, 64, 512 })
         expectOnlyTheWakeUp (worstOf (200, numSamples));
 
-    // The guard would have seen a lock, had it not been the wake-up's.
+    // The wake-up's own lock is counted, which shows that the guard sees locks on this path.
     EXPECT_EQ (worstOf (200).locks, 1);
 }
 
-TEST_F (AudioThreadTest, AMonoLayoutTakesNothingButTheWakeUp)
+TEST_F (AudioThreadTest, AMonoLayoutLocksOnlyForTheWakeUp)
 {
     ASSERT_TRUE (processor.setBusesLayout ({ { juce::AudioChannelSet::mono() }, { juce::AudioChannelSet::mono() } }));
     processor.prepareToPlay (48000.0, 512);
     expectOnlyTheWakeUp (worstOf (200, 512, 1));
 }
 
-TEST_F (AudioThreadTest, SuspendedAndBypassedTakeNothing)
+TEST_F (AudioThreadTest, SuspendedAndBypassedBlocksNeitherLockNorAllocate)
 {
     expectNothing (worstOf (50, 512, 2, true));
     processor.setAnalysisSuspended (true);
@@ -159,7 +159,7 @@ TEST_F (AudioThreadTest, SuspendedAndBypassedTakeNothing)
     expectNothing (worstOf (50, 512, 2, true));
 }
 
-TEST_F (AudioThreadTest, FrozenAndAutoPausedTakeNothing)
+TEST_F (AudioThreadTest, FrozenAndAutoPausedBlocksNeitherLockNorAllocate)
 {
     set (Params::id::freeze, 1.0f);
     expectNothing (worstOf (50));
@@ -171,7 +171,7 @@ TEST_F (AudioThreadTest, FrozenAndAutoPausedTakeNothing)
     expectOnlyTheWakeUp (worstOf (50));
 }
 
-TEST_F (AudioThreadTest, ChangingTheWindowAndTheModeTakesNothingButTheWakeUp)
+TEST_F (AudioThreadTest, ChangingTheWindowAndTheModeLocksOnlyForTheWakeUp)
 {
     for (int i = 0; i < 40; ++i)
     {
@@ -181,13 +181,13 @@ TEST_F (AudioThreadTest, ChangingTheWindowAndTheModeTakesNothingButTheWakeUp)
     }
 }
 
-TEST_F (AudioThreadTest, AFullRingTakesNothingButTheWakeUp)
+TEST_F (AudioThreadTest, AFullSampleRingLocksOnlyForTheWakeUp)
 {
     processor.getFftProcessor().stopThread (1000);
     expectOnlyTheWakeUp (worstOf (2 * 163840 / 512));
 }
 
-TEST_F (AudioThreadTest, AStateThatWasReplacedTakesNothingMore)
+TEST_F (AudioThreadTest, AReplacedStateLocksOnlyForTheWakeUp)
 {
     juce::MemoryBlock state;
     processor.getStateInformation (state);
@@ -195,7 +195,7 @@ TEST_F (AudioThreadTest, AStateThatWasReplacedTakesNothingMore)
     expectOnlyTheWakeUp (worstOf (50));
 }
 
-TEST_F (AudioThreadTest, WithoutARateTheBlockIsClearedAndNothingElse)
+TEST_F (AudioThreadTest, ClearingABlockBeforeTheRateIsKnownNeitherLocksNorAllocates)
 {
     AudioPluginAudioProcessor unprepared;
     unprepared.setAnalysisSuspended (false);
@@ -206,7 +206,7 @@ TEST_F (AudioThreadTest, WithoutARateTheBlockIsClearedAndNothingElse)
 }
 
 //==============================================================================
-/** The framework's own part in a parameter's change: the same parameters with a listener each, and nothing else. */
+/** Measures the framework's own cost of a parameter change: the same parameters, each with an empty listener. */
 class BareProcessor final : public juce::AudioProcessor, private juce::AudioProcessorValueTreeState::Listener
 {
 public:
@@ -239,8 +239,8 @@ private:
     juce::AudioProcessorValueTreeState state { *this, nullptr, "bare", Params::createLayout() };
 };
 
-/** On an audio thread of its own: blocks that each begin with a new value for every parameter, as a host's do that
-    automates from within the callback. Gives back the worst block. */
+/** Processes blocks on a separate audio thread and sets every parameter before each of them, as a host does that
+    automates from within the callback. Returns the worst counts of any block. */
 [[nodiscard]] RealtimeViolations worstOfAutomation (juce::AudioProcessor& processor)
 {
     RealtimeViolations worst;
@@ -250,7 +250,7 @@ private:
         juce::AudioBuffer<float> buffer (2, 512);
         buffer.clear();
         juce::MidiBuffer midi;
-        constexpr int numBlocks = 200, numWarmUp = 2; // the framework's lists allocate at their first use
+        constexpr int numBlocks = 200, numWarmUp = 2; // the framework's lists allocate on first use
 
         for (int i = 0; i < numBlocks + numWarmUp; ++i)
         {
@@ -278,7 +278,7 @@ class AutomationTest : public AudioThreadTest
 protected:
     AutomationTest() { processor.applyInitialSettings(); }
 
-    /** The framework takes its own locks for each value, which no plug-in can avoid. */
+    /** The framework locks for each value, which no plug-in can avoid, so those locks are allowed. */
     void expectNothingButTheFrameworksLocks()
     {
         BareProcessor bare;
@@ -288,10 +288,10 @@ protected:
 
         const auto worst = worstOfAutomation (processor);
         EXPECT_EQ (worst.allocations, 0);
-        EXPECT_LE (worst.locks, framework.locks + 1); // the wake-up's
+        EXPECT_LE (worst.locks, framework.locks + 1); // one for the wake-up
     }
 
-    /** Whether the last of the values reach those who wait for them on the message thread. */
+    /** Whether the last values reach the frequency scale on the message thread. */
     [[nodiscard]] bool doValuesArrive()
     {
         const auto& parameter = *processor.getParameterState().getParameter (Params::id::freqScale);
@@ -301,13 +301,13 @@ protected:
     }
 };
 
-TEST_F (AutomationTest, FromInsideTheCallbackTakesNothingWithoutAnEditor)
+TEST_F (AutomationTest, FromInsideTheCallbackAddsNoLocksWithoutAnEditor)
 {
     expectNothingButTheFrameworksLocks();
     EXPECT_TRUE (doValuesArrive());
 }
 
-TEST_F (AutomationTest, FromInsideTheCallbackTakesNothingWithAnOpenEditor)
+TEST_F (AutomationTest, FromInsideTheCallbackAddsNoLocksWithAnOpenEditor)
 {
     const std::unique_ptr<juce::AudioProcessorEditor> editor (processor.createEditorIfNeeded());
     editor->addToDesktop (juce::ComponentPeer::windowIsTemporary);
@@ -319,7 +319,7 @@ TEST_F (AutomationTest, FromInsideTheCallbackTakesNothingWithAnOpenEditor)
 }
 
 //==============================================================================
-TEST (AnalysisThreads, AllocateNothingOnceAllSizesHaveBeenSeen)
+TEST (AnalysisThreads, AllocateNothingOnceAllBuffersHaveTheirSize)
 {
     FFTProcessor worker;
     FrequencyScale scale;
@@ -341,7 +341,7 @@ TEST (AnalysisThreads, AllocateNothingOnceAllSizesHaveBeenSeen)
         }
     };
 
-    // Long enough for every vector in circulation to have held a frame.
+    // Long enough for every reused vector to have held a frame.
     worker.setSettings ({ { 2047, 0, int (WindowType::hann) }, 128, true, 1.0e-5f });
     analyse (100);
 

@@ -45,7 +45,7 @@ RealtimeViolations RealtimeGuard::getViolations() const noexcept { return violat
 } // namespace mk::orlo::test
 
 //==============================================================================
-// The program's own versions take precedence over the C library's, which go on doing the work.
+// The program's definitions take precedence over the C library's functions, and call them.
 using mk::orlo::test::countAllocation;
 using mk::orlo::test::countLock;
 using mk::orlo::test::next;

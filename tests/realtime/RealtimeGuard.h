@@ -4,7 +4,7 @@
 namespace mk::orlo::test
 {
 
-/** What a thread did that an audio thread must not do. */
+/** Counts of the operations that are forbidden on an audio thread. */
 struct RealtimeViolations
 {
     int allocations = 0; /**< malloc and its family, new, and the freeing of memory. */
@@ -13,8 +13,8 @@ struct RealtimeViolations
 
 /** Counts what the calling thread allocates, frees and locks during its lifetime.
 
-    The C library's own functions are replaced for the whole program, so nothing that the code under test
-    calls goes unseen, in whichever library it stands. One at a time for each thread.
+    The C library's functions are replaced for the whole program, so calls from any library are counted.
+    Only one guard may exist at a time on each thread.
 */
 class RealtimeGuard
 {

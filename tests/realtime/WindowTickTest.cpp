@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// What the message thread allocates at a refresh of the display and at a tick of a fade, counted by machine.
+// Counts what the message thread allocates at a display refresh and at a tick of a fade.
 #include "RealtimeGuard.h"
 
 #include "orlo/display/SpectrogramComponent.h"
@@ -14,7 +14,7 @@ namespace mk::orlo::test
 {
 namespace
 {
-/** How often the calling thread allocates and frees while it does something. */
+/** How often the calling thread allocates and frees memory while it runs the action. */
 template <typename Action>
 [[nodiscard]] int countAllocations (const Action& action)
 {
@@ -87,7 +87,7 @@ TEST_F (PictureTickTest, PaintingAllocatesNoMoreThanDrawingAnImageDoes)
     const auto countForImage = [&]
     { return countFor ([&picture] (juce::Graphics& g) { g.drawImageTransformed (picture, {}); }); };
 
-    // The first of each fills what the renderer keeps.
+    // The first call of each fills the renderer's caches.
     static_cast<void> (countForView());
     static_cast<void> (countForImage());
     EXPECT_LE (countForView(), countForImage());
@@ -114,7 +114,7 @@ TEST (FadeTick, AllocatesNothing)
         EXPECT_EQ (window.getNumRepaints(), before + 1) << i;
     }
 
-    EXPECT_FALSE (animator.isTimerRunning()) << "the last of them has ended it";
+    EXPECT_FALSE (animator.isTimerRunning()) << "the last tick stops the timer";
 }
 
 } // namespace

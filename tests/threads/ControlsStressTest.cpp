@@ -52,11 +52,11 @@ struct Controls
     ButtonBarComponent bar;
 };
 
-TEST (ControlsStress, AutomationOfAnotherThreadReachesEachControlWithTheLastValue)
+TEST (ControlsStress, EachControlShowsTheLastValueAutomatedByAnotherThread)
 {
     TestProcessor processor;
     Controls controls (processor);
-    std::atomic<bool> isDone { false }; // set by the host's thread, read by this one
+    std::atomic<bool> isDone { false }; // set by the host's thread, read by the message thread
 
     std::thread host (
         [&]
@@ -81,7 +81,7 @@ TEST (ControlsStress, AutomationOfAnotherThreadReachesEachControlWithTheLastValu
             isDone.store (true, std::memory_order_release);
         });
 
-    // Controls that come and go while values arrive.
+    // Controls are created and destroyed while values arrive.
     for (int i = 0; i < numRounds; ++i)
     {
         const Controls shortLived (processor);

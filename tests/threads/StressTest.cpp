@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// All threads of the product at work while every parameter changes. Worth most under ThreadSanitizer.
+// Runs all threads of the product while every parameter changes. Most useful under ThreadSanitizer.
 #include "orlo/processor/AudioPluginAudioProcessor.h"
 
 #include "tests/support/MessageLoop.h"
@@ -18,7 +18,7 @@ namespace
 
 using Clock = std::chrono::steady_clock;
 
-/** Blocks as fast as they go, in ever changing sizes. */
+/** Processes blocks of changing sizes as fast as possible, on the audio thread. */
 void playAudio (AudioPluginAudioProcessor& processor, const std::atomic<bool>& done, std::atomic<int>& numBlocks)
 {
     const auto noise = makeReferenceSignal ("noise", 8192, 44100.0);
@@ -37,7 +37,7 @@ void playAudio (AudioPluginAudioProcessor& processor, const std::atomic<bool>& d
     }
 }
 
-/** Host automation: every parameter, from a thread of its own. */
+/** Automates every parameter as a host does, on its own thread. */
 void automate (AudioPluginAudioProcessor& processor, const std::atomic<bool>& done)
 {
     juce::Random random (1);
@@ -47,7 +47,7 @@ void automate (AudioPluginAudioProcessor& processor, const std::atomic<bool>& do
         const auto& parameters = processor.getParameters();
         auto& parameter = *parameters[random.nextInt (parameters.size())];
 
-        // Frozen now and then, but not for good.
+        // Freeze is mostly off, so that the picture keeps moving.
         const auto isFreeze = parameter.getName (20).containsIgnoreCase ("freeze");
         parameter.setValueNotifyingHost (isFreeze && random.nextInt (4) != 0 ? 0.0f : random.nextFloat());
         std::this_thread::sleep_for (std::chrono::microseconds (500));
@@ -69,7 +69,7 @@ TEST (AllThreads, RunForHalfAMinuteWhileEverythingChanges)
     std::thread audio ([&] { playAudio (processor, done, numBlocks); });
     std::thread host ([&] { automate (processor, done); });
 
-    // This thread is the view: ticks, sizes, suspending, reading the picture and the scale.
+    // This thread acts as the view: it ticks, resizes, suspends, and reads the picture and the scale.
     const auto end = Clock::now() + std::chrono::seconds (30);
     int numPictures = 0;
     const void* lastPixels = nullptr;
@@ -89,7 +89,7 @@ TEST (AllThreads, RunForHalfAMinuteWhileEverythingChanges)
             processor.setAnalysisSuspended (true);
             processor.setAnalysisSuspended (false);
 
-            // The worker's rate alone: hosts do not prepare a processor while it plays.
+            // Hosts do not prepare a processor while it plays, so only the worker's rate changes.
             processor.getFftProcessor().prepareToPlay (i % 400 == 199 ? 48000.0 : 44100.0);
         }
 

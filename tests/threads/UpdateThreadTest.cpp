@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// Windows that open and close while the web thread is at every point of its work. Worth most under
+// Opens and closes windows while the web thread is at each step of its work. Most useful under
 // ThreadSanitizer.
 #include "orlo/window/AudioPluginAudioProcessorEditor.h"
 #include "orlo/window/CreateEditor.h"
@@ -18,7 +18,7 @@ namespace mk::orlo::test
 namespace
 {
 
-/** A listener that goes on to the change log, as a window does. */
+/** A listener that requests the change log after a new version, as a window does. */
 class ReadingListener final : public pluginCore::UpdateChecker::Listener
 {
 public:
@@ -45,15 +45,15 @@ void answer (HttpServer::Connection& connection)
     connection.send (HttpServer::makeReply (isLog ? "the log" : "macVersion:9.9.9;macReleaseDate:5"));
 }
 
-TEST (WebThread, EndsAtAnyPointOfItsWork)
+TEST (WebThread, CanBeEndedAtAnyStepOfItsWork)
 {
     AudioPluginAudioProcessor processor { createEditor };
     HttpServer server (answer);
     size_t numRequestsBefore = 0;
     ReadingListener* listening = nullptr;
 
-    // How far the work has come when the thread's owner goes: it waits for its start, is about to ask or has
-    // asked, has told of the version, is about to ask for the log or has asked, has told of the log.
+    // The steps at which the thread's owner is destroyed: before the start, around the request for the version,
+    // after the version was reported, around the request for the change log, after the log was reported.
     const auto hasRequests = [&] (size_t number)
     { return [&, number] { return server.getRequests().size() >= numRequestsBefore + number; }; };
     const std::vector<std::function<bool()>> points { [] { return true; },
@@ -62,7 +62,7 @@ TEST (WebThread, EndsAtAnyPointOfItsWork)
                                                       hasRequests (2),
                                                       [&] { return listening->numLogs > 0; } };
 
-    // Several times, since what the thread does next is its own affair.
+    // Repeated, since the timing of the thread varies.
     for (int round = 0; round < 4; ++round)
     {
         for (const auto& isReached : points)
@@ -80,14 +80,14 @@ TEST (WebThread, EndsAtAnyPointOfItsWork)
     }
 }
 
-TEST (WebThread, ServesWindowsThatComeAndGo)
+TEST (WebThread, ServesWindowsThatOpenAndClose)
 {
     FakeSite site;
     AudioPluginAudioProcessor first { createEditor }, second { createEditor };
 
     for (int i = 0; i < 10; ++i)
     {
-        // Of a release of today each window tells.
+        // The release date moves on each day, so that each window reports a new version.
         site.now += 86400000;
         site.setReplies ("macVersion:9.9.9;macReleaseDate:" + juce::String (site.now), "the log");
         const auto numChecks = site.count ("lastVersion.php"), numLogs = site.count ("changeLogMac.php");
@@ -99,14 +99,14 @@ TEST (WebThread, ServesWindowsThatComeAndGo)
         if (i % 2 == 0)
             other = nullptr;
 
-        // The windows go when nothing has been asked yet, when the version has, and when the log has.
+        // The windows close before any request, after the request for the version, or after that for the log.
         const std::vector<std::function<bool()>> points { [] { return true; },
                                                           [&] { return site.count ("lastVersion.php") > numChecks; },
                                                           [&] { return site.count ("changeLogMac.php") > numLogs; } };
         ASSERT_TRUE (pumpUntil (points[size_t (i) % points.size()]));
     }
 
-    // Of two windows one asks.
+    // Only one of two windows sends the request.
     EXPECT_LE (site.count ("lastVersion.php"), 10);
 }
 

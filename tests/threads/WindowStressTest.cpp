@@ -25,7 +25,7 @@ namespace
 constexpr double stressSeconds = 10.0;
 constexpr int periodMicroseconds = 1000;
 
-/** Moves every parameter a thousand times a second, and in the end to its last value. */
+/** Changes every parameter a thousand times a second on its own thread, and sets it to its last value at the end. */
 class Automation
 {
 public:
@@ -56,11 +56,11 @@ private:
     }
 
     const juce::Array<juce::AudioProcessorParameter*>& parameters;
-    std::atomic<bool> shouldStop { false }; // set by the test's thread, read by this one's
+    std::atomic<bool> shouldStop { false }; // set by the test's thread, read by this object's
     std::thread thread { [this] { run(); } };
 };
 
-/** Calls a function with every component below. */
+/** Calls a function with every descendant of a component. */
 void forEachBelow (juce::Component& component, const std::function<void (juce::Component&)>& call)
 {
     for (auto* const child : component.getChildren())
@@ -134,8 +134,8 @@ struct ShownParameters
 
 /** Opens the window, moves it, closes it, and so on while another thread automates.
 
-    Each step is a message like any other: where messages come faster than they can be handled, as under a
-    sanitizer, the loop hands over the next one without ever returning to its caller. [message thread] */
+    Each step is a posted message. If messages arrive faster than they can be handled, as under a sanitizer, the
+    message loop delivers the next one without returning to its caller. [message thread] */
 class RestlessWindow
 {
 public:
@@ -217,7 +217,7 @@ TEST (WindowStress, AutomationOfEveryParameterWhileTheWindowOpensMovesAndCloses)
     EXPECT_TRUE (pumpUntil ([&] { return ShownParameters (window.getMain(), processor).stale.isEmpty(); }))
         << ShownParameters (window.getMain(), processor).stale.joinIntoString (", ");
 
-    // All but the one that no control shows.
+    // One parameter has no control.
     EXPECT_EQ (ShownParameters (window.getMain(), processor).all.size(), processor.getParameters().size() - 1);
 
     for (const auto* const parameter : processor.getParameters())

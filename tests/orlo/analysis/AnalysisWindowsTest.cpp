@@ -38,7 +38,7 @@ TEST (AnalysisWindows, AHannWindowOf255EndsAtZeroAndHasAPlainCentralDifference)
         EXPECT_NEAR (windows.derivative[i], (w[i + 1] - w[i - 1]) * 0.5f, 1.0e-6f);
 }
 
-TEST (AnalysisWindows, TheDerivativeOfHannIsThatOfTheFormula)
+TEST (AnalysisWindows, TheDerivativeOfHannMatchesTheFormula)
 {
     AnalysisWindows windows;
     windows.rebuild (2047, int (WindowType::hann));
@@ -61,9 +61,9 @@ TEST (AnalysisWindows, AWindowThatEndsAboveZeroKeepsItsStepAtTheEdges)
         EXPECT_EQ (derivative[i], 0.0f);
 }
 
-TEST (AnalysisWindows, ASlopeBetweenTheEndsIsTakenOutAndPutBack)
+TEST (AnalysisWindows, ASlopeBetweenTheEndsIsRemovedAndAddedBack)
 {
-    // The slope counts from the first end to the last, downwards as positive.
+    // The slope is measured from the first sample to the last; falling is positive.
     const auto derivative = differentiateWindow ({ 4.0f, 3.0f, 2.0f, 1.0f, 0.0f });
     const std::vector<float> levelled { 0.0f, 4.0f - 2.0f + 2.0f, 3.0f - 2.0f + 1.0f, 0.0f, 1.0f - 2.0f - 1.0f, -4.0f,
                                         0.0f };
@@ -90,7 +90,7 @@ TEST (AnalysisWindows, TheRampIsCentredOnHalfTheLength)
     EXPECT_NEAR (windows.ramp[254], 127.0f, 1.0e-3f);
 }
 
-TEST (AnalysisWindows, TheGaussianPeaksAtOneAndKnowsItsDerivative)
+TEST (AnalysisWindows, TheGaussianPeaksAtOneAndHasItsAnalyticDerivative)
 {
     AnalysisWindows exact, numeric;
     exact.rebuild (601, int (WindowType::gaussian));
@@ -104,7 +104,7 @@ TEST (AnalysisWindows, TheGaussianPeaksAtOneAndKnowsItsDerivative)
         EXPECT_NEAR (exact.derivative[i], numeric.derivative[i], 1.0e-5f);
 }
 
-TEST (AnalysisWindows, ShrinkingLeavesNothingOfTheLongerWindow)
+TEST (AnalysisWindows, ShrinkingClearsTheLongerWindow)
 {
     AnalysisWindows windows;
     windows.rebuild (8191, int (WindowType::hann));

@@ -41,7 +41,7 @@ protected:
     ClassicColumnMapper classic;
 };
 
-TEST_F (ClassicColumnMapperTest, TheHalvesMakeTheWhole)
+TEST_F (ClassicColumnMapperTest, MagnitudesThenLevelsEqualAFillInOneStep)
 {
     Column whole (600), halves (600);
     classic.fill (makeFrame (1), settings, scale, whole);
@@ -50,7 +50,7 @@ TEST_F (ClassicColumnMapperTest, TheHalvesMakeTheWhole)
     EXPECT_EQ (whole, halves);
 }
 
-TEST_F (ClassicColumnMapperTest, MergedMagnitudesHaveTheLevelsOfMergedLevels)
+TEST_F (ClassicColumnMapperTest, MergingMagnitudesEqualsMergingLevels)
 {
     Column magnitudes (600), levels (600), column (600);
 

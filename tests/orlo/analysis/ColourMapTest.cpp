@@ -42,7 +42,7 @@ constexpr KnownEntries knownEntries[] {
     { "voltage", 0x000000, 0x8252E5, 0xFFFFFF },
 };
 
-// The first and last colours of the maps that are stored as ten points, both of which are entries as they are.
+// The first and last colours of the maps that are stored as ten points. Both are exact entries of the map.
 constexpr struct
 {
     const char* name;
@@ -53,7 +53,7 @@ constexpr struct
     { "rocket", 0x020419, 0xFAEADC },    { "mako", 0x0B0305, 0xDEF4E4 },
 };
 
-// In the order of the parameter's values, which sessions and presets store.
+// In the order of the parameter's values, since sessions and presets store these values.
 constexpr const char* namesInOrder[] {
     "gray",    "cubehelix",  "viridis", "plasma",     "inferno",  "magma",    "cividis",   "rocket",
     "mako",    "turbo",      "amber",   "amethyst",   "apple",    "arctic",   "bubblegum", "chroma",
@@ -99,7 +99,7 @@ TEST (ColourMap, StoredMapsHaveTheirKnownEntries)
     }
 }
 
-TEST (ColourMap, GrayIsAnEvenRampForTheEyeAndNotForTheNumbers)
+TEST (ColourMap, GrayIsAPerceptuallyEvenRampAndNotALinearOne)
 {
     const auto list = ColourMap::getColourList (0);
     ASSERT_EQ (list.size(), 2560);
@@ -112,12 +112,12 @@ TEST (ColourMap, GrayIsAnEvenRampForTheEyeAndNotForTheNumbers)
 
     EXPECT_EQ (rgb (list[2559]), expected[10]);
 
-    // Half way up the ramp stands 717171, and not 808080. Entry 128 of 256 lies a little above half way.
+    // The middle of the ramp is 717171, not 808080. Entry 128 of 256 is slightly above the middle.
     EXPECT_EQ (rgb (ColourMap::makeGradient (0).getColourAtPosition (0.5)), 0x717171u);
     EXPECT_EQ (ColourMap (0).pixelForLevel (0.5f), 0xff727272);
 }
 
-TEST (ColourMap, NamesStandInTheOrderOfTheParametersValues)
+TEST (ColourMap, NamesAreInTheOrderOfTheParametersValues)
 {
     const auto& names = colourTables::getNames();
     ASSERT_EQ (names.size(), std::size (namesInOrder));
@@ -162,7 +162,7 @@ TEST (ColourMap, LevelsRoundToTheNearestEntry)
     EXPECT_EQ (map.pixelForLevel (std::numeric_limits<float>::quiet_NaN()), map.getPixels()[0]);
 }
 
-TEST (ColourMap, TheGradientHasEveryStoredColourInItsPlace)
+TEST (ColourMap, TheGradientHasEveryStoredColourAtItsPosition)
 {
     const auto list = ColourMap::getColourList (3);
     const auto gradient = ColourMap::makeGradient (3);

@@ -15,7 +15,7 @@ namespace
 class ColumnPacerTest : public testing::Test
 {
 protected:
-    /** Adds frames to the queue, takes a tick and gives the number of its columns. */
+    /** Adds frames to the queue, runs one tick and returns the number of columns that it draws. */
     int tick (float columnsPerTick, int numNewFrames)
     {
         numFrames += numNewFrames;
@@ -30,7 +30,7 @@ protected:
     int numFrames = 0;
 };
 
-TEST_F (ColumnPacerTest, PartsOfAColumnAreCarriedOverBelowAndAboveOneATick)
+TEST_F (ColumnPacerTest, FractionsOfAColumnAreCarriedOverToTheNextTick)
 {
     for (const auto columnsPerTick : { 0.25f, 0.6f, 2.76f, 4.51f })
     {
@@ -51,7 +51,7 @@ TEST_F (ColumnPacerTest, PartsOfAColumnAreCarriedOverBelowAndAboveOneATick)
     }
 }
 
-TEST_F (ColumnPacerTest, AColumnIsDrawnOnlyWhenAllOfItsFramesAreThere)
+TEST_F (ColumnPacerTest, AColumnIsDrawnOnlyWhenAllOfItsFramesHaveArrived)
 {
     framesPerColumn = 3;
     EXPECT_EQ (tick (2.0f, 2), 0);
@@ -59,20 +59,20 @@ TEST_F (ColumnPacerTest, AColumnIsDrawnOnlyWhenAllOfItsFramesAreThere)
     EXPECT_EQ (numFrames, 1);
 }
 
-TEST_F (ColumnPacerTest, ABurstIsSpreadOverTheTicksItLastsFor)
+TEST_F (ColumnPacerTest, ABurstIsSpreadEvenlyOverTheTicks)
 {
-    // 12 columns every fourth tick of 3 columns.
+    // 12 frames arrive at every fourth tick, and each tick asks for 3 columns.
     for (int i = 0; i < 400; ++i)
         EXPECT_NEAR (tick (3.0f, i % 4 == 0 ? 12 : 0), 3, 1) << i;
 
     EXPECT_EQ (share.numExtraFrames, 0);
 }
 
-TEST_F (ColumnPacerTest, MoreColumnsThanTheTicksAskForAreDrawnAsTheyCome)
+TEST_F (ColumnPacerTest, MoreColumnsThanTheTicksAskForAreDrawnAsTheyArrive)
 {
     auto longestQueue = 0;
 
-    // An eighth more.
+    // An eighth more frames arrive than the ticks ask for.
     for (int i = 0; i < 1000; ++i)
     {
         tick (4.0f, i % 2 == 0 ? 4 : 5);
@@ -83,7 +83,7 @@ TEST_F (ColumnPacerTest, MoreColumnsThanTheTicksAskForAreDrawnAsTheyCome)
     EXPECT_LE (longestQueue, 2);
 }
 
-TEST_F (ColumnPacerTest, ColumnsThatAreLeftBehindAreDrawnWithinASecond)
+TEST_F (ColumnPacerTest, ABacklogOfColumnsIsDrawnWithinASecond)
 {
     tick (4.0f, 4 + 7);
     EXPECT_EQ (numFrames, 7);
@@ -94,9 +94,9 @@ TEST_F (ColumnPacerTest, ColumnsThatAreLeftBehindAreDrawnWithinASecond)
     EXPECT_EQ (numFrames, 0);
 }
 
-TEST_F (ColumnPacerTest, WhatPilesUpIsDrawnFasterAndMergedTwoFramesATick)
+TEST_F (ColumnPacerTest, ALastingBacklogIsDrawnFasterAndMergesTwoFramesATick)
 {
-    // Faster than real time, into a queue of 49.
+    // Frames arrive faster than real time and keep a queue of 49 full.
     for (int i = 0; i < 16; ++i)
     {
         tick (4.0f, 49 - numFrames);
@@ -109,17 +109,17 @@ TEST_F (ColumnPacerTest, WhatPilesUpIsDrawnFasterAndMergedTwoFramesATick)
     EXPECT_EQ (share.numExtraFrames, 2);
 }
 
-TEST_F (ColumnPacerTest, TimeWithoutFramesIsNotMadeUpFor)
+TEST_F (ColumnPacerTest, TimeWithoutFramesIsNotCaughtUp)
 {
     for (int i = 0; i < 200; ++i)
         EXPECT_EQ (tick (4.0f, 0), 0);
 
-    // The first frames after a pause come at the usual pace, and at most one column early.
+    // The first frames after a pause are drawn at the usual pace, and at most one column early.
     EXPECT_LE (tick (4.0f, 40), 5);
     EXPECT_LE (tick (4.0f, 0), 5);
 }
 
-TEST_F (ColumnPacerTest, ALongTickTakesNoMoreThanThereIs)
+TEST_F (ColumnPacerTest, ALongTickTakesNoMoreFramesThanAreQueued)
 {
     for (const auto columnsPerTick : { 1.0e9f, std::numeric_limits<float>::max() })
     {
@@ -130,7 +130,7 @@ TEST_F (ColumnPacerTest, ALongTickTakesNoMoreThanThereIs)
     EXPECT_LE (tick (4.0f, 40), 6);
 }
 
-TEST_F (ColumnPacerTest, AQueueThatWasEmptiedByOthersIsNoReasonToStop)
+TEST_F (ColumnPacerTest, KeepsItsPaceAfterTheQueueIsEmptiedElsewhere)
 {
     for (int i = 0; i < 100; ++i)
     {

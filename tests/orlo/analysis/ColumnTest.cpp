@@ -63,8 +63,8 @@ constexpr auto infinity = std::numeric_limits<float>::infinity();
 }
 
 //==============================================================================
-// A row's value is taken at its lower edge. Where a row is as high as a bin, that edge lies half way
-// between two bins, which takes 6 dB off: 0.06 of a range of 100 dB.
+// A row is evaluated at its lower edge. If rows are as high as bins, that edge lies half way between
+// two bins, which lowers the level by 6 dB: 0.06 of a range of 100 dB.
 constexpr auto halfWay = 0.0602060f;
 
 TEST (ClassicColumnMapper, ABinLightsTheRowsAroundIt)
@@ -98,7 +98,7 @@ TEST (ClassicColumnMapper, ARowOverSeveralBinsShowsTheLoudest)
     EXPECT_NEAR (column[8 - 4], 0.8f, 1.0e-5f);
 }
 
-TEST (ClassicColumnMapper, TheLowestRowsDoNotTakeInDC)
+TEST (ClassicColumnMapper, TheLowestRowsExcludeDC)
 {
     const auto column = mapOnce (makeFrame (0, { 1.0f, 0, 0 }), makeSettings (false));
     EXPECT_TRUE (litRows (column).empty());
@@ -113,7 +113,7 @@ TEST (ClassicColumnMapper, APictureOfOneRowShowsTheLoudestOfAll)
     EXPECT_NEAR (column[0], 0.8f, 1.0e-5f);
 }
 
-TEST (ClassicColumnMapper, AFrameLeftFromAnotherSizeIsReadWithinItsBounds)
+TEST (ClassicColumnMapper, AFrameOfAnotherSizeIsReadWithinItsBounds)
 {
     auto settings = makeSettings (false);
     settings.fftSize = 8192;
@@ -170,7 +170,7 @@ TEST (ClassicColumnMapper, RowsFollowARangeThatChanges)
 }
 
 //==============================================================================
-/** The columns that one frame draws, oldest first. */
+/** Returns the columns that one frame draws, oldest first. */
 [[nodiscard]] std::vector<Column> plot (const Frame& frame, const ColumnSettings& settings, size_t numColumns = 9)
 {
     FrequencyScale scale;
@@ -190,9 +190,9 @@ TEST (ClassicColumnMapper, RowsFollowARangeThatChanges)
     return count;
 }
 
-TEST (EnhancedColumnPlotter, APointGoesWhereItsShiftsSay)
+TEST (EnhancedColumnPlotter, APointIsMovedByItsShifts)
 {
-    // The window's centre is sample 127; a hop of 32 puts it into column 4, 64 samples later is column 6.
+    // The window's centre is sample 127, so at a hop of 32 it lies in column 4; 64 samples later is column 6.
     const auto columns = plot (makeFrame (40, { 0.1f, 64.0f, 80.0f }), makeSettings (true));
     EXPECT_EQ (countLit (columns), 1u);
     EXPECT_NEAR (columns[6][128 - 41], 0.8f, 1.0e-5f);
@@ -207,7 +207,7 @@ TEST (EnhancedColumnPlotter, TheLouderOfTwoPointsOnOnePixelWins)
     EXPECT_NEAR (columns[4][128 - 40], 1.0f + std::log10 (0.5f) / 5.0f, 1.0e-5f);
 }
 
-TEST (EnhancedColumnPlotter, PointsThatMeanNothingAreLeftOut)
+TEST (EnhancedColumnPlotter, PointsWithInvalidValuesAreLeftOut)
 {
     const auto settings = makeSettings (true);
 
@@ -225,7 +225,7 @@ TEST (EnhancedColumnPlotter, PointsThatMeanNothingAreLeftOut)
         EXPECT_EQ (countLit (plot (makeFrame (40, bin), settings)), 0u)
             << bin.magnitude << " " << bin.timeShift << " " << bin.freqShift;
 
-    // The ends of the window themselves belong to it.
+    // The ends of the window are included.
     EXPECT_EQ (countLit (plot (makeFrame (40, { 0.1f, 127.0f, 0.0f }), settings)), 1u);
     EXPECT_EQ (countLit (plot (makeFrame (40, { 0.1f, -127.0f, 0.0f }), settings)), 1u);
 }
@@ -276,14 +276,14 @@ TEST (EnhancedColumnPlotter, AFloorAtTheCeilingDrawsFullPointsOrNone)
 }
 
 //==============================================================================
-TEST (ColumnMapper, AnEnhancedPointComesOutWhenNoLaterFrameCanReachItsColumn)
+TEST (ColumnMapper, AnEnhancedPointIsShownWhenNoLaterFrameCanReachItsColumn)
 {
     FrequencyScale scale;
     ColumnMapper mapper;
     Column column;
     const auto settings = makeSettings (true);
 
-    // History: ceil (255 / 32) + 1 = 9 columns. The point lies in column 4 of the first frame.
+    // The history has ceil (255 / 32) + 1 = 9 columns. The point lies in column 4 of the first frame.
     for (int frame = 0; frame < 12; ++frame)
     {
         mapper.map (frame == 0 ? makeFrame (40, { 0.1f, 0.0f, 0.0f }) : makeSilentFrame(), settings, scale, column);
@@ -291,7 +291,7 @@ TEST (ColumnMapper, AnEnhancedPointComesOutWhenNoLaterFrameCanReachItsColumn)
     }
 }
 
-TEST (ColumnMapper, FramesThatMeetInAColumnAddUp)
+TEST (ColumnMapper, PointsOfTwoFramesInOneColumnAreBothShown)
 {
     FrequencyScale scale;
     ColumnMapper mapper;

@@ -25,7 +25,7 @@ protected:
         worker.processAvailable();
     }
 
-    /** Everything that comes out of the samples, in blocks small enough for the ring of frames. */
+    /** Returns all frames of the samples, analysed in blocks small enough for the ring of frames. */
     [[nodiscard]] std::vector<Frame> analyse (const Samples& samples, int blockSize = 512)
     {
         std::vector<Frame> frames;
@@ -87,7 +87,7 @@ TEST_F (FFTProcessorTest, PaddingDoublesOrQuadruplesTheTransform)
     EXPECT_EQ (worker.getFftSize(), 256);
 }
 
-TEST_F (FFTProcessorTest, OnlyAnotherWindowLengthIsTakenOver)
+TEST_F (FFTProcessorTest, AConfigOfTheSameWindowLengthIsIgnored)
 {
     configure (255, 64);
     worker.setPendingConfig ({ 255, 2, int (WindowType::blackman) });
@@ -143,7 +143,7 @@ TEST_F (FFTProcessorTest, TheNyquistBinStaysSilent)
     EXPECT_GT (frames.back()[127].magnitude, 0.1f);
 }
 
-TEST_F (FFTProcessorTest, TheNyquistBinKeepsNothingOfALargerTransform)
+TEST_F (FFTProcessorTest, TheNyquistBinIsClearedAfterALargerTransform)
 {
     // Loud in bin 128, which is the Nyquist bin of the smaller size.
     configure (8191, 1024);
@@ -155,7 +155,7 @@ TEST_F (FFTProcessorTest, TheNyquistBinKeepsNothingOfALargerTransform)
     expectSilent (frames.back());
 }
 
-TEST_F (FFTProcessorTest, SilenceUnderAThresholdIsZeroEverywhere)
+TEST_F (FFTProcessorTest, SilenceBelowTheThresholdIsZeroInEveryBin)
 {
     configure (1023, 256);
     worker.setMagnitudeThreshold (1.0e-7f);
@@ -179,7 +179,7 @@ TEST_F (FFTProcessorTest, BinsNotAboveTheThresholdReadZero)
 
 TEST_F (FFTProcessorTest, ABinExactlyAtTheThresholdReadsZero)
 {
-    // The same samples three times, each after enough silence to empty the window.
+    // Analyses the same samples with each threshold, after enough silence to empty the window.
     const auto analyseWith = [this] (float threshold)
     {
         worker.setMagnitudeThreshold (threshold);
@@ -194,7 +194,7 @@ TEST_F (FFTProcessorTest, ABinExactlyAtTheThresholdReadsZero)
     EXPECT_EQ (analyseWith (std::nextafter (magnitude, 0.0f)), magnitude);
 }
 
-TEST_F (FFTProcessorTest, AFrameSaysWhatItWasMadeWith)
+TEST_F (FFTProcessorTest, AFrameHoldsTheFormatItWasAnalysedWith)
 {
     worker.prepareToPlay (48000.0);
     worker.setSettings ({ { 511, 1, int (WindowType::hann) }, 100, true, 0.0f });
@@ -203,7 +203,7 @@ TEST_F (FFTProcessorTest, AFrameSaysWhatItWasMadeWith)
     EXPECT_EQ (frames[0].format, (FrameFormat { 511, 1024, 100, true, 48000.0f }));
 }
 
-TEST_F (FFTProcessorTest, GivesBackTheSettingsItWasGiven)
+TEST_F (FFTProcessorTest, ReturnsTheSettingsThatWereSet)
 {
     const AnalysisSettings settings { { 255, 0, int (WindowType::hann) }, 77, true, 0.25f };
     worker.setSettings (settings);
@@ -214,7 +214,7 @@ TEST_F (FFTProcessorTest, AHopLongerThanTheWindowSeesOnlyItsFirstSamples)
 {
     configure (255, 1000);
 
-    // Loud only where no window looks.
+    // The signal is loud only in the samples that no window covers.
     Samples samples (5000, 0.0f);
 
     for (size_t i = 0; i < samples.size(); ++i)
@@ -230,7 +230,7 @@ TEST_F (FFTProcessorTest, AHopLongerThanTheWindowSeesOnlyItsFirstSamples)
     EXPECT_EQ (worker.getNumSamplesReady(), 0);
 }
 
-TEST_F (FFTProcessorTest, AHopLongerThanTheBuffersOfAShortWindowIsRead)
+TEST_F (FFTProcessorTest, AHopLongerThanTheBuffersOfAShortWindowIsAnalysed)
 {
     // Window 255 at 192 kHz and speed 0: 3072 samples a hop.
     worker.prepareToPlay (192000.0);
@@ -243,7 +243,7 @@ TEST_F (FFTProcessorTest, AHopLongerThanTheBuffersOfAShortWindowIsRead)
 
 TEST_F (FFTProcessorTest, TheLastSampleOfTheWindowStaysZeroAfterEveryChangeOfHop)
 {
-    // A rectangular window would show it. The long hop fills the window to its end.
+    // The long hop fills the window to its end, and a rectangular window would show a sample left there.
     configure (255, 1000, 0, WindowType::rectangular);
     ASSERT_FALSE (analyse (Samples (2000, 1.0f)).empty());
 
@@ -252,7 +252,7 @@ TEST_F (FFTProcessorTest, TheLastSampleOfTheWindowStaysZeroAfterEveryChangeOfHop
     expectSilent (frames.back());
 }
 
-TEST_F (FFTProcessorTest, ANaNLeavesWithTheSamplesAroundItWhateverChangesMeanwhile)
+TEST_F (FFTProcessorTest, NaNsLeaveTheWindowEvenIfWindowAndHopChangeMeanwhile)
 {
     constexpr auto nan = std::numeric_limits<float>::quiet_NaN();
 
@@ -317,7 +317,7 @@ TEST_F (FFTProcessorTest, FramesDoNotDependOnTheSizeOfTheBlocks)
     }
 }
 
-TEST_F (FFTProcessorTest, TheOldestFramesGoWhenNobodyTakesThem)
+TEST_F (FFTProcessorTest, TheOldestFramesAreDroppedWhenTheRingIsFull)
 {
     configure (255, 10);
     const Samples samples (1000, 0.0f);
@@ -362,7 +362,7 @@ TEST_F (FFTProcessorTest, ANewRateIsReportedOnTheMessageThreadAndTheSameOneIsNot
     EXPECT_EQ (rates.size(), 1u);
 }
 
-TEST_F (FFTProcessorTest, TheFirstRateIsReportedEvenIfItIsTheOneThatStandsAnyway)
+TEST_F (FFTProcessorTest, TheFirstRateIsReportedEvenIfItEqualsThePlaceholder)
 {
     std::vector<double> rates;
     worker.onSampleRateChanged = [&] (double rate) { rates.push_back (rate); };
@@ -375,7 +375,7 @@ TEST_F (FFTProcessorTest, TheFirstRateIsReportedEvenIfItIsTheOneThatStandsAnyway
     }
 }
 
-TEST_F (FFTProcessorTest, ARateReportedAfterTheWorkerHasGoneReachesNobody)
+TEST_F (FFTProcessorTest, APendingRateIsNotReportedAfterTheWorkerIsDestroyed)
 {
     auto called = false;
     auto shortLived = std::make_unique<FFTProcessor>();

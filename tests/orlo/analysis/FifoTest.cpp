@@ -29,7 +29,7 @@ namespace
 
 void push (SampleFifo& fifo, const std::vector<float>& values) { fifo.push (values.data(), int (values.size())); }
 
-TEST (SampleFifo, GivesBackWhatWasPushedInOrderAcrossTheEnd)
+TEST (SampleFifo, ReturnsSamplesInOrderAcrossTheEndOfTheRing)
 {
     SampleFifo fifo (10);
 
@@ -64,7 +64,7 @@ TEST (SampleFifo, ABlockLargerThanTheRingKeepsItsNewestSamples)
     EXPECT_EQ (popAll (fifo), countUp (116, 9));
 }
 
-TEST (SampleFifo, SkipsWhatTheReaderDoesNotWant)
+TEST (SampleFifo, SkipsTheSamplesThatTheReaderSkips)
 {
     SampleFifo fifo (20);
     push (fifo, countUp (0, 15));
@@ -106,7 +106,7 @@ TEST (SampleFifo, WithTooFewSamplesReadyNothingIsRemoved)
 
 constexpr int manyBlocks = 2000;
 
-/** Pushes 0, 1, 2 ... in blocks of five on a thread of its own, until it has pushed all or is destroyed. */
+/** Pushes 0, 1, 2 ... in blocks of five on its own thread, until it has pushed all or is destroyed. */
 class CountingWriter
 {
 public:
@@ -136,8 +136,8 @@ private:
     std::thread thread { [this] { run(); } };
 };
 
-/** Takes blocks until the writer is done or manyBlocks have been taken. Every block must be consecutive and newer
-    than the last one. Gives back how many there were. */
+/** Pops blocks until the writer is done or manyBlocks have been popped. Expects every block to be consecutive and
+    newer than the last one. Returns the number of blocks. */
 [[nodiscard]] int readWhileWriting (SampleFifo& fifo, const CountingWriter& writer, int blockSize)
 {
     int numBlocks = 0;
@@ -188,7 +188,7 @@ TEST (SampleFifo, ADiscardWhileTheReaderReadsBringsNoOldSamplesBack)
     return Frame (numBins, { magnitude, 0.0f, 0.0f });
 }
 
-TEST (FrameFifo, GivesBackFramesInOrderAndOfTheirOwnSize)
+TEST (FrameFifo, ReturnsFramesInOrderAndWithTheirOwnSize)
 {
     FrameFifo fifo (5);
     Frame frame;
@@ -236,8 +236,8 @@ TEST (FrameFifo, DiscardingEmptiesIt)
     EXPECT_EQ (frame[0].magnitude, 2.0f);
 }
 
-/** Pushes frames 1, 2, 3 ... on a thread of its own, until it has pushed all or is destroyed. Their sizes change
-    all the time, as they do when the user changes the window. */
+/** Pushes frames 1, 2, 3 ... on its own thread, until it has pushed all or is destroyed. The sizes of the frames
+    keep changing, as they do when the user changes the window. */
 class FrameWriter
 {
 public:
@@ -266,8 +266,8 @@ private:
     std::thread thread { [this] { run(); } };
 };
 
-/** Takes frames until the writer is done or so many have been taken. Every one must be whole and newer than the
-    last one. Gives back how many there were. */
+/** Pops frames until the writer is done or mostFrames have been popped. Expects every frame to be whole and newer
+    than the last one. Returns the number of frames. */
 [[nodiscard]] int readWhileWriting (FrameFifo& fifo, const FrameWriter& writer, int mostFrames)
 {
     Frame frame;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// The picture while window, hop or mode change: every frame is drawn as what it is.
+// Tests that every frame is drawn in its own format while window, hop or mode change.
 #include "orlo/analysis/ColumnMapper.h"
 #include "orlo/analysis/FFTProcessor.h"
 #include "orlo/analysis/FrequencyScale.h"
@@ -23,8 +23,8 @@ constexpr int numRows = 257;
 constexpr double toneHz = rate / 8.0;
 constexpr int toneRow = (numRows - 1) * 3 / 4;
 
-// The windows right after a change hold samples of before, and the seam spreads the tone over a few bins. A frame
-// taken for one of half or twice its size would be 64 rows off or more.
+// Right after a change the windows still hold older samples, and the seam spreads the tone over a few bins. If a
+// frame were drawn as one of half or twice its size, the tone would be off by 64 rows or more.
 constexpr int rowTolerance = 8;
 
 [[nodiscard]] AnalysisSettings makeSettings (int label, int hop, bool enhanced)
@@ -42,7 +42,7 @@ constexpr int rowTolerance = 8;
     return int (std::max_element (column.begin(), column.end()) - column.begin());
 }
 
-/** Worker and builder without their threads, and a tone that goes on through all changes. */
+/** Worker and builder without their threads, and a tone that continues through all changes. */
 class FormatChangeTest : public testing::Test
 {
 protected:
@@ -55,7 +55,7 @@ protected:
         builder.applyRequestedSize();
     }
 
-    /** Analyses as much of the tone and leaves the frames waiting. */
+    /** Analyses the next samples of the tone and leaves the frames in the queue. */
     void play (int numSamples)
     {
         worker.pushSamples (tone.data() + position, numSamples);
@@ -63,7 +63,7 @@ protected:
         position += numSamples;
     }
 
-    /** The columns of all frames that wait. */
+    /** Draws all queued frames and returns their columns. */
     [[nodiscard]] std::vector<Column> drawAll()
     {
         std::vector<Column> columns;
@@ -78,8 +78,8 @@ protected:
         return columns;
     }
 
-    /** Of Enhanced, the columns after a change are silent until the first window has gone by. Whatever shows
-        must show the tone, and at the end it must show. */
+    /** Expects the tone in every column that is not silent, and in the last one. In Enhanced mode the columns
+        after a change are silent until the first window has passed. */
     static void expectTone (const std::vector<Column>& columns)
     {
         ASSERT_FALSE (columns.empty());
@@ -101,11 +101,11 @@ protected:
     SpectrogramImageBuilder builder { worker, clock };
 };
 
-TEST_F (FormatChangeTest, FramesThatWaitAreDrawnAtTheirOwnFrequencies)
+TEST_F (FormatChangeTest, QueuedFramesAreDrawnAtTheirOwnFrequencies)
 {
     for (const auto enhanced : { false, true })
     {
-        // Long enough for the window to be full before the frames that are drawn.
+        // Long enough to fill the window before the frames that are drawn.
         worker.setSettings (makeSettings (8192, 1024, enhanced));
         play (40 * 1024);
         worker.discardPending();
@@ -135,7 +135,7 @@ TEST_F (FormatChangeTest, ThePictureRightAfterAChangeOfSizeHopOrModeShowsTheTone
     }
 }
 
-/** One point of Enhanced in the middle of a window of 255 samples. */
+/** One Enhanced point in the middle of a window of 255 samples. */
 class HistoryTest : public testing::Test
 {
 protected:
@@ -155,11 +155,11 @@ protected:
     ColumnMapper mapper;
 };
 
-TEST_F (HistoryTest, APointComesOutHalfAWindowLater)
+TEST_F (HistoryTest, APointIsDrawnHalfAWindowLater)
 {
     EXPECT_TRUE (isSilent (map (format, true)));
 
-    // 127 samples, which are 4 hops.
+    // Half a window is 127 samples, or 4 hops.
     for (int i = 1; i < 4; ++i)
         EXPECT_TRUE (isSilent (map (format, false))) << i;
 
@@ -167,7 +167,7 @@ TEST_F (HistoryTest, APointComesOutHalfAWindowLater)
     EXPECT_TRUE (isSilent (map (format, false)));
 }
 
-TEST_F (HistoryTest, StartsAnewWhenTheFormatChanges)
+TEST_F (HistoryTest, IsClearedWhenTheFormatChanges)
 {
     const FrameFormat others[] = { { 511, 256, 32, true, 44100.0f },
                                    { 255, 512, 32, true, 44100.0f },

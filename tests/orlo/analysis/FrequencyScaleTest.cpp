@@ -91,7 +91,7 @@ TEST (FrequencyScale, ALogRangeThatEndsBelowFiftyHertzIsLinearAgainstFifty)
     EXPECT_NEAR (scale.frequencyForPosition (0.5f), 25.0f, 1.0e-4f);
 }
 
-TEST (FrequencyScale, TheLowBandIsNeverHigherThanAnOctave)
+TEST (FrequencyScale, TheBandBelowFiftyHertzIsAtMostAnOctaveHigh)
 {
     FrequencyScale scale;
     const auto octavesAbove = std::log2 (20000.0f / 50.0f);
@@ -163,7 +163,7 @@ TEST (FrequencyScale, PositionsAreMonotonicAndInvertible)
     }
 }
 
-/** How far apart the two directions may be: half a row of a picture that is 1600 rows high. */
+/** The largest allowed difference between the two directions: half a row of a picture 1600 rows high. */
 constexpr auto halfARow = 0.5f / 1600.0f;
 
 void expectThatBothDirectionsAgree (float minHz, float maxHz)
@@ -180,7 +180,7 @@ void expectThatBothDirectionsAgree (float minHz, float maxHz)
             const auto position = float (i) / 1600.0f;
             const auto hz = scale.frequencyForPosition (position);
 
-            // The log scale below 50 Hz ends short of the top, and the rest of the axis is beyond the range.
+            // A log scale that ends below 50 Hz ends below the top, and the rest of the axis is beyond the range.
             if (type != FrequencyScale::log || hz < maxHz)
                 worst = std::max (worst, std::abs (scale.positionForFrequency (hz) - position));
         }
@@ -210,7 +210,7 @@ TEST (FrequencyScale, BothDirectionsAgreeOnAnyRange)
 
     for (int i = 0; i < 300; ++i)
     {
-        // From a thousandth of the top frequency, narrower than which a float is too coarse, to all of it.
+        // From a thousandth of the top frequency to all of it; for a narrower range a float is too coarse.
         const auto max = 10.0f * std::pow (9600.0f, random.nextFloat());
         const auto width = max * std::pow (0.001f, random.nextFloat());
         expectThatBothDirectionsAgree (max - width, max);
@@ -286,7 +286,7 @@ TEST (FrequencyScale, ARangeWithinRoundingKeepsTheOldValues)
     scale.removeListener (&listener);
 }
 
-TEST (FrequencyScale, ChangesBetweenTwoTurnsOfTheMessageLoopComeAsOne)
+TEST (FrequencyScale, ChangesWithinOneTurnOfTheMessageLoopNotifyOnce)
 {
     FrequencyScale scale;
     CountingListener listener;

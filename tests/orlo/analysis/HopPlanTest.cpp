@@ -50,12 +50,12 @@ TEST (HopPlan, AColumnShorterThanTheOverlapStillEndsInAHop)
     EXPECT_EQ (plan.framesPerColumn, 1);
 }
 
-TEST (HopPlan, WithoutAWindowSizeTheSmallestEnhancedHopHolds)
+TEST (HopPlan, WithoutAWindowSizeTheSmallestEnhancedHopIsUsed)
 {
     EXPECT_EQ (planHop ({ 0, 44100.0, 0.0f, false, true }).samplesPerFrame, 88);
 }
 
-TEST (HopPlan, SpeedsBeyondTheRangeCountAsItsEnds)
+TEST (HopPlan, SpeedsBeyondTheRangeAreClamped)
 {
     EXPECT_FLOAT_EQ (planHop ({ 2048, 44100.0, 150.0f, false, true }).secondsPerColumn, 0.0025f);
     EXPECT_FLOAT_EQ (planHop ({ 2048, 44100.0, -50.0f, false, true }).secondsPerColumn, 0.016f);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// How fast the picture moves: worker and builder without their threads, audio and ticks as time goes by.
+// Tests how fast the picture moves, with worker and builder without their threads and with simulated time.
 #include "orlo/analysis/FFTProcessor.h"
 #include "orlo/analysis/HopPlan.h"
 #include "orlo/analysis/SpectrogramImageBuilder.h"
@@ -28,12 +28,12 @@ public:
         builder.setFramesPerColumn (plan.framesPerColumn);
         builder.setMaxFreqFraction (1.0f);
 
-        // Wider than any picture here is long, so that the write position counts the columns.
+        // Wider than the number of columns drawn in any test, so that the write position counts the columns.
         builder.setRequestedSize (12000, 1);
     }
 
-    /** The audio of some seconds and the tick at their end. The host sends blocks of that many samples,
-        by default whatever has been played since the last tick. */
+    /** Plays some seconds of audio and ticks at their end. The host sends blocks of blockSize samples, by
+        default one block with everything since the last tick. */
     void tick (double seconds, int blockSize = 1)
     {
         now += seconds;
@@ -49,12 +49,12 @@ public:
         builder.processTick (float (seconds / double (plan.secondsPerColumn)));
     }
 
-    /** What the samples heard so far are worth. */
+    /** The number of columns that the samples played so far amount to. */
     [[nodiscard]] double getColumnsHeard() const { return double (numSamples) / getSamplesPerColumn(); }
 
     [[nodiscard]] int getColumnsDrawn() const { return builder.getRing().getWriteX(); }
 
-    /** What waits, in ticks of the given length. */
+    /** The length of the queue, in ticks of the given length. */
     [[nodiscard]] double getTicksWaiting (double secondsPerTick) const
     {
         const auto columns = double (worker.getNumFramesReady()) / plan.framesPerColumn;
@@ -73,7 +73,7 @@ private:
     juce::int64 numSamples = 0;
 };
 
-/** Settings whose columns are one frame or several, and nearly or not at all what the speed asks for. */
+/** Settings with one or several frames a column, and with column rates near the requested speed or far from it. */
 const HopSettings settingsToTry[] {
     { 2048, 44100.0, 40.0f, false, false }, // Classic: a frame a column
     { 2048, 44100.0, 40.0f, false, true },  // the default
@@ -87,7 +87,7 @@ const HopSettings settingsToTry[] {
     return std::to_string (settings.windowSize) + (settings.enhanced ? " Enhanced" : " Classic");
 }
 
-TEST (PictureSpeed, IsTheAudiosOnEveryDisplay)
+TEST (PictureSpeed, MatchesTheAudioAtEveryRefreshRate)
 {
     for (const auto& settings : settingsToTry)
         for (const auto hertz : { 30, 50, 60, 75, 90, 98 })
@@ -107,7 +107,7 @@ TEST (PictureSpeed, IsTheAudiosOnEveryDisplay)
         }
 }
 
-TEST (PictureSpeed, IsTheAudiosOnADisplayThatJitters)
+TEST (PictureSpeed, MatchesTheAudioOnADisplayThatJitters)
 {
     for (const auto& settings : settingsToTry)
     {
@@ -129,7 +129,7 @@ TEST (PictureSpeed, IsTheAudiosOnADisplayThatJitters)
     }
 }
 
-TEST (PictureSpeed, IsTheAudiosWhateverTheSizeOfTheHostsBlocks)
+TEST (PictureSpeed, MatchesTheAudioAtEveryBlockSizeOfTheHost)
 {
     for (const auto blockSize : { 64, 512, 1024, 2048, 4096 })
         for (const auto hertz : { 30, 60, 75, 98 })
@@ -141,7 +141,7 @@ TEST (PictureSpeed, IsTheAudiosWhateverTheSizeOfTheHostsBlocks)
             for (int i = 0; i < 10 * hertz; ++i)
                 playback.tick (1.0 / hertz, blockSize);
 
-            // The last block may still be on its way to the picture, but nothing older.
+            // Only the last block may not have been drawn yet.
             EXPECT_LE (playback.getColumnsDrawn(), playback.getColumnsHeard());
             EXPECT_GE (playback.getColumnsDrawn(), playback.getColumnsHeard() - columnsInBlock - 1.0);
         }
@@ -164,14 +164,14 @@ TEST (PictureSpeed, IsEvenWhenTheHostsBlocksAreLongerThanATick)
     }
 }
 
-TEST (PictureSpeed, IsMadeUpForAfterAPauseOfTheBuilder)
+TEST (PictureSpeed, CatchesUpAfterAPauseOfTheBuilder)
 {
     Playback playback (settingsToTry[0]);
 
     for (int i = 0; i < 60; ++i)
         playback.tick (1.0 / 60.0);
 
-    // As long as the frames still find room.
+    // The pause is short enough for its frames to fit into the queue.
     playback.tick (0.15);
 
     for (int i = 0; i < 60; ++i)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// Where reassignment puts the energy of signals whose place is known from theory.
+// Tests where reassignment puts the energy of signals whose time and frequency are known from theory.
 #include "orlo/analysis/SpectralAnalyser.h"
 
 #include "tests/support/Signals.h"
@@ -17,7 +17,7 @@ namespace
 struct Point
 {
     double hz;
-    double sample; // of the signal
+    double sample; // index in the signal
     double energy;
 };
 
@@ -28,7 +28,7 @@ struct Setting
     double rate = 44100.0;
 };
 
-/** The reassigned points of all frames that lie wholly inside the signal, without the quietest ones. */
+/** Returns the reassigned points of all frames that lie wholly inside the signal, without the quietest ones. */
 [[nodiscard]] std::vector<Point>
     reassignedPoints (const Samples& signal, const Setting& setting, float relativeThreshold)
 {
@@ -50,7 +50,7 @@ struct Setting
         if (samplesRead < windowLength)
             continue;
 
-        // The window's last sample is never filled, so its first one lies windowLength - 1 back.
+        // The window's last sample is never filled, so its first sample is windowLength - 1 back.
         const auto centre = samplesRead - (windowLength - 1) + windowLength / 2;
         auto loudest = 0.0f;
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// The worker and the image builder against an independent model, from the samples to the levels.
+// Compares the worker and the image builder with an independent model, from the samples to the levels.
 #include "orlo/analysis/FFTProcessor.h"
 #include "orlo/analysis/SpectrogramImageBuilder.h"
 
@@ -25,7 +25,7 @@ protected:
             { { reference.label - 1, 0, int (WindowType::hann) }, reference.hop, reference.enhanced, 0.0f });
     }
 
-    /** All frames of the signal, pushed in small blocks so that the ring of frames never overflows. */
+    /** Returns all frames of the signal, pushed in small blocks so that the ring of frames never overflows. */
     [[nodiscard]] std::vector<Frame> analyse()
     {
         const auto signal = makeReferenceSignal (reference.signal, reference.numSamples, reference.sampleRate);
@@ -71,7 +71,7 @@ void expectClassicColumnNear (const Column& column, const ReferenceColumn& expec
         EXPECT_NEAR (column[y], expected.levels[y], 2.0e-3f) << "row " << y;
 }
 
-/** Points of an Enhanced column may round to the neighbouring row, but only a few, and no further. */
+/** Allows a few points of an Enhanced column to round to the neighbouring row, but no further. */
 void expectEnhancedColumnNear (const Column& column, const ReferenceColumn& expected)
 {
     const auto holds = [] (const Column& c, size_t y) { return y < c.size() && c[y] > 0.0f; };

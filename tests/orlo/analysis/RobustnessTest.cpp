@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// Whatever a host may send: the picture stays finite and inside itself, and recovers.
+// Tests that the picture stays finite and in its bounds for any input of a host, and recovers.
 #include "orlo/analysis/FFTProcessor.h"
 #include "orlo/analysis/HopPlan.h"
 #include "orlo/analysis/SpectrogramImageBuilder.h"
@@ -94,7 +94,7 @@ class HostileInputTest : public testing::TestWithParam<std::tuple<std::string, b
 {
 };
 
-TEST_P (HostileInputTest, GivesAFinitePictureAndCleanInputACleanOneAfterwards)
+TEST_P (HostileInputTest, GivesAFinitePictureAndLeavesNoTraceInLaterCleanInput)
 {
     const auto& [kind, enhanced] = GetParam();
     Pipeline pipeline (2048, 44100.0, 40.0f, enhanced);
@@ -102,7 +102,7 @@ TEST_P (HostileInputTest, GivesAFinitePictureAndCleanInputACleanOneAfterwards)
     ASSERT_FALSE (pipeline.columns.empty());
     expectFinite (pipeline.columns);
 
-    // The same as if nothing had been before, once window and history are full of clean samples.
+    // Once window and history hold only clean samples, the columns equal those of a fresh pipeline.
     const auto clean = makeSine (5000.0, 0.5f, 20000, 44100.0);
     pipeline.columns.clear();
     pipeline.push (clean, 512);
@@ -152,7 +152,7 @@ TEST (Robustness, ColumnsDoNotDependOnTheHostsBlockSize)
     }
 }
 
-TEST (Robustness, EveryRateWindowAndSpeedPaintsASineWhereItBelongs)
+TEST (Robustness, EveryRateWindowAndSpeedPaintsASineAtItsFrequency)
 {
     for (const auto rate : { 8000.0, 44100.0, 192000.0, 384000.0 })
         for (const auto label : { 256, 8192 })
@@ -170,7 +170,7 @@ TEST (Robustness, EveryRateWindowAndSpeedPaintsASineWhereItBelongs)
                 }
 }
 
-TEST (Robustness, APictureOfOneRowAndOneOfNoneAreFine)
+TEST (Robustness, PicturesOfOneRowAndOfNoRowsAreValid)
 {
     for (const auto enhanced : { false, true })
         for (const auto numRows : { 0, 1 })

@@ -17,8 +17,8 @@ namespace mk::orlo::test
 namespace
 {
 
-/** A builder without its thread behind a worker without its thread. Classic, so that every frame is
-    worth a column; a column is lit or black. */
+/** A builder and a worker without their threads. In Classic mode, so that every frame draws one column,
+    which is either lit or black. */
 class SpectrogramImageBuilderTest : public testing::Test
 {
 protected:
@@ -43,7 +43,7 @@ protected:
         }
     }
 
-    /** Takes one tick and gives the first row of the picture back. */
+    /** Runs one tick and returns the first row of the picture. */
     [[nodiscard]] std::string tick (float columns)
     {
         builder.processTick (columns);
@@ -56,7 +56,7 @@ protected:
         return text.substr (0, text.find ('\n'));
     }
 
-    static constexpr int hop = 300; // longer than the window, so that every frame is its own
+    static constexpr int hop = 300; // longer than the window, so that frames do not overlap
     FFTProcessor worker;
     FrameClock clock;
     SpectrogramImageBuilder builder { worker, clock };
@@ -76,7 +76,7 @@ TEST_F (SpectrogramImageBuilderTest, ATickWithoutFramesPublishesNothing)
     EXPECT_EQ (tick (3.0f), "none");
 }
 
-TEST_F (SpectrogramImageBuilderTest, ALongTickTakesNoMoreFramesThanThereAre)
+TEST_F (SpectrogramImageBuilderTest, ALongTickTakesNoMoreFramesThanAreQueued)
 {
     makeFrames ("##");
     EXPECT_EQ (tick (1.0e9f), "##......");
@@ -112,17 +112,17 @@ TEST_F (SpectrogramImageBuilderTest, AnIncompleteColumnWaitsForItsFrames)
     EXPECT_EQ (worker.getNumFramesReady(), 1);
 }
 
-TEST_F (SpectrogramImageBuilderTest, FramesThatPileUpAreMergedIntoTheColumnsThatAreDue)
+TEST_F (SpectrogramImageBuilderTest, ABacklogOfFramesIsMergedIntoTheColumnsThatAreDue)
 {
     builder.setRequestedSize (64, 1);
 
-    // Forty frames have waited for sixteen ticks that were too short for a column.
+    // Forty frames are queued during sixteen ticks that are too short for a column.
     makeFrames ("........................................");
 
     for (int i = 0; i < 16; ++i)
         EXPECT_FALSE (builder.processTick (0.05f));
 
-    // One column is due and one overdue. After the first frame of each of these turns comes an extra one.
+    // One column is due and one overdue. Each of them merges one extra frame with its first frame.
     worker.discardPending();
     makeFrames (".#.#....................................");
     EXPECT_EQ (tick (1.0f).substr (0, 4), "##..");
@@ -142,7 +142,7 @@ TEST_F (SpectrogramImageBuilderTest, ScrollToStaticBlanksThePicture)
     EXPECT_EQ (tick (1.0f), "......##");
 }
 
-TEST_F (SpectrogramImageBuilderTest, ANewSizeIsTakenOverWithTheNextColumns)
+TEST_F (SpectrogramImageBuilderTest, ANewSizeTakesEffectWithTheNextColumns)
 {
     makeFrames ("##");
     EXPECT_EQ (tick (2.0f), "##......");
@@ -243,7 +243,7 @@ TEST (SnapshotExchange, TheViewGetsTheNewestPictureAndKeepsItUntilTheNext)
         exchange.getBack().image = juce::Image (juce::Image::ARGB, width, 1, true, juce::SoftwareImageType());
         exchange.publish();
 
-        // Two out of three are never taken.
+        // Only every third picture is taken.
         if (width % 3 == 0)
         {
             EXPECT_EQ (exchange.getFront().getWidth(), width);

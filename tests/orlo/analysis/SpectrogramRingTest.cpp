@@ -29,7 +29,7 @@ protected:
         ring.paint (columns, map, SpectrogramRing::background, scroll);
     }
 
-    /** The top row of what is shown, and of the whole ring. */
+    /** The top row of the shown part; whole() gives that of the whole ring. */
     [[nodiscard]] std::string shown() const
     {
         Snapshot snapshot;
@@ -41,12 +41,12 @@ protected:
 
     [[nodiscard]] static std::string firstLine (const std::string& text) { return text.substr (0, text.find ('\n')); }
 
-    const ColourMap map { 13 }; // arctic: rises evenly enough for the brightness to give the digit back
+    const ColourMap map { 13 }; // arctic: its brightness rises evenly enough to read the digit from it
     SpectrogramRing ring;
     bool scroll = false;
 };
 
-TEST_F (SpectrogramRingTest, BeforeTheFirstSizeThereIsNothing)
+TEST_F (SpectrogramRingTest, IsEmptyBeforeTheFirstSize)
 {
     Snapshot snapshot;
     ring.paint ({ Column (3, 1.0f) }, map, SpectrogramRing::background, false);
@@ -84,7 +84,7 @@ TEST_F (SpectrogramRingTest, SilenceTakesTheGivenColourAndANaNTheMapsFirst)
     EXPECT_EQ (ring.getImage().getPixelAt (0, 1).getARGB(), 0xff440154);
 }
 
-TEST_F (SpectrogramRingTest, AColumnOfAnotherHeightLeavesItsPlaceAsItIs)
+TEST_F (SpectrogramRingTest, AColumnOfAnotherHeightIsNotWritten)
 {
     ring.resize (3, 1, false);
     ring.paint ({ { 1.0f }, { 1.0f, 1.0f }, { 1.0f } }, map, SpectrogramRing::background, false);
@@ -105,7 +105,7 @@ TEST_F (SpectrogramRingTest, StaticSweepsInsideTheFirstHalf)
     EXPECT_EQ (ring.getWriteX(), 1);
 }
 
-TEST_F (SpectrogramRingTest, ASweepThatPassesTheRightEdgeGoesOnAtTheLeftAtOnce)
+TEST_F (SpectrogramRingTest, ASweepWrapsFromTheRightEdgeToTheLeft)
 {
     ring.resize (5, 1, false);
     write ("9999");
@@ -115,7 +115,7 @@ TEST_F (SpectrogramRingTest, ASweepThatPassesTheRightEdgeGoesOnAtTheLeftAtOnce)
     EXPECT_EQ (ring.getWriteX(), 2);
 }
 
-TEST_F (SpectrogramRingTest, ASweepInTheSecondHalfTurnsAtItsOwnEdges)
+TEST_F (SpectrogramRingTest, ASweepInTheSecondHalfWrapsInsideThatHalf)
 {
     scroll = true;
     ring.resize (5, 1, true);
@@ -129,7 +129,7 @@ TEST_F (SpectrogramRingTest, ASweepInTheSecondHalfTurnsAtItsOwnEdges)
     EXPECT_EQ (ring.getWriteX(), 7);
 }
 
-TEST_F (SpectrogramRingTest, OfMoreColumnsThanASweepHoldsTheNewestStay)
+TEST_F (SpectrogramRingTest, ASweepKeepsTheNewestOfTooManyColumns)
 {
     ring.resize (3, 1, false);
     write ("99999.9");
@@ -137,7 +137,7 @@ TEST_F (SpectrogramRingTest, OfMoreColumnsThanASweepHoldsTheNewestStay)
     EXPECT_EQ (ring.getWriteX(), 1);
 }
 
-TEST_F (SpectrogramRingTest, ScrollRunsRoundTheWholeRingAndShowsTheNewestColumns)
+TEST_F (SpectrogramRingTest, ScrollUsesTheWholeRingAndShowsTheNewestColumns)
 {
     scroll = true;
     ring.resize (3, 1, true);
@@ -150,7 +150,7 @@ TEST_F (SpectrogramRingTest, ScrollRunsRoundTheWholeRingAndShowsTheNewestColumns
     EXPECT_EQ (shown(), ".9.");
 }
 
-TEST_F (SpectrogramRingTest, RestartingBlanksThePictureAndGoesOnAtTheLeftOfAHalf)
+TEST_F (SpectrogramRingTest, RestartingBlanksThePictureAndContinuesAtTheLeftOfAHalf)
 {
     scroll = true;
     ring.resize (3, 1, true);
@@ -167,7 +167,7 @@ TEST_F (SpectrogramRingTest, RestartingBlanksThePictureAndGoesOnAtTheLeftOfAHalf
     EXPECT_EQ (ring.getWriteX(), 3);
 }
 
-TEST_F (SpectrogramRingTest, SwitchingToScrollKeepsWhatIsThere)
+TEST_F (SpectrogramRingTest, SwitchingToScrollKeepsThePicture)
 {
     ring.resize (3, 1, false);
     write ("99");
@@ -187,7 +187,7 @@ TEST_F (SpectrogramRingTest, AWiderOrNarrowerSweepKeepsItsColumnsOneToOne)
     EXPECT_EQ (shown(), "9.9..");
     EXPECT_EQ (ring.getWriteX(), 4);
 
-    // Too narrow for the sweep: its newest columns stay, and it goes on at the left.
+    // The new width is too narrow for the sweep, so only its newest columns stay, and it continues at the left.
     ring.resize (3, 1, false);
     EXPECT_EQ (shown(), ".9.");
     EXPECT_EQ (ring.getWriteX(), 0);
@@ -248,7 +248,7 @@ TEST_F (SpectrogramRingTest, AnotherHeightStretchesTheRows)
     EXPECT_EQ (toAscii (snapshot.image), "#.\n#.\n..\n..\n");
 }
 
-TEST_F (SpectrogramRingTest, TheSnapshotIsMadeAnewOnlyForAnotherSize)
+TEST_F (SpectrogramRingTest, TheSnapshotIsReallocatedOnlyForAnotherSize)
 {
     ring.resize (3, 2, false);
     Snapshot snapshot;
@@ -261,7 +261,7 @@ TEST_F (SpectrogramRingTest, TheSnapshotIsMadeAnewOnlyForAnotherSize)
     EXPECT_EQ (snapshot.image.getHeight(), 3);
 }
 
-TEST_F (SpectrogramRingTest, ASnapshotOfSomeTurnsAgoIsBroughtUpToDate)
+TEST_F (SpectrogramRingTest, ASnapshotThatSkippedSomeTurnsIsBroughtUpToDate)
 {
     std::array<Snapshot, 3> snapshots;
     juce::Random random (5);
@@ -284,14 +284,14 @@ TEST_F (SpectrogramRingTest, ASnapshotOfSomeTurnsAgoIsBroughtUpToDate)
 
         write (digits);
 
-        // Some are passed over for a while.
+        // The third snapshot is skipped for many turns.
         auto& snapshot = snapshots[size_t (random.nextInt (10) == 0 ? 2 : turn % 2)];
         ring.copyShownPart (snapshot, scroll);
         ASSERT_EQ (firstLine (toAscii (snapshot.image)), shown()) << turn;
     }
 }
 
-TEST_F (SpectrogramRingTest, ASnapshotThatMissedSomeScrollingIsMadeWhole)
+TEST_F (SpectrogramRingTest, ASnapshotThatMissedSomeScrollingIsCompleted)
 {
     ring.resize (6, 1, false);
     write ("12345");
@@ -305,14 +305,14 @@ TEST_F (SpectrogramRingTest, ASnapshotThatMissedSomeScrollingIsMadeWhole)
     EXPECT_EQ (firstLine (toAscii (snapshot.image)), shown());
 }
 
-TEST_F (SpectrogramRingTest, OfASweepOnlyWhatIsNewIsCopied)
+TEST_F (SpectrogramRingTest, OnlyTheNewColumnsOfASweepAreCopied)
 {
     ring.resize (6, 1, false);
     write ("12345");
     Snapshot snapshot;
     ring.copyShownPart (snapshot, false);
 
-    // What the copy must leave alone, and so stays visible.
+    // Marks every pixel, so that those which the copy leaves alone stay white.
     for (int x = 0; x < 6; ++x)
         snapshot.image.setPixelAt (x, 0, juce::Colours::white);
 
@@ -320,7 +320,7 @@ TEST_F (SpectrogramRingTest, OfASweepOnlyWhatIsNewIsCopied)
     const std::array columns { 0, 1, 2, 3, 4, 5 };
     const auto getCopied = [&] { return std::ranges::count_if (columns, isCopied); };
 
-    // The second goes to the left edge.
+    // The second column wraps to the left edge.
     write ("67");
     ring.copyShownPart (snapshot, false);
     EXPECT_TRUE (isCopied (5) && isCopied (0));

@@ -45,7 +45,7 @@ protected:
     ButtonBarComponent bar { processor.getParameterState(), "choice" };
 };
 
-TEST_F (ButtonBarParameterTest, EachChoiceHasAButtonAndThePresentOneIsOn)
+TEST_F (ButtonBarParameterTest, EachChoiceHasAButtonAndTheCurrentOneIsOn)
 {
     ASSERT_EQ (bar.getNumButtons(), 4);
     EXPECT_EQ (bar.getButton (0).getButtonText(), "A");
@@ -60,7 +60,7 @@ TEST_F (ButtonBarParameterTest, EachChoiceHasAButtonAndThePresentOneIsOn)
     EXPECT_EQ (bar.getTitle(), "Choice");
 }
 
-TEST_F (ButtonBarParameterTest, AClickSetsTheParameterByOneGesture)
+TEST_F (ButtonBarParameterTest, AClickSetsTheParameterInOneGesture)
 {
     test::GestureRecorder heard { processor.getParameter ("choice") };
     bar.getButton (3).setToggleState (true, juce::sendNotificationSync);
@@ -79,7 +79,7 @@ TEST_F (ButtonBarParameterTest, EachClickIsOneTransaction)
     EXPECT_TRUE (bar.getButton (1).getToggleState());
 }
 
-TEST_F (ButtonBarParameterTest, ItsFrameIsALineWithCornersOfTheWindowsHeight)
+TEST_F (ButtonBarParameterTest, ItsFrameHasCornersThatScaleWithTheWindow)
 {
     test::StyledWindow<PluginLookAndFeel> window (1818, 1000);
     window.add (bar, { 0, 0, 334, 60 });
@@ -91,7 +91,7 @@ TEST_F (ButtonBarParameterTest, ItsFrameIsALineWithCornersOfTheWindowsHeight)
         return test::paintComponent (bar);
     };
 
-    // Two pixels thick around a rectangle that is inset by one and a half.
+    // The frame is a line two pixels thick around a rectangle that is inset by one and a half.
     const auto image = frameAt (1000);
     EXPECT_NEAR (int (image.getPixelAt (167, 0).getAlpha()), 128, 2);
     EXPECT_EQ (image.getPixelAt (167, 1), colour);
@@ -112,20 +112,20 @@ TEST_F (ButtonBarParameterTest, ItsFrameIsALineWithCornersOfTheWindowsHeight)
         return x;
     };
 
-    // The outer edge of a corner of radius r is r - sqrt (2 r - 1) away there, and half a pixel inside the bar.
+    // In that row the outer edge of a corner of radius r starts at r - sqrt (2 r - 1), and the frame is inset by 0.5.
     EXPECT_NEAR (firstInRow (image), 0.5 + 6.5 - 3.5, 1.0);
     EXPECT_NEAR (firstInRow (frameAt (3000)), 0.5 + 17.5 - 5.8, 1.0);
     EXPECT_LE (firstInRow (frameAt (0)), 1);
 }
 
-TEST_F (ButtonBarParameterTest, ItsFrameIsThatOfItsOwnWindowWhenAnotherIsOpen)
+TEST_F (ButtonBarParameterTest, ItsFrameFollowsItsOwnWindowWhenAnotherIsOpen)
 {
     test::StyledWindow<PluginLookAndFeel> window (1818, 1000);
     window.add (bar, { 0, 0, 334, 60 });
     window.style.setEditorSize (1818, 1000);
     const auto alone = test::paintComponent (bar);
 
-    // The other window has been sized last.
+    // The other window is resized after the bar's own.
     window.style.setEditorSize (5454, 3000);
     const auto besideTheOther = test::paintComponent (bar);
 

@@ -16,7 +16,7 @@ namespace mk::orlo::test
 {
 namespace
 {
-/** Writes down what the host hears of a parameter. */
+/** Records what the host is told about a parameter. */
 struct HostEar final : juce::AudioProcessorParameter::Listener
 {
     explicit HostEar (juce::AudioProcessorParameter& parameterToHear) : parameter (parameterToHear)
@@ -103,7 +103,7 @@ TEST_F (RetinaParamLabelTest, FollowsTheParameterFromAnyThread)
     EXPECT_TRUE (pumpUntil ([this] { return label.getText() == "2x"; }));
 }
 
-TEST_F (RetinaParamLabelTest, TellsScreenReadersThatItIsASwitch)
+TEST_F (RetinaParamLabelTest, IsASwitchToScreenReaders)
 {
     label.setTooltip ("Help");
     const auto handler = label.createAccessibilityHandler();

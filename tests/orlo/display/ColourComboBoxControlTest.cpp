@@ -28,7 +28,7 @@ TEST (StepAroundTest, TheLastIsFollowedByTheFirst)
     EXPECT_EQ (stepAround (45, 1, 46), 0);
     EXPECT_EQ (stepAround (0, -1, 46), 45);
     EXPECT_EQ (stepAround (7, 1, 46), 8);
-    EXPECT_EQ (stepAround (-1, 1, 46), 0) << "from no entry";
+    EXPECT_EQ (stepAround (-1, 1, 46), 0) << "a step from no entry selects the first";
     EXPECT_EQ (stepAround (3, 1, 0), -1);
 }
 
@@ -71,7 +71,7 @@ protected:
         parameter.setValueNotifyingHost (parameter.convertTo0to1 (float (index)));
     }
 
-    /** Opens the list and gives the window that it is in. */
+    /** Opens the list and returns its window. */
     [[nodiscard]] juce::Component* open()
     {
         control.showPopup();
@@ -107,7 +107,7 @@ TEST_F (ColourComboBoxControlTest, TheListHasTheMapsInTheirOrder)
     EXPECT_EQ (box.getTitle(), "Colour Map");
 }
 
-TEST_F (ColourComboBoxControlTest, TheFaceFollowsTheParameterHoweverItChanges)
+TEST_F (ColourComboBoxControlTest, TheTextFollowsEveryChangeOfTheParameter)
 {
     setIndex (5);
     EXPECT_EQ (control.getComboBox().getText(), "magma");
@@ -118,14 +118,14 @@ TEST_F (ColourComboBoxControlTest, TheFaceFollowsTheParameterHoweverItChanges)
     {
         setIndex (5);
         setIndex (reserved);
-        EXPECT_EQ (control.getComboBox().getText(), "gray") << "as the picture and the preview: " << reserved;
+        EXPECT_EQ (control.getComboBox().getText(), "gray") << "the map of the picture and the preview: " << reserved;
         EXPECT_EQ (getIndex(), reserved) << "the parameter keeps what the host has set";
     }
 
     EXPECT_FALSE (settings.getSettings().hasProperty (preferedMap)) << "none of these is the user's choice";
 }
 
-TEST_F (ColourComboBoxControlTest, AChoiceIsAGestureATransactionAndTheUsersOwn)
+TEST_F (ColourComboBoxControlTest, AChoiceIsOneGestureOneTransactionAndRemembered)
 {
     control.getComboBox().setSelectedId (8);
     ASSERT_TRUE (pumpUntil ([this] { return getIndex() == 7; }));
@@ -238,7 +238,7 @@ TEST_F (ColourComboBoxControlTest, TheLastEntryIsReachedByScrolling)
 TEST_F (ColourComboBoxControlTest, TheWheelScrollsTheOpenList)
 {
 #if defined(__SANITIZE_THREAD__)
-    // All of this is the message thread's, and so slow there that the mouse runs away from it.
+    // Everything runs on the message thread, which is too slow under the sanitizer to keep up with the mouse.
     GTEST_SKIP() << "not under ThreadSanitizer";
 #endif
 
@@ -273,10 +273,10 @@ TEST_F (ColourComboBoxControlTest, TheWheelScrollsTheOpenList)
     EXPECT_TRUE (pumpUntil ([&] { return first->getY() < before; })) << first->getY();
     turn (wheelUp);
     EXPECT_TRUE (pumpUntil ([&] { return first->getY() >= before; })) << first->getY();
-    EXPECT_EQ (heard.take(), "") << "nothing is chosen by it";
+    EXPECT_EQ (heard.take(), "") << "scrolling chooses nothing";
 }
 
-TEST_F (ColourComboBoxControlTest, FromAValueHeldInReserveTheArrowsStepAsFromTheFirstMap)
+TEST_F (ColourComboBoxControlTest, TheArrowsStepFromAReservedValueAsFromTheFirstMap)
 {
     for (const auto& [distance, expected] : { std::pair (1, 1), { -1, numMaps - 1 } })
     {
@@ -286,7 +286,7 @@ TEST_F (ColourComboBoxControlTest, FromAValueHeldInReserveTheArrowsStepAsFromThe
     }
 }
 
-TEST_F (ColourComboBoxControlTest, ItMayGoWhileTheListIsOpen)
+TEST_F (ColourComboBoxControlTest, ItCanBeDestroyedWhileTheListIsOpen)
 {
     auto shortLived = std::make_unique<ColourComboBoxControl> (state, Params::id::colourMap);
     editor.addAndMakeVisible (*shortLived);
@@ -296,7 +296,7 @@ TEST_F (ColourComboBoxControlTest, ItMayGoWhileTheListIsOpen)
     ASSERT_EQ (getNumMenus(), 1);
 
     shortLived.reset();
-    EXPECT_TRUE (pumpUntil ([&] { return getNumMenus() == 0; })) << "the list goes with it";
+    EXPECT_TRUE (pumpUntil ([&] { return getNumMenus() == 0; })) << "the list is closed too";
     EXPECT_EQ (heard.take(), "");
     EXPECT_EQ (getIndex(), 0);
 }

@@ -22,12 +22,12 @@ TEST (ColourMapMenuItemTest, ItsWidthScalesWithTheEditorAndItsHeightIsASeventhOf
 {
     EXPECT_EQ (ColourMapMenuItem::getIdealBounds (1818), juce::Rectangle<int> (350, 50));
     EXPECT_EQ (ColourMapMenuItem::getIdealBounds (909), juce::Rectangle<int> (175, 25));
-    EXPECT_EQ (ColourMapMenuItem::getIdealBounds (1050), juce::Rectangle<int> (196, 28)) << "cut, not rounded";
+    EXPECT_EQ (ColourMapMenuItem::getIdealBounds (1050), juce::Rectangle<int> (196, 28)) << "truncated, not rounded";
     EXPECT_EQ (ColourMapMenuItem::getIdealBounds (std::nullopt), juce::Rectangle<int> (350, 50));
     EXPECT_EQ (ColourMapMenuItem::getIdealBounds (0), juce::Rectangle<int>());
 }
 
-TEST (ColourMapMenuItemTest, ItFindsItsEditorByItsOwnParentsOrThoseOfTheBox)
+TEST (ColourMapMenuItemTest, ItFindsItsEditorThroughItsOwnParentsOrThoseOfTheBox)
 {
     auto box = std::make_unique<juce::Component>();
     ColourMapMenuItem item (3, *box);
@@ -89,11 +89,11 @@ TEST (ColourMapMenuItemTest, TheHighlightIsAFaintRoundedRectangleOverAllOfIt)
     const auto colour = window.style.findColour (juce::PopupMenu::highlightedTextColourId);
     const auto centre = image.getPixelAt (175, 25);
     EXPECT_EQ (int (centre.getAlpha()), 0x0D);
-    EXPECT_LE (test::distance (centre.withAlpha (juce::uint8 (255)), colour), 20) << "few bits are left of it";
+    EXPECT_LE (test::distance (centre.withAlpha (juce::uint8 (255)), colour), 20) << "low alpha, so few bits remain";
     EXPECT_EQ (image.getPixelAt (100, 10), centre);
     EXPECT_EQ (image.getPixelAt (300, 40), centre);
 
-    // A corner of 7 pixels: 0.15 of the height, cut.
+    // The corner radius is 7 pixels: 0.15 of the height, truncated.
     EXPECT_EQ (image.getPixelAt (0, 0).getAlpha(), 0);
     EXPECT_EQ (image.getPixelAt (1, 1).getAlpha(), 0);
     EXPECT_GT (image.getPixelAt (0, 8).getAlpha(), 0);

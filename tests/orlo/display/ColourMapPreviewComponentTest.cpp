@@ -71,7 +71,7 @@ TEST_F (ColourMapPreviewTest, TheGradientOfATenPointMapHasTheValuesOfItsTable)
         EXPECT_EQ (preview.getGradientFill().gradient->getColourAtPosition (double (i) / 9.0), table[i]) << i;
 }
 
-TEST_F (ColourMapPreviewTest, AnotherMapBringsItsNameAndItsColours)
+TEST_F (ColourMapPreviewTest, AnotherMapChangesTheNameAndTheColours)
 {
     ColourMapPreviewComponent preview (0, false);
     show (preview, 100, 20);
@@ -89,7 +89,7 @@ TEST_F (ColourMapPreviewTest, AnotherMapBringsItsNameAndItsColours)
     }
 }
 
-TEST_F (ColourMapPreviewTest, TheGroundShowsBesideTheGradient)
+TEST_F (ColourMapPreviewTest, TheBackgroundShowsBesideTheGradient)
 {
     ColourMapPreviewComponent preview (0, true);
     show (preview, 350, 50);
@@ -100,7 +100,7 @@ TEST_F (ColourMapPreviewTest, TheGroundShowsBesideTheGradient)
 
 TEST_F (ColourMapPreviewTest, ItsCornersGrowWithTheEditor)
 {
-    // How far from the corner the paint of the second row begins.
+    // Returns the distance from the corner at which the second row begins to be painted.
     const auto cornerAt = [this] (int editorWidth)
     {
         window.window.setSize (editorWidth, editorWidth * 1000 / 1818);
@@ -115,7 +115,7 @@ TEST_F (ColourMapPreviewTest, ItsCornersGrowWithTheEditor)
         return x;
     };
 
-    // For a radius r the circle is r - sqrt (2 r - 1) away there.
+    // In that row a circle of radius r starts at r - sqrt (2 r - 1).
     EXPECT_NEAR (cornerAt (909), 5.0 - 3.0, 1.0);
     EXPECT_NEAR (cornerAt (1818), 10.0 - 4.36, 1.0);
     EXPECT_NEAR (cornerAt (3636), 20.0 - 6.24, 1.0);

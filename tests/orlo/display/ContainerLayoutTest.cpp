@@ -18,7 +18,7 @@ TEST (ContainerLayout, PutsPictureKeyboardAndRulerFromLeftToRight)
     EXPECT_EQ (layout.helpLine, (Bounds { 0, 950, 1628, 50 }));
 }
 
-TEST (ContainerLayout, WithoutAStripPictureAndHelpGetItsWidth)
+TEST (ContainerLayout, PictureAndHelpGetTheWidthOfAHiddenStrip)
 {
     const auto layout = layOutContainer (1728, 1000, 25.0f, 1000, false, true);
     EXPECT_EQ (layout.keyboard, (Bounds { 1678, 0, 50, 1000 }));
@@ -42,7 +42,7 @@ TEST (ContainerLayout, GivesTheHelpAtLeastAFewPixels)
     EXPECT_EQ (layOutContainer (300, 999, 15.0f, 999, false, false).helpLine.getHeight(), 49) << "cut, not rounded";
 }
 
-TEST (ContainerLayout, TheStripsNeverLeaveIt)
+TEST (ContainerLayout, TheStripsStayInsideTheContainer)
 {
     for (int width = 0; width <= 120; ++width)
     {
@@ -60,8 +60,8 @@ TEST (ContextMenuItemHeight, FollowsTheDiagonalOfTheWindow)
     EXPECT_EQ (getContextMenuItemHeight (1818, 1000), 46);
     EXPECT_EQ (getContextMenuItemHeight (909, 500), 23);
     EXPECT_EQ (getContextMenuItemHeight (3636, 2000), 92);
-    EXPECT_EQ (getContextMenuItemHeight (100, 100), 15) << "at least";
-    EXPECT_EQ (getContextMenuItemHeight (0, 0), 46) << "without a window";
+    EXPECT_EQ (getContextMenuItemHeight (100, 100), 15) << "the minimum";
+    EXPECT_EQ (getContextMenuItemHeight (0, 0), 46) << "the default without a window";
 }
 
 } // namespace

@@ -8,7 +8,7 @@ namespace mk::orlo::test
 namespace
 {
 
-/** A row of the menu each: id, text, and a mark if it cannot be chosen. */
+/** Lists the rows of the menu: id, text, and "(off)" if the row is disabled. */
 [[nodiscard]] juce::String toText (const contextMenu::State& state)
 {
     juce::PopupMenu menu;
@@ -25,19 +25,19 @@ namespace
     return rows.joinIntoString ("; ");
 }
 
-TEST (ContextMenu, OfARunningPictureOffersNoExport)
+TEST (ContextMenu, DisablesTheExportWhileThePictureRuns)
 {
     EXPECT_EQ (toText ({ false, false, false, false }),
                "1 Freeze; 2 Export as PNG (off); -; 5 Switch to Full View; 4 Show Piano; 3 Show Ruler; -; 6 Manual");
 }
 
-TEST (ContextMenu, NamesTheOtherStateOfEverything)
+TEST (ContextMenu, NamesTheStateThatEachEntrySwitchesTo)
 {
     EXPECT_EQ (toText ({ true, true, true, true }),
                "1 Unfreeze; 2 Export as PNG; -; 5 Switch to Standard View; 4 Hide Piano; 3 Hide Ruler; -; 6 Manual");
 }
 
-TEST (ContextMenu, IsBuiltAnewEachTime)
+TEST (ContextMenu, IsRebuiltEachTime)
 {
     juce::PopupMenu menu;
     contextMenu::fill (menu, { false, false, false, false });

@@ -39,7 +39,7 @@ TEST (CyclingArrowsComponentTest, TheLeftButtonStepsAndTheRightOneDoesNot)
     CyclingArrowsComponent arrows;
     window.addAndMakeVisible (arrows);
     arrows.setBounds (50, 20, 74, 44);
-    mouse.click (arrows.getNextButton(), { 18.0f, 22.0f }); // without a callback
+    mouse.click (arrows.getNextButton(), { 18.0f, 22.0f }); // no callback is set yet
 
     juce::String steps;
     arrows.onPrevious = [&steps] { steps += "<"; };

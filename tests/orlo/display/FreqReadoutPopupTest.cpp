@@ -16,7 +16,7 @@ namespace
 const juce::Colour ground { 0xff202020 };
 const juce::Colour ink { 0xffffffff };
 
-/** A readout over a picture with a strip of 50 pixels beside it, in an editor of a given size. */
+/** A readout over a picture and a strip of 50 pixels beside it, in an editor of the given size. */
 struct ReadoutInEditor
 {
     ReadoutInEditor (int width, int height) : editor (width, height)
@@ -52,7 +52,7 @@ TEST (FreqReadoutPopup, StartsEmptyTakesNoClicksAndPaintsNothing)
     EXPECT_TRUE (findBandsOfRows (image, juce::Colours::transparentBlack, { 0, 50 }).empty());
 }
 
-TEST (FreqReadoutPopup, ShowsItselfInFrontWithTheTextAsItsName)
+TEST (FreqReadoutPopup, AppearsInFrontWithTheTextAsItsName)
 {
     ReadoutInEditor test { 1818, 1000 };
     test.showAt ({ 100.0f, 200.0f }, "440.00Hz (A3)");
@@ -65,7 +65,7 @@ TEST (FreqReadoutPopup, ShowsItselfInFrontWithTheTextAsItsName)
     EXPECT_FLOAT_EQ (test.readout.getFont().getHeight(), 25.0f);
 }
 
-TEST (FreqReadoutPopup, UnderstandsEventsOfAnyChild)
+TEST (FreqReadoutPopup, ConvertsEventsOfAnyChild)
 {
     ReadoutInEditor test { 1818, 1000 };
     test.picture.setTopLeftPosition (30, 40);
@@ -85,7 +85,7 @@ TEST (FreqReadoutPopup, FollowsTheSizeOfTheEditor)
     ReadoutInEditor test { 1818, 1000 };
     test.showAt ({ 100.0f, 200.0f }, "440.00Hz (A3)");
 
-    // The same height, so the tag keeps its own, but half the width.
+    // The tag keeps its height, since only the width of the editor changes.
     test.editor.setSize (909, 1000);
     test.container.setSize (909, 1000);
     test.showAt ({ 100.0f, 200.0f }, "440.00Hz (A3)");
@@ -127,7 +127,7 @@ TEST (FreqReadoutPopup, NeverCutsItsTextOrLeavesTheContainer)
             test.showAt ({ cursor.x * float (width), cursor.y * float (height) }, longest);
             EXPECT_TRUE (test.container.getLocalBounds().contains (test.readout.getBounds()));
 
-            // The text would reach into the margin if it were cut at the sides.
+            // If the sides cut the text, it would reach into the margin.
             constexpr int margin = 30;
             test.readout.setColour (colourId::readoutBackground, juce::Colours::transparentBlack);
             const auto image = paintUnclipped (test.readout, margin);
@@ -139,7 +139,7 @@ TEST (FreqReadoutPopup, NeverCutsItsTextOrLeavesTheContainer)
             EXPECT_GE (bands[0].getStart(), margin);
             EXPECT_LE (bands[0].getEnd(), image.getHeight() - margin);
 
-            // Squeezed as it may be, the last bracket is there: ink at the far end, no ellipsis.
+            // Even if the text is squeezed, its last bracket is drawn: there is ink at the far end and no ellipsis.
             const auto textEnd = margin + getReadoutTextArea (test.readout.getLocalBounds()).getRight();
             EXPECT_FALSE (findBandsOfRows (image, none, { textEnd - 12, textEnd }).empty());
         }

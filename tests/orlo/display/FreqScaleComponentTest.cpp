@@ -17,7 +17,7 @@ namespace
 
 const juce::Colour ground { 0xff101010 };
 
-/** A ruler as the container sets it up, in an editor of a given size. */
+/** A ruler as the container sets it up, in an editor of the given size. */
 struct RulerInEditor
 {
     RulerInEditor (int editorWidth, int editorHeight) : editor (editorWidth, editorHeight)
@@ -47,7 +47,7 @@ TEST (FreqScaleComponent, TakesFourFifthsOfItsTextHeight)
     EXPECT_FLOAT_EQ (largest.ruler.getFont().getHeight(), 25.0f * 3840.0f / 1818.0f * 0.8f);
 }
 
-TEST (FreqScaleComponent, IsOpaqueNamedAndWithoutMouseBehaviour)
+TEST (FreqScaleComponent, IsOpaqueHasANameAndIgnoresTheMouse)
 {
     FrequencyScale scale;
     const FreqScaleComponent ruler { scale };
@@ -74,7 +74,7 @@ TEST (FreqScaleComponent, RebuildsWhenTheScaleHasChanged)
     EXPECT_GT (test.ruler.getLabels().size(), linear) << "all decades fit on a log scale";
 }
 
-/** Notes what a component asks to have painted again. */
+/** Counts the repaints that a component requests, on the message thread and on others. */
 class RepaintRecorder final : public juce::CachedComponentImage
 {
 public:
@@ -121,7 +121,7 @@ TEST (FreqScaleComponent, AScaleSetByAnotherThreadIsPaintedByTheMessageThread)
     repaints = {};
     std::thread ([&] { test.scale.setScaleType (FrequencyScale::log); }).join();
     EXPECT_EQ (repaints.numElsewhere, 0);
-    EXPECT_EQ (repaints.numOnMessageThread, 0) << "nothing happens before the message thread gets to it";
+    EXPECT_EQ (repaints.numOnMessageThread, 0) << "no repaint before the message thread handles the change";
     EXPECT_EQ (getTexts(), linear);
 
     pumpPending();
@@ -130,7 +130,7 @@ TEST (FreqScaleComponent, AScaleSetByAnotherThreadIsPaintedByTheMessageThread)
     EXPECT_GT (getTexts().size(), linear.size()) << "all decades fit on a log scale";
 }
 
-TEST (FreqScaleComponent, OutlivesNoneOfItsPendingUpdates)
+TEST (FreqScaleComponent, CancelsItsPendingUpdatesWhenDestroyed)
 {
     FrequencyScale scale;
     RepaintRecorder::Counts repaints;
@@ -154,7 +154,7 @@ TEST (FreqScaleComponent, OutlivesNoneOfItsPendingUpdates)
         return repaints.numOnMessageThread;
     };
 
-    EXPECT_GT (changeAndGo (true), 0) << "a change leaves something to be done";
+    EXPECT_GT (changeAndGo (true), 0) << "a change repaints a ruler that is still alive";
     static_cast<void> (changeAndGo (false));
     repaints = {};
     scale.setRange (0.0f, 600.0f);
@@ -163,7 +163,7 @@ TEST (FreqScaleComponent, OutlivesNoneOfItsPendingUpdates)
     EXPECT_EQ (repaints.numOnMessageThread, 0);
 }
 
-TEST (FreqScaleComponent, PaintsNothingButItsGroundForAnEmptyRange)
+TEST (FreqScaleComponent, PaintsOnlyItsBackgroundForAnEmptyRange)
 {
     RulerInEditor test { 1818, 1000 };
     test.scale.setRange (440.0f, 440.0f);
@@ -172,7 +172,7 @@ TEST (FreqScaleComponent, PaintsNothingButItsGroundForAnEmptyRange)
     EXPECT_TRUE (findBandsOfRows (image, ground, allColumns (image)).empty());
 }
 
-TEST (FreqScaleComponent, TakesItsGroundFromTheColourId)
+TEST (FreqScaleComponent, TakesItsBackgroundFromTheColourId)
 {
     RulerInEditor test { 1818, 1000 };
     test.ruler.setColour (colourId::rulerBackground, juce::Colours::darkblue);
@@ -186,7 +186,7 @@ TEST (FreqScaleComponent, PaintsEachTextAtItsFrequency)
     const auto bands = findBandsOfRows (image, ground, allColumns (image));
     ASSERT_EQ (bands.size(), 5u);
 
-    const int expectedRows[] { 20, 500, 750, 900, 980 }; // 20k and 0 moved in by the font's height
+    const int expectedRows[] { 20, 500, 750, 900, 980 }; // 20k and 0 are moved in by the font's height
 
     for (size_t i = 0; i < bands.size(); ++i)
     {
@@ -223,7 +223,7 @@ TEST (FreqScaleComponent, PaintsTextsThatNeverLeaveTheRulerAtAnySizeScaleAndPixe
                     test.scale.setRange (min, max);
                     test.scale.notifyListenersNow();
 
-                    // All of the ground is painted, so ink in the margin is text that the edge would cut.
+                    // The background fills the ruler, so ink in the margin is text that the edge would cut.
                     const auto image = paintUnclipped (test.ruler, margin, scale);
                     const auto edge = juce::roundToInt (float (margin) * scale);
                     const auto bands = findBandsOfRows (image, ground, allColumns (image));
@@ -232,14 +232,14 @@ TEST (FreqScaleComponent, PaintsTextsThatNeverLeaveTheRulerAtAnySizeScaleAndPixe
                     EXPECT_LE (bands.back().getEnd(), image.getHeight() - edge);
                     EXPECT_TRUE (findBandsOfRows (image, ground, { 0, edge }).empty());
 
-                    // Half a pixel of smoothing past the edge cuts nothing.
+                    // Half a pixel of anti-aliasing beyond the edge is allowed.
                     EXPECT_TRUE (
                         findBandsOfRows (image, ground, { image.getWidth() - edge + 1, image.getWidth() }).empty());
                 }
     }
 }
 
-TEST (FreqScaleComponent, InAStripCutByANarrowWindowSqueezesItsTextsWhole)
+TEST (FreqScaleComponent, SqueezesItsTextsIntoAStripThatIsCutByANarrowWindow)
 {
     RulerInEditor test { 100, 100 };
     test.scale.setRange (0.0f, 22050.0f);
@@ -253,7 +253,7 @@ TEST (FreqScaleComponent, InAStripCutByANarrowWindowSqueezesItsTextsWhole)
     }
 }
 
-TEST (FreqScaleComponent, SurvivesHavingNoSize)
+TEST (FreqScaleComponent, SurvivesAnEmptySize)
 {
     FrequencyScale scale;
     FreqScaleComponent ruler { scale };

@@ -41,7 +41,7 @@ struct Keyboard
 [[nodiscard]] Keyboard makeEvenOctave() { return { 440.0f, 880.0f, FrequencyScale::log, 1200 }; }
 
 //==============================================================================
-TEST (KeyboardKeys, OfTheWholeRangeAreSevenOctavesFromCToC)
+TEST (KeyboardKeys, CoverSevenOctavesFromCToCOnTheWholeRange)
 {
     for (int type = 0; type < FrequencyScale::numTypes; ++type)
     {
@@ -58,7 +58,7 @@ TEST (KeyboardKeys, OfTheWholeRangeAreSevenOctavesFromCToC)
     }
 }
 
-TEST (KeyboardKeys, SpanASemitoneEach)
+TEST (KeyboardKeys, SpanOneSemitoneEach)
 {
     const Keyboard keyboard { 0.0f, 22050.0f, FrequencyScale::log, 1000 };
     ASSERT_EQ (keyboard.keys.size(), 85u);
@@ -88,7 +88,7 @@ TEST (KeyboardKeys, DoNotExistOutsideTheirSevenOctaves)
     EXPECT_NEAR (double (keyboard.keys.back().body.getY()), 10000.0 - 8616.0, 2.0);
 }
 
-TEST (KeyboardKeys, AreCutByTheRange)
+TEST (KeyboardKeys, AreClippedToTheRange)
 {
     const Keyboard keyboard { 100.0f, 1000.0f, FrequencyScale::log, 1000 };
     const auto& lowest = keyboard.keys.front();
@@ -121,7 +121,7 @@ TEST (KeyboardKeys, WhiteKeysReachToTheMiddleOfTheirBlackNeighbours)
 {
     const auto keyboard = makeEvenOctave();
 
-    // B: black below, white above. C: the other way round. D: black on both sides.
+    // B has a black key below and a white one above, C the reverse, and D has black keys on both sides.
     const auto b = keyboard.find (71)->shape.getBounds();
     const auto c = keyboard.find (72)->shape.getBounds();
     const auto d = keyboard.find (74)->shape.getBounds();
@@ -130,7 +130,7 @@ TEST (KeyboardKeys, WhiteKeysReachToTheMiddleOfTheirBlackNeighbours)
     EXPECT_EQ (c, (juce::Rectangle { 0, 799, stripWidth, 151 }));
     EXPECT_EQ (d, (juce::Rectangle { 0, 599, stripWidth, 200 }));
 
-    // The neighbour itself stays free.
+    // The white key does not overlap the black one.
     const auto& shape = keyboard.find (74)->shape;
     EXPECT_TRUE (shape.containsRectangle ({ 0, 650, stripWidth, 100 }));
     EXPECT_TRUE (shape.containsRectangle ({ blackWidth, 599, stripWidth - blackWidth, 200 }));
@@ -138,7 +138,7 @@ TEST (KeyboardKeys, WhiteKeysReachToTheMiddleOfTheirBlackNeighbours)
     EXPECT_FALSE (shape.containsPoint (blackWidth - 1, 750));
 }
 
-TEST (KeyboardKeys, TailsAreCutByTheRangeToo)
+TEST (KeyboardKeys, TailsAreClippedToTheRangeToo)
 {
     const auto keyboard = makeEvenOctave();
 
@@ -158,7 +158,7 @@ TEST (KeyboardKeys, TailsAreCutByTheRangeToo)
         }
 }
 
-TEST (KeyboardKeys, AreNeverLessThanAPixelHigh)
+TEST (KeyboardKeys, AreAtLeastAPixelHigh)
 {
     for (const auto height : { 1, 2, 20, 100, 300 })
         for (int type = 0; type < FrequencyScale::numTypes; ++type)
@@ -174,7 +174,7 @@ TEST (KeyboardKeys, AreNeverLessThanAPixelHigh)
         }
 }
 
-TEST (KeyboardKeys, BlackOnesTakeSixTenthsOfTheStrip)
+TEST (KeyboardKeys, BlackKeysTakeSixTenthsOfTheStrip)
 {
     EXPECT_EQ (getBlackKeyWidth (50), 30);
     EXPECT_EQ (getBlackKeyWidth (49), 29);
@@ -183,7 +183,7 @@ TEST (KeyboardKeys, BlackOnesTakeSixTenthsOfTheStrip)
 }
 
 //==============================================================================
-TEST (KeyboardKeys, AreSeparatedWhereTwoWhiteOnesMeet)
+TEST (KeyboardKeys, AreSeparatedWhereTwoWhiteKeysMeet)
 {
     const auto keyboard = makeEvenOctave();
     EXPECT_EQ (getKeySeparator (*keyboard.find (72), stripWidth), (juce::Rectangle { 0, 949, 50, 1 })) << "C";
@@ -208,7 +208,7 @@ TEST (KeyboardKeys, LoseTheirSeparatorsBelowFourPixels)
     EXPECT_TRUE (getKeySeparator (black, stripWidth).isEmpty());
 }
 
-TEST (KeyboardKeys, ABlackOneLightsUpInsideItsEdge)
+TEST (KeyboardKeys, ABlackKeyLightsUpInsideItsEdge)
 {
     auto key = *makeEvenOctave().find (73);
     EXPECT_EQ (getBlackKeyHighlight (key, stripWidth), (juce::Rectangle { 0, 751, 29, 98 }));
@@ -247,7 +247,7 @@ TEST (KeyboardKeys, AreNamedByTheHostsMiddleC)
             EXPECT_TRUE (! key.hasLabel || key.label == name);
 }
 
-TEST (KeyboardKeys, OnABoundaryTheLowerOneIsFound)
+TEST (KeyboardKeys, TheLowerKeyIsFoundOnABoundary)
 {
     const auto keyboard = makeEvenOctave();
     const auto& a = keyboard.keys[0];

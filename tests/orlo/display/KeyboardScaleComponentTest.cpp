@@ -65,9 +65,9 @@ TEST (KeyboardScaleComponent, PaintsWhiteAndBlackKeysWithTheirLines)
 
     for (const auto x : { 5, 49 })
     {
-        EXPECT_EQ (image.getPixelAt (x, 949), black) << "the foot of C";
+        EXPECT_EQ (image.getPixelAt (x, 949), black) << "the bottom line of C";
         EXPECT_EQ (image.getPixelAt (x, 950), white) << "B";
-        EXPECT_EQ (image.getPixelAt (x, 449), black) << "the foot of F";
+        EXPECT_EQ (image.getPixelAt (x, 449), black) << "the bottom line of F";
     }
 }
 
@@ -133,7 +133,7 @@ TEST (KeyboardScaleComponent, HasSharpEdgesAndEqualLinesAtAnyPixelScale)
                 ASSERT_TRUE (pixel == black || pixel == white) << x << " " << y << " " << pixel.toString();
             }
 
-        // Right of the black keys there is nothing dark but the lines.
+        // Right of the black keys only the lines are dark.
         const auto lines = findBandsOfRows (image, white, { image.getWidth() - 3, image.getWidth() - 2 });
         EXPECT_GT (lines.size(), 10u);
 
@@ -142,15 +142,15 @@ TEST (KeyboardScaleComponent, HasSharpEdgesAndEqualLinesAtAnyPixelScale)
     }
 }
 
-TEST (KeyboardScaleComponent, LightsUpAWhiteKeyWhole)
+TEST (KeyboardScaleComponent, LightsUpTheWholeWhiteKey)
 {
     EvenOctave test;
     test.keyboard.setHighlightedNote (74);
     const auto image = paintComponent (test.keyboard);
     EXPECT_EQ (image.getPixelAt (10, 700), juce::Colours::white);
     EXPECT_EQ (image.getPixelAt (45, 790), juce::Colours::white);
-    EXPECT_EQ (image.getPixelAt (45, 810), white) << "C stays as it was";
-    EXPECT_EQ (image.getPixelAt (10, 800), black) << "C# too";
+    EXPECT_EQ (image.getPixelAt (45, 810), white) << "C is unchanged";
+    EXPECT_EQ (image.getPixelAt (10, 800), black) << "C# is unchanged";
 
     test.keyboard.setHighlightedNote (KeyboardScaleComponent::noNote);
     EXPECT_EQ (paintComponent (test.keyboard).getPixelAt (10, 700), white);
@@ -178,7 +178,7 @@ TEST (KeyboardScaleComponent, WritesTheNameOfCInsideItsKey)
     ASSERT_EQ (bands.size(), 1u) << "one line of text in the C key";
     EXPECT_NEAR (double (bands[0].getStart() + bands[0].getEnd()) * 0.5, 49.0, 3.0);
 
-    // No other key has text: a column of a white key beside the black ones is plain.
+    // Other keys have no text, so a white key is plain beside the black ones.
     EXPECT_TRUE (findBandsOfRows (image.getClippedImage ({ 10, 10 + 655, 50, 90 }), white, { 0, 50 }).empty()) << "D";
 }
 
@@ -198,7 +198,7 @@ TEST (KeyboardScaleComponent, LeavesOutNamesThatDoNotFit)
 }
 
 //==============================================================================
-TEST (KeyboardScaleComponent, TellsWhichKeyTheMouseIsOn)
+TEST (KeyboardScaleComponent, ReportsWhichKeyTheMouseIsOn)
 {
     EvenOctave test;
     std::vector<int> hovered;
@@ -210,7 +210,7 @@ TEST (KeyboardScaleComponent, TellsWhichKeyTheMouseIsOn)
     EXPECT_EQ (hovered, (std::vector<int> { 69, 70, 71, 81 }));
 }
 
-TEST (KeyboardScaleComponent, SaysNothingWhereThereIsNoKeyOrNobodyListens)
+TEST (KeyboardScaleComponent, ReportsNothingWithoutAKeyOrACallback)
 {
     EvenOctave test;
     test.keyboard.mouseMove (makeMouseEvent (test.keyboard, { 10.0f, 600.0f }));
@@ -243,7 +243,7 @@ TEST (KeyboardScaleComponent, RebuildsForEachChangeOfTheScale)
     EXPECT_EQ (test.keyboard.getKeys().front().noteNumber, 43);
 }
 
-TEST (KeyboardScaleComponent, ACallbackMayChangeTheScale)
+TEST (KeyboardScaleComponent, SurvivesACallbackThatChangesTheScale)
 {
     EvenOctave test;
     juce::String label;

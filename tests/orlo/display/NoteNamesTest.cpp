@@ -30,7 +30,7 @@ TEST (NoteNames, NameAllTwelveClasses)
     EXPECT_EQ (found.joinIntoString (" "), "C3 C#3 D3 D#3 E3 F3 F#3 G3 G#3 A3 A#3 B3");
 }
 
-TEST (NoteNames, GoBelowZeroAtTheBottomAndAreEmptyOutsideMidi)
+TEST (NoteNames, HaveNegativeOctavesAtTheBottomAndAreEmptyOutsideMidi)
 {
     EXPECT_EQ (notes::getNoteName (0, 3), "C-2");
     EXPECT_EQ (notes::getNoteName (11, 4), "B-1");
@@ -54,10 +54,10 @@ TEST (NoteNames, SixHostsCallMiddleCTheFourthOctaveAndAllOthersTheThird)
     for (const auto host : { Host::UnknownHost, Host::AbletonLive10, Host::SteinbergCubaseGeneric, Host::Ardour })
         EXPECT_EQ (notes::getOctaveOfMiddleC (host), 3) << host;
 
-    EXPECT_EQ (notes::getOctaveOfMiddleC(), 3) << "the tests run in no host";
+    EXPECT_EQ (notes::getOctaveOfMiddleC(), 3) << "the default, as the tests run outside of any host";
 }
 
-TEST (NoteNames, NotesAndFrequenciesAreEachOthersInverse)
+TEST (NoteNames, NotesAndFrequenciesAreInverse)
 {
     EXPECT_DOUBLE_EQ (notes::frequencyForNote (69), 440.0);
     EXPECT_DOUBLE_EQ (notes::frequencyForNote (81), 880.0);
@@ -66,7 +66,7 @@ TEST (NoteNames, NotesAndFrequenciesAreEachOthersInverse)
         EXPECT_NEAR (notes::noteForFrequency (notes::frequencyForNote (note)), double (note), 1.0e-9);
 }
 
-TEST (NoteNames, TheNoteOfSilenceIsVeryLowButANumber)
+TEST (NoteNames, TheNoteOfZeroHertzIsVeryLowButFinite)
 {
     EXPECT_NEAR (notes::noteForFrequency (0.0), -275.5, 0.1);
     EXPECT_EQ (notes::noteForFrequency (-5.0), notes::noteForFrequency (0.0));

@@ -11,7 +11,7 @@ namespace mk::orlo::test
 namespace
 {
 
-TEST (PictureStart, IsTheLastPictureIfItsPathIsWhole)
+TEST (PictureStart, IsTheLastPictureIfItsPathIsAbsolute)
 {
     EXPECT_EQ (pictureFile::chooseStart ("/pictures/a.png"), juce::File ("/pictures/a.png"));
     EXPECT_EQ (pictureFile::chooseStart ("~/a.png"),
@@ -34,7 +34,7 @@ TEST (PictureName, EndsInPng)
     EXPECT_EQ (pictureFile::withPngExtension (juce::File ("/a/picture.jpg")), juce::File ("/a/picture.png"));
 }
 
-TEST (PictureWriting, TakesThePlaceOfALongerFile)
+TEST (PictureWriting, ReplacesALongerFile)
 {
     const TemporaryFolder folder;
     const auto file = folder.get().getChildFile ("a.png");
@@ -51,7 +51,7 @@ TEST (PictureWriting, TakesThePlaceOfALongerFile)
 }
 
 #if JUCE_LINUX
-/** A picture that no compression makes small. */
+/** A picture of noise, which compression cannot make small. */
 [[nodiscard]] juce::Image makeNoise (int width, int height)
 {
     juce::Image image (juce::Image::RGB, width, height, true, juce::SoftwareImageType());
@@ -76,7 +76,7 @@ TEST (PictureWriting, OnAFullDiskLeavesTheOlderPicture)
     }
 
     EXPECT_EQ (file.loadFileAsString(), "the older picture");
-    EXPECT_EQ (folder.get().getNumberOfChildFiles (juce::File::findFilesAndDirectories), 1) << "the rest of a try";
+    EXPECT_EQ (folder.get().getNumberOfChildFiles (juce::File::findFilesAndDirectories), 1) << "left by the write";
 }
 
 TEST (PictureWriting, InAReadOnlyFolderLeavesTheOlderPicture)
@@ -95,7 +95,7 @@ TEST (PictureWriting, InAReadOnlyFolderLeavesTheOlderPicture)
     EXPECT_EQ (folder.get().getNumberOfChildFiles (juce::File::findFilesAndDirectories), 1);
 }
 
-TEST (PictureWriting, GoesThroughALinkToItsFile)
+TEST (PictureWriting, FollowsALinkToItsFile)
 {
     const TemporaryFolder folder;
     const auto file = folder.get().getChildFile ("a.png");
@@ -108,7 +108,7 @@ TEST (PictureWriting, GoesThroughALinkToItsFile)
 }
 #endif
 
-TEST (PictureWriting, MakesTheFolder)
+TEST (PictureWriting, CreatesTheFolder)
 {
     const TemporaryFolder folder;
     const auto file = folder.get().getChildFile ("new/a.png");
@@ -116,14 +116,14 @@ TEST (PictureWriting, MakesTheFolder)
     EXPECT_TRUE (juce::ImageFileFormat::loadFrom (file).isValid());
 }
 
-TEST (PictureWriting, TellsOfAFailure)
+TEST (PictureWriting, ReportsAFailure)
 {
     const TemporaryFolder folder;
     const juce::Image image (juce::Image::RGB, 3, 2, true, juce::SoftwareImageType());
-    EXPECT_FALSE (pictureFile::write (image, folder.get())) << "a folder";
+    EXPECT_FALSE (pictureFile::write (image, folder.get())) << "the target is a folder";
     ASSERT_TRUE (folder.get().getChildFile ("file").create());
-    EXPECT_FALSE (pictureFile::write (image, folder.get().getChildFile ("file/a.png"))) << "below a file";
-    EXPECT_FALSE (pictureFile::write ({}, folder.get().getChildFile ("a.png"))) << "nothing to write";
+    EXPECT_FALSE (pictureFile::write (image, folder.get().getChildFile ("file/a.png"))) << "the parent is a file";
+    EXPECT_FALSE (pictureFile::write ({}, folder.get().getChildFile ("a.png"))) << "the image is null";
     EXPECT_FALSE (folder.get().getChildFile ("a.png").exists());
 }
 

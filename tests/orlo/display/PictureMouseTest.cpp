@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// Presses on the picture with the real mouse; needs a display.
+// Tests presses on the picture with the real mouse; needs a display.
 #include "tests/orlo/window/EditorInWindow.h"
 
 namespace mk::orlo::test
@@ -7,7 +7,7 @@ namespace mk::orlo::test
 namespace
 {
 
-/** Counts what the mouse does on a component. */
+/** Counts the mouse events of a component. */
 class MouseCounter final : public juce::MouseListener
 {
 public:
@@ -33,7 +33,7 @@ private:
 class PictureMouseTest : public EditorInWindowTest
 {
 protected:
-    /** Presses in the middle of the picture and moves a few pixels away, until the picture has heard of both. */
+    /** Presses in the middle of the picture, moves a few pixels away, and waits for the picture to receive both. */
     [[nodiscard]] bool pressAndMove (int button, const MouseCounter& mouse)
     {
         auto& picture = window->getPicture();
@@ -49,10 +49,10 @@ protected:
         EXPECT_FALSE (window->getPicture().isCrosshairVisible());
         EXPECT_EQ (window->getContainer().getKeyboard().getHighlightedNote(), KeyboardScaleComponent::noNote);
         EXPECT_EQ (window->getContainer().getReadout().getBounds(), hoverReadout)
-            << "the readout has left the foot of the picture for the cursor";
+            << "the readout has moved from its place at rest to the cursor";
     }
 
-    /** Puts the mouse into the middle of the picture and notes where the readout shows what it hovers over. */
+    /** Moves the mouse to the middle of the picture and stores the bounds of the readout while hovering. */
     [[nodiscard]] bool hover()
     {
         if (! window->moveToCentre (window->getPicture()))
@@ -79,7 +79,7 @@ TEST_F (PictureMouseTest, ALeftPressHoldsTheCrosshairAndTheReadoutFollows)
     EXPECT_FALSE (window->getPicture().isCrosshairVisible());
 }
 
-TEST_F (PictureMouseTest, AShiftClickThatMovesFreezesAndShowsNoReadoutAtTheCursor)
+TEST_F (PictureMouseTest, AShiftClickWithAMoveFreezesAndShowsNoReadoutAtTheCursor)
 {
     ASSERT_TRUE (hover());
     MouseCounter mouse (window->getPicture());
@@ -90,10 +90,10 @@ TEST_F (PictureMouseTest, AShiftClickThatMovesFreezesAndShowsNoReadoutAtTheCurso
 
     window->releaseAll();
     EXPECT_TRUE (pumpUntil ([&] { return mouse.numUp == 1; }));
-    EXPECT_GE (get (Params::id::freeze), 0.5f) << "the release froze or thawed once more";
+    EXPECT_GE (get (Params::id::freeze), 0.5f) << "the release has toggled Freeze again";
 }
 
-TEST_F (PictureMouseTest, ThePressOfTheMiddleButtonDoesNothing)
+TEST_F (PictureMouseTest, APressOfTheMiddleButtonDoesNothing)
 {
     ASSERT_TRUE (hover());
     MouseCounter mouse (window->getPicture());

@@ -42,7 +42,7 @@ TEST (PictureWriter, ReturnsBeforeThePictureIsWrittenOnItsThread)
     EXPECT_NE (threadOfWriting, std::this_thread::get_id());
 }
 
-TEST (PictureWriter, WritesEverythingInOrderBeforeItGoes)
+TEST (PictureWriter, WritesEverythingInOrderBeforeItIsDestroyed)
 {
     juce::WaitableEvent mayWrite (true);
     std::vector<int> widths;
@@ -87,7 +87,7 @@ TEST (PictureWriter, WritesAgainAfterARest)
     EXPECT_EQ (widths, (std::vector { 1, 2, 3 }));
 }
 
-TEST (PictureWriter, WritesNothingUnasked)
+TEST (PictureWriter, WritesNothingUnlessAsked)
 {
     std::atomic numWritten { 0 };
 
@@ -98,7 +98,7 @@ TEST (PictureWriter, WritesNothingUnasked)
     EXPECT_EQ (numWritten.load(), 0);
 }
 
-TEST (PictureWriter, PutsPicturesIntoFiles)
+TEST (PictureWriter, WritesPicturesToFiles)
 {
     const TemporaryFolder folder;
     const auto file = folder.get().getChildFile ("a.png");

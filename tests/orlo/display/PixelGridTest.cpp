@@ -8,7 +8,7 @@ namespace mk::orlo::test
 namespace
 {
 
-TEST (PixelGrid, LeavesWholeCoordinatesAloneAtWholeScales)
+TEST (PixelGrid, KeepsWholeCoordinatesAtWholeScales)
 {
     for (const auto scale : { 1.0f, 2.0f, 3.0f })
     {
@@ -18,14 +18,14 @@ TEST (PixelGrid, LeavesWholeCoordinatesAloneAtWholeScales)
     }
 }
 
-TEST (PixelGrid, PutsEdgesOnPixels)
+TEST (PixelGrid, SnapsEdgesToPixels)
 {
     const PixelGrid grid { 1.5f };
     const auto area = grid.snap (juce::Rectangle { 1, 3, 4, 6 }) * 1.5f;
     EXPECT_EQ (area, juce::Rectangle<float>::leftTopRightBottom (2.0f, 5.0f, 8.0f, 14.0f));
 }
 
-TEST (PixelGrid, NeighboursStayNeighbours)
+TEST (PixelGrid, AdjacentEdgesStayAdjacent)
 {
     const PixelGrid grid { 1.25f };
 
@@ -34,7 +34,7 @@ TEST (PixelGrid, NeighboursStayNeighbours)
                    grid.snap (juce::Rectangle { 0, y + 3, 1, 2 }).getY());
 }
 
-TEST (PixelGrid, LinesAreAWholeNumberOfPixelsThickAndEndWhereTheirUnitEnds)
+TEST (PixelGrid, LinesAreWholePixelsThickAndEndWhereTheirUnitEnds)
 {
     for (int y = 0; y < 40; ++y)
     {

@@ -21,7 +21,7 @@ TEST (ReadoutText, HasNoteAndCentsOnlyWhereThereAreAny)
     EXPECT_EQ (formatReadout (430.0, 3), "430.00Hz (A3 -40cents)");
 }
 
-TEST (ReadoutText, ALongNameTakesThePlaceOfItsBlanks)
+TEST (ReadoutText, ALongNameReplacesThePaddingBlanks)
 {
     EXPECT_EQ (formatReadout (notes::frequencyForNote (61) * std::exp2 (20.0 / 1200.0), 3), "280.40Hz (C#3+20cents)");
     EXPECT_EQ (formatReadout (25.0, 3), "25.00Hz (G-1+35cents)");
@@ -37,7 +37,7 @@ TEST (ReadoutText, HasNoNoteAtTheEndsOfTheRange)
     EXPECT_TRUE (formatReadout (9999.99, 3).contains ("("));
 }
 
-TEST (ReadoutText, HalfwayBetweenTwoNotesItStaysWithTheNearer)
+TEST (ReadoutText, NamesTheNearerNoteAroundTheMiddleOfTwo)
 {
     const auto at = [] (double semitonesFromA) { return formatReadout (440.0 * std::exp2 (semitonesFromA / 12.0), 3); };
 
@@ -49,7 +49,7 @@ TEST (ReadoutText, HalfwayBetweenTwoNotesItStaysWithTheNearer)
     EXPECT_TRUE (at (0.006).endsWith ("(A3  +1cents)"));
 }
 
-TEST (ReadoutText, GoesThroughTheTranslation)
+TEST (ReadoutText, IsTranslated)
 {
     juce::LocalisedStrings::setCurrentMappings (
         new juce::LocalisedStrings ("language: [test]\ncountries: [xx]\n\"cents\" = \"Cent\"\n", false));
@@ -68,7 +68,7 @@ TEST (ReadoutPlacement, TheTagIsAtLeastFifteenHighAndFortyWithoutAnEditor)
     EXPECT_EQ (getReadoutHeight (0), 40);
 }
 
-TEST (ReadoutPlacement, TheTextKeepsAQuarterOfTheHeightFree)
+TEST (ReadoutPlacement, TheTextHasAMarginOfAQuarterOfTheHeight)
 {
     EXPECT_EQ (getReadoutTextArea ({ 0, 0, 220, 40 }), (juce::Rectangle { 10, 0, 200, 40 }));
     EXPECT_EQ (getReadoutTextArea ({ 0, 0, 107, 15 }), (juce::Rectangle { 3, 0, 101, 15 }));
@@ -76,21 +76,21 @@ TEST (ReadoutPlacement, TheTextKeepsAQuarterOfTheHeightFree)
 
 const juce::Rectangle<int> container { 0, 0, 1000, 600 };
 
-TEST (ReadoutPlacement, StandsToTheRightOfTheCursorAndBelow)
+TEST (ReadoutPlacement, IsToTheRightOfAndBelowTheCursor)
 {
     const auto placed = placeReadoutAtCursor ({ 100, 50 }, 200, 40, container);
     EXPECT_EQ (placed.bounds, (juce::Rectangle { 120, 70, 220, 40 }));
     EXPECT_EQ (placed.justification, juce::Justification::centredLeft);
 }
 
-TEST (ReadoutPlacement, AShortTextStillMakesATagAsWideAsHigh)
+TEST (ReadoutPlacement, TheTagIsAtLeastAsWideAsHigh)
 {
     EXPECT_EQ (placeReadoutAtCursor ({ 100, 50 }, 10, 40, container).bounds.getWidth(), 60);
 }
 
-TEST (ReadoutPlacement, SwingsToTheLeftAtTheRightEdge)
+TEST (ReadoutPlacement, MovesToTheLeftOfTheCursorAtTheRightEdge)
 {
-    // The tag is 220 wide and keeps 20 from the edge: the last place to the right of the cursor is 739.
+    // The tag is 220 wide and keeps 20 from the edge, so it fits to the right of a cursor up to x = 739.
     EXPECT_EQ (placeReadoutAtCursor ({ 739, 50 }, 200, 40, container).bounds.getX(), 759);
 
     const auto swung = placeReadoutAtCursor ({ 740, 50 }, 200, 40, container);
@@ -98,7 +98,7 @@ TEST (ReadoutPlacement, SwingsToTheLeftAtTheRightEdge)
     EXPECT_EQ (swung.justification, juce::Justification::centredRight);
 }
 
-TEST (ReadoutPlacement, WithRoomOnNeitherSideItIsCentred)
+TEST (ReadoutPlacement, IsCentredIfItFitsOnNeitherSide)
 {
     const juce::Rectangle<int> narrow { 0, 0, 300, 600 };
     const auto placed = placeReadoutAtCursor ({ 150, 50 }, 200, 40, narrow);
@@ -106,7 +106,7 @@ TEST (ReadoutPlacement, WithRoomOnNeitherSideItIsCentred)
     EXPECT_EQ (placed.justification, juce::Justification::centred);
 }
 
-TEST (ReadoutPlacement, SwingsUpwardsAtTheBottom)
+TEST (ReadoutPlacement, MovesAboveTheCursorAtTheBottom)
 {
     EXPECT_EQ (placeReadoutAtCursor ({ 100, 499 }, 200, 40, container).bounds.getY(), 519);
     EXPECT_EQ (placeReadoutAtCursor ({ 100, 500 }, 200, 40, container).bounds.getY(), 440);
@@ -123,7 +123,7 @@ TEST (ReadoutPlacement, NeverLeavesTheContainer)
                             << x << ", " << y << " in " << size.toString() << " text " << textWidth;
 }
 
-TEST (ReadoutPlacement, InALargeContainerNeverCoversTheCursor)
+TEST (ReadoutPlacement, NeverCoversTheCursorInALargeContainer)
 {
     for (int x = 0; x <= container.getWidth(); ++x)
         for (int y = 0; y <= container.getHeight(); y += 5)
@@ -136,7 +136,7 @@ TEST (ReadoutPlacement, RestsAtTheLowerLeftOfTheView)
     EXPECT_EQ (placed.bounds, (juce::Rectangle { 1, 559, 220, 40 }));
     EXPECT_EQ (placed.justification, juce::Justification::centredLeft);
 
-    // With a view narrower than the text the tag goes on over the strips, but not out of the container.
+    // If the view is narrower than the text, the tag extends over the strips but stays in the container.
     EXPECT_EQ (placeReadoutAtRest ({ 0, 0, 40, 100 }, 140, 15, { 100, 100 }).bounds,
                (juce::Rectangle { 0, 84, 100, 15 }));
 }

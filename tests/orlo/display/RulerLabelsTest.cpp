@@ -33,7 +33,7 @@ using testing::ElementsAre;
 }
 
 //==============================================================================
-TEST (RulerTicks, OfTheWholeRangeAreTheSeriesAndBothEnds)
+TEST (RulerTicks, AreTheSeriesAndBothEndsOfTheWholeRange)
 {
     EXPECT_THAT (buildRulerTicks (0.0f, 22050.0f),
                  ElementsAre (0.0f,
@@ -54,14 +54,14 @@ TEST (RulerTicks, OfTheWholeRangeAreTheSeriesAndBothEnds)
                               22050.0f));
 }
 
-TEST (RulerTicks, AreTheEndsAloneWhereTheSeriesHasNoMember)
+TEST (RulerTicks, AreOnlyTheEndsWhereTheSeriesHasNoMember)
 {
     EXPECT_THAT (buildRulerTicks (1000.0f, 2000.0f), ElementsAre (1000.0f, 2000.0f));
     EXPECT_THAT (buildRulerTicks (440.0f, 450.0f), ElementsAre (440.0f, 450.0f));
     EXPECT_THAT (buildRulerTicks (0.0f, 0.5f), ElementsAre (0.0f, 0.5f));
 }
 
-TEST (RulerTicks, EndsThatBelongToTheSeriesComeOnce)
+TEST (RulerTicks, EndsThatBelongToTheSeriesAppearOnce)
 {
     EXPECT_THAT (buildRulerTicks (10.0f, 100.0f), ElementsAre (10.0f, 20.0f, 50.0f, 100.0f));
 }
@@ -85,7 +85,7 @@ TEST (RulerText, IsWholeHertzUpToTheKilohertz)
     EXPECT_EQ (formatRulerFrequency (995.0f), "1k");
 }
 
-TEST (RulerText, HasADecimalOnlyWhereThereIsOneToShow)
+TEST (RulerText, HasADecimalOnlyIfItIsNotZero)
 {
     EXPECT_EQ (formatRulerFrequency (1000.0f), "1k");
     EXPECT_EQ (formatRulerFrequency (1040.0f), "1k");
@@ -102,9 +102,9 @@ TEST (RulerText, HasADecimalOnlyWhereThereIsOneToShow)
 }
 
 //==============================================================================
-TEST (RulerLabels, OfALinearRangeStandAtTheirFrequencies)
+TEST (RulerLabels, AreAtTheirFrequenciesOnALinearRange)
 {
-    // A font of 20: the texts' boxes are 40 high, clear of 40 at the top and 80 at the bottom.
+    // At a font height of 20 the texts' boxes are 40 high and stay clear of 40 at the top and 80 at the bottom.
     const auto labels = place (0.0f, 20000.0f, FrequencyScale::linear, 1000, 20.0f);
     EXPECT_EQ (toText (labels), "0 2k 5k 10k 20k");
     ASSERT_EQ (labels.size(), 5u);
@@ -119,7 +119,7 @@ TEST (RulerLabels, OfALinearRangeStandAtTheirFrequencies)
 
 TEST (RulerLabels, KeepClearOfTheMaximum)
 {
-    // 20k lies 93 pixels below the top of a linear ruler 1000 high: its box begins at 93 less the font.
+    // 20k lies 93 pixels below the top of a linear ruler 1000 high, so its box begins at 93 minus the font height.
     EXPECT_TRUE (toText (place (0.0f, 22050.0f, FrequencyScale::linear, 1000, 20.0f)).endsWith ("10k 20k 22.1k"));
     EXPECT_TRUE (toText (place (0.0f, 22050.0f, FrequencyScale::linear, 1000, 30.5f)).endsWith ("10k 20k 22.1k"));
     EXPECT_TRUE (toText (place (0.0f, 22050.0f, FrequencyScale::linear, 1000, 31.5f)).endsWith ("5k 10k 22.1k"));
@@ -127,30 +127,30 @@ TEST (RulerLabels, KeepClearOfTheMaximum)
 
 TEST (RulerLabels, KeepClearOfTheMinimumByFourFontHeights)
 {
-    // 1k has its box at 930 in a ruler 1000 high.
+    // The box of 1k begins at 930 in a ruler 1000 high.
     EXPECT_TRUE (toText (place (0.0f, 20000.0f, FrequencyScale::linear, 1000, 16.5f)).startsWith ("0 1k 2k"));
     EXPECT_TRUE (toText (place (0.0f, 20000.0f, FrequencyScale::linear, 1000, 17.0f)).startsWith ("0 2k"));
 }
 
-TEST (RulerLabels, OfAnEmptyRangeDoNotExist) { EXPECT_TRUE (place (440.0f, 440.0f, 0, 1000, 20.0f).empty()); }
+TEST (RulerLabels, DoNotExistForAnEmptyRange) { EXPECT_TRUE (place (440.0f, 440.0f, 0, 1000, 20.0f).empty()); }
 
-TEST (RulerLabels, OfANarrowRangeAreItsEnds)
+TEST (RulerLabels, AreTheEndsOfANarrowRange)
 {
     EXPECT_EQ (toText (place (440.0f, 450.0f, FrequencyScale::log, 1000, 20.0f)), "440 450");
     EXPECT_EQ (toText (place (1000.0f, 2000.0f, FrequencyScale::mel, 1000, 20.0f)), "1k 2k");
 }
 
-TEST (RulerLabels, OfTheSeriesAllStandThatAreClearOfBothEnds)
+TEST (RulerLabels, AreAllMembersOfTheSeriesThatAreClearOfBothEnds)
 {
     const auto place100To100k = [] (int height, float fontHeight)
     { return toText (place (100.0f, 100000.0f, FrequencyScale::log, height, fontHeight)); };
 
     EXPECT_EQ (place100To100k (300, 12.0f), "100 500 1k 2k 5k 10k 20k 100k");
-    EXPECT_EQ (place100To100k (210, 20.0f), "100 1k 2k 5k 10k 100k") << "even where they touch";
+    EXPECT_EQ (place100To100k (210, 20.0f), "100 1k 2k 5k 10k 100k") << "labels of the series may touch";
     EXPECT_EQ (place100To100k (60, 12.0f), "100 100k");
 }
 
-TEST (RulerLabels, InARulerTooLowForTwoTextsStillShowBothEnds)
+TEST (RulerLabels, ShowBothEndsEvenInARulerTooLowForTwoTexts)
 {
     const auto labels = place (0.0f, 20000.0f, 0, 10, 8.0f);
     ASSERT_EQ (toText (labels), "0 20k");
@@ -215,7 +215,7 @@ TEST (RulerLabels, AscendAndNeverLeaveTheRulerAtAnySizeScaleOrRange)
     }
 }
 
-TEST (RulerLabels, InTheMiddleStandWithinAPixelOfTheirFrequency)
+TEST (RulerLabels, AreWithinAPixelOfTheirFrequencyInTheMiddle)
 {
     for (int type = 0; type < FrequencyScale::numTypes; ++type)
     {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// The live view in a real window; needs a display.
+// Tests the live view in a real window; needs a display.
 #include "orlo/display/SpectrogramComponent.h"
 
 #include "orlo/display/Crosshair.h"
@@ -44,11 +44,11 @@ protected:
         ASSERT_NE (view.getPeer(), nullptr) << "There is no display";
     }
 
-    /** What the window system tells of the mouse. Later in time than the last, so that no two make a double click. */
+    /** Sends a mouse event as the window system does. Events are far enough apart not to form double clicks. */
     void mouse (float x, float y, Modifiers modifiers = {})
     {
         time += 1000;
-        Modifiers::currentModifiers = modifiers; // where JUCE takes the keys from
+        Modifiers::currentModifiers = modifiers; // JUCE reads the modifier keys from here
         view.getPeer()->handleMouseEvent (juce::MouseInputSource::InputSourceType::mouse,
                                           { x, y },
                                           modifiers,
@@ -103,7 +103,7 @@ protected:
     juce::int64 time = 1000000;
 };
 
-TEST_F (SpectrogramComponentTest, AnalysesOnlyWhileItCanBeSeen)
+TEST_F (SpectrogramComponentTest, AnalysesOnlyWhileItIsVisible)
 {
     playNoise (4);
     EXPECT_EQ (worker.getNumSamplesReady(), 0);
@@ -144,7 +144,7 @@ TEST_F (SpectrogramComponentTest, TheViewIsBlackUntilThePictureAppearsAtItsSize)
     EXPECT_EQ (image.getHeight(), 200);
 }
 
-TEST_F (SpectrogramComponentTest, ADisplayRefreshIsATickInColumns)
+TEST_F (SpectrogramComponentTest, EachDisplayRefreshTicksInColumns)
 {
     auto& clock = processor.getFrameClock();
     const auto count = clock.tickCount.load();
@@ -156,7 +156,7 @@ TEST_F (SpectrogramComponentTest, ADisplayRefreshIsATickInColumns)
     EXPECT_EQ (clock.tickCount.load(), count + 2);
     EXPECT_NEAR (clock.columnsPerTick.load(), 0.1f / 0.0036894f, 0.3f);
 
-    // A window that was dragged: one long tick.
+    // While a window is dragged no ticks arrive, so one long tick follows.
     view.tick (160.1);
     EXPECT_GT (clock.columnsPerTick.load(), 10000.0f);
 }
@@ -191,7 +191,7 @@ TEST_F (SpectrogramComponentTest, ReadsTheFrequencyUnderACursor)
     EXPECT_EQ (view.getFrequencyAt (500.0f), builder.getFrequencyScale().getMinFrequency());
 }
 
-TEST_F (SpectrogramComponentTest, MovingTheMouseTellsTheFrequency)
+TEST_F (SpectrogramComponentTest, MovingTheMouseReportsTheFrequency)
 {
     show();
     mouse (100.0f, 50.0f);
@@ -223,7 +223,7 @@ TEST_F (SpectrogramComponentTest, HoldingTheButtonShowsTheCrosshair)
     EXPECT_EQ (picture.getPixelAt (100, 190).getARGB(), 0xff808080);
     EXPECT_NE (picture.getPixelAt (3, 51).getARGB(), 0xff808080);
 
-    // Off the right and the lower edge: the crosshair stays on the edge, the reading on the lowest frequency.
+    // Beyond the right and lower edges the crosshair stays on the edge, and the lowest frequency is reported.
     mouse (900.0f, 700.0f, Modifiers::leftButtonModifier);
     ASSERT_EQ (held.size(), 2u);
     EXPECT_EQ (held.back().position.x, 400.0f);
@@ -286,7 +286,7 @@ TEST_F (SpectrogramComponentTest, RightClicksAndCtrlClicksAreLeftToTheMenu)
         mouse (120.0f, 60.0f);
     }
 
-    // Nor does it tell of a cursor that is on its way to such a click.
+    // A move with the key of such a click held down is not reported either.
     mouse (140.0f, 60.0f);
     const auto numMoved = moved.size();
     mouse (160.0f, 60.0f, Modifiers::ctrlModifier);
@@ -325,12 +325,12 @@ TEST_F (SpectrogramComponentTest, AskingForDoubleResolutionDoublesThePicture)
             return picture.getWidth() == 800 && isPainted (picture);
         }));
 
-    // No newer one comes while this one is looked at.
+    // Stopped, so that the picture does not change during the comparison.
     builder.stopThread (1000);
     const auto picture = builder.getFrontImage();
     ASSERT_EQ (picture.getHeight(), 400);
 
-    // Where a pixel of the window is two by two of the display's, each has one of the picture's own.
+    // If a pixel of the window is two by two pixels of the display, each of these shows its own pixel of the picture.
     const auto painted = view.createComponentSnapshot (view.getLocalBounds(), true, 2.0f);
     ASSERT_EQ (painted.getBounds(), picture.getBounds());
     int numDifferent = 0;
@@ -342,7 +342,7 @@ TEST_F (SpectrogramComponentTest, AskingForDoubleResolutionDoublesThePicture)
     EXPECT_EQ (numDifferent, 0);
 }
 
-TEST_F (SpectrogramComponentTest, DestroyingTheViewLeavesTheProcessorAtRest)
+TEST_F (SpectrogramComponentTest, DestroyingTheViewStopsTheBuilder)
 {
     AudioPluginAudioProcessor other;
     other.prepareToPlay (44100.0, 512);

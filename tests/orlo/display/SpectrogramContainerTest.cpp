@@ -52,7 +52,7 @@ TEST_F (SpectrogramContainerTest, TheStripsFollowTheirParametersAtOnce)
     set (Params::id::keyboard, 0.0f);
     EXPECT_EQ (container->getSpectrogram().getWidth(), 800);
 
-    // A size class of 25 pixels, so 50 for a strip.
+    // The text size is 25 pixels, so a strip is 50 wide.
     set (Params::id::ruler, 1.0f);
     EXPECT_TRUE (container->getRuler().isVisible());
     EXPECT_EQ (container->getRuler().getBounds(), (juce::Rectangle { 750, 0, 50, 400 }));
@@ -68,7 +68,7 @@ TEST_F (SpectrogramContainerTest, TheStripsFollowTheirParametersAtOnce)
     EXPECT_EQ (container->getHelpLine().getWidth(), 750);
 }
 
-TEST_F (SpectrogramContainerTest, InAWindowNarrowerThanItsStripsThePictureKeepsItsSize)
+TEST_F (SpectrogramContainerTest, ThePictureKeepsItsSizeInAWindowNarrowerThanItsStrips)
 {
     set (Params::id::ruler, 1.0f);
     set (Params::id::keyboard, 1.0f);
@@ -102,12 +102,12 @@ TEST_F (SpectrogramContainerTest, TheScaleFollowsTheParametersAndTheSampleRate)
     EXPECT_EQ (reported, 96000.0);
     EXPECT_NEAR (scale.getMaxFrequency(), 24000.0f, 0.1f);
 
-    // Crossed limits make an empty range, never a negative one.
+    // If the limits are crossed, the range is empty, never negative.
     set (Params::id::minFreq, 60.0f);
     EXPECT_GE (scale.getMaxFrequency(), scale.getMinFrequency());
 }
 
-TEST_F (SpectrogramContainerTest, ARateReportedAfterTheWindowHasGoneIsDropped)
+TEST_F (SpectrogramContainerTest, ARateReportedAfterTheWindowHasClosedIsIgnored)
 {
     processor.prepareToPlay (96000.0, 512);
     container = nullptr;
@@ -115,7 +115,7 @@ TEST_F (SpectrogramContainerTest, ARateReportedAfterTheWindowHasGoneIsDropped)
     EXPECT_EQ (processor.getFftProcessor().getSampleRate(), 96000.0);
 }
 
-TEST_F (SpectrogramContainerTest, TheMenuTogglesItsParametersInWholeGestures)
+TEST_F (SpectrogramContainerTest, TheMenuTogglesItsParametersInOneGestureEach)
 {
     struct GestureCounter final : juce::AudioProcessorListener
     {
@@ -160,7 +160,7 @@ TEST_F (SpectrogramContainerTest, TheMenuSwitchesTheViewAndMarksTheSessionAsChan
 
     set (Params::id::internal, 0.995f);
     container->carryOut (5);
-    EXPECT_EQ (get (Params::id::internal), 0.0f) << "from the end of its range back to the beginning";
+    EXPECT_EQ (get (Params::id::internal), 0.0f) << "wraps from the end of its range to the beginning";
 }
 
 TEST_F (SpectrogramContainerTest, TheMenuOpensTheManualOfThisVersion)
@@ -183,7 +183,7 @@ TEST_F (SpectrogramContainerTest, OtherResultsOfTheMenuDoNothing)
 }
 
 //==============================================================================
-TEST_F (SpectrogramContainerTest, AnExportHoldsWhatTheContainerShows)
+TEST_F (SpectrogramContainerTest, AnExportContainsWhatTheContainerShows)
 {
     const TemporaryFolder folder;
     const auto file = folder.get().getChildFile ("picture");
@@ -210,7 +210,7 @@ TEST_F (SpectrogramContainerTest, AtDoubleResolutionAnExportHasTwiceTheSize)
     EXPECT_EQ (juce::ImageFileFormat::loadFrom (file).getBounds(), (juce::Rectangle { 1600, 800 }));
 }
 
-TEST_F (SpectrogramContainerTest, AnExportThatWasCancelledOrCannotBeWrittenEndsSilently)
+TEST_F (SpectrogramContainerTest, AnExportThatIsCancelledOrFailsEndsSilently)
 {
     container->exportTo ({});
     EXPECT_FALSE (settings.getSettings().hasProperty (pluginCore::SettingsIds::lastExportFile));
@@ -223,7 +223,7 @@ TEST_F (SpectrogramContainerTest, AnExportThatWasCancelledOrCannotBeWrittenEndsS
     EXPECT_TRUE (blocked.existsAsFile());
 }
 
-TEST_F (SpectrogramContainerTest, APictureIsCompleteWhenTheWindowHasGoneRightAfterTheExport)
+TEST_F (SpectrogramContainerTest, AnExportIsCompletedWhenTheWindowClosesRightAfterIt)
 {
     const TemporaryFolder folder;
     const auto file = folder.get().getChildFile ("picture.png");

@@ -54,7 +54,7 @@ protected:
         ASSERT_TRUE (
             pumpUntil ([this] { return picture.numPaints > 0 && keyboard.numPaints > 0 && ruler.numPaints > 0; }));
 
-        // A window is painted more than once as it opens.
+        // A window is painted several times as it opens, so wait until only the picture is painted.
         ASSERT_TRUE (pumpUntil (
             [this]
             {
@@ -66,7 +66,7 @@ protected:
 
     void TearDown() override { window = nullptr; }
 
-    /** Waits until the picture alone has been painted so many times. */
+    /** Repaints the picture the given number of times and waits for each paint. */
     [[nodiscard]] bool repaintPicture (int times)
     {
         for (int i = 0; i < times; ++i)
@@ -81,8 +81,8 @@ protected:
         return true;
     }
 
-    /** Whether it goes as it should at least once in a few times: the window system may have the whole window
-        painted at any moment. */
+    /** Repeats an observation up to five times, since the window system may repaint the whole window at any
+        moment. Returns whether it succeeded at least once. */
     template <typename Observation>
     [[nodiscard]] static bool undisturbed (const Observation& observation)
     {
@@ -98,10 +98,10 @@ protected:
     Counting<KeyboardScaleComponent> keyboard { scale };
     Counting<FreqScaleComponent> ruler { scale };
     FreqReadoutPopup readout;
-    std::unique_ptr<Window> window; // closes before its children go
+    std::unique_ptr<Window> window; // destroyed before its children
 };
 
-TEST_F (StripsInWindow, AreNotPaintedAgainWhileOnlyThePictureMoves)
+TEST_F (StripsInWindow, AreNotRepaintedWhileOnlyThePictureMoves)
 {
     EXPECT_TRUE (undisturbed (
         [&]
@@ -131,7 +131,7 @@ TEST_F (StripsInWindow, ArePaintedOnceAfterTheScaleHasChanged)
         }));
 }
 
-TEST_F (StripsInWindow, AHighlightPaintsTheKeyboardAlone)
+TEST_F (StripsInWindow, AHighlightRepaintsOnlyTheKeyboard)
 {
     auto note = 60;
 
@@ -153,7 +153,7 @@ TEST_F (StripsInWindow, AHighlightPaintsTheKeyboardAlone)
             keyboard.setHighlightedNote (note);
             return repaintPicture (3) && keyboard.numPaints == withHighlight;
         }))
-        << "the same note again";
+        << "setting the same note again repaints nothing";
 }
 
 TEST_F (StripsInWindow, TheRealMouseOnTheKeyboardNamesTheKey)

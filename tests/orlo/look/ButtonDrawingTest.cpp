@@ -41,7 +41,7 @@ TEST_F (ButtonDrawingTest, AButtonIsARoundedRectangleInsetByOneAndAHalf)
     EXPECT_LE (distance (image.getPixelAt (50, 20), face.withMultipliedSaturation (0.9f)), 1);
     EXPECT_NEAR (int (image.getPixelAt (1, 20).getAlpha()), 128, 2);
 
-    // With a radius of 10 the point 2 pixels in from the corner on the diagonal is outside, 6 inside.
+    // At a radius of 10 the diagonal point 2 pixels from the corner is outside the curve, and that at 6 is inside.
     EXPECT_EQ (image.getPixelAt (3, 3).getAlpha(), 0);
     EXPECT_EQ (image.getPixelAt (7, 7).getAlpha(), 255);
 }
@@ -92,12 +92,12 @@ TEST_F (ButtonDrawingTest, AConnectedButtonThatIsOnHasALineInTheFocusColour)
     const auto line = window.style.findColour (juce::ComboBox::focusedOutlineColourId);
 
     EXPECT_GT (distance (draw().getPixelAt (50, 0), line), 20);
-    EXPECT_LE (distance (draw (false, true).getPixelAt (50, 0), line), 1) << "down counts as on";
+    EXPECT_LE (distance (draw (false, true).getPixelAt (50, 0), line), 1) << "a pressed button counts as on";
     button.setToggleState (true, juce::dontSendNotification);
     EXPECT_LE (distance (draw().getPixelAt (50, 0), line), 1);
 }
 
-/** Buttons in a window on the screen: only there can one of them have the keyboard. */
+/** Buttons in a window on the screen, since only there can one of them have the keyboard focus. */
 class FocusedButtonTest : public ButtonDrawingTest
 {
 protected:
@@ -112,7 +112,7 @@ protected:
 
     [[nodiscard]] static bool giveKeyboardTo (juce::Component& component)
     {
-        // A window that is not on the screen yet cannot take it.
+        // A window that is not on the screen yet cannot take the focus.
         return test::pumpUntil (
             [&]
             {
@@ -142,7 +142,7 @@ TEST_F (FocusedButtonTest, AButtonOfABarHasAFrameOfTwoPixelsOnAllSidesWhetherItI
         ASSERT_TRUE (giveKeyboardTo (focused));
         const auto image = test::snapshotOf (bar);
 
-        // The other button's edge lies over the last pixel of the left one.
+        // The right button covers the last pixel of the left one.
         const auto seen = index == 0 ? focused.getBounds().withTrimmedRight (1) : focused.getBounds();
         const auto middle = seen.getCentre();
 
@@ -155,12 +155,12 @@ TEST_F (FocusedButtonTest, AButtonOfABarHasAFrameOfTwoPixelsOnAllSidesWhetherItI
             EXPECT_TRUE (isFrame (image, seen.getRight() - 1 - i, middle.y));
         }
 
-        EXPECT_FALSE (isFrame (image, middle.x, seen.getY() + 3)) << "the face stays free";
-        EXPECT_FALSE (isFrame (image, bar.getButton (1 - index).getBounds().getCentreX(), 1)) << "the other one";
+        EXPECT_FALSE (isFrame (image, middle.x, seen.getY() + 3)) << "the frame does not reach into the button";
+        EXPECT_FALSE (isFrame (image, bar.getButton (1 - index).getBounds().getCentreX(), 1)) << "not focused";
     }
 }
 
-TEST_F (FocusedButtonTest, AButtonOfItsOwnHasTheFrameAlongItsEdge)
+TEST_F (FocusedButtonTest, ASingleButtonHasTheFrameAlongItsEdge)
 {
     EXPECT_FALSE (isFrame (test::snapshotOf (button), 50, 2));
     ASSERT_TRUE (giveKeyboardTo (button));
@@ -209,14 +209,14 @@ TEST_F (ButtonDrawingTest, TextScalesWithTheWindowAndStaysInTheButton)
     }
 }
 
-TEST_F (ButtonDrawingTest, OneFontIsForButtonsAndMenus)
+TEST_F (ButtonDrawingTest, ButtonsAndMenusHaveTheSameFont)
 {
     EXPECT_EQ (window.style.getTextButtonFont (button, 40), window.style.getPopupMenuFont());
     EXPECT_EQ (window.style.getPopupMenuFont().getTypefacePtr(),
                window.style.getFont (PluginLookAndFeel::Face::semiBold).getTypefacePtr());
 }
 
-TEST_F (ButtonDrawingTest, TheWidthThatAButtonsTextNeedsIsThatOfTheDrawnText)
+TEST_F (ButtonDrawingTest, TheBestWidthOfAButtonFitsTheDrawnText)
 {
     button.setButtonText ("proceed to download page");
     button.setSize (button.getBestWidthForHeight (60), 60);

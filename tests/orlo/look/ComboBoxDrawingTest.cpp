@@ -29,7 +29,7 @@ protected:
     juce::ComboBox box;
 };
 
-TEST_F (ComboBoxDrawingTest, TheFaceIsTheRaisedBackgroundWithAnOutlineTwoPixelsWide)
+TEST_F (ComboBoxDrawingTest, TheBoxIsTheRaisedBackgroundWithAnOutlineTwoPixelsWide)
 {
     const auto image = snapshotOf (box);
     const auto outline = window.style.findColour (juce::ComboBox::outlineColourId);
@@ -62,7 +62,7 @@ TEST_F (ComboBoxDrawingTest, TextFollowsTheWindowAndFitsBesideTheArrow)
     EXPECT_FLOAT_EQ (window.style.getComboBoxFont (box).getHeight(), 8.0f);
 }
 
-TEST_F (ComboBoxDrawingTest, ItsMenusEntriesAreAsHighAsMostOfTheBox)
+TEST_F (ComboBoxDrawingTest, TheHeightOfItsMenusEntriesFollowsTheBox)
 {
     EXPECT_EQ (window.style.getOptionsForComboBoxPopupMenu (box, label()).getStandardItemHeight(), 48);
     box.setSize (169, 41);

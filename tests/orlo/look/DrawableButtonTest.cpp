@@ -36,7 +36,7 @@ protected:
     juce::DrawableButton button { "button", juce::DrawableButton::ImageFitted };
 };
 
-TEST_F (DrawableButtonTest, TheImagesOpacityTellsTheState)
+TEST_F (DrawableButtonTest, TheImagesOpacityShowsTheState)
 {
     EXPECT_NEAR (imageAlphaAfterPainting (juce::Button::buttonNormal), 0.4f, 0.005f);
     EXPECT_NEAR (imageAlphaAfterPainting (juce::Button::buttonOver), 0.6f, 0.005f);
@@ -66,13 +66,13 @@ TEST_F (DrawableButtonTest, ItsShadowCanBeLeftOut)
     EXPECT_GT (withShadow.getBottom(), without.getBottom());
 }
 
-TEST_F (DrawableButtonTest, OnlyTheBackgroundPropertyGivesAGround)
+TEST_F (DrawableButtonTest, OnlyTheBackgroundPropertyPaintsABackground)
 {
     EXPECT_EQ (snapshotOf (button).getPixelAt (30, 9).getAlpha(), 0);
     button.getProperties().set (styleProperty::bg, true);
     const auto image = snapshotOf (button);
 
-    EXPECT_EQ (image.getPixelAt (30, 4).getAlpha(), 0) << "inset by 5";
+    EXPECT_EQ (image.getPixelAt (30, 4).getAlpha(), 0) << "the background is inset by 5";
     EXPECT_LE (distance (image.getPixelAt (30, 5), window.style.findColour (juce::ComboBox::outlineColourId)), 1);
     EXPECT_LE (distance (image.getPixelAt (30, 6), window.style.findColour (juce::ComboBox::outlineColourId)), 1);
 
@@ -80,7 +80,7 @@ TEST_F (DrawableButtonTest, OnlyTheBackgroundPropertyGivesAGround)
     EXPECT_LE (distance (image.getPixelAt (30, 9), ground), 1);
 }
 
-TEST_F (DrawableButtonTest, TheGroundsInsetFollowsTheWindow)
+TEST_F (DrawableButtonTest, TheBackgroundsInsetFollowsTheWindow)
 {
     button.getProperties().set (styleProperty::bg, true);
     window.window.setSize (3636, 2000);

@@ -112,10 +112,10 @@ TEST (MenuDrawingTest, TheBackgroundIsARoundedRectangleOverTheWholeMenu)
     EXPECT_EQ (image.getPixelAt (40, 0), colour);
     EXPECT_EQ (image.getPixelAt (0, 30), colour);
     EXPECT_LT (image.getPixelAt (0, 0).getAlpha(), 60);
-    EXPECT_EQ (image.getPixelAt (2, 2).getAlpha(), 255) << "a radius of 4";
+    EXPECT_EQ (image.getPixelAt (2, 2).getAlpha(), 255) << "inside a corner of radius 4";
 }
 
-TEST (MenuDrawingTest, AMenuOfItsOwnWindowPaintsItsCornersToo)
+TEST (MenuDrawingTest, AMenuInAWindowOfItsOwnPaintsItsCornersToo)
 {
     PluginLookAndFeel style;
     const auto draw = [&style] (const juce::PopupMenu::Options& options)
@@ -140,7 +140,7 @@ TEST (MenuDrawingTest, AMenuInsideTheWindowIsNotOpaque)
     EXPECT_FALSE (menu.isOpaque());
 }
 
-TEST (MenuDrawingTest, OnlyAnActiveEntryUnderTheMouseIsLit)
+TEST (MenuDrawingTest, OnlyAnEnabledEntryUnderTheMouseIsHighlighted)
 {
     PluginLookAndFeel style;
     const auto lit = style.findColour (juce::PopupMenu::highlightedBackgroundColourId);
@@ -148,7 +148,7 @@ TEST (MenuDrawingTest, OnlyAnActiveEntryUnderTheMouseIsLit)
     EXPECT_TRUE (findInk (drawItem (style, "", { .isActive = false, .isHighlighted = true })).isEmpty());
 }
 
-TEST (MenuDrawingTest, TickAndArrowStandInTheSideColumns)
+TEST (MenuDrawingTest, TickAndArrowAreInTheSideColumns)
 {
     PluginLookAndFeel style;
     const auto tick = findInk (drawItem (style, "", { .isTicked = true }));

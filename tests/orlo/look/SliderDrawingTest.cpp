@@ -115,7 +115,7 @@ TEST_F (SliderDrawingTest, ATwoValueBarIsFullBetweenItsValues)
     EXPECT_NEAR (int (image.getPixelAt (175, 20).getAlpha()), 128, 1);
 }
 
-TEST_F (SliderDrawingTest, TheThumbThatAPressWouldTakeStandsOut)
+TEST_F (SliderDrawingTest, TheThumbThatAPressWouldDragIsHighlighted)
 {
     pluginCore::ParameterSlider range;
     range.setSliderStyle (juce::Slider::TwoValueHorizontal);
@@ -146,7 +146,7 @@ TEST_F (SliderDrawingTest, TheThumbThatAPressWouldTakeStandsOut)
     expectThumbs (plain, plain);
 }
 
-TEST_F (SliderDrawingTest, AnUprightBarFillsFromBelow)
+TEST_F (SliderDrawingTest, AVerticalBarFillsFromTheBottom)
 {
     slider.setSliderStyle (juce::Slider::LinearVertical);
     slider.setBounds (0, 0, 40, 200);
@@ -155,7 +155,7 @@ TEST_F (SliderDrawingTest, AnUprightBarFillsFromBelow)
     EXPECT_LE (distance (image.getPixelAt (20, 160), fullColour()), 1);
 }
 
-TEST_F (SliderDrawingTest, ADisabledBarIsHalfAsStrong)
+TEST_F (SliderDrawingTest, ADisabledBarHasHalfTheAlpha)
 {
     slider.setEnabled (false);
     EXPECT_NEAR (int (snapshotOf (slider).getPixelAt (150, 20).getAlpha()), 64, 1);
@@ -185,7 +185,7 @@ TEST_F (SliderDrawingTest, ALabelAboveTakesItsTextsHeightFromTheTop)
     EXPECT_EQ (layout.sliderBounds, juce::Rectangle<int> (0, 40, 200, 60));
 
     slider.setSize (200, 40);
-    EXPECT_EQ (window.style.getSliderLayout (slider).textBoxBounds.getHeight(), 20) << "never more than half";
+    EXPECT_EQ (window.style.getSliderLayout (slider).textBoxBounds.getHeight(), 20) << "at most half of the slider";
 }
 
 TEST_F (SliderDrawingTest, TheTextBoxTakesSizeAndJustificationFromSliderOrControl)
@@ -226,7 +226,7 @@ TEST_F (SliderDrawingTest, TheTextBoxHasTheSlidersColours)
     EXPECT_EQ (textBox()->findColour (juce::TextEditor::outlineColourId), juce::Colours::pink);
 }
 
-TEST_F (SliderDrawingTest, ADisabledValueStaysEightyPercentStrong)
+TEST_F (SliderDrawingTest, ADisabledValueHasEightyPercentOfItsAlpha)
 {
     useAsButton();
     slider.textFromValueFunction = [] (double) { return "HHHH"; };

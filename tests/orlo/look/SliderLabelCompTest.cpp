@@ -10,7 +10,7 @@ namespace mk::orlo
 {
 namespace
 {
-/** A slider that notes what reaches it. */
+/** A slider that records the events that it receives. */
 struct NotingSlider final : public juce::Slider
 {
     using juce::Slider::Slider;
@@ -95,7 +95,7 @@ TEST_F (SliderTextBoxMouseTest, TheMouseWorksOnTheTextAsOnTheSlider)
     EXPECT_EQ (slider.position, box->getPosition() + juce::Point<int> (3, 4));
 }
 
-TEST_F (SliderTextBoxMouseTest, WhileTheTextIsEditedTheSliderHearsNothing)
+TEST_F (SliderTextBoxMouseTest, TheSliderReceivesNothingWhileTheTextIsEdited)
 {
     ASSERT_NE (box, nullptr);
     window.show();
@@ -106,7 +106,7 @@ TEST_F (SliderTextBoxMouseTest, WhileTheTextIsEditedTheSliderHearsNothing)
     box->hideEditor (true);
 }
 
-TEST_F (SliderTextBoxMouseTest, ABarSliderWhichListensByItselfHearsNothingTwice)
+TEST_F (SliderTextBoxMouseTest, ABarSliderThatListensItselfReceivesNothingTwice)
 {
     ASSERT_NE (box, nullptr);
     slider.setSliderStyle (juce::Slider::LinearBar);
@@ -131,7 +131,7 @@ TEST_F (SliderTextBoxMouseTest, TheEditorHasTheTextsFontAndJustification)
     box->hideEditor (true);
 }
 
-/** A slider as the panel has it, all covered by its text, in a real window. */
+/** A slider in a real window, set up as in the panel, so that its text covers it. */
 class SliderTextInWindowTest : public testing::Test
 {
 protected:
@@ -188,7 +188,7 @@ TEST_F (SliderTextInWindowTest, ADoubleClickResetsTheSlider)
     EXPECT_DOUBLE_EQ (slider.getValue(), 2.0);
 }
 
-TEST_F (SliderTextInWindowTest, ADoubleClickInAnOpenEditorIsForItsText)
+TEST_F (SliderTextInWindowTest, ADoubleClickInAnOpenEditorActsOnItsText)
 {
     mouse->click (slider, place);
     ASSERT_TRUE (box->isBeingEdited());

@@ -22,7 +22,7 @@ protected:
         window.add (label, { 0, 0, 300, 100 });
     }
 
-    /** The brightest of the text's pixels in each row, -1 in rows without any that are fully covered. */
+    /** The brightness of the brightest text pixel in each row, or -1 if the row has no fully covered pixel. */
     [[nodiscard]] std::vector<int> rows()
     {
         const auto image = test::snapshotOf (label);
@@ -49,10 +49,10 @@ protected:
 TEST_F (TextGradientTest, TheTextDarkensBetweenItsTwoHeights)
 {
     const auto rowsOfText = rows();
-    EXPECT_GE (rowsOfText[38], 245) << "it starts at 0.355 of the height";
+    EXPECT_GE (rowsOfText[38], 245) << "the gradient starts at 0.355 of the height";
     EXPECT_LT (rowsOfText[50], 250);
     EXPECT_LT (rowsOfText[58], rowsOfText[50]);
-    EXPECT_EQ (rowsOfText[61], rowsOfText[63]) << "below 0.6 it stays as dark as it gets";
+    EXPECT_EQ (rowsOfText[61], rowsOfText[63]) << "the gradient ends at 0.6 of the height";
     EXPECT_EQ (rowsOfText[63], int (juce::Colours::white.darker (0.3f).getRed()));
 }
 
@@ -68,7 +68,7 @@ TEST_F (TextGradientTest, WithoutThePropertyTheTextHasOneColour)
     EXPECT_EQ (rows()[63], 255);
 }
 
-TEST_F (TextGradientTest, TheLabelKeepsItsGroundAndItsOutline)
+TEST_F (TextGradientTest, TheLabelKeepsItsBackgroundAndItsOutline)
 {
     label.setColour (juce::Label::backgroundColourId, juce::Colours::blue);
     label.setColour (juce::Label::outlineColourId, juce::Colours::red);

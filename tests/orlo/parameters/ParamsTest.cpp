@@ -16,10 +16,10 @@ struct Expected
     const char *id, *name;
     int hint;
     float defaultValue;
-    int numChoices; // 0 for those without
+    int numChoices; // 0 for a parameter without choices
 };
 
-// What saved sessions and automation refer to. Nothing here may ever change; entries may only be added.
+// Saved sessions and automation refer to these, so entries must never change; new ones may only be added.
 constexpr Expected contract[] {
     { "mode", "Mode", 1, 1.0f, 2 },
     { "fftSize", "FFT Size", 1, 3.0f, 10 },
@@ -47,7 +47,7 @@ protected:
         return *processor.getParameterState().getParameter (id);
     }
 
-    /** The value that a text typed by the user stands for. */
+    /** The value of a text that the user types. */
     [[nodiscard]] float valueOf (const char* id, const char* text)
     {
         return find (id).convertFrom0to1 (find (id).getValueForText (text));
@@ -80,7 +80,7 @@ TEST_F (ParamsTest, AreThoseThatSessionsReferToInOrder)
     }
 }
 
-TEST_F (ParamsTest, ChoicesStandInOrderWithEmptyPlacesBehind)
+TEST_F (ParamsTest, ChoicesAreInOrderWithReservedPlacesBehind)
 {
     const auto choicesOf = [this] (const char* id)
     { return dynamic_cast<juce::AudioParameterChoice&> (find (id)).choices; };
@@ -115,7 +115,7 @@ TEST_F (ParamsTest, GainsAreTypedWithOrWithoutTheirSign)
     EXPECT_EQ (find ("ceiling").getLabel(), " dB");
 }
 
-TEST_F (ParamsTest, WholeNumbersRoundToTheEvenOneOfTwo)
+TEST_F (ParamsTest, HalvesRoundToTheEvenWholeNumber)
 {
     EXPECT_EQ (textOf ("floor", -2.5f), "-2");
     EXPECT_EQ (textOf ("floor", -3.5f), "-4");
@@ -128,7 +128,7 @@ TEST_F (ParamsTest, SpeedIsAWholePercentage)
     EXPECT_EQ (find ("speed").getLabel(), " % ");
 }
 
-TEST_F (ParamsTest, GainsAndSpeedAreStraightAndFrequenciesBentByTheLogOfTwo)
+TEST_F (ParamsTest, GainsAndSpeedAreLinearAndFrequenciesAreSkewed)
 {
     EXPECT_FLOAT_EQ (find ("floor").convertFrom0to1 (0.5f), -70.0f);
     EXPECT_FLOAT_EQ (find ("speed").convertFrom0to1 (0.25f), 25.0f);
@@ -137,7 +137,7 @@ TEST_F (ParamsTest, GainsAndSpeedAreStraightAndFrequenciesBentByTheLogOfTwo)
     EXPECT_FLOAT_EQ (find ("maxFreq").convertFrom0to1 (1.0f), 100.0f);
 }
 
-TEST_F (ParamsTest, SwitchesReadTheSameWordsInEveryLanguage)
+TEST_F (ParamsTest, SwitchesAcceptTheSameWordsInEveryLanguage)
 {
     juce::LocalisedStrings::setCurrentMappings (new juce::LocalisedStrings ("\"Yes\" = \"Oui\"", true));
 
@@ -150,7 +150,7 @@ TEST_F (ParamsTest, SwitchesReadTheSameWordsInEveryLanguage)
     juce::LocalisedStrings::setCurrentMappings (nullptr);
 }
 
-TEST_F (ParamsTest, TheInternalParameterSaysNothingAndCannotBeAutomated)
+TEST_F (ParamsTest, TheInternalParameterShowsADashAndCannotBeAutomated)
 {
     for (const auto value : { 0.0f, 0.01f, 1.0f })
         EXPECT_EQ (textOf ("internal", value), "-");
@@ -159,7 +159,7 @@ TEST_F (ParamsTest, TheInternalParameterSaysNothingAndCannotBeAutomated)
     EXPECT_TRUE (find ("mode").isAutomatable());
 }
 
-TEST (WindowSize, ChoicesHeldInReserveCountAsTheLargestWindow)
+TEST (WindowSize, ReservedChoicesCountAsTheLargestWindow)
 {
     EXPECT_EQ (Params::getWindowSize (0.0f), 256);
     EXPECT_EQ (Params::getWindowSize (3.0f), 2048);

@@ -60,7 +60,7 @@ TEST_P (FactoryPreset, HoldsEveryParameterWithALegalValue)
     }
 }
 
-TEST_P (FactoryPreset, LoadsAsItIsWritten)
+TEST_P (FactoryPreset, LoadsTheValuesOfItsFile)
 {
     auto& presets = processor.getPresetsManager();
     EXPECT_TRUE (presets.isPresetFile (file));
@@ -84,7 +84,7 @@ TEST_P (FactoryPreset, ShowsARunningPictureThatIsNotUpsideDown)
     EXPECT_FLOAT_EQ (getValue (Params::id::freeze), 0.0f);
     EXPECT_FLOAT_EQ (getValue (Params::id::autoFreeze), 0.0f);
 
-    // None of the places held in reserve.
+    // No choice is a reserved one.
     EXPECT_LE (getValue (Params::id::fftSize), 5.0f);
     EXPECT_LE (getValue (Params::id::freqScale), 4.0f);
     EXPECT_LT (getValue (Params::id::colourMap), float (colourMapNames.size()));

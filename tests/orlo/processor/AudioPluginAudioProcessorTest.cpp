@@ -30,7 +30,7 @@ struct TestPlayHead final : juce::AudioPlayHead
     bool playing = false;
 };
 
-/** A processor whose analysis runs, and whose worker has no hop, so that samples stay countable. */
+/** A processor whose analysis runs. Its worker has no hop, so pushed samples stay in the ring and can be counted. */
 class AudioPluginAudioProcessorTest : public testing::Test
 {
 protected:
@@ -117,7 +117,7 @@ TEST_F (AudioPluginAudioProcessorTest, TakesMonoOrStereoWithAsManyChannelsInAsOu
     EXPECT_FALSE (supports (Set::disabled(), Set::disabled()));
 }
 
-TEST_F (AudioPluginAudioProcessorTest, LeavesTheAudioAsItIsOnEveryPath)
+TEST_F (AudioPluginAudioProcessorTest, LeavesTheAudioUnchangedOnEveryPath)
 {
     for (const auto suspended : { true, false })
         for (const auto numSamples : { 0, 1, 64, 512, 8192 })
@@ -146,7 +146,7 @@ TEST_F (AudioPluginAudioProcessorTest, StartsSuspendedAndAnalysesOnlyWhileItIsNo
     process();
     EXPECT_EQ (numAnalysed(), 512);
 
-    // Waking up drops what is old.
+    // Resuming drops the old samples.
     processor.setAnalysisSuspended (false);
     EXPECT_EQ (numAnalysed(), 0);
 }
@@ -162,7 +162,7 @@ TEST_F (AudioPluginAudioProcessorTest, AnalysesTheMeanOfAllChannels)
 {
     worker.setHop (2048);
 
-    // 0.5 on one side and 0.25 on the other: a mean of 0.375.
+    // 0.5 on the one channel and 0.25 on the other have a mean of 0.375.
     const auto size = 8192;
     const auto tone = makeSine (48000.0 * 100 / 2048, 0.5f, size, 48000.0);
     juce::AudioBuffer<float> buffer (2, size);
@@ -214,7 +214,7 @@ TEST_F (AudioPluginAudioProcessorTest, ABlockLargerThanAnnouncedIsAnalysedWhole)
     EXPECT_EQ (numAnalysed(), 8192);
 }
 
-TEST_F (AudioPluginAudioProcessorTest, BeforeItKnowsARateItClearsTheOutput)
+TEST_F (AudioPluginAudioProcessorTest, ClearsTheOutputBeforeTheRateIsKnown)
 {
     AudioPluginAudioProcessor fresh;
     fresh.setAnalysisSuspended (false);
@@ -269,7 +269,7 @@ TEST_F (AudioPluginAudioProcessorTest, AutoFreezeFollowsTheTransport)
     EXPECT_FALSE (processor.isAutoPaused());
     EXPECT_EQ (numAnalysed(), 512);
 
-    // Without a position the last answer stands.
+    // Without a position the last known state is kept.
     playHead.hasPosition = false;
     process();
     EXPECT_EQ (numAnalysed(), 1024);
@@ -279,7 +279,7 @@ TEST_F (AudioPluginAudioProcessorTest, AutoFreezeFollowsTheTransport)
     EXPECT_EQ (numAnalysed(), 1536);
 }
 
-TEST_F (AudioPluginAudioProcessorTest, AutoFreezeWithoutAPlayHeadNeverRuns)
+TEST_F (AudioPluginAudioProcessorTest, AutoFreezeWithoutAPlayHeadAnalysesNothing)
 {
     set (Params::id::autoFreeze, 1.0f);
     process();
@@ -331,7 +331,7 @@ TEST_F (AudioPluginAudioProcessorTest, ParametersChangedElsewhereReachTheBuilder
     EXPECT_NEAR (builder.getFrequencyScale().getMaxFrequency(), 12000.0f, 0.1f);
 }
 
-TEST_F (AudioPluginAudioProcessorTest, LivesAndDiesWithoutEverBeingPrepared)
+TEST_F (AudioPluginAudioProcessorTest, CanBeDestroyedWithoutBeingPrepared)
 {
     for (int i = 0; i < 20; ++i)
     {

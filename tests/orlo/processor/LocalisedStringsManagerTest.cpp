@@ -19,7 +19,7 @@ namespace
 {
 [[nodiscard]] juce::String utf8 (const char* text) { return juce::CharPointer_UTF8 (text); }
 
-/** Each test begins, and leaves the process, without any language. */
+/** Removes the language of the process before and after each test. */
 class ProductLanguages : public testing::Test
 {
 protected:
@@ -52,7 +52,7 @@ TEST_F (ProductLanguages, TranslateTheFrameworksAndTheProductsTexts)
     EXPECT_EQ (juce::translate ("Speed"), "Speed");
 }
 
-TEST_F (ProductLanguages, HoldEveryPairOfTheProductsFiles)
+TEST_F (ProductLanguages, ContainEveryPairOfTheProductsFiles)
 {
     for (const auto& code : getLanguageCodes())
     {
@@ -63,7 +63,7 @@ TEST_F (ProductLanguages, HoldEveryPairOfTheProductsFiles)
     }
 }
 
-TEST_F (ProductLanguages, LeaveTheProductsTextsInAnotherCaseEnglish)
+TEST_F (ProductLanguages, AreCaseSensitiveForTheProductsTexts)
 {
     ASSERT_TRUE (strings.setLanguage ("fr"));
     EXPECT_EQ (juce::translate ("Freeze"), "Figer");
@@ -71,7 +71,7 @@ TEST_F (ProductLanguages, LeaveTheProductsTextsInAnotherCaseEnglish)
     EXPECT_EQ (juce::translate ("FREEZE"), "FREEZE");
 }
 
-TEST_F (ProductLanguages, AreEnglishForACodeThatWeDoNotSpeak)
+TEST_F (ProductLanguages, AreEnglishForAnUnsupportedCode)
 {
     for (const auto* const code : { "zh", "", "EN", "fre", "pt-BR", "de" })
     {
@@ -83,7 +83,7 @@ TEST_F (ProductLanguages, AreEnglishForACodeThatWeDoNotSpeak)
     }
 }
 
-TEST_F (ProductLanguages, TakeNoProductTextsOfAnUnknownCodeAndNoneWithoutMappings)
+TEST_F (ProductLanguages, AddNoProductTextsForAnUnknownCodeOrWithoutMappings)
 {
     EXPECT_TRUE (strings.addProductStrings ("fr"));
     EXPECT_EQ (juce::translate ("Freeze"), "Freeze");
@@ -143,7 +143,7 @@ TEST_F (ProductLanguages, AreChosenByEachInstanceOfThePlugIn)
 //==============================================================================
 #if JUCE_LINUX
 
-TEST_F (LocalisedUser, IsSpokenToByAFreshInstanceWhoseParametersStayEnglish)
+TEST_F (LocalisedUser, GetsAFreshInstanceInTheirLanguageWithEnglishParameters)
 {
     set ("LC_ALL", "fr_FR.UTF-8");
 

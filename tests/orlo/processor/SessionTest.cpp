@@ -42,7 +42,7 @@ TEST_F (ProductSessionTest, HoldsAllSixteenParametersAndTheView)
     EXPECT_NE (xml->getChildElement (1)->getChildByName ("UIVIEW"), nullptr);
 }
 
-TEST_F (ProductSessionTest, GoesFromOneInstanceToAnother)
+TEST_F (ProductSessionTest, IsRestoredInAnotherInstance)
 {
     AudioPluginAudioProcessor first;
     first.applyInitialSettings();
@@ -114,7 +114,7 @@ TEST_F (ProductSessionTest, AFreshInstanceShowsTheUsersColourMap)
     EXPECT_FALSE (processor.getUndoManager().canUndo());
 }
 
-TEST_F (ProductSessionTest, WithoutAColourMapOfTheUserItIsTheFirstAndNothingIsDirty)
+TEST_F (ProductSessionTest, TheFirstColourMapIsTheDefaultAndNothingIsDirty)
 {
     AudioPluginAudioProcessor processor;
     processor.applyInitialSettings();
@@ -122,7 +122,7 @@ TEST_F (ProductSessionTest, WithoutAColourMapOfTheUserItIsTheFirstAndNothingIsDi
     EXPECT_FALSE (processor.getPresetsManager().isDirty());
 }
 
-TEST_F (ProductSessionTest, AnyTextMayStandForTheColourMap)
+TEST_F (ProductSessionTest, AnyTextIsToleratedAsTheColourMap)
 {
     const auto show = [this] (const juce::var& value)
     {
@@ -138,7 +138,7 @@ TEST_F (ProductSessionTest, AnyTextMayStandForTheColourMap)
     EXPECT_FLOAT_EQ (show ("99999999999999"), 127.0f);
 }
 
-TEST_F (ProductSessionTest, TheUsersColourMapOverrulesTheDefaultPresetsAndASessionOverrulesBoth)
+TEST_F (ProductSessionTest, TheUsersColourMapOverridesTheDefaultPresetsAndASessionOverridesBoth)
 {
     AudioPluginAudioProcessor writer;
     writer.getParameterState().getParameter (Params::id::colourMap)->setValueNotifyingHost (1.0f);

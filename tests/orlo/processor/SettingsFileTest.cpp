@@ -13,7 +13,7 @@ namespace mk::orlo::test
 namespace
 {
 
-/** The whole plug-in, run by a user whose settings file the test has put there. */
+/** Runs the whole plug-in in a temporary home folder with the test's own settings file. */
 class SettingsFile : public testing::Test
 {
 protected:
@@ -22,7 +22,7 @@ protected:
         return pluginCore::findSettingsFile (pluginCore::PluginGlobalSettings::InnerData::getOptions());
     }
 
-    /** One run of the plug-in that finds no setting, and changes one. */
+    /** Runs the plug-in once, expects it to find no settings, and changes one. */
     static void expectFirstStart()
     {
         AudioPluginAudioProcessor processor { createEditor };
@@ -30,7 +30,7 @@ protected:
         EXPECT_EQ (processor.getPresetsManager().getCurrentPresetFile(), juce::File());
         EXPECT_EQ (processor.getParameterState().getRawParameterValue (Params::id::colourMap)->load(), 0.0f);
 
-        // The framework's size of a first start, before a product's own rules apply.
+        // The framework's window has its size of a first start, before a product's own rules apply.
         TestProcessor framework;
         const std::unique_ptr<juce::AudioProcessorEditor> editor (framework.createEditor());
         EXPECT_EQ (editor->getLocalBounds(), juce::Rectangle<int> (1050, 900));
@@ -98,7 +98,7 @@ TEST_F (SettingsFile, ThatCannotBeWrittenGivesAFirstStartEachTime)
     EXPECT_FALSE (getFile().exists());
 }
 
-TEST_F (SettingsFile, WithWordsInThePlaceOfNumbersGivesAFirstStart)
+TEST_F (SettingsFile, WithWordsInsteadOfNumbersGivesAFirstStart)
 {
     ASSERT_TRUE (getFile().getParentDirectory().createDirectory());
     ASSERT_TRUE (getFile().replaceWithText (
@@ -107,7 +107,7 @@ TEST_F (SettingsFile, WithWordsInThePlaceOfNumbersGivesAFirstStart)
     expectFirstStart();
 }
 
-TEST_F (SettingsFile, IsSharedByAllInstancesAndWrittenByTheLast)
+TEST_F (SettingsFile, IsSharedByAllInstancesAndWrittenWhenTheLastIsDestroyed)
 {
     auto first = std::make_unique<AudioPluginAudioProcessor>();
     auto second = std::make_unique<AudioPluginAudioProcessor>();

@@ -16,7 +16,7 @@ namespace mk::orlo::test
 namespace
 {
 
-/** A session as a build of version 1.2.1 has stored it, which every later one must read. */
+/** A session that was stored by version 1.2.1, which every later version must be able to read. */
 class StoredSession : public testing::Test
 {
 protected:
@@ -39,7 +39,7 @@ protected:
     AudioPluginAudioProcessor processor { createEditor };
 };
 
-TEST_F (StoredSession, GivesBackAllThatItHolds)
+TEST_F (StoredSession, RestoresEverythingThatItHolds)
 {
     restore();
 
@@ -76,7 +76,7 @@ TEST_F (StoredSession, IsStoredAgainByteForByte)
     EXPECT_EQ (again, blob) << again.toString();
 }
 
-TEST_F (StoredSession, ReachesTheAnalysisAlsoFromAnotherThread)
+TEST_F (StoredSession, ReachesTheAnalysisFromAnotherThreadToo)
 {
     auto& worker = processor.getFftProcessor();
     const auto isFollowing = [&]
@@ -91,7 +91,7 @@ TEST_F (StoredSession, ReachesTheAnalysisAlsoFromAnotherThread)
 }
 
 //==============================================================================
-TEST_F (StoredSession, ComesAndGoesOnThreadsOfTheHostWhileTheEditorIsOpen)
+TEST_F (StoredSession, CanBeReadAndRestoredOnThreadsOfTheHostWhileTheEditorIsOpen)
 {
     constexpr int numRounds = 50;
     const std::unique_ptr<juce::AudioProcessorEditor> editor (processor.createEditor());

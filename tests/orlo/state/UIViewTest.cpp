@@ -17,7 +17,7 @@ namespace
 class UIViewTest : public testing::Test
 {
 protected:
-    /** Gives a session with this content of its settings to the processor. */
+    /** Restores a session with the given settings in the processor. */
     void restore (const juce::String& settings)
     {
         const auto blob =
@@ -44,7 +44,7 @@ TEST_F (UIViewTest, AFreshInstanceHasAnEmptyView)
     EXPECT_EQ (view.normalBounds.get(), "");
 }
 
-TEST_F (UIViewTest, WhatTheWindowStoresIsInTheSession)
+TEST_F (UIViewTest, ValuesThatTheWindowStoresAreInTheSession)
 {
     view.cleanViewMode = true;
     view.cleanBounds = "0 0 1000 500";
@@ -61,12 +61,12 @@ TEST_F (UIViewTest, ASessionSetsTheView)
     EXPECT_EQ (view.cleanBounds.get(), "0 0 10 20");
     EXPECT_EQ (view.normalBounds.get(), "0 0 30 40");
 
-    // And the view still writes into the session.
+    // The view still writes to the session.
     view.cleanViewMode = false;
     EXPECT_TRUE (getSettingsText().contains ("CLEAN_VIEW_MODE=\"0\""));
 }
 
-TEST_F (UIViewTest, ASessionWithoutAViewEmptiesIt)
+TEST_F (UIViewTest, ASessionWithoutAViewClearsIt)
 {
     view.cleanViewMode = true;
     restore ("<OTHER/>");
@@ -87,7 +87,7 @@ TEST_F (UIViewTest, ASessionFromAnotherThreadSetsTheViewLater)
     EXPECT_EQ (view.normalBounds.get(), "");
 }
 
-TEST_F (UIViewTest, AnyTextMayStandForTheMode)
+TEST_F (UIViewTest, AnyTextIsToleratedAsTheMode)
 {
     for (const auto* text : { "", "0", "2", "-2147483648", "nan", "99999999999999999999" })
     {
@@ -96,13 +96,13 @@ TEST_F (UIViewTest, AnyTextMayStandForTheMode)
     }
 }
 
-TEST_F (UIViewTest, OfTwoViewsTheFirstOneCounts)
+TEST_F (UIViewTest, TheFirstOfTwoViewsCounts)
 {
     restore ("<UIVIEW NORMAL_BOUNDS='0 0 1 1'/><UIVIEW NORMAL_BOUNDS='0 0 2 2'/>");
     EXPECT_EQ (view.normalBounds.get(), "0 0 1 1");
 }
 
-TEST_F (UIViewTest, APresetDoesNotTouchTheView)
+TEST_F (UIViewTest, APresetDoesNotChangeTheView)
 {
     view.cleanViewMode = true;
     processor.setStateFromXml (*juce::parseXML ("<Orlo><Settings><UIVIEW/></Settings></Orlo>"), false);

@@ -13,7 +13,7 @@ namespace
 {
 using Colours = std::map<int, juce::uint32>;
 
-/** The rows of the documentation's tables that begin with a colour id and an ARGB value. */
+/** Reads the rows of the documentation's tables that begin with a colour id and an ARGB value. */
 [[nodiscard]] Colours readDocumentedColours()
 {
     const auto page = test::getSourceFolder().getChildFile ("docs/look.md");
@@ -31,7 +31,7 @@ using Colours = std::map<int, juce::uint32>;
     return colours;
 }
 
-TEST (ColourTableTest, TheDocumentedColoursAreThoseOfTheProgram)
+TEST (ColourTableTest, TheDocumentedColoursMatchTheProgram)
 {
     Colours set;
 

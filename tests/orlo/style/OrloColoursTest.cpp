@@ -12,7 +12,7 @@ namespace
 using test::drawnImage;
 using test::findInk;
 
-TEST (OrloColoursTest, TheProductsFixedColoursAreAsAgreed)
+TEST (OrloColoursTest, TheProductsFixedColoursHaveTheirValues)
 {
     const PluginLookAndFeel style;
     const std::pair<int, juce::uint32> expected[] {
@@ -36,7 +36,7 @@ TEST (OrloColoursTest, TheProductsFixedColoursAreAsAgreed)
         EXPECT_TRUE (style.isColourSpecified (id)) << std::hex << id;
 }
 
-TEST (OrloColoursTest, TheGripIsDrawnInTheColourThatTheViewGivesIt)
+TEST (OrloColoursTest, TheGripIsDrawnInTheColourThatTheViewSets)
 {
     PluginLookAndFeel style;
     const auto draw = [&style]

@@ -53,7 +53,7 @@ struct PageInWindow
     std::vector<std::string> opened;
 };
 
-/** The names that THIRD_PARTY_NOTICES.md gives in its table and in bold. */
+/** Reads the names in the table and in bold type of THIRD_PARTY_NOTICES.md. */
 [[nodiscard]] juce::StringArray getNoticedNames()
 {
     const auto file = getSourceFolder().getChildFile ("THIRD_PARTY_NOTICES.md");
@@ -77,7 +77,7 @@ struct PageInWindow
     return names;
 }
 
-TEST (AboutComponent, TellsProductWrapperVersionYearAndLicence)
+TEST (AboutComponent, ShowsProductWrapperVersionYearAndLicence)
 {
     PageInWindow test;
     const auto text = test.getAllText();
@@ -91,7 +91,7 @@ TEST (AboutComponent, TellsProductWrapperVersionYearAndLicence)
         EXPECT_TRUE (text.contains (part)) << part;
 }
 
-TEST (AboutComponent, IsWrittenAsEachLanguageIs)
+TEST (AboutComponent, FollowsTheSpellingOfEachLanguage)
 {
     const auto utf8 = [] (const char* text) { return juce::String::fromUTF8 (text); };
     const AudioPluginAudioProcessor processor;
@@ -144,7 +144,7 @@ TEST (AboutComponent, CreditsFontsAndColourMaps)
         EXPECT_TRUE (credits.contains (name)) << name;
 }
 
-TEST (AboutComponent, TheCreditsFitIntoTheirPlaceInEachLanguage)
+TEST (AboutComponent, TheCreditsFitTheirAreaInEachLanguage)
 {
     for (const auto& code : getLanguageCodes())
     {
@@ -171,7 +171,7 @@ TEST (AboutComponent, TheCreditsFitIntoTheirPlaceInEachLanguage)
     LocalisedStringsManager().setLanguage ("en");
 }
 
-TEST (AboutComponent, StandsInRowsFromTheTop)
+TEST (AboutComponent, IsLaidOutInRowsFromTheTop)
 {
     const auto layout = AboutComponent::makeLayout ({ 1818, 1000 }, 200);
     EXPECT_EQ (layout.title, juce::Rectangle<int> (30, 124, 1758, 282));
@@ -181,7 +181,7 @@ TEST (AboutComponent, StandsInRowsFromTheTop)
     EXPECT_EQ (layout.footer, juce::Rectangle<int> (30, 923, 1758, 47));
 }
 
-TEST (AboutComponent, BearsAnySize)
+TEST (AboutComponent, KeepsItsPartsInsideAtAnySize)
 {
     for (const auto size : { juce::Point<int> (0, 0), juce::Point<int> (1, 1), juce::Point<int> (100, 5000) })
     {
@@ -221,7 +221,7 @@ TEST (AboutComponent, AnyOtherClickClosesAndOpensNothing)
     EXPECT_FALSE (test.about.isVisible());
 }
 
-TEST (AboutComponent, ReturnGoesToThePageAndEscapeCloses)
+TEST (AboutComponent, ReturnOpensThePageAndEscapeCloses)
 {
     PageInWindow test;
     EXPECT_FALSE (test.about.keyPressed (juce::KeyPress ('x')));
@@ -248,7 +248,7 @@ TEST (AboutComponent, IsADialogWithALinkToScreenReaders)
     EXPECT_EQ (test.opened.size(), 1u);
 }
 
-TEST (AboutComponent, FillsItsBoundsWithTheGroundOfPages)
+TEST (AboutComponent, FillsItsBoundsWithTheBackgroundOfPages)
 {
     PageInWindow test;
     const auto picture = snapshotOf (test.about);

@@ -31,7 +31,7 @@ protected:
 
     void forgetSettings() { settings.getSettings().removeAllProperties (nullptr); }
 
-    /** Opens as a host does, but on no screen. */
+    /** Opens the editor as a host does, but not on a screen. */
     void open()
     {
         editor.reset (dynamic_cast<AudioPluginAudioProcessorEditor*> (processor.createEditorIfNeeded()));
@@ -51,7 +51,7 @@ protected:
         pumpPending();
     }
 
-    /** The size in pixels that the picture has been asked for. */
+    /** The picture size in pixels that was requested from the builder. */
     [[nodiscard]] juce::Rectangle<int> getPixels()
     {
         auto& builder = processor.getImageBuilder();
@@ -78,7 +78,7 @@ protected:
     return ! findInk (image).isEmpty();
 }
 
-TEST_F (AudioPluginAudioProcessorEditorTest, FullViewHidesTheGripOfItsOwnWindowAlone)
+TEST_F (AudioPluginAudioProcessorEditorTest, FullViewHidesOnlyTheGripOfItsOwnWindow)
 {
     open();
     AudioPluginAudioProcessor otherProcessor;
@@ -91,11 +91,11 @@ TEST_F (AudioPluginAudioProcessorEditorTest, FullViewHidesTheGripOfItsOwnWindowA
     EXPECT_TRUE (showsGrip (*other));
 }
 
-TEST_F (AudioPluginAudioProcessorEditorTest, ANewInstanceTakesTheSizeThatFullViewHadLast)
+TEST_F (AudioPluginAudioProcessorEditorTest, ANewInstanceTakesTheLastSizeOfFullView)
 {
     settings.getSettings().setProperty (pluginCore::SettingsIds::latestCleanViewBounds, "0 0 640 360", nullptr);
     open();
-    EXPECT_EQ (editor->getLocalBounds(), (juce::Rectangle { 1050, 578 })) << "in Standard View it does not count";
+    EXPECT_EQ (editor->getLocalBounds(), (juce::Rectangle { 1050, 578 })) << "this size is ignored in Standard View";
 
     switchToFullView();
     EXPECT_EQ (editor->getLocalBounds(), (juce::Rectangle { 640, 360 }));
@@ -110,14 +110,14 @@ TEST_F (AudioPluginAudioProcessorEditorTest, AnInstanceWithAFullViewSizeOfItsOwn
     EXPECT_EQ (editor->getLocalBounds(), (juce::Rectangle { 500, 450 }));
 }
 
-TEST_F (AudioPluginAudioProcessorEditorTest, IncompleteBoundsGiveAtLeastTheSmallestWindow)
+TEST_F (AudioPluginAudioProcessorEditorTest, IncompleteBoundsGiveAtLeastTheMinimumSize)
 {
     for (const auto& [bounds, width] :
          { std::pair { "0 0 640", 640 }, { "x", 100 }, { "0 0", 100 }, { "0 0 -9 -9", 100 }, { " ", 100 } })
     {
         SCOPED_TRACE (bounds);
 
-        // Switched to.
+        // The bounds are used by switching to Full View.
         processor.getUIView().cleanViewMode = false;
         processor.getUIView().normalBounds = "0 0 909 500";
         processor.getUIView().cleanBounds = bounds;
@@ -126,7 +126,7 @@ TEST_F (AudioPluginAudioProcessorEditorTest, IncompleteBoundsGiveAtLeastTheSmall
         EXPECT_EQ (editor->getLocalBounds(), (juce::Rectangle { width, 100 }));
         editor = nullptr;
 
-        // Opened with, in either view.
+        // The bounds are used by opening the editor in either view.
         for (const auto isFull : { true, false })
         {
             processor.getUIView().cleanViewMode = isFull;
@@ -164,7 +164,7 @@ TEST_F (AudioPluginAudioProcessorEditorTest, DoublesTheResolutionOnADenseDisplay
     EXPECT_EQ (getPixels(), single);
 }
 
-TEST_F (AudioPluginAudioProcessorEditorTest, AColourMapThatThereIsNotIsTheFirst)
+TEST_F (AudioPluginAudioProcessorEditorTest, AnUnknownColourMapSelectsTheFirst)
 {
     open();
     const auto getMap = [this] { return int (processor.getImageBuilder().getColourMap()->getMapIndex()); };

@@ -12,8 +12,8 @@
 namespace mk::orlo::test
 {
 
-/** The editor of a processor in a window on the screen, with the real mouse and the real keyboard at it. Tests
-    are skipped where there is no screen. */
+/** The editor of a processor in a window on the screen, operated by the real mouse and the real keyboard. Skips
+    the tests if there is no screen. */
 class EditorInWindowTest : public testing::Test
 {
 protected:
@@ -23,7 +23,7 @@ protected:
             GTEST_SKIP() << "needs a screen";
 
 #if defined(__SANITIZE_THREAD__)
-        // All of this is the message thread's, and so slow there that the mouse runs away from it.
+        // Everything runs on the message thread, which is too slow under the sanitizer to keep up with the mouse.
         GTEST_SKIP() << "not under ThreadSanitizer";
 #endif
 
@@ -59,7 +59,7 @@ protected:
         return parameter.convertFrom0to1 (parameter.getValue());
     }
 
-    /** All parameters in the host's terms, by their names. */
+    /** The normalised values of all parameters, by their names. */
     [[nodiscard]] std::map<juce::String, float> getParameters() const
     {
         std::map<juce::String, float> values;
@@ -73,8 +73,8 @@ protected:
     /** Everything that a host would store. */
     [[nodiscard]] juce::String getState() { return processor.getStateXml (true)->toString(); }
 
-    /** Holds the key of that modifier down until the window has heard of it. To ask the system before would
-        have JUCE take a click that follows for one without the key. */
+    /** Holds the key of a modifier down and waits until the window has received it. Before that, JUCE would
+        treat a click as one without the key. Returns false on a timeout. */
     [[nodiscard]] bool holdModifier (unsigned long key, juce::ModifierKeys::Flags modifier)
     {
         window->holdKey (key);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// The window by keys alone; needs a display.
+// Operates the window only with the keyboard; needs a display.
 #include "EditorInWindow.h"
 #include "tests/support/FindComponents.h"
 
@@ -25,13 +25,13 @@ protected:
         return pumpUntil ([before] { return getFocus() != before; });
     }
 
-    /** Where Tab leads on the way back to where it has led first. */
+    /** The components that Tab visits until it returns to the first one. */
     [[nodiscard]] std::set<juce::Component*> walk()
     {
         std::set<juce::Component*> visited;
         juce::Component* first = nullptr;
 
-        // Some stand only while they have the focus, such as the editors of values.
+        // Some components exist only while they have the focus, such as the editors of values, so limit the steps.
         for (int steps = 0; steps < 100 && pressTab() && getFocus() != first; ++steps)
         {
             visited.insert (getFocus());
@@ -41,7 +41,7 @@ protected:
         return visited;
     }
 
-    /** Goes on with Tab until it reaches the component. */
+    /** Presses Tab until it reaches the component. Returns false if it never does. */
     [[nodiscard]] bool tabTo (const juce::Component& component)
     {
         for (int tries = 0; tries < 50 && getFocus() != &component; ++tries)
@@ -51,7 +51,7 @@ protected:
         return getFocus() == &component;
     }
 
-    /** Everything in the window that the mouse can use to set or to open something. */
+    /** Finds all components of the window with which the mouse can set or open something. */
     [[nodiscard]] std::set<juce::Component*> findControls()
     {
         std::set<juce::Component*> controls;
@@ -110,7 +110,7 @@ TEST_F (EditorKeysTest, TabReachesAllControlsOfTheStandardView)
     ASSERT_TRUE (pumpUntil ([this] { return getSideBarButton ("export").isShowing(); }));
     ASSERT_TRUE (window->moveAway());
 
-    expectToReachAllControls (5); // the side bar's four and the view button
+    expectToReachAllControls (5); // four in the side bar, and the view button
 }
 
 TEST_F (EditorKeysTest, TabReachesAllControlsOfTheSettingsPanel)
@@ -119,8 +119,8 @@ TEST_F (EditorKeysTest, TabReachesAllControlsOfTheSettingsPanel)
     window->getMain().getSettingsPanel().setOnRetinaDisplay (true);
     ASSERT_TRUE (window->moveAway());
 
-    // In the side bar three and the view button; in the panel presets, two bars of two, the resolution, three
-    // toggles, three boxes, five sliders and two arrows.
+    // Three in the side bar, and the view button. In the panel the presets, two bars of two, the resolution,
+    // three toggles, three boxes, five sliders and two arrows.
     expectToReachAllControls (4 + 19);
 }
 
@@ -170,14 +170,14 @@ TEST_F (EditorKeysTest, ReturnPressesTheButtonsOfTheFullView)
     window->typeKey (Screen::returnKey);
     EXPECT_TRUE (pumpUntil ([this] { return get (Params::id::freeze) < 0.5f; }));
 
-    // The button that had the focus is gone, which must not end the walk.
+    // The focused button has disappeared, and Tab must still reach the others.
     ASSERT_TRUE (pumpUntil ([&] { return ! main.getFreezeButton().isVisible(); }));
     ASSERT_TRUE (tabTo (main.getViewButton()));
     window->typeKey (Screen::returnKey);
     EXPECT_TRUE (pumpUntil ([this] { return ! processor.getUIView().cleanViewMode.get(); }));
 }
 
-TEST_F (EditorKeysTest, EachKindOfSettingIsUsedByKeys)
+TEST_F (EditorKeysTest, EachKindOfSettingCanBeChangedByKeys)
 {
     window->getMain().setSettingsWanted (true);
     ASSERT_TRUE (window->moveAway());
@@ -234,13 +234,13 @@ TEST_F (EditorKeysTest, ReturnEditsTheTextOfASliderAndGivesTheKeyboardBackToIt)
         ASSERT_TRUE (pumpUntil (isEdited));
         EXPECT_TRUE (slider.isParentOf (getFocus()));
 
-        // What is typed takes the place of the whole text.
+        // Typing replaces the whole text.
         window->typeKey (digit);
         ASSERT_TRUE (pumpUntil (
             [&] { return isEdited() && dynamic_cast<juce::TextEditor&> (*getFocus()).getText().length() == 1; }));
         window->typeKey (lastKey);
         EXPECT_TRUE (pumpUntil ([&] { return getFocus() == &slider; }));
-        EXPECT_NEAR (get (Params::id::speed), 7.0f, 1.0e-3f) << "Escape takes back what was typed";
+        EXPECT_NEAR (get (Params::id::speed), 7.0f, 1.0e-3f) << "Escape discards what was typed";
     }
 }
 
@@ -275,12 +275,12 @@ TEST_F (EditorKeysTest, TheTabKeyReachesTheViewButtonAndReturnUsesIt)
     EXPECT_TRUE (pumpUntil ([&] { return processor.getUIView().cleanViewMode.get(); }));
 }
 
-TEST_F (EditorKeysTest, KeysThatItDoesNotUseAreLeftToTheHost)
+TEST_F (EditorKeysTest, UnusedKeysAreLeftToTheHost)
 {
     ASSERT_TRUE (window->click (window->getPicture()));
     pumpPending();
     EXPECT_EQ (dynamic_cast<juce::Button*> (juce::Component::getCurrentlyFocusedComponent()), nullptr)
-        << "a space bar meant for the host would press it";
+        << "a focused button would use the space bar";
 
     auto& peer = *window->editor->getPeer();
 
@@ -289,7 +289,7 @@ TEST_F (EditorKeysTest, KeysThatItDoesNotUseAreLeftToTheHost)
 }
 
 //==============================================================================
-TEST_F (EditorKeysTest, TabReachesThePictureWhoseMenuTheMenuKeyAndShiftF10Open)
+TEST_F (EditorKeysTest, TheMenuKeyAndShiftF10OpenTheMenuOfThePictureReachedByTab)
 {
     ASSERT_TRUE (window->moveAway());
     auto& picture = window->getPicture();
@@ -316,7 +316,7 @@ TEST_F (EditorKeysTest, TabReachesThePictureWhoseMenuTheMenuKeyAndShiftF10Open)
     }
 }
 
-TEST_F (EditorKeysTest, TheMenuKeyOpensThePicturesMenuToWhichReturnThenApplies)
+TEST_F (EditorKeysTest, TheMenuKeyOpensThePicturesMenuAndReturnChoosesFromIt)
 {
     ASSERT_TRUE (window->moveAway());
     ASSERT_TRUE (tabTo (window->getPicture()));
@@ -324,7 +324,7 @@ TEST_F (EditorKeysTest, TheMenuKeyOpensThePicturesMenuToWhichReturnThenApplies)
     ASSERT_TRUE (waitForMenu());
     window->typeKey (Screen::returnKey);
     ASSERT_TRUE (waitUntilNoMenu());
-    EXPECT_TRUE (pumpUntil ([this] { return get (Params::id::freeze) >= 0.5f; })) << "the first entry";
+    EXPECT_TRUE (pumpUntil ([this] { return get (Params::id::freeze) >= 0.5f; })) << "Return chooses the first entry";
 }
 
 TEST_F (EditorKeysTest, TheMenuKeyOpensThePicturesMenuWhileTheFocusIsOnTheWindowItself)
@@ -346,12 +346,12 @@ TEST_F (EditorKeysTest, TheMenuKeyOpensNothingWhileAnotherControlHasTheFocus)
     window->typeKey (Screen::menuKey);
     window->typeKey (Screen::returnKey);
 
-    // By the time the button has taken its key, the key before it has been dealt with.
+    // Keys are handled in order, so once the button has handled Return, the menu key has been handled too.
     ASSERT_TRUE (pumpUntil ([this] { return window->getMain().getAboutComponent().isVisible(); }));
     EXPECT_EQ (findOpenMenu(), nullptr);
 }
 
-TEST_F (EditorKeysTest, AClickOnThePictureGivesItNoFocus)
+TEST_F (EditorKeysTest, AClickOnThePictureDoesNotFocusIt)
 {
     ASSERT_TRUE (window->click (window->getPicture()));
     pumpPending();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// What hosts do to the window: opening and closing, hiding, scaling, reparenting; needs a display.
+// Tests the window as hosts use it: opening and closing, hiding, scaling, reparenting; needs a display.
 #include "orlo/parameters/Params.h"
 #include "orlo/window/CreateEditor.h"
 #include "plugin_core/window/MappedWindow.h"
@@ -33,7 +33,7 @@ protected:
     const pluginCore::PluginGlobalSettings settings;
 };
 
-/** A window of a host's, for as long as it lives. */
+/** A host's window, which is closed by the destructor. */
 class HostWindow
 {
 public:
@@ -72,7 +72,7 @@ TEST_F (EditorLifeTest, OpensAndClosesTwoHundredTimes)
     EXPECT_TRUE (pumpUntil ([&] { return countThreads() <= numThreads; }));
 }
 
-TEST_F (EditorLifeTest, FiveWindowsOfFiveInstancesStandSideBySide)
+TEST_F (EditorLifeTest, FiveInstancesHaveIndependentWindows)
 {
     // Small, so that painting all five leaves time for everything else even under a sanitizer.
     const auto makeSmall = [] (AudioPluginAudioProcessor& instance)
@@ -128,7 +128,7 @@ TEST_F (EditorLifeTest, AnalysesNothingWhileTheHostsWindowIsMinimised)
     editor->setVisible (true);
     ASSERT_TRUE (pumpUntil ([this] { return isAnalysing(); }));
 
-    // Until it has been on the screen it counts as just opening.
+    // A window that has not been on the screen yet counts as opening, not as minimised.
     const auto* const peer = editor->getPeer();
     ASSERT_TRUE (pumpUntil ([&] { return pluginCore::isWindowMapped (*peer); }));
     const auto ticks = processor.getFrameClock().tickCount.load();
@@ -146,7 +146,7 @@ TEST_F (EditorLifeTest, AnalysesNothingWhileTheHostsWindowIsMinimised)
 TEST_F (EditorLifeTest, ShowsTipsWhileAnotherWindowOfTheHostHasTheKeyboard)
 {
 #if defined(__SANITIZE_THREAD__)
-    GTEST_SKIP() << "not under ThreadSanitizer, where the mouse runs away from the window";
+    GTEST_SKIP() << "not under ThreadSanitizer, where the window is too slow for the mouse";
 #endif
 
     const HostWindow tracks (300, 200), host (1200, 700);
@@ -164,7 +164,7 @@ TEST_F (EditorLifeTest, ShowsTipsWhileAnotherWindowOfTheHostHasTheKeyboard)
     EXPECT_TRUE (pumpUntil ([&] { return ! line.isVisible(); }));
 }
 
-TEST_F (EditorLifeTest, MovesIntoAnotherWindowOfTheHost)
+TEST_F (EditorLifeTest, CanBeMovedIntoAnotherWindowOfTheHost)
 {
     const std::unique_ptr<juce::AudioProcessorEditor> editor (processor.createEditorIfNeeded());
     Window first (1200, 700), second (1200, 700);
@@ -192,7 +192,7 @@ TEST_F (EditorLifeTest, IsScaledByTheHostAsAWhole)
     }
 }
 
-TEST_F (EditorLifeTest, EveryResizeOfTheHostLaysTheWindowOutAnew)
+TEST_F (EditorLifeTest, EveryResizeByTheHostLaysTheWindowOutAgain)
 {
     EditorWindow window (processor);
     processor.getUIView().cleanViewMode = true;
@@ -227,7 +227,7 @@ TEST_F (EditorLifeTest, ClosesWhileItAsksForAFile)
         window.getContainer().exportAsImage();
         ASSERT_TRUE (pumpUntil ([] { return findOpenMenu() != nullptr; })) << "the dialog";
 
-        // A second request takes the place of the first.
+        // A second request replaces the first.
         window.getContainer().exportAsImage();
         ASSERT_TRUE (pumpUntil ([] { return findOpenMenu() != nullptr; }));
         EXPECT_EQ (juce::ModalComponentManager::getInstance()->getNumModalComponents(), 1);
@@ -250,7 +250,7 @@ TEST_F (EditorLifeTest, ClosesDuringADrag)
     pumpPending();
     EXPECT_EQ (processor.getActiveEditor(), nullptr);
 
-    // No window was left to receive the release, so JUCE takes the button for pressed until the next click.
+    // No window was left to receive the release, so JUCE considers the button pressed until the next click.
     EditorWindow next (processor);
     next.press();
     next.release();
@@ -258,7 +258,7 @@ TEST_F (EditorLifeTest, ClosesDuringADrag)
 }
 
 //==============================================================================
-/** Counts what is painted of a component. */
+/** Counts how often a component is painted. */
 class PaintCounter final : public juce::CachedComponentImage
 {
 public:
@@ -282,7 +282,7 @@ private:
     int& count;
 };
 
-TEST_F (EditorLifeTest, OnlyThePictureIsPaintedWhileItMoves)
+TEST_F (EditorLifeTest, OnlyThePictureIsRepaintedWhileItMoves)
 {
     auto& state = processor.getParameterState();
     state.getParameter (Params::id::ruler)->setValueNotifyingHost (1.0f);
@@ -302,7 +302,7 @@ TEST_F (EditorLifeTest, OnlyThePictureIsPaintedWhileItMoves)
 
     const auto getOthers = [&] { return numRuler + numKeyboard + numPanel; };
 
-    // At least once in a few times: the window system may have the whole window painted at any moment.
+    // Repeated until it succeeds, since the window system may repaint the whole window at any moment.
     EXPECT_TRUE (pumpUntil (
         [&]
         {

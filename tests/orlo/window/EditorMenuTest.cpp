@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// The menu of the picture by mouse and by keys; needs a display.
+// Tests the menu of the picture by mouse and by keyboard; needs a display.
 #include "EditorInWindow.h"
 #include "tests/support/FindComponents.h"
 
@@ -17,7 +17,7 @@ protected:
         return window->click (component, EditorWindow::rightButton) && waitForMenu();
     }
 
-    /** The row of the open menu with that text; null if there is none. */
+    /** The row of the open menu with the given text, or null if there is none. */
     [[nodiscard]] static juce::Component* findMenuRow (const juce::String& text)
     {
         const auto hasText = [&] (const juce::Component& row)
@@ -34,8 +34,8 @@ protected:
         return row.getAccessibilityHandler()->getCurrentState().isSelected();
     }
 
-    /** Clicks on a row, and again for as long as the menu stays: a release soon after the menu has opened counts
-        as that of the click which opened it. */
+    /** Clicks on a row until the menu closes. A release soon after the menu has opened is taken for the end of
+        the click that opened it, so one click may not be enough. */
     [[nodiscard]] bool clickRow (juce::Component& row)
     {
         if (! window->moveToCentre (row) || ! pumpUntil ([&row] { return isHighlighted (row); }))
@@ -71,7 +71,7 @@ protected:
             });
     }
 
-    /** The parameters' values with one of them at another. */
+    /** The values of all parameters, with the given one replaced. */
     [[nodiscard]] std::map<juce::String, float> getParametersWith (const char* id, float value)
     {
         auto values = getParameters();
@@ -117,7 +117,7 @@ TEST_F (EditorMenuTest, ACtrlClickOpensItAsARightClickDoes)
 }
 
 //==============================================================================
-TEST_F (EditorMenuTest, AClickOnAnEntryChangesItsParameterAlone)
+TEST_F (EditorMenuTest, AClickOnAnEntryChangesOnlyItsParameter)
 {
     struct Entry
     {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// The whole window with the real mouse and the real keyboard; needs a display.
+// Tests the whole window with the real mouse and the real keyboard; needs a display.
 #include "EditorInWindow.h"
 #include "tests/support/PlayNoise.h"
 #include "tests/support/ScreenCapture.h"
@@ -25,16 +25,16 @@ TEST_F (EditorWindowTest, HoldingTheButtonShowsCrosshairReadoutAndKey)
 
     ASSERT_TRUE (window->moveTo (picture, { 200, 100 }));
     ASSERT_TRUE (pumpUntil ([&] { return readout.isVisible() && readout.getText().isNotEmpty(); }));
-    EXPECT_EQ (readout.getX(), picture.getX() + 1) << "at rest in the corner";
+    EXPECT_EQ (readout.getX(), picture.getX() + 1) << "the readout rests in the corner";
     EXPECT_EQ (readout.getBottom(), picture.getBottom() - 1);
 
     window->press();
     ASSERT_TRUE (pumpUntil ([&] { return picture.isCrosshairVisible(); }));
-    EXPECT_GT (readout.getX(), 200) << "beside the cursor";
+    EXPECT_GT (readout.getX(), 200) << "the readout is beside the cursor";
     EXPECT_NE (keyboard.getHighlightedNote(), KeyboardScaleComponent::noNote);
 
     Screen::getInstance().moveMouseTo (picture.localPointToGlobal (juce::Point { 300, 150 }));
-    ASSERT_TRUE (pumpUntil ([&] { return readout.getX() > 300; })) << "and follows it";
+    ASSERT_TRUE (pumpUntil ([&] { return readout.getX() > 300; })) << "the readout follows the cursor";
 
     window->release();
     ASSERT_TRUE (pumpUntil ([&] { return ! picture.isCrosshairVisible(); }));
@@ -54,13 +54,13 @@ TEST_F (EditorWindowTest, AShiftClickFreezesThePicture)
 }
 
 //==============================================================================
-TEST_F (EditorWindowTest, TheExportedPictureIsWhatTheScreenShows)
+TEST_F (EditorWindowTest, TheExportedPictureMatchesTheScreen)
 {
     ASSERT_TRUE (playNoiseUntilItShows (processor, window->getPicture().getWidth()));
     set (Params::id::freeze, 1.0f);
     ASSERT_TRUE (window->moveAway());
 
-    // In Full View, where buttons float on the picture.
+    // In Full View buttons float on the picture.
     ASSERT_TRUE (window->moveToCentre (window->getPicture()));
     ASSERT_TRUE (pumpUntil ([&] { return window->getMain().getViewButton().isShowing(); }));
     ASSERT_TRUE (window->click (window->getMain().getViewButton()));
@@ -78,7 +78,7 @@ TEST_F (EditorWindowTest, TheExportedPictureIsWhatTheScreenShows)
             return ! window->getMain().getViewButton().isVisible() && ! container.getHelpLine().isVisible()
                    && ! container.getReadout().isVisible();
         }));
-    // Again until the last columns are on the screen.
+    // Repeats the export until the last columns are on the screen.
     EXPECT_TRUE (pumpUntil (
         [&]
         {
@@ -94,7 +94,7 @@ TEST_F (EditorWindowTest, TheExportedPictureIsWhatTheScreenShows)
             if (exported.getBounds() != container.getLocalBounds() || shown.getBounds() != exported.getBounds())
                 return false;
 
-            // The floating buttons at the left lie on the picture on the screen but are not part of it.
+            // Skips the left half, where the buttons float on the screen's picture but are not exported.
             for (int y = 0; y < exported.getHeight(); y += 3)
                 for (int x = exported.getWidth() / 2; x < exported.getWidth(); x += 3)
                     if (shown.getPixelAt (x, y) != exported.getPixelAt (x, y))
@@ -138,7 +138,7 @@ TEST_F (EditorWindowTest, TheViewButtonSwitchesBetweenTheViewsAndTheirSizes)
 
     ASSERT_TRUE (window->click (main.getViewButton()));
     ASSERT_TRUE (pumpUntil ([&] { return window->editor->getHeight() == standard.getHeight(); }));
-    EXPECT_NEAR (window->editor->getWidth(), standard.getWidth(), 1) << "the ratio rounds";
+    EXPECT_NEAR (window->editor->getWidth(), standard.getWidth(), 1) << "the aspect ratio causes rounding";
     EXPECT_TRUE (main.getSideBar().isVisible());
     EXPECT_NEAR (window->editor->getConstrainer()->getFixedAspectRatio(), 1.818, 1.0e-6);
 }
@@ -157,7 +157,7 @@ TEST_F (EditorWindowTest, ARestoredSessionSwitchesTheOpenWindow)
 }
 
 //==============================================================================
-TEST_F (EditorWindowTest, DraggingTheGripResizesInTheRatio)
+TEST_F (EditorWindowTest, DraggingTheGripKeepsTheAspectRatio)
 {
     auto& editor = *window->editor;
     const auto before = editor.getLocalBounds();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// From the button through the system-independent save dialog to the file, by mouse and keys; needs a display.
+// Tests the export from the button through JUCE's own save dialog to the file, by mouse and keys; needs a display.
 #include "EditorInWindow.h"
 #include "tests/support/FindComponents.h"
 #include "tests/support/PlayNoise.h"
@@ -14,8 +14,8 @@ namespace
 {
 using Box = juce::FileChooserDialogBox;
 
-/** Whether two pictures are the same but for some areas. Row by row: under a sanitizer a look at each pixel takes
-    so long that the window, which needs the same thread, would hardly get to its own painting in between. */
+/** Whether two pictures are equal outside of some areas. Compares whole rows, since comparing single pixels under a
+    sanitizer takes so long that the window, which is painted on the same thread, would hardly be painted. */
 [[nodiscard]] bool
     isSameBeside (const juce::Image& first, const juce::Image& second, const juce::RectangleList<int>& ignored)
 {
@@ -46,9 +46,9 @@ class ExportDialog : public EditorInWindowTest
 protected:
     void SetUp() override
     {
-        // Such a box is another program's window.
+        // The system's dialog belongs to another program, so the test cannot operate it.
         if (juce::FileChooser::isPlatformDialogAvailable())
-            GTEST_SKIP() << "the system has a box of its own";
+            GTEST_SKIP() << "the system has a save dialog of its own";
 
         setLastExport (folder.get().getChildFile ("last.png"));
         EditorInWindowTest::SetUp();
@@ -78,7 +78,7 @@ protected:
                                           { return button.getTitle() == juce::translate ("Export as PNG"); });
     }
 
-    /** The dialog in the window; null if there is none. */
+    /** The dialog in the window, or null if there is none. */
     [[nodiscard]] Box* findBox() { return findInside<Box> (*window->editor); }
 
     [[nodiscard]] bool waitForBox()
@@ -94,7 +94,7 @@ protected:
         return *findInside<juce::FileBrowserComponent> (*findBox());
     }
 
-    /** Puts the name into the dialog's field, letter by letter. */
+    /** Types the name into the dialog's field, letter by letter. */
     [[nodiscard]] bool typeName (const juce::String& name)
     {
         auto* const field = findInside<juce::TextEditor> (getBrowser());
@@ -127,7 +127,7 @@ protected:
         return pumpUntil ([this] { return findBox() == nullptr; });
     }
 
-    /** Waits for a picture in the place of whatever the file held. */
+    /** Waits until the file contains a picture, and returns it. */
     [[nodiscard]] static juce::Image waitForPicture (const juce::File& file)
     {
         EXPECT_TRUE (pumpUntil ([&] { return juce::ImageFileFormat::loadFrom (file).isValid(); }));
@@ -137,12 +137,12 @@ protected:
     const TemporaryFolder folder;
 };
 
-TEST_F (ExportDialog, TheButtonAsksAndThePictureOfTheWindowIsSavedUnderTheTypedName)
+TEST_F (ExportDialog, TheButtonSavesThePictureOfTheWindowUnderTheTypedName)
 {
     auto& container = window->getContainer();
     ASSERT_TRUE (openDialog());
     EXPECT_EQ (findBox()->getName(), juce::translate ("Save as png"));
-    EXPECT_EQ (getBrowser().getRoot(), folder.get()) << "where the last one went";
+    EXPECT_EQ (getBrowser().getRoot(), folder.get()) << "the folder of the last export";
 
     ASSERT_TRUE (typeName ("mine"));
     ASSERT_TRUE (clickSave());
@@ -153,13 +153,13 @@ TEST_F (ExportDialog, TheButtonAsksAndThePictureOfTheWindowIsSavedUnderTheTypedN
     const auto exported = waitForPicture (file);
     ASSERT_EQ (exported.getBounds(), container.getLocalBounds());
 
-    // The grip is no part of the picture. The line of help and the readout follow the mouse, which has moved since.
+    // The grip is not exported, and the help line and the readout have changed since, as the mouse has moved.
     auto& grip = *findInside<juce::ResizableCornerComponent> (*window->editor);
     juce::RectangleList<int> ignored (container.getLocalArea (&grip, grip.getLocalBounds()));
     ignored.add (container.getHelpLine().getBounds());
     ignored.add (container.getReadout().getBounds());
 
-    // Nor is the view button, which shows while the mouse is over the window.
+    // The view button is not exported either; it shows while the mouse is over the window.
     ASSERT_TRUE (window->moveAway());
     EXPECT_TRUE (pumpUntil (
         [&]
@@ -181,12 +181,12 @@ TEST_F (ExportDialog, TheDialogHasAWindowOfItsOwnIfTheEditorIsTooSmallForIt)
     EXPECT_GE (findWindows<Box>().front()->getHeight(), 500);
 }
 
-TEST_F (ExportDialog, TheMenuOfThePictureAsksToo)
+TEST_F (ExportDialog, TheMenuOfThePictureOpensTheDialogToo)
 {
     ASSERT_TRUE (window->click (window->getPicture(), EditorWindow::rightButton));
     ASSERT_TRUE (waitForMenu());
 
-    // The second entry.
+    // Export is the second entry.
     window->typeKey (Screen::downKey);
     window->typeKey (Screen::downKey);
     window->typeKey (Screen::returnKey);
@@ -198,7 +198,7 @@ TEST_F (ExportDialog, TheMenuOfThePictureAsksToo)
     EXPECT_TRUE (waitForPicture (folder.get().getChildFile ("menu.png")).isValid());
 }
 
-TEST_F (ExportDialog, AFileThatIsThereIsReplacedOnlyIfTheUserAgrees)
+TEST_F (ExportDialog, AnExistingFileIsReplacedOnlyIfTheUserAgrees)
 {
     const auto file = folder.get().getChildFile ("there.png");
     ASSERT_TRUE (file.replaceWithText ("mine"));
@@ -234,7 +234,7 @@ TEST_F (ExportDialog, CancellingWritesNothing)
     ASSERT_TRUE (clickButton ("Cancel"));
     ASSERT_TRUE (waitUntilClosed());
 
-    window = nullptr; // which ends whatever is being written
+    window = nullptr; // finishes any pending write
     EXPECT_EQ (folder.get().getNumberOfChildFiles (juce::File::findFilesAndDirectories), 0);
     EXPECT_EQ (getLastExport(), before);
 }

@@ -34,7 +34,7 @@ TEST (FrequencyTextTest, HasItsUnitInTheUsersLanguage)
     EXPECT_DOUBLE_EQ (frequencyText::toPercent ("11025 hertz", 44100.0), 50.0);
 }
 
-TEST (FrequencyTextTest, IsTypedAsANumber)
+TEST (FrequencyTextTest, IsParsedAsANumber)
 {
     EXPECT_DOUBLE_EQ (frequencyText::toPercent ("11025", 44100.0), 50.0);
     EXPECT_DOUBLE_EQ (frequencyText::toPercent ("480", 48000.0), 2.0);
@@ -42,7 +42,7 @@ TEST (FrequencyTextTest, IsTypedAsANumber)
     EXPECT_DOUBLE_EQ (frequencyText::toPercent ("44100", 44100.0), 200.0);
 }
 
-TEST (FrequencyTextTest, PassesByWhatIsNoNumber)
+TEST (FrequencyTextTest, IgnoresTextAroundTheNumber)
 {
     for (const auto* const text : { "440", "440 Hz", "440Hz", " 440 hz ", "f = 440", "-440", "+440" })
         EXPECT_DOUBLE_EQ (frequencyText::toPercent (text, 44000.0), 2.0) << text;
@@ -59,7 +59,7 @@ TEST (FrequencyTextTest, UnderstandsKilohertz)
     EXPECT_DOUBLE_EQ (frequencyText::toPercent ("20k", 40000.0), 100.0);
 }
 
-TEST (FrequencyTextTest, NeverGivesWhatIsNoNumber)
+TEST (FrequencyTextTest, NeverReturnsAnInvalidNumber)
 {
     for (const auto rate : { 0.0, -1.0 })
     {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// The buttons that float on the picture; needs a display.
+// Tests the buttons that float on the picture; needs a display.
 #include "EditorInWindow.h"
 #include "tests/support/FindComponents.h"
 #include "tests/support/Transport.h"
@@ -13,7 +13,7 @@ class FullViewButtonsTest : public EditorInWindowTest
 {
 };
 
-/** Counts how often a button of the mouse has been let go over a component. */
+/** Counts how often a mouse button has been released over a component. */
 class ReleaseCounter final : public juce::MouseListener
 {
 public:
@@ -36,7 +36,7 @@ private:
     int count = 0;
 };
 
-TEST_F (FullViewButtonsTest, AFrozenPictureOffersItsButtonsInFullViewOnly)
+TEST_F (FullViewButtonsTest, AFrozenPictureShowsItsButtonsInFullViewOnly)
 {
     auto& main = window->getMain();
     set (Params::id::freeze, 1.0f);
@@ -82,7 +82,7 @@ TEST_F (FullViewButtonsTest, RightClicksAndCtrlClicksDoNothing)
     }
 }
 
-TEST_F (FullViewButtonsTest, APauseByTheHostOffersTheExportAlone)
+TEST_F (FullViewButtonsTest, APauseByTheHostShowsOnlyTheExportButton)
 {
     auto& main = window->getMain();
     set (Params::id::autoFreeze, 1.0f);
@@ -95,7 +95,7 @@ TEST_F (FullViewButtonsTest, APauseByTheHostOffersTheExportAlone)
     ASSERT_TRUE (processor.isAutoPaused());
     EXPECT_TRUE (pumpUntil ([&] { return main.getExportButton().isVisible(); }));
     EXPECT_FALSE (main.getFreezeButton().isVisible());
-    EXPECT_EQ (main.getExportButton().getY(), main.getViewButton().getY()) << "in the place of the other";
+    EXPECT_EQ (main.getExportButton().getY(), main.getViewButton().getY()) << "in place of the freeze button";
 
     runBlock (processor, true);
     EXPECT_TRUE (pumpUntil ([&] { return ! main.getExportButton().isVisible(); }));

@@ -50,7 +50,7 @@ TEST_F (FullViewUpdatesTest, InStandardViewTheNoticeOpens)
     EXPECT_TRUE (pumpUntil ([&] { return editor.isUpdateNoticeOpen(); }));
 }
 
-TEST_F (FullViewUpdatesTest, InFullViewNewsAreLeftToTheNextWindow)
+TEST_F (FullViewUpdatesTest, AnUpdateFoundInFullViewIsShownByTheNextWindow)
 {
     setFullView (true);
     {
@@ -72,7 +72,7 @@ TEST_F (FullViewUpdatesTest, InFullViewNewsAreLeftToTheNextWindow)
     EXPECT_TRUE (pumpUntil ([&] { return editor.isUpdateNoticeOpen(); }));
 }
 
-TEST_F (FullViewUpdatesTest, ChangingToFullViewWhileTheChangeLogComesKeepsTheNoticeAway)
+TEST_F (FullViewUpdatesTest, SwitchingToFullViewBeforeTheChangeLogArrivesKeepsTheNoticeClosed)
 {
     AudioPluginAudioProcessorEditor editor (processor, site.makeEnvironment());
     editor.startUpdateCheck();

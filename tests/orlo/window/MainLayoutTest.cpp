@@ -20,7 +20,7 @@ TEST (MainLayout, AtTheDesignSizeTheSideBarTakesATwentiethOfTheWidth)
     EXPECT_EQ (layout.sideBar, (Bounds { 0, 0, 90, 1000 }));
     EXPECT_EQ (layout.spectrogram, (Bounds { 90, 0, 1728, 1000 }));
 
-    // A button is two thirds of the side bar wide, a seventh of that from the edges.
+    // A button is two thirds of the side bar wide, and a seventh of its own width from the edges.
     EXPECT_EQ (layout.viewButton, (Bounds { 1750, 8, 60, 60 }));
     EXPECT_EQ (layout.freezeButton, (Bounds { 15, 8, 60, 60 }));
     EXPECT_EQ (layout.exportButton, (Bounds { 15, 8, 60, 60 }));
@@ -42,7 +42,7 @@ TEST (MainLayout, InFullViewTheSpectrogramFillsTheWindow)
     EXPECT_EQ (layOutMain (window).spectrogram, (Bounds { 0, 0, 1818, 1000 }));
 }
 
-TEST (MainLayout, TheViewButtonKeepsOutOfTheRulerAndTheKeyboard)
+TEST (MainLayout, TheViewButtonStaysClearOfTheRulerAndTheKeyboard)
 {
     auto window = makeWindow (1818, 1000);
     const auto x = layOutMain (window).viewButton.getX();
@@ -61,7 +61,7 @@ TEST (MainLayout, TheExportButtonMakesRoomForTheFreezeButton)
     EXPECT_EQ (layOutMain (window).exportButton, (Bounds { 15, 83, 60, 60 }));
 }
 
-TEST (MainLayout, InASmallWindowButtonsAndSideBarStayLargeEnoughToHit)
+TEST (MainLayout, ButtonsAndSideBarHaveAMinimumSizeInASmallWindow)
 {
     const auto layout = layOutMain (makeWindow (100, 100));
     EXPECT_EQ (layout.sideBar.getWidth(), 15);
@@ -69,7 +69,7 @@ TEST (MainLayout, InASmallWindowButtonsAndSideBarStayLargeEnoughToHit)
     EXPECT_EQ (layout.freezeButton.getX(), 2);
 }
 
-TEST (MainLayout, NothingLeavesTheWindowAtAnySize)
+TEST (MainLayout, EverythingStaysInsideTheWindowAtAnySize)
 {
     for (int width = 0; width <= 3840; width += width < 200 ? 1 : 91)
     {

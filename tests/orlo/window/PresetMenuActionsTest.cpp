@@ -80,7 +80,7 @@ TEST_F (PresetMenuActionsTest, SaveWritesTheCurrentFile)
     EXPECT_FALSE (presets.isDirty());
     EXPECT_TRUE (file.loadFileAsString().contains ("value=\"77.0\"")) << file.loadFileAsString();
 
-    // It is saved, not loaded: there is nothing to undo.
+    // The preset was saved, not loaded, so there is nothing to undo.
     EXPECT_FALSE (processor.getUndoManager().canUndo());
 }
 
@@ -100,9 +100,9 @@ TEST_F (PresetMenuActionsTest, SaveAsAsksForAFileAndLoadsItOnceItIsSaved)
 {
     using Box = juce::FileChooserDialogBox;
 
-    // Such a box is another program's window.
+    // The system's dialog belongs to another program, so the test cannot operate it.
     if (juce::FileChooser::isPlatformDialogAvailable())
-        GTEST_SKIP() << "the system has a box of its own";
+        GTEST_SKIP() << "the system has a save dialog of its own";
 
     setValue (Params::id::speed, 58.0f);
     ASSERT_EQ (presets.getCurrentPresetFile(), juce::File());
@@ -117,7 +117,7 @@ TEST_F (PresetMenuActionsTest, SaveAsAsksForAFileAndLoadsItOnceItIsSaved)
     EXPECT_TRUE (file.loadFileAsString().contains ("value=\"58.0\""));
     EXPECT_FALSE (presets.isDirty());
 
-    // It has been loaded: that can be undone.
+    // The preset was loaded, so the load can be undone.
     ASSERT_TRUE (processor.getUndoManager().undo());
     EXPECT_FLOAT_EQ (getValue (Params::id::speed), 58.0f);
 }
@@ -139,7 +139,7 @@ TEST_F (PresetMenuActionsTest, APresetsRowLoadsIt)
     EXPECT_FLOAT_EQ (getValue (Params::id::speed), 33.0f);
 }
 
-TEST_F (PresetMenuActionsTest, APresetThatHasGoneLoadsNothing)
+TEST_F (PresetMenuActionsTest, ADeletedPresetLoadsNothing)
 {
     const auto file = writeUserPreset (presets, "a");
     const auto menu = actions.makeMenu();
@@ -153,7 +153,7 @@ TEST_F (PresetMenuActionsTest, APresetThatHasGoneLoadsNothing)
 }
 
 //==============================================================================
-TEST_F (PresetMenuActionsTest, InitKeepsTheColourMapAndNothingElse)
+TEST_F (PresetMenuActionsTest, InitResetsEverythingButTheColourMap)
 {
     writePreset (presets, presets.getInitFile());
 
@@ -179,7 +179,7 @@ TEST_F (PresetMenuActionsTest, InitKeepsTheColourMapAndNothingElse)
         }
     }
 
-    // Undoing it brings the other values back.
+    // Undoing Init restores the other values.
     ASSERT_TRUE (processor.getUndoManager().undo());
     EXPECT_FLOAT_EQ (getValue (Params::id::colourMap), 17.0f);
     EXPECT_FLOAT_EQ (getValue (Params::id::speed), 70.0f);
@@ -187,13 +187,13 @@ TEST_F (PresetMenuActionsTest, InitKeepsTheColourMapAndNothingElse)
     EXPECT_EQ (presets.getCurrentPresetFile(), juce::File());
 }
 
-TEST_F (PresetMenuActionsTest, InitCanBeUndoneAndDoneAgainWithTheSameColours)
+TEST_F (PresetMenuActionsTest, InitCanBeUndoneAndRedoneWithTheSameColours)
 {
     writePreset (presets, presets.getInitFile());
     setValue (Params::id::speed, 91.0f);
     setValue (Params::id::colourMap, 17.0f);
 
-    // The state's own timer has recorded what was set meanwhile.
+    // Records the values that were set meanwhile, as the state's own timer does.
     const auto pump = [this]
     {
         pumpPending();
@@ -221,7 +221,7 @@ TEST_F (PresetMenuActionsTest, InitIsOneStepWhateverTheUserDoesNext)
     setValue (Params::id::speed, 91.0f);
     perform (PresetMenu::init);
 
-    // Before the state's timer has run, as a control would.
+    // A control would begin a transaction here, before the state's timer has run.
     processor.getUndoManager().beginNewTransaction();
     setValue (Params::id::speed, 12.0f);
     static_cast<void> (processor.getParameterState().copyState());
@@ -251,7 +251,7 @@ TEST_F (PresetMenuActionsTest, InitDoesNothingWithoutItsFile)
 }
 
 //==============================================================================
-TEST_F (PresetMenuActionsTest, TheDefaultIsTheFileOfTheOpening)
+TEST_F (PresetMenuActionsTest, TheDefaultIsTheFileThatWasCurrentWhenTheMenuOpened)
 {
     const auto first = writeUserPreset (presets, "sub/first");
     const auto second = writeUserPreset (presets, "second");
@@ -277,7 +277,7 @@ TEST_F (PresetMenuActionsTest, AFactoryPresetCanBeTheDefault)
     EXPECT_TRUE (getDefaultPreset().contains ("FACTORY")) << getDefaultPreset();
 }
 
-TEST_F (PresetMenuActionsTest, AFileElsewhereIsNoDefault)
+TEST_F (PresetMenuActionsTest, AFileOutsideThePresetFoldersCannotBeTheDefault)
 {
     perform (PresetMenu::setAsDefault);
     EXPECT_TRUE (getDefaultPreset().isEmpty());
@@ -295,7 +295,7 @@ TEST_F (PresetMenuActionsTest, AFileElsewhereIsNoDefault)
 }
 
 //==============================================================================
-TEST_F (PresetMenuActionsTest, TheManualIsThatOfThisVersion)
+TEST_F (PresetMenuActionsTest, OpensTheManualOfThisVersion)
 {
     perform (PresetMenu::manual);
     EXPECT_EQ (shownPage, processor.getReleaseNotesUrl() + "/manual.html?s=orlo&v=1.2.1");

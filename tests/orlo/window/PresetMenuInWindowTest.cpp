@@ -36,7 +36,7 @@ protected:
         return pumpUntil ([] { return getMenu() != nullptr; });
     }
 
-    /** Presses keys in the menu that is open. */
+    /** Presses keys in the open menu. */
     void press (std::initializer_list<int> keys)
     {
         for (const auto key : keys)
@@ -52,8 +52,8 @@ protected:
         return pumpUntil ([] { return getMenu() == nullptr; });
     }
 
-    /** The rows of the menu that is open, without the separators: those that cannot be chosen in brackets, a star
-        before those with a tick. */
+    /** Lists the rows of the open menu without the separators. Disabled rows are in brackets, and ticked rows begin
+        with a star. */
     [[nodiscard]] static juce::String readRows()
     {
         juce::StringArray rows;
@@ -91,7 +91,7 @@ TEST_F (PresetMenuInWindowTest, OpensInsideTheEditorAndClosesWithoutDoingAnythin
     EXPECT_EQ (processor.getStateXml (true)->toString(), before);
 }
 
-TEST_F (PresetMenuInWindowTest, OpensForTheLeftButtonAlone)
+TEST_F (PresetMenuInWindowTest, OpensOnlyForTheLeftButton)
 {
     click (PeerMouse::right);
     click (PeerMouse::left | PeerMouse::ctrl);
@@ -104,7 +104,7 @@ TEST_F (PresetMenuInWindowTest, OpensTheManual)
 {
     ASSERT_TRUE (open());
 
-    // Saving and the default are greyed out: "Save as...", then "Manual".
+    // Saving and the default are disabled, so the first key selects "Save as..." and the second "Manual".
     press ({ Key::downKey, Key::downKey, Key::returnKey });
     EXPECT_TRUE (pumpUntil ([this] { return shownPage.isNotEmpty(); }));
     EXPECT_EQ (shownPage, processor.getReleaseNotesUrl() + "/manual.html?s=orlo&v=1.2.1");
@@ -122,7 +122,7 @@ TEST_F (PresetMenuInWindowTest, LoadsAPreset)
     EXPECT_EQ (presets.getCurrentPresetFile().getFileName(), "mine.mkpreset");
     EXPECT_EQ (valueText ("speedSlider"), "77 %");
 
-    // The next opening offers to save into it.
+    // When the menu opens again, it offers to save to this preset.
     EXPECT_TRUE (waitUntilClosed());
     ASSERT_TRUE (open());
     setValue (Params::id::speed, 33.0f);
@@ -166,7 +166,7 @@ TEST_F (PresetMenuInWindowTest, LoadsAPresetTwoFoldersDown)
     EXPECT_EQ (presets.getCurrentPresetFile(), file);
 }
 
-TEST_F (PresetMenuInWindowTest, StandsAtItsButtonInRowsOfItsHeight)
+TEST_F (PresetMenuInWindowTest, OpensBelowItsButtonWithRowsOfTheButtonsHeight)
 {
     auto& button = child ("presetsButton");
     ASSERT_TRUE (open());
@@ -193,7 +193,7 @@ TEST_F (PresetMenuInWindowTest, InitKeepsTheColourMap)
     EXPECT_EQ (panel.getColourMapIndex(), 17);
 }
 
-TEST_F (PresetMenuInWindowTest, TheDefaultIsThePresetOfTheOpeningWhateverIsUndone)
+TEST_F (PresetMenuInWindowTest, TheDefaultIsThePresetAtTheOpeningEvenAfterAnUndo)
 {
     const auto first = writeUserPreset (presets, "first");
     const auto second = writeUserPreset (presets, "second");
@@ -215,9 +215,9 @@ TEST_F (PresetMenuInWindowTest, SavesUnderAnotherNameAndReloads)
 {
     using Box = juce::FileChooserDialogBox;
 
-    // Such a box is another program's window.
+    // The system's dialog belongs to another program, so the test cannot operate it.
     if (juce::FileChooser::isPlatformDialogAvailable())
-        GTEST_SKIP() << "the system has a box of its own";
+        GTEST_SKIP() << "the system has a save dialog of its own";
 
     setValue (Params::id::speed, 58.0f);
     ASSERT_TRUE (open());
@@ -237,7 +237,7 @@ TEST_F (PresetMenuInWindowTest, SavesUnderAnotherNameAndReloads)
     ASSERT_TRUE (pumpUntil ([&] { return presets.getCurrentPresetFile() == file; }));
     EXPECT_TRUE (file.loadFileAsString().contains ("value=\"58.0\""));
     EXPECT_FALSE (presets.isDirty());
-    EXPECT_TRUE (processor.getUndoManager().canUndo()) << "it has been loaded";
+    EXPECT_TRUE (processor.getUndoManager().canUndo()) << "the preset was loaded";
 
     ASSERT_TRUE (open());
     EXPECT_EQ (readRows(), "Save, Save as..., Set Preset as Default, Manual, Presets");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// What the host and screen readers learn of the controls.
+// Tests what the host and screen readers are told about the controls.
 #include "orlo/window/SettingsComponent.h"
 
 #include "SettingsPanel.h"
@@ -44,8 +44,8 @@ protected:
         return processor.getParameterState().getParameter (parameterId)->getParameterIndex();
     }
 
-    /** The answer to a host that asks what lies under the mouse at the middle of a component: for the innermost part
-        there, as hosts do. */
+    /** Returns the index that a host gets when it asks for the parameter under the mouse at the middle of a
+        component. Asks for the innermost child there, as hosts do. */
     [[nodiscard]] int askAtMiddleOf (juce::Component& component)
     {
         auto* const innermost =
@@ -72,7 +72,7 @@ protected:
         EXPECT_TRUE (pumpUntil ([&] { return main.getSideBar().isVisible() != shouldBeFull; }));
     }
 
-    /** What a screen reader is told of a component. */
+    /** The accessibility handler that a screen reader uses for a component. */
     [[nodiscard]] static std::unique_ptr<juce::AccessibilityHandler> handlerOf (juce::Component& component)
     {
         return component.createAccessibilityHandler();
@@ -160,7 +160,7 @@ TEST_F (SettingsComponentHostTest, ScreenReadersHaveANameAndAHelpForEveryControl
                       EXPECT_TRUE (handler->getHelp().isNotEmpty()) << handler->getTitle();
                   });
 
-    // Presets, two bars of two, three boxes, three toggles, the tag, five sliders, two arrows, the preview.
+    // The presets, two bars of two, three boxes, three toggles, the tag, five sliders, two arrows and the preview.
     EXPECT_EQ (numControls, 20);
 }
 
@@ -181,7 +181,7 @@ TEST_F (SettingsComponentHostTest, ScreenReadersHaveANameForEveryButtonBesideThe
     EXPECT_EQ (handlerOf (main.getViewButton())->getTitle(), juce::translate ("Switch to Full View"));
 }
 
-TEST_F (SettingsComponentHostTest, ScreenReadersSayTheValuesThatAreShown)
+TEST_F (SettingsComponentHostTest, ScreenReadersGetTheValuesThatAreShown)
 {
     processor.prepareToPlay (44100.0, 64);
     ASSERT_TRUE (pumpUntil ([this] { return valueText ("maxFreqSlider") == "22050 Hz"; }));
@@ -214,7 +214,7 @@ TEST_F (SettingsComponentHostTest, ScreenReadersCanSetAValue)
     EXPECT_FLOAT_EQ (getValue (Params::id::speed), 55.0f);
 }
 
-TEST_F (SettingsComponentHostTest, ScreenReadersSayWhichSwitchesAreOn)
+TEST_F (SettingsComponentHostTest, ScreenReadersGetWhichSwitchesAreOn)
 {
     const auto isChecked = [] (juce::Component& component)
     {

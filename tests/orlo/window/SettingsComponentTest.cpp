@@ -20,7 +20,7 @@ namespace
 {
 namespace styleProperty = pluginCore::styleProperty;
 
-/** Every child with the place that it has to be in. */
+/** Every child and its expected area in the layout. */
 constexpr std::array<std::pair<const char*, juce::Rectangle<int> SettingsLayout::*>, 26> places { {
     { "title", &SettingsLayout::title },
     { "presetsButton", &SettingsLayout::presetsButton },
@@ -50,7 +50,7 @@ constexpr std::array<std::pair<const char*, juce::Rectangle<int> SettingsLayout:
     { "ceilingSlider", &SettingsLayout::ceilingSlider },
 } };
 
-/** What the user can hold the mouse over in a control. */
+/** The help text of a control while the mouse is over it. */
 struct HelpText
 {
     const char* id;
@@ -94,7 +94,7 @@ TEST_F (SettingsComponentTest, PutsEveryChildIntoItsPlace)
         panel.setSize (side, side);
 }
 
-TEST_F (SettingsComponentTest, ShowsTheSwitchOfTheResolutionOnHighDensityDisplaysAlone)
+TEST_F (SettingsComponentTest, ShowsTheResolutionSwitchOnlyOnHighDensityDisplays)
 {
     EXPECT_FALSE (child ("hiDPILabel").isVisible());
     panel.setOnRetinaDisplay (true);
@@ -102,7 +102,7 @@ TEST_F (SettingsComponentTest, ShowsTheSwitchOfTheResolutionOnHighDensityDisplay
     panel.setOnRetinaDisplay (false);
     EXPECT_FALSE (child ("hiDPILabel").isVisible());
 
-    // The window's watch is what tells.
+    // The window's move detector reports the display's density.
     static_cast<pluginCore::PluginMoveDetector::Listener&> (panel).retinaStateChanged (editor.getMoveDetector(), true);
     EXPECT_TRUE (child ("hiDPILabel").isVisible());
 }
@@ -152,10 +152,10 @@ TEST_F (SettingsComponentTest, GivesBarsAndBoxesTheirClassOfText)
     EXPECT_EQ (int (child ("displayHeading").getProperties()[styleProperty::cat]), 1);
     EXPECT_EQ (int (child ("speedLabel").getProperties()[styleProperty::cat]), 2);
     EXPECT_FALSE (inner<juce::ComboBox> ("colourBox").getProperties().contains (styleProperty::numCol))
-        << "the previews stand in one column";
+        << "the previews are in one column";
 }
 
-TEST_F (SettingsComponentTest, GivesThePresetMenusButtonAGroundAndAnIcon)
+TEST_F (SettingsComponentTest, GivesThePresetMenusButtonABackgroundAndAnIcon)
 {
     auto& button = dynamic_cast<juce::DrawableButton&> (child ("presetsButton"));
     EXPECT_TRUE (bool (button.getProperties()[styleProperty::bg]));
@@ -196,8 +196,8 @@ TEST_F (SettingsComponentTest, GivesEveryControlItsHelpText)
         forEachBelow (child (help.id),
                       [&] (juce::Component& component)
                       {
-                          // The line of help asks what is under the mouse first: a part without a text of its own
-                          // would leave it empty.
+                          // The help line first asks the component under the mouse, so a part without a text of its
+                          // own would leave the line empty.
                           if (auto* const client = dynamic_cast<juce::TooltipClient*> (&component))
                           {
                               if (component.isVisible() && dynamic_cast<juce::CaretComponent*> (&component) == nullptr)
@@ -240,7 +240,7 @@ TEST_F (SettingsComponentTest, ToggleIconsHaveTheAccentColourWhileTheyAreOn)
     }
 }
 
-TEST_F (SettingsComponentTest, KeepsTheHelpOfATogglesInBothStates)
+TEST_F (SettingsComponentTest, KeepsTheHelpOfAToggleInBothStates)
 {
     for (const auto* const id : { "autoFreezeToggle", "keyboardToggle", "rulerToggle" })
     {
@@ -257,7 +257,7 @@ TEST_F (SettingsComponentTest, KeepsTheHelpOfATogglesInBothStates)
 }
 
 //==============================================================================
-TEST_F (SettingsComponentTest, ShowsTheColourMapHoweverItChanges)
+TEST_F (SettingsComponentTest, ShowsTheColourMapAfterEveryKindOfChange)
 {
     std::vector<int> told;
     panel.onColourMapChanged = [&told] (int index) { told.push_back (index); };
@@ -275,7 +275,7 @@ TEST_F (SettingsComponentTest, ShowsTheColourMapHoweverItChanges)
     EXPECT_EQ (preview.getMapIndex(), 2);
     EXPECT_FLOAT_EQ (getValue (Params::id::colourMap), 2.0f);
 
-    // The choices held in reserve have no map.
+    // The reserved choices have no map.
     setValue (Params::id::colourMap, 46.0f);
     EXPECT_EQ (panel.getColourMapIndex(), 0);
     setValue (Params::id::colourMap, 127.0f);
@@ -283,7 +283,7 @@ TEST_F (SettingsComponentTest, ShowsTheColourMapHoweverItChanges)
     EXPECT_EQ (told, (std::vector<int> { 7, 45, 2, 0, 0 }));
 }
 
-TEST_F (SettingsComponentTest, StepsThroughTheColourMapsRoundAndRound)
+TEST_F (SettingsComponentTest, StepsThroughTheColourMapsAndWrapsAround)
 {
     auto& arrows = dynamic_cast<CyclingArrowsComponent&> (child ("arrows"));
     arrows.getPreviousButton().onClick();
@@ -317,7 +317,7 @@ TEST_F (SettingsComponentTest, OpensAndClosesFromTheSideBar)
     EXPECT_TRUE (panel.isVisible());
 }
 
-TEST_F (SettingsComponentTest, ComesBackWithTheStandardView)
+TEST_F (SettingsComponentTest, ReappearsWithTheStandardView)
 {
     auto& main = editor.getMainComponent();
     main.setSettingsWanted (true);

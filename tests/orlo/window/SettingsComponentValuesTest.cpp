@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// How the values of the settings panel read and are typed.
+// Tests how the values of the settings panel are shown and parsed.
 #include "orlo/window/SettingsComponent.h"
 
 #include "SettingsPanel.h"
@@ -14,7 +14,7 @@ namespace
 {
 using SettingsComponentValuesTest = SettingsPanelTest;
 
-TEST_F (SettingsComponentValuesTest, ReadsAndTypesLimitsOfFrequencyInHertz)
+TEST_F (SettingsComponentValuesTest, ShowsAndParsesFrequencyLimitsInHertz)
 {
     panel.updateFreqSliderTextFunctions (44100.0);
     setValue (Params::id::minFreq, 50.0f);
@@ -44,7 +44,7 @@ TEST_F (SettingsComponentValuesTest, FollowsTheSampleRate)
     panel.updateFreqSliderTextFunctions (96000.0);
     EXPECT_EQ (valueText ("maxFreqSlider"), "48000 Hz");
 
-    // The same rate again leaves the texts alone.
+    // Setting the same rate again does not change the texts.
     slider ("maxFreqSlider").textFromValueFunction = [] (double) { return "mine"; };
     panel.updateFreqSliderTextFunctions (96000.0);
     slider ("maxFreqSlider").updateText();
@@ -59,20 +59,20 @@ TEST_F (SettingsComponentValuesTest, FollowsTheSampleRate)
     }
 }
 
-TEST_F (SettingsComponentValuesTest, HearsOfTheHostsSampleRate)
+TEST_F (SettingsComponentValuesTest, FollowsTheHostsSampleRate)
 {
     processor.setRateAndBufferSizeDetails (48000.0, 64);
     processor.prepareToPlay (48000.0, 64);
     EXPECT_TRUE (pumpUntil ([this] { return valueText ("maxFreqSlider") == "24000 Hz"; }));
 }
 
-TEST_F (SettingsComponentValuesTest, HasZeroHertzAsLongAsTheHostHasNotSaidTheRate)
+TEST_F (SettingsComponentValuesTest, ShowsZeroHertzUntilTheHostSetsTheRate)
 {
     EXPECT_EQ (processor.getSampleRate(), 0.0);
     EXPECT_EQ (valueText ("maxFreqSlider"), "0 Hz");
 }
 
-TEST_F (SettingsComponentValuesTest, TakesTheFirstRateEvenIfItIsTheUsualOne)
+TEST_F (SettingsComponentValuesTest, TakesTheFirstRateEvenIfItEqualsThePlaceholder)
 {
     setNormalised (Params::id::ruler, 1.0f);
     auto& container = editor.getMainComponent().getSpectrogramContainer();
@@ -104,7 +104,7 @@ TEST_F (SettingsComponentValuesTest, KnowsTheRateThatTheHostPreparedEarlier)
     EXPECT_EQ (maxFreq.getSlider().getTextFromValue (100.0), "48000 Hz");
 }
 
-TEST_F (SettingsComponentValuesTest, TakesGainsAsNegative)
+TEST_F (SettingsComponentValuesTest, ParsesGainsAsNegative)
 {
     type ("ceilingSlider", "40");
     EXPECT_NEAR (getValue (Params::id::ceiling), -40.0f, 1.0e-4f);

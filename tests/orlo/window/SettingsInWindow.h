@@ -10,14 +10,14 @@
 namespace mk::orlo::test
 {
 
-/** The panel's sliders and what they set. */
+/** The panel's sliders and the parameters that they set. */
 inline constexpr std::array sliders { std::pair ("speedSlider", Params::id::speed),
                                       std::pair ("maxFreqSlider", Params::id::maxFreq),
                                       std::pair ("minFreqSlider", Params::id::minFreq),
                                       std::pair ("floorSlider", Params::id::floor),
                                       std::pair ("ceilingSlider", Params::id::ceiling) };
 
-/** The settings panel in a window on the screen. Tests are skipped where there is none, and
+/** The settings panel in a window on the screen. Skips the tests if there is no screen, and
     under ThreadSanitizer. */
 class SettingsInWindowTest : public SettingsPanelTest
 {
@@ -31,7 +31,7 @@ protected:
         editor.setSize (1050, 578);
         window->addAndMakeVisible (editor);
 
-        // Its first look at the new window would close a menu that has just been opened.
+        // The detector's first check of the new window would close a menu that has just been opened.
         editor.getMoveDetector().stopTimer();
         pumpPending();
     }
@@ -48,7 +48,7 @@ protected:
             GTEST_SKIP() << "needs a screen";
 
 #if defined(__SANITIZE_THREAD__)
-        // All of this is the message thread's, and so slow there that the mouse runs away from it.
+        // Everything runs on the message thread, which is too slow under the sanitizer to keep up with the mouse.
         GTEST_SKIP() << "not under ThreadSanitizer";
 #endif
     }

@@ -11,7 +11,7 @@ namespace mk::orlo::test
 {
 namespace
 {
-/** Counts what the host hears of all parameters. */
+/** Counts the notifications that the host receives for all parameters. */
 struct GestureCounter final : juce::AudioProcessorListener
 {
     explicit GestureCounter (juce::AudioProcessor& processorToHear) : processor (processorToHear)
@@ -42,7 +42,7 @@ TEST_F (SettingsInWindowTest, TheSideBarsButtonOpensAndClosesThePanel)
                   });
     ASSERT_NE (settingsButton, nullptr);
 
-    // The panel has been opened without the button, which is off so far.
+    // The panel has been opened without the button, so the button is still off.
     clickOn (*settingsButton);
     EXPECT_TRUE (panel.isVisible());
     clickOn (*settingsButton);
@@ -236,7 +236,7 @@ TEST_F (SettingsInWindowTest, TheArrowsStepThroughTheColourMaps)
     EXPECT_TRUE (pumpUntil ([this] { return panel.getColourMapIndex() == 0; }));
 }
 
-TEST_F (SettingsInWindowTest, ThePreviewShowsTheMapHoweverItIsChosen)
+TEST_F (SettingsInWindowTest, ThePreviewShowsTheMapWhicheverWayItIsChosen)
 {
     processor.applyInitialSettings();
     auto& preview = dynamic_cast<ColourMapPreviewComponent&> (child ("colourPreview"));
@@ -246,7 +246,7 @@ TEST_F (SettingsInWindowTest, ThePreviewShowsTheMapHoweverItIsChosen)
         const auto image = snapshotOf (preview);
         const ColourMap colours { unsigned (map) };
 
-        // Where the maps differ most from each other.
+        // Samples the positions at which the maps differ most from each other.
         for (const auto share : { 0.25f, 0.5f, 0.75f })
         {
             const auto x = juce::roundToInt (share * float (image.getWidth()));
@@ -263,7 +263,7 @@ TEST_F (SettingsInWindowTest, ThePreviewShowsTheMapHoweverItIsChosen)
 
     EXPECT_TRUE (shows (0));
 
-    // From the menu, by keys.
+    // Choose a map from the menu by keys.
     clickOn (child ("colourBox"));
     ASSERT_TRUE (pumpUntil ([] { return juce::Component::getCurrentlyModalComponent() != nullptr; }));
 
@@ -280,7 +280,7 @@ TEST_F (SettingsInWindowTest, ThePreviewShowsTheMapHoweverItIsChosen)
     EXPECT_TRUE (processor.getUndoManager().redo());
     EXPECT_TRUE (pumpUntil ([&] { return shows (3); })) << preview.getMapIndex();
 
-    // From a preset.
+    // Load a map with a preset.
     auto& presets = processor.getPresetsManager();
     const auto file = presets.getUserFolder().getChildFile ("colours.mkpreset");
     setValue (Params::id::colourMap, 9.0f);
@@ -290,7 +290,7 @@ TEST_F (SettingsInWindowTest, ThePreviewShowsTheMapHoweverItIsChosen)
     ASSERT_TRUE (presets.loadPresetFile (file, &processor.getUndoManager()));
     EXPECT_TRUE (pumpUntil ([&] { return shows (9); })) << preview.getMapIndex();
 
-    // From the host, on a thread of its own.
+    // Set a map from the host on another thread.
     std::thread ([this] { setValue (Params::id::colourMap, 41.0f); }).join();
     EXPECT_TRUE (pumpUntil ([&] { return shows (41); })) << preview.getMapIndex();
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// Whether all that can be read in the panel changes with the language.
+// Tests that all readable texts of the panel change with the language.
 #include "orlo/window/SettingsComponent.h"
 
 #include "orlo/parameters/Params.h"
@@ -19,7 +19,7 @@ namespace mk::orlo::test
 {
 namespace
 {
-/** What a user or a screen reader can read, by where it stands. */
+/** The texts that a user or a screen reader can read, by their position in the panel. */
 using Texts = std::map<juce::String, juce::String>;
 
 class SettingsLanguageTest : public testing::TestWithParam<juce::String>
@@ -52,7 +52,7 @@ protected:
         if (auto* const client = dynamic_cast<juce::TooltipClient*> (&component))
             add (texts, place + " tooltip", client->getTooltip());
 
-        // The preview has its map's name, which is the same in all languages.
+        // The preview's title is the name of its map, which is the same in all languages.
         if (dynamic_cast<ColourMapPreviewComponent*> (&component) == nullptr)
             add (texts, place + " title", component.getTitle());
 
@@ -60,7 +60,7 @@ protected:
 
         if (auto* const label = dynamic_cast<juce::Label*> (&component))
         {
-            // On controls there are values, not words.
+            // The labels on controls show values, not words.
             if (dynamic_cast<SettingsComponent*> (label->getParentComponent()) != nullptr
                 && dynamic_cast<RetinaParamLabel*> (label) == nullptr)
                 add (texts, place + " text", label->getText());
@@ -85,7 +85,7 @@ protected:
     TestPluginEditor editor { processor, 0.0 };
 };
 
-TEST_P (SettingsLanguageTest, AllThatCanBeReadIsTranslated)
+TEST_P (SettingsLanguageTest, EveryReadableTextIsTranslated)
 {
     auto& presets = processor.getPresetsManager();
     presets.getInitFile().getParentDirectory().createDirectory();
@@ -106,18 +106,18 @@ TEST_P (SettingsLanguageTest, AllThatCanBeReadIsTranslated)
     {
         ASSERT_TRUE (other.contains (place)) << place;
 
-        // What follows a translated text, not being a word.
+        // The ellipsis after a text is not translated.
         const auto key = text.endsWith ("...") ? text.dropLastCharacters (3) : text;
         EXPECT_TRUE (keys.contains (key)) << place << ": " << text;
         EXPECT_EQ (other.at (place), juce::translate (key) + text.substring (key.length())) << place;
         numChanged += other.at (place) != text ? 1 : 0;
     }
 
-    // A few words are the same in two languages.
+    // A few words are the same in both languages.
     EXPECT_GT (numChanged, int (english.size()) * 9 / 10);
 }
 
-/** The words that a control offers, or shows. */
+/** The words that a control offers or shows. */
 [[nodiscard]] juce::StringArray readChoices (juce::Component& component)
 {
     juce::StringArray words;
@@ -169,7 +169,7 @@ TEST_P (SettingsLanguageTest, ChoicesAreTranslatedInTheWindowAndStayEnglishForTh
 TEST_P (SettingsLanguageTest, SwitchesStayEnglishForTheHost)
 {
     LocalisedStringsManager().setLanguage (GetParam());
-    EXPECT_NE (juce::translate ("On"), "On") << "the word itself is known";
+    EXPECT_NE (juce::translate ("On"), "On") << "the word itself is translated";
 
     for (const auto* const id : { Params::id::freeze, Params::id::ruler, Params::id::keyboard, Params::id::autoFreeze })
     {

@@ -96,7 +96,7 @@ const std::array<Row, 26> rows { {
       { { { 170, 502, 50, 21 }, { 295, 912, 86, 39 }, { 624, 1926, 182, 82 } } } },
 } };
 
-TEST (SettingsLayoutTest, PutsEveryItemWhereTheDesignHasIt)
+TEST (SettingsLayoutTest, PutsEveryItemAtItsPlaceInTheDesign)
 {
     static_assert (sizeof (SettingsLayout) == rows.size() * sizeof (Bounds), "every item has a row");
 
@@ -110,7 +110,7 @@ TEST (SettingsLayoutTest, PutsEveryItemWhereTheDesignHasIt)
     }
 }
 
-TEST (SettingsLayoutTest, EndsTheTogglesOfTheScaleWhereTheBarOfModesEnds)
+TEST (SettingsLayoutTest, AlignsTheTogglesOfTheScaleWithTheEndOfTheModeBar)
 {
     for (int width = 20; width < 1000; width += 7)
     {
@@ -131,7 +131,7 @@ TEST (SettingsLayoutTest, StaysInsideATinyPanel)
         const auto layout = SettingsLayout::forSize (side, side);
         const Bounds panel (side, side);
 
-        // Rounding a place and a size apart may end a pixel further.
+        // Position and size are rounded separately, so an item may end one pixel further.
         for (const auto& row : rows)
             EXPECT_TRUE (panel.expanded (1).contains (layout.*row.item)) << row.name << " at " << side;
     }

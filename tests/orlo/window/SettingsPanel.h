@@ -41,7 +41,7 @@ protected:
             forEachBelow (*below, callback);
     }
 
-    /** The widget of that kind in a control. */
+    /** The widget of the given type in a control. */
     template <typename Widget>
     [[nodiscard]] Widget& inner (const char* id)
     {
@@ -61,13 +61,13 @@ protected:
 
     [[nodiscard]] juce::Slider& slider (const char* id) { return inner<juce::Slider> (id); }
 
-    /** What stands on a slider. */
+    /** The text that a slider shows. */
     [[nodiscard]] juce::String valueText (const char* id) { return inner<juce::Label> (id).getText(); }
 
-    /** Types over a slider's value. */
+    /** Replaces a slider's value by typing. */
     void type (const char* id, const juce::String& text)
     {
-        // Only what is on the screen can have the keyboard.
+        // Only components on the screen can have the keyboard focus.
         editor.addToDesktop (juce::ComponentPeer::windowIsTemporary);
         editor.setVisible (true);
 

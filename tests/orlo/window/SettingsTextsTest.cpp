@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// Whether the texts of the settings panel fit, in every language and at every size.
+// Tests that the texts of the settings panel fit in every language and at every size.
 #include "orlo/window/SettingsComponent.h"
 
 #include "orlo/look/PluginLookAndFeel.h"
@@ -74,7 +74,7 @@ TEST_P (SettingsTextsTest, Fit)
             const auto area = label->getBorderSize().subtractedFrom (label->getLocalBounds());
             expectFits (label->getText(), window.style.getLabelFont (*label), area.getWidth());
 
-            // Nothing starts left of the headings but the title, or ends under a neighbour.
+            // No text starts to the left of the title.
             EXPECT_GE (label->getX() + area.getX(), panel.findChildWithID ("title")->getX());
             ++numTexts;
         }
@@ -114,7 +114,7 @@ TEST_P (SettingsTextsTest, Fit)
         }
     }
 
-    // The tag, nine labels, four buttons, five sliders, two boxes.
+    // The tag, nine labels, four buttons, five sliders and two boxes.
     EXPECT_EQ (numTexts, 21);
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// Whatever the user does to a control is one step to undo; needs a display.
+// Tests that each action of the user on a control is one undo step; needs a display.
 #include "SettingsInWindow.h"
 
 #include "orlo/parameters/Params.h"
@@ -24,7 +24,7 @@ protected:
         pumpPending();
     }
 
-    /** Changes a parameter by the user's own way, then at once another one, and takes both back. */
+    /** Changes a parameter as the user does, then another one at once, and undoes both. */
     void expectOneStep (const juce::String& id, const std::function<void()>& act)
     {
         SCOPED_TRACE (id);
@@ -61,7 +61,7 @@ protected:
         mouse.release (control, from.translated (20.0f * towards, 0.0f));
     }
 
-    /** Opens a box's list and takes the entry after the present one. */
+    /** Opens a box's list and chooses the entry after the current one. */
     void chooseNext (const char* id)
     {
         clickOn (child (id));

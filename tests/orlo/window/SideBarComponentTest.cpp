@@ -30,7 +30,7 @@ protected:
         sideBar.onExportClicked = [this] { events << "export "; };
     }
 
-    /** The button of that name, wherever it lies. */
+    /** The button with the given name, at any depth. */
     [[nodiscard]] juce::DrawableButton& getButton (const juce::String& name)
     {
         auto* const button = findButton (sideBar, name);
@@ -45,7 +45,7 @@ protected:
         button.mouseUp (makeMouseEvent (button, centre, modifiers));
     }
 
-    /** Makes the audio thread's side answer at all. */
+    /** Prepares the processor and resumes its analysis, so that the audio callback updates the pause state. */
     void prepare()
     {
         processor.setRateAndBufferSizeDetails (44100.0, 64);
@@ -81,7 +81,7 @@ private:
 };
 
 //==============================================================================
-TEST_F (SideBarComponentTest, PutsItsButtonsWhereTheLayoutSays)
+TEST_F (SideBarComponentTest, PutsItsButtonsAtTheirPlacesInTheLayout)
 {
     const auto layout = SideBarLayout::forSize (90, 1000);
     const auto boundsOf = [this] (const char* name)
@@ -183,7 +183,7 @@ TEST_F (SideBarComponentTest, OffersTheExportOnlyWhileThePictureIsFrozen)
     EXPECT_TRUE (pumpUntil ([&] { return ! button.isVisible(); }));
 }
 
-TEST_F (SideBarComponentTest, DimsAnAutomaticPause)
+TEST_F (SideBarComponentTest, DimsTheFreezeIconInAnAutomaticPause)
 {
     auto& freeze = getButton ("freeze");
     EXPECT_FLOAT_EQ (freeze.getAlpha(), 1.0f);
@@ -207,7 +207,7 @@ TEST_F (SideBarComponentTest, DimsAnAutomaticPause)
     EXPECT_FALSE (getButton ("export").isVisible());
 }
 
-TEST_F (SideBarComponentTest, FreezesAndNamesWhatAClickWouldDo)
+TEST_F (SideBarComponentTest, FreezesAndShowsWhatAClickWouldDo)
 {
     auto& freeze = getButton ("freeze");
     EXPECT_EQ (freeze.getTooltip(), juce::translate ("Freeze"));

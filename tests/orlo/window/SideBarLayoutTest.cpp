@@ -33,7 +33,7 @@ TEST (SideBarLayoutTest, GivesTheWholeWidthToButtonsInTheNarrowestBar)
     expectLayout (10, 300, { 0, 1, 10, 10 }, { 0, 10, 10, 10 }, { 0, 19, 10, 10 }, { 1, 279, 8, 20 });
 }
 
-TEST (SideBarLayoutTest, TakesTheLowerButtonsAwayWhenTheBarIsTooShort)
+TEST (SideBarLayoutTest, RemovesTheLowerButtonsWhenTheBarIsTooShort)
 {
     expectLayout (30, 100, { 5, 7, 20, 20 }, { 5, 34, 20, 20 }, { 6, 61, 18, 18 }, { 5, 93, 20, 0 });
     expectLayout (15, 60, { 0, 2, 15, 15 }, { 0, 16, 15, 15 }, { 0, 29, 15, 15 }, { 2, 58, 11, 0 });

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// Whose keys are whose when the notice of a new version opens, by the real keyboard; needs a display.
+// Tests who receives the keys when the notice of a new version opens, with the real keyboard; needs a display.
 #include "orlo/window/AudioPluginAudioProcessorEditor.h"
 
 #include "tests/support/FakeSite.h"
@@ -19,7 +19,7 @@ namespace
 class UpdateNoticeKeys : public testing::Test
 {
 protected:
-    /** Writes down the keys that the window leaves to its host. */
+    /** Records the keys that the window leaves to its host. */
     struct HostKeys final : juce::KeyListener
     {
         bool keyPressed (const juce::KeyPress& key, juce::Component*) override
@@ -85,7 +85,7 @@ protected:
     std::unique_ptr<AudioPluginAudioProcessorEditor> editor;
 };
 
-TEST_F (UpdateNoticeKeys, AReturnThatIsMeantForTheHostOpensNoPage)
+TEST_F (UpdateNoticeKeys, ReturnGoesToTheHostAndOpensNoPage)
 {
     EXPECT_FALSE (isNoticeFocused());
     type (Screen::returnKey);
@@ -95,7 +95,7 @@ TEST_F (UpdateNoticeKeys, AReturnThatIsMeantForTheHostOpensNoPage)
     EXPECT_TRUE (editor->isUpdateNoticeOpen());
 }
 
-TEST_F (UpdateNoticeKeys, AWindowThatIsGivenTheKeyboardAgainKeepsItFromTheNotice)
+TEST_F (UpdateNoticeKeys, AWindowThatRegainsTheFocusDoesNotPassItToTheNotice)
 {
     auto* const peer = editor->getPeer();
     peer->handleFocusLoss();
@@ -104,7 +104,7 @@ TEST_F (UpdateNoticeKeys, AWindowThatIsGivenTheKeyboardAgainKeepsItFromTheNotice
     EXPECT_FALSE (isNoticeFocused());
 }
 
-TEST_F (UpdateNoticeKeys, TabLeadsIntoTheNoticeAndReturnToThePage)
+TEST_F (UpdateNoticeKeys, TabFocusesTheNoticeAndReturnOpensThePage)
 {
     type (Screen::tabKey);
     ASSERT_TRUE (pumpUntil ([this] { return isNoticeFocused(); }));
@@ -113,14 +113,14 @@ TEST_F (UpdateNoticeKeys, TabLeadsIntoTheNoticeAndReturnToThePage)
     EXPECT_FALSE (editor->isUpdateNoticeOpen());
 }
 
-TEST_F (UpdateNoticeKeys, AClickIntoTheNoticeGivesItTheKeys)
+TEST_F (UpdateNoticeKeys, AClickOnTheNoticeFocusesIt)
 {
     auto& notice = editor->getUpdateNotice();
     const auto target = notice.localPointToGlobal (juce::Point { 20, 20 });
     const auto mouse = juce::Desktop::getInstance().getMainMouseSource();
 
-    // From beside it, and more than once: a mouse that stood there already when the window opened would not
-    // have moved.
+    // Moves repeatedly between two points, since a mouse that was at the target already when the window opened
+    // would send no event.
     ASSERT_TRUE (pumpUntil (
         [&, tries = 0]() mutable
         {
