@@ -7,17 +7,17 @@
 #include <functional>
 #include <memory>
 
-/** What benchmarks of the window share. They need a display. [message thread] */
+/** Functions for benchmarks of the window, which need a display. [message thread] */
 namespace mk::orlo::bench
 {
 
-/** Runs the message loop, asleep while there is nothing to do, until the condition holds or the time is over. */
+/** Runs the message loop until the condition holds or the time is over. Sleeps while there are no messages. */
 void runLoop (
     double seconds,
     const std::function<bool()>& isDone = [] { return false; });
 
-/** To be called before JUCE is up: where no window manager runs, X11 complains of what JUCE sets on a window, and
-    JUCE catches that only for applications. */
+/** Call this before JUCE is initialised. Without a window manager X11 reports errors about properties that JUCE
+    sets on a window. JUCE handles these errors only for applications, so this makes it take us for one. */
 void allowWindowsWithoutManager();
 
 /** Opens the processor's editor as a window of its own. */
