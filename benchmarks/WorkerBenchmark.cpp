@@ -30,7 +30,7 @@ void measureFrames (int label, bool enhanced)
     auto worker = std::make_shared<FFTProcessor>();
     worker->setSettings ({ { label - 1, 0, int (WindowType::hann) }, hop, enhanced, 0.0f });
 
-    // The first call fills the window with noise. Nobody takes the frames, so the worker drops them.
+    // The first call fills the window with noise. The frames are not taken out, so the worker drops them.
     measure (name,
              [worker, hop, noise = makeNoise (8192), primed = false]() mutable
              {

@@ -184,8 +184,8 @@ those of --height. freeze, drawMode, ruler, keyboard, autoFreeze and internal ar
 nothing in a still picture.
 
 All channels are mixed to their mean. The left edge of the picture is the start, its right edge the end: the
-delay that a live picture has is taken out, and behind the end of the file the analysis is given silence
-until the last point is drawn. A section's edges hear the audio around it.
+delay that a live picture has is removed, and after the end of the file the analysis gets silence until the
+last point is drawn. At the edges of a section it gets the audio around the section.
 )";
 
     return usage + "  " + ParameterValues().describe().joinIntoString ("\n  ") + "\n" + notes;
