@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// What a block costs the audio thread, against the same work done by hand.
+// The time of a block on the audio thread, compared with the same work written by hand.
 #include "orlo/processor/AudioPluginAudioProcessor.h"
 
 #include "benchmarks/support/Measure.h"
@@ -13,7 +13,7 @@ namespace
 
 constexpr int blockSize = 512;
 
-/** A processor with its worker asleep: the benchmark takes the samples out itself, by discarding them. */
+/** A processor in stereo, with its analysis on or suspended. */
 struct Plugin
 {
     explicit Plugin (bool suspended)
@@ -28,7 +28,7 @@ struct Plugin
     juce::MidiBuffer midi;
 };
 
-/** A thread that sleeps as the worker does and has nothing to do when woken. */
+/** A thread that waits as the worker does, but does nothing when woken. */
 struct Sleeper final : juce::Thread
 {
     Sleeper() : juce::Thread ("sleeper") { startThread (juce::Thread::Priority::highest); }

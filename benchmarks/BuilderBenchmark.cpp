@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// What a column costs the image builder, against the logarithms it cannot do without, and what painting
-// and the snapshot cost, against copying the snapshot's bytes.
+// The time of a column in the image builder, compared with the logarithms that it needs at least, and the time
+// of painting and of the snapshot, compared with copying the snapshot's bytes.
 #include "orlo/analysis/FFTProcessor.h"
 #include "orlo/analysis/SpectrogramImageBuilder.h"
 
@@ -18,7 +18,7 @@ namespace
 constexpr int numRows = 1000;
 constexpr int numFrames = 64;
 
-/** Frames of noise, and a builder set up as by default: log scale, the whole range, -100 to 0 dB. */
+/** Frames of noise, and a builder with the default settings: log scale, the whole range, -100 to 0 dB. */
 struct Analysis
 {
     explicit Analysis (bool enhanced)
@@ -66,7 +66,7 @@ void measureColumns (const std::string& name, bool enhanced, int numLogarithms)
                  benchmark::DoNotOptimize (analysis->column.data());
              });
 
-    // Of the same values as the columns take theirs of.
+    // The logarithms are taken of the same values as those for the columns.
     measure (name + "/limit",
              [analysis, numLogarithms]
              {

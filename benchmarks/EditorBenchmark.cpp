@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// What an open window costs: the processor time of the whole process while the editor shows the demo signal,
-// against that of a window that paints one picture of the view's size at every refresh and nothing else. Needs
-// a display of at least 1818 by 1000. Fails if the editor costs more than it may.
+// The cost of an open window: the processor time of the whole process while the editor shows the demo signal,
+// compared with that of a window that only paints one picture of the view's size at every refresh. Needs a
+// display of at least 1818 by 1000. Fails if the ratio or the time to open the editor exceeds its limit.
 #include "benchmarks/support/Window.h"
 #include "benchmarks/support/WindowManager.h"
 #include "orlo/parameters/Params.h"
@@ -34,7 +34,7 @@ constexpr double mostOpeningMs = 100.0;
     return seconds (usage.ru_utime) + seconds (usage.ru_stime);
 }
 
-/** Processor seconds for each second of running, after a moment to settle. */
+/** Processor seconds per second of running, measured after a second of warm-up. */
 [[nodiscard]] double measureLoad()
 {
     runLoop (1.0);
@@ -45,7 +45,7 @@ constexpr double mostOpeningMs = 100.0;
     return (getProcessorSeconds() - before) / elapsed;
 }
 
-/** The least that a moving picture costs. */
+/** The reference: a window that only paints one picture at every refresh. */
 class PictureWindow final : public juce::Component
 {
 public:
@@ -134,7 +134,7 @@ void setUp (AudioPluginAudioProcessor& processor)
     return openEditor (processor)->getMainComponent().getSpectrogramContainer().getSpectrogram().getLocalBounds();
 }
 
-/** The least of several rounds each, taken in turns, so that other programs disturb all alike. */
+/** The lowest load of several rounds. The loads are measured in turns, so that other programs affect all alike. */
 struct Loads
 {
     double whole = 1.0e9, closed = 1.0e9, limitArgb = 1.0e9, limitRgb = 1.0e9;
@@ -181,7 +181,7 @@ struct Loads
 
     std::printf ("opening the editor: %.1f ms the first time, %.1f ms at best after that\n", firstOpening, opening);
 
-    // The picture is an ARGB one; what an RGB one would cost is told for comparison.
+    // The limit is a picture in ARGB, the format of the view; the load of one in RGB is printed for comparison.
     const auto loads = measureLoads (processor);
     const auto ratio = loads.whole / loads.limitArgb;
     std::printf ("closed editor, audio included:  %5.1f %% of a core\n", loads.closed * 100.0);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// What an instance costs before it does anything: time to construct, and memory of the second one.
+// The cost of an idle instance: the time to construct it, and the memory of a second one.
 #include "orlo/processor/AudioPluginAudioProcessor.h"
 
 #include "benchmarks/support/Measure.h"
@@ -13,7 +13,7 @@ namespace mk::orlo::bench
 namespace
 {
 
-/** Memory of the process that is really there, in MiB. */
+/** The resident memory of the process in MiB. */
 [[nodiscard]] double getResidentMiB()
 {
     long total = 0, resident = 0;
@@ -21,7 +21,7 @@ namespace
     return double (resident) * double (sysconf (_SC_PAGESIZE)) / (1024.0 * 1024.0);
 }
 
-/** Once, before the other measurements have warmed anything up. */
+/** Prints time and memory of the first constructions. To be called once, before anything is warmed up. */
 void reportMemory()
 {
     const auto make = []

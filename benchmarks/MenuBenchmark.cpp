@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// What it takes to open the lists of the settings panel: the colour maps, and 2000 presets in 50 folders. The
-// windows need a display; without one only the making of the rows is measured.
+// The time to open the lists of the settings panel: the colour maps, and 2000 presets in 50 folders. The windows
+// need a display; without one only the creation of the rows is measured.
 #include "benchmarks/support/Measure.h"
 #include "benchmarks/support/Window.h"
 #include "orlo/display/ColourComboBoxControl.h"
@@ -16,7 +16,7 @@ namespace
 constexpr int numFolders = 50;
 constexpr int numPresetsEach = 40;
 
-/** A processor whose user has many presets, in a folder that goes with it. */
+/** A processor with many user presets, in a temporary folder that is deleted at the end. */
 class Library
 {
 public:
@@ -76,7 +76,7 @@ public:
         juce::PopupMenu::dismissAllActiveMenus();
         runLoop (10.0, [&] { return modals.getNumModalComponents() == 0; });
 
-        // The control hears of it a message later.
+        // The control is notified one message later.
         auto heard = false;
         juce::MessageManager::callAsync ([&heard] { heard = true; });
         runLoop (10.0, [&heard] { return heard; });

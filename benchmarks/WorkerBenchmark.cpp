@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// What a frame costs the analysis worker, against its bare transforms.
+// The time of a frame in the analysis worker, compared with its transforms alone.
 #include "orlo/analysis/FFTProcessor.h"
 
 #include "benchmarks/support/Measure.h"
@@ -30,7 +30,7 @@ void measureFrames (int label, bool enhanced)
     auto worker = std::make_shared<FFTProcessor>();
     worker->setSettings ({ { label - 1, 0, int (WindowType::hann) }, hop, enhanced, 0.0f });
 
-    // The window is full of noise before the clock starts; frames pile up and are dropped by the worker.
+    // The first call fills the window with noise. The frames are not taken out, so the worker drops them.
     measure (name,
              [worker, hop, noise = makeNoise (8192), primed = false]() mutable
              {
@@ -45,7 +45,7 @@ void measureFrames (int label, bool enhanced)
                  worker->processAvailable();
              });
 
-    // Of zeros, which stay zeros however often the buffer is transformed in place.
+    // The input is zeros, which stay zeros however often the buffer is transformed in place.
     auto fft = std::make_shared<juce::dsp::FFT> (juce::roundToInt (std::log2 (label)));
     auto buffer = std::make_shared<std::vector<float>> (size_t (label) * 2);
 

@@ -1,7 +1,7 @@
 # Every outside dependency is pinned or named here, and nowhere else.
 
 #---------------------------------------------------------------------------------------------------
-# JUCE: a tree given by the user, of any version in this range, else Debian's source package through apt.
+# JUCE: the tree that ORLO_JUCE_DIR names, of any version in this range; otherwise Debian's source package, by apt.
 set (ORLO_JUCE_OLDEST 8.0.6)
 set (ORLO_JUCE_BELOW 8.1)
 find_program (ORLO_APT_GET apt-get)

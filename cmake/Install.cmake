@@ -7,7 +7,7 @@ elseif (WIN32)
     file (TO_CMAKE_PATH "$ENV{CommonProgramFiles}/VST3" ORLO_VST3_FOLDER)
     file (TO_CMAKE_PATH "$ENV{ProgramData}" ORLO_DATA_FOLDER)
 else()
-    # The standard folder of VST3 plug-ins; without the architecture's name that a distribution may add.
+    # The standard folder of VST3 plug-ins. CMAKE_INSTALL_LIBDIR may contain the architecture's name, which it lacks.
     set (ORLO_VST3_FOLDER "lib/vst3")
     set (ORLO_DATA_FOLDER "${CMAKE_INSTALL_DATADIR}")
 endif()

@@ -1,5 +1,5 @@
-# orlo_juce: every JUCE module that the project uses, compiled once and linked by the plug-in, the
-# tools, the tests and the benchmarks, so that no program ever holds two copies.
+# orlo_juce: every JUCE module that the project uses, compiled once. The plug-in, the tools, the tests and the
+# benchmarks all link it, so that no program contains two copies.
 add_library (orlo_juce STATIC)
 
 target_link_libraries (orlo_juce
@@ -34,13 +34,13 @@ target_compile_definitions (orlo_juce
 target_include_directories (orlo_juce SYSTEM INTERFACE $<TARGET_PROPERTY:orlo_juce,INCLUDE_DIRECTORIES>)
 target_compile_options (orlo_juce PRIVATE -w -ffunction-sections -fdata-sections)
 
-# In a plug-in whose host carries a JUCE or an FFTW of its own, every symbol must stay ours.
+# A host may contain its own JUCE or FFTW, so the plug-in must not export symbols of its copies.
 add_library (orlo_link_options INTERFACE)
 
 if (CMAKE_SYSTEM_NAME STREQUAL "Linux")
     target_link_options (orlo_link_options INTERFACE LINKER:--gc-sections LINKER:--as-needed)
 
-    # A sanitizer's static runtime works by taking over malloc for the whole process.
+    # A sanitizer's static runtime must export malloc, to replace it for the whole process.
     if (NOT ORLO_SANITIZE)
         target_link_options (orlo_link_options INTERFACE LINKER:--exclude-libs,ALL)
     endif()
@@ -49,7 +49,7 @@ endif()
 target_link_libraries (orlo_juce INTERFACE orlo_link_options)
 
 if (CMAKE_SYSTEM_NAME STREQUAL "Linux")
-    # The source package has its codecs taken out: these are the system's.
+    # The Debian source package contains no codecs, so those of the system are linked.
     find_package (PkgConfig REQUIRED)
     pkg_check_modules (ORLO_CODECS REQUIRED IMPORTED_TARGET
         zlib libpng libjpeg flac ogg vorbis vorbisenc vorbisfile)
@@ -58,7 +58,7 @@ endif()
 
 #---------------------------------------------------------------------------------------------------
 # The transform. JUCE's own fallback is ten to twenty times slower than FFTW, so on Linux FFTW is
-# required, not preferred. macOS has vDSP; elsewhere FFTW is taken where it is found.
+# required. macOS has vDSP; on other systems FFTW is used if it is found.
 if (NOT APPLE)
     find_library (ORLO_FFTW_STATIC NAMES libfftw3f.a fftw3f)
     find_path (ORLO_FFTW_INCLUDE fftw3.h)

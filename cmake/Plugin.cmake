@@ -1,7 +1,7 @@
-# The plug-in itself, and the same thing as a program of its own.
+# The plug-in as a VST3 bundle and as a standalone program.
 
-# The build loads the new bundle to write its description down. The folders that an instance makes for its presets
-# must not land in the home and the system of whoever builds, so every command of JUCE's is started with others.
+# The build loads the new bundle to generate its manifest, and an instance creates folders for its presets. These
+# must not appear in the user's home or in system folders, so JUCE's commands run with other folders set.
 if (CMAKE_SYSTEM_NAME STREQUAL "Linux")
     set (build_home "${PROJECT_BINARY_DIR}/home")
     file (MAKE_DIRECTORY "${build_home}/share/Morlek/Orlo")
@@ -27,8 +27,8 @@ juce_add_plugin (Orlo
 
 target_sources (Orlo PRIVATE PluginMain.cpp)
 
-# JUCE links its plug-in client module, and through it the sources of every module that this depends on,
-# into the plug-in. They are compiled already, in orlo_juce: only the headers are wanted here.
+# JUCE links its plug-in client module into the plug-in, and with it the sources of every module that this depends
+# on. orlo_juce contains these sources already, so the module is removed from the links.
 get_target_property (orlo_links Orlo LINK_LIBRARIES)
 list (REMOVE_ITEM orlo_links juce::juce_audio_plugin_client)
 set_property (TARGET Orlo PROPERTY LINK_LIBRARIES "${orlo_links}")

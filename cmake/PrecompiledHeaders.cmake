@@ -1,14 +1,14 @@
-# Reading JUCE's headers takes most of the time of a small source file, so they are read once for many targets.
-# With clang every file still reads for itself, which keeps the files' own includes complete.
+# Most of the time of compiling a small file goes into JUCE's headers, so they are precompiled once for many targets.
+# With clang each file reads its own headers, which shows where an include is missing.
 if (CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     set (ORLO_PRECOMPILE ON)
 else()
     set (ORLO_PRECOMPILE OFF)
 endif()
 
-# orlo_add_precompiled (NAME LINKS HEADERS...): reads the headers once, with the options that come with the linked
-# targets. The compiler takes the result only in targets that are compiled alike: what the headers look at must be
-# defined in the same way, and programs are compiled otherwise than libraries.
+# orlo_add_precompiled (NAME LINKS HEADERS...): precompiles the headers with the options of the linked targets. The
+# compiler accepts the result only in targets with the same options: macros that the headers use must have the same
+# values, and libraries and programs need one each, since position-independent code is compiled differently.
 function (orlo_add_precompiled name links)
     if (NOT ORLO_PRECOMPILE)
         return()
@@ -21,12 +21,12 @@ function (orlo_add_precompiled name links)
     target_link_libraries (${name} PRIVATE ${links} orlo_warnings)
     target_precompile_headers (${name} PRIVATE ${ARGN})
 
-    # For ccache, which cannot look into a precompiled header.
+    # ccache needs this to support precompiled headers.
     target_compile_options (${name} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-fpch-preprocess>)
 endfunction()
 
-# orlo_precompile (TARGET [NAME]): lets a target use what orlo_add_precompiled has read, by default orlo_pch, which
-# is for libraries.
+# orlo_precompile (TARGET [NAME]): lets a target use the headers that orlo_add_precompiled (NAME ...) precompiled. The
+# default is orlo_pch, which is for libraries.
 function (orlo_precompile target)
     if (NOT ORLO_PRECOMPILE)
         return()

@@ -8,15 +8,15 @@ else()
         -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
         -Woverloaded-virtual -Wcast-align -Wunused -Wnull-dereference -Wdouble-promotion -Wformat=2)
 
-    # errno and floating-point traps are never looked at; without this, square roots do not vectorise.
-    # NaN and infinity keep their IEEE meaning.
+    # Without these two options square roots are not vectorised. The code reads neither errno nor floating-point
+    # traps; NaN and infinity keep their IEEE meaning.
     target_compile_options (orlo_warnings INTERFACE -fno-math-errno -fno-trapping-math)
 
     if (CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
         # False alarms inside the standard library's own inlined code in optimised builds.
         target_compile_options (orlo_warnings INTERFACE -Wno-null-dereference)
 
-        # And in code that a sanitizer has been woven into.
+        # More false alarms, in code that a sanitizer has instrumented.
         if (ORLO_SANITIZE)
             target_compile_options (orlo_warnings INTERFACE -Wno-maybe-uninitialized)
         endif()

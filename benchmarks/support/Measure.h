@@ -8,11 +8,11 @@
 namespace mk::orlo::bench
 {
 
-/** Each program's own: calls measure() for everything that it measures. Called once JUCE is up; static
-    initialisers would run before JUCE has registered its transforms. */
+/** Defined by each program: calls measure() for each of its benchmarks. main() calls it after JUCE's start, since
+    static initialisers may run before JUCE has registered its transforms. */
 void registerBenchmarks();
 
-/** Registers a benchmark of an action, repeated so that the fastest run can be told. */
+/** Registers a benchmark of an action. It is repeated, so that the fastest run can be used. */
 template <typename Action>
 void measure (const std::string& name, Action action)
 {

@@ -18,7 +18,7 @@ int main (int argc, char** argv)
     mk::orlo::bench::RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks (&reporter);
 
-    // What they hold has to go while JUCE is still there.
+    // The benchmarks own JUCE objects, which must be destroyed before JUCE shuts down.
     benchmark::ClearRegisteredBenchmarks();
     return 0;
 }

@@ -10,9 +10,9 @@
 namespace mk::orlo::bench
 {
 
-/** Prints, after the usual table, what each measurement takes in units of its limit.
+/** Prints, after the usual table, the ratio of each measurement to its limit.
 
-    A benchmark named "x" has its limit in one named "x/limit". Each is repeated; the ratio is that of the
+    The limit of a benchmark named "x" is the one named "x/limit". Each is repeated; the ratio is that of the
     fastest repetitions, which other programs on the machine disturb least.
 */
 class RatioReporter final : public benchmark::ConsoleReporter

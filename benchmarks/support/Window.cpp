@@ -3,7 +3,7 @@
 
 namespace juce::detail
 {
-// JUCE's own step of the message loop, the one that sleeps until there is something to do.
+// JUCE's internal step of the message loop, which sleeps until there is a message.
 bool dispatchNextMessageOnSystemQueue (bool returnIfNoPendingMessages);
 } // namespace juce::detail
 
@@ -11,7 +11,7 @@ namespace mk::orlo::bench
 {
 namespace
 {
-// Something to wake up for, in case nothing else happens.
+// The loop sleeps until there is a message, so a timer wakes it to check the time.
 constexpr int wakeEveryMs = 50;
 } // namespace
 

@@ -7,11 +7,11 @@
 #include <functional>
 #include <memory>
 
-/** What benchmarks of the window share. They need a display. [message thread] */
+/** Functions for benchmarks of the window, which need a display. [message thread] */
 namespace mk::orlo::bench
 {
 
-/** Runs the message loop, asleep while there is nothing to do, until the condition holds or the time is over. */
+/** Runs the message loop until the condition holds or the time is over. Sleeps while there are no messages. */
 void runLoop (
     double seconds,
     const std::function<bool()>& isDone = [] { return false; });

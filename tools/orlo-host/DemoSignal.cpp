@@ -26,7 +26,7 @@ constexpr std::array<double, demo::numBars> roots { 110.0, 137.5, 123.75, 146.66
     return slope (juce::jmin (1.0, t / rise)) * slope (juce::jmin (1.0, (length - t) / fall));
 }
 
-/** Adds to the signal, each voice at its place in time and between the loudspeakers. */
+/** Adds voices to the signal, each with its start time and its stereo position. */
 class Mixer
 {
 public:
@@ -35,7 +35,7 @@ public:
     [[nodiscard]] double getNyquist() const noexcept { return sampleRate * 0.5; }
     [[nodiscard]] double getSampleRate() const noexcept { return sampleRate; }
 
-    /** Adds valueAt (seconds since start) for the length. The pan goes from -1 to 1. */
+    /** Adds valueAt (seconds since start). Start and length are in seconds; the pan is -1 (left) to 1 (right). */
     template <typename Function>
     void add (double start, double length, double pan, Function&& valueAt)
     {
@@ -76,7 +76,7 @@ private:
 };
 
 //==============================================================================
-/** One note: harmonics that are weaker and die sooner the higher they are. */
+/** One note: the higher a harmonic is, the weaker it is and the faster it decays. */
 void addNote (Mixer& mixer, double start, double length, double hz, double level, double pan)
 {
     constexpr int numHarmonics = 9;
@@ -107,7 +107,7 @@ void addChord (Mixer& mixer, double start, double root)
     }
 }
 
-/** Seven octaves along an S, up or down. */
+/** An S-shaped sweep over seven octaves, up or down. */
 void addChirp (Mixer& mixer, double start, bool upwards)
 {
     constexpr double length = 2.7;
@@ -194,7 +194,7 @@ private:
     std::array<juce::dsp::StateVariableTPTFilter<float>, 3> stages;
 };
 
-/** Strokes of high noise on the off-beats, and a gust that comes up in pitch and dies away. */
+/** Short bursts of high noise on the off-beats, and a longer band of noise that rises in pitch and fades out. */
 void addNoise (Mixer& mixer, double start, juce::Random& random)
 {
     for (int beat = 0; beat < 4; ++beat)

@@ -6,22 +6,22 @@
 namespace mk::orlo::host
 {
 
-/** What plays when the user gives no audio: five bars of four seconds, and in each of them a chord, a
-    chirp, clicks, a voice with vibrato and noise, so that any stretch of a few seconds shows everything
-    that a spectrogram is read for. */
+/** The signal that plays when the user gives no audio: five bars of four seconds. Each bar has a chord, a
+    chirp, clicks, a note with vibrato and noise, so that any few seconds show everything that a spectrogram
+    is used for. */
 namespace demo
 {
 inline constexpr int numBars = 5;
 inline constexpr double barSeconds = 4.0;
 inline constexpr double seconds = numBars * barSeconds;
 
-/** Hertz; the chord of the bar is made of the 2nd, 3rd, 4th and 5th harmonic of it, with a bass on the
-    1st. So every partial of the chord lies on a multiple of it, and no two lie closer together. */
+/** The root of a bar's chord in hertz. The chord consists of the root's 2nd to 5th harmonic, with a bass note
+    on the 1st, so all partials are multiples of the root and are at least the root apart. */
 [[nodiscard]] double getRoot (int bar) noexcept;
 } // namespace demo
 
-/** The signal in stereo at a rate in hertz, below full scale, silent where its ends meet. The same rate
-    gives the same samples. */
+/** The signal in stereo at a rate in hertz. It stays below full scale and is silent at both ends, so that it
+    loops without a click. The same rate always gives the same samples. */
 [[nodiscard]] juce::AudioBuffer<float> makeDemoSignal (double sampleRate);
 
 } // namespace mk::orlo::host

@@ -9,7 +9,7 @@
 namespace mk::orlo::host
 {
 
-/** A window around the plug-in's editor. Either follows the other's size. [message thread] */
+/** A window around the plug-in's editor; when one is resized, the other follows. [message thread] */
 class EditorWindow final : public juce::DocumentWindow
 {
 public:
@@ -18,10 +18,10 @@ public:
     explicit EditorWindow (juce::AudioPluginInstance& plugin);
     ~EditorWindow() override;
 
-    /** The user closed the window, which stays until it is destroyed. */
+    /** Called when the user closes the window. The window itself stays until it is destroyed. */
     std::function<void()> onClose;
 
-    /** Sizes the editor, as far as the plug-in agrees. Pixels. */
+    /** Resizes the editor, within the limits that the plug-in sets. Pixels. */
     void setEditorSize (juce::Rectangle<int> size);
 
     [[nodiscard]] juce::Component& getEditor() const noexcept { return *getContentComponent(); }

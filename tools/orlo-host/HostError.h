@@ -8,7 +8,7 @@
 namespace mk::orlo::host
 {
 
-/** Something that the user has to hear about, in one line. Ends the program. */
+/** An error that ends the program, with a message of one line for the user. */
 struct HostError : std::runtime_error
 {
     explicit HostError (const juce::String& message) : std::runtime_error (message.toStdString()) {}

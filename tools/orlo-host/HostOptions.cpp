@@ -12,7 +12,7 @@ namespace
 constexpr double longestRunSeconds = 1.0e6;
 constexpr int largestSide = 10000;
 
-/** The arguments from first to last. */
+/** Hands out the arguments one by one. */
 class ArgumentReader
 {
 public:
@@ -21,7 +21,7 @@ public:
     [[nodiscard]] bool isAtEnd() const noexcept { return index >= arguments.size(); }
     [[nodiscard]] juce::String next() { return arguments[index++]; }
 
-    /** What follows an option. */
+    /** The argument that follows an option. Throws HostError if there is none. */
     [[nodiscard]] juce::String nextValueOf (const juce::String& option)
     {
         if (isAtEnd())
@@ -141,19 +141,19 @@ juce::String getHelpText()
 
 usage: orlo-host [OPTION...] [AUDIO FILE]
 
-Without an audio file a demo signal of 20 s plays: chords, chirps, clicks, vibrato and noise. Either
-repeats until the window is closed or the time is over. Without a sound card nothing is heard, and all
-else goes on in real time just the same.
+Without an audio file a demo signal of 20 s plays: chords, chirps, clicks, vibrato and noise. The audio
+repeats until the window is closed or the time given by --seconds is over. Without a sound card the audio
+still runs through the plug-in in real time, but is not heard.
 
   --plugin PATH          the VST3 bundle to load (default: the one of this build)
   --set ID=VALUE         sets a parameter by its id and text, --set colourMap=viridis; may be repeated
   --size WIDTHxHEIGHT    the editor's size in pixels
   --seconds N            quits after N seconds
-  --screenshot FILE.png  the editor as it is on the screen when the time is over
-  --state-in FILE        starts from this state of the plug-in; --set comes after it
-  --state-out FILE       writes the plug-in's state on quitting
+  --screenshot FILE.png  saves the editor as it is on the screen when the time is over
+  --state-in FILE        loads the plug-in's state from a file, before --set is applied
+  --state-out FILE       saves the plug-in's state on quitting
   --no-window            plays without the editor
-  --no-sound             leaves the sound card alone
+  --no-sound             does not use the sound card
   --help                 prints this
 )";
 }

@@ -32,7 +32,7 @@ struct HostOptions
 };
 
 /** Reads the arguments, without the program's name. Paths are relative to the working directory. Throws
-    HostError for what it does not understand and for what does not go together; looks at no file. */
+    HostError for unknown options, bad values and options that exclude each other. Opens no file. */
 [[nodiscard]] HostOptions parseHostOptions (const juce::StringArray& arguments);
 
 /** What --help prints. */

@@ -12,7 +12,7 @@ namespace mk::orlo::host
 
 HostSession::HostSession (HostOptions optionsToUse) : options (std::move (optionsToUse))
 {
-    // The audio first: what is wrong with it shows at once, while loading a plug-in takes its time.
+    // Loading a plug-in takes a while, so the audio is opened first: if that fails, the error comes at once.
     auto track = options.audio ? openTrack (*options.audio) : makeDemoTrack();
     plugin = loadPlugin (options.plugin.value_or (getBuiltPlugin()), track.sampleRate, loadingBlockSize);
 

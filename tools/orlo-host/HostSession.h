@@ -13,20 +13,20 @@
 namespace mk::orlo::host
 {
 
-/** The plug-in, loaded, playing and shown, from start to end. [message thread] */
+/** One run of the program: loads the plug-in, plays audio through it and shows its editor. [message thread] */
 class HostSession final : private juce::Timer
 {
 public:
-    /** Loads, sets, opens and starts everything. Throws HostError with nothing left running. */
+    /** Loads the plug-in, opens the window and starts the audio. On failure stops all and throws HostError. */
     explicit HostSession (HostOptions options);
 
-    /** Stops the audio, closes the window and lets the plug-in go, in that order. */
+    /** Stops the audio, closes the window and unloads the plug-in, in that order. */
     ~HostSession() override;
 
-    /** The user closed the window, or the time is over. */
+    /** Called when the user closes the window or the time is over. */
     std::function<void()> onFinished;
 
-    /** What plays, through what, and where to, in one line. */
+    /** One line that names the track, the plug-in and the output device. */
     [[nodiscard]] juce::String describe() const;
 
     /** Writes what the options ask for: the picture, then the state. Throws HostError. */

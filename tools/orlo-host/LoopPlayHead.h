@@ -8,17 +8,17 @@
 namespace mk::orlo::host
 {
 
-/** A transport that always plays, round and round a loop, at 120 beats a minute. */
+/** A transport that always plays and always loops, at 120 beats a minute. */
 class LoopPlayHead final : public juce::AudioPlayHead
 {
 public:
     /** [while no audio runs] Goes back to the start of a loop of that many samples at a rate in hertz. */
     void restart (double sampleRate, juce::int64 loopLength) noexcept;
 
-    /** [audio thread] The block has been played. Wait-free. */
+    /** [audio thread] Moves on by the samples of a block that has been played. Wait-free. */
     void advance (int numSamples) noexcept;
 
-    /** Any thread; hosts' plug-ins ask on the audio thread. Wait-free. */
+    /** Any thread; plug-ins usually call it on the audio thread. Wait-free. */
     [[nodiscard]] juce::Optional<PositionInfo> getPosition() const override;
 
 private:

@@ -18,7 +18,7 @@ public:
 
     void initialise (const juce::String&) override
     {
-        // JUCE ends its loop in good order on the one signal; the other is to do the same.
+        // JUCE ends the message loop cleanly on SIGINT only, so SIGTERM is turned into SIGINT.
         std::signal (SIGTERM, [] (int) { std::raise (SIGINT); });
 
         runOrFail ([this] { start (parseHostOptions (getCommandLineParameterArray())); });
@@ -47,7 +47,7 @@ private:
         std::cout << session->describe() << std::endl;
     }
 
-    /** Failures end the program with one line. */
+    /** Calls the function. If it throws, prints the error in one line and ends the program with exit code 1. */
     template <typename Function>
     void runOrFail (Function&& function)
     {

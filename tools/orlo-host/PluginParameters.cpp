@@ -18,22 +18,22 @@ constexpr int longestText = 128;
 
 [[nodiscard]] bool sameText (const juce::String& a, const juce::String& b) { return a.equalsIgnoreCase (b); }
 
-/** A switch takes more words than the two that it shows. */
+/** Whether a text is one of the words that a switch accepts besides the two that it shows. */
 [[nodiscard]] bool isWordForSwitch (const juce::AudioProcessorParameter& parameter, const juce::String& text)
 {
     static const juce::StringArray words { "on", "off", "yes", "no", "true", "false", "1", "0" };
     return sameText (textOf (parameter, 1.0f), "on") && words.contains (text, true);
 }
 
-/** Whether a number is the one that the parameter shows at a value, rounded as it is and possibly with
-    its sign turned. */
+/** Whether a number equals the one that the parameter shows, apart from rounding and the sign, which a
+    parameter may turn. */
 [[nodiscard]] bool isShownAs (double number, const juce::String& shown)
 {
     constexpr double rounding = 0.51;
     return std::abs (std::abs (shown.getDoubleValue()) - std::abs (number)) <= rounding;
 }
 
-/** The plug-in's wrapper makes the numeric ids of the VST3 interface from its own by this rule. */
+/** Compares numeric VST3 ids, which JUCE's plug-in wrapper makes from the parameter's own id by this rule. */
 [[nodiscard]] bool hasId (const juce::AudioProcessorParameter& parameter, const juce::String& id)
 {
     const auto* const hosted = dynamic_cast<const juce::HostedAudioProcessorParameter*> (&parameter);

@@ -13,9 +13,9 @@ namespace mk::orlo::host
 [[nodiscard]] juce::AudioProcessorParameter* findParameter (const juce::AudioPluginInstance& plugin,
                                                             const juce::String& id);
 
-/** [message thread] The normalised value of a text, as the parameter itself reads it. Throws HostError for a
-    text that means nothing to it or lies outside its range: parameters turn such texts into some legal value,
-    which is not what was asked for. */
+/** [message thread] The normalised value of a text, as the parameter itself reads it. Parameters turn an
+    unknown text or a number out of range into some legal value, which is not what the user asked for, so
+    these throw HostError. */
 [[nodiscard]] float valueForText (const juce::AudioProcessorParameter& parameter, const juce::String& text);
 
 /** [message thread] Sets one parameter. Throws HostError if there is no such parameter or value. */

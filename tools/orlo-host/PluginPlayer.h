@@ -10,7 +10,7 @@
 namespace mk::orlo::host
 {
 
-/** The track through the plug-in, block by block, at the pace of whoever asks for blocks. */
+/** Plays the track through the plug-in, block by block, as fast as the caller asks for blocks. */
 class PluginPlayer
 {
 public:
@@ -20,17 +20,17 @@ public:
 
     [[nodiscard]] const juce::String& getTrackName() const noexcept { return track.name; }
 
-    /** Hertz; the rate at which nothing has to be resampled. */
+    /** Hertz. At this rate the track is not resampled. */
     [[nodiscard]] double getTrackRate() const noexcept { return track.sampleRate; }
 
     /** [while no audio runs] Gets the plug-in and the track ready to play from the start. */
     void prepare (double sampleRate, int maxBlockSize);
 
-    /** [audio thread, after prepare()] The next samples, for a sound card with any number of channels. The
+    /** [audio thread, after prepare()] Writes the next samples for a sound card with any number of channels. The
         plug-in gets them in blocks of up to maxBlockSize. */
     void process (float* const* outputs, int numOutputs, int numSamples);
 
-    /** [while no audio runs] The opposite of prepare(). May be called twice. */
+    /** [while no audio runs] Undoes prepare(). A second call does nothing. */
     void release();
 
 private:

@@ -20,7 +20,7 @@ void loadState (juce::AudioPluginInstance& plugin, const juce::File& file)
     if (! file.existsAsFile() || ! file.loadFileAsData (state))
         throw HostError ("cannot read " + file.getFullPathName());
 
-    // The container in which the hosting keeps a plug-in's state.
+    // JUCE's VST3 hosting wraps a plug-in's state into this XML element.
     const auto container = juce::AudioProcessor::getXmlFromBinary (state.getData(), int (state.getSize()));
 
     if (container == nullptr || ! container->hasTagName ("VST3PluginState"))

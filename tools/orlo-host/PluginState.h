@@ -6,15 +6,15 @@
 namespace mk::orlo::host
 {
 
-/** [message thread] Writes what the plug-in saves into a session. Throws HostError if the file cannot be
-    written; then it is as it was. */
+/** [message thread] Writes the state that the plug-in gives a host for its session. If the file cannot be
+    written, throws HostError and leaves the file unchanged. */
 void saveState (juce::AudioPluginInstance& plugin, const juce::File& file);
 
-/** [message thread] Gives the plug-in the bytes of saveState(). Throws HostError, with the plug-in
-    untouched, if they are not there or are something else. */
+/** [message thread] Loads a file that saveState() wrote into the plug-in. If the file cannot be read or is
+    something else, throws HostError and leaves the plug-in unchanged. */
 void loadState (juce::AudioPluginInstance& plugin, const juce::File& file);
 
-/** Replaces a file's bytes, all or none. Throws HostError. */
+/** Replaces a file's content. If that fails, throws HostError and leaves the file unchanged. */
 void writeWholeFile (const juce::File& file, const void* data, size_t size);
 
 } // namespace mk::orlo::host

@@ -26,7 +26,7 @@ struct ImageDestroyer
     void operator() (::XImage* image) const { XDestroyImage (image); }
 };
 
-/** While it lives, an error of X is a missing result instead of the program's end. */
+/** While it lives, a failed X request returns no result; by default an X error ends the program. */
 struct ScopedXErrorsIgnored
 {
     ScopedXErrorsIgnored() : previous (XSetErrorHandler ([] (::Display*, ::XErrorEvent*) { return 0; })) {}
@@ -74,7 +74,7 @@ juce::Image captureFromScreen (const juce::Component& component)
     const auto area = (peer->getAreaCoveredBy (component).toDouble() * peer->getPlatformScaleFactor()).toNearestInt();
     const auto window = ::Window (reinterpret_cast<juce::pointer_sized_uint> (peer->getNativeHandle()));
 
-    // The window's picture has all windows inside it in it, and so the plug-in's.
+    // XGetImage includes child windows, so the picture also contains the plug-in's window.
     const ScopedXErrorsIgnored errorsIgnored;
     const std::unique_ptr<::XImage, ImageDestroyer> image (XGetImage (display.get(),
                                                                       window,

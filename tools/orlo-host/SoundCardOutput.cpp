@@ -16,7 +16,7 @@ void ignoreError (const char*, int, const char*, int, const char*, ...) {}
 [[nodiscard]] std::unique_ptr<juce::AudioDeviceManager> makeSystemDevices()
 {
 #if JUCE_LINUX
-    // Where there is no card, or another program holds it, ALSA prints lines that help nobody.
+    // Without a sound card, or while another program uses it, ALSA prints errors that do not concern the user.
     snd_lib_error_set_handler (ignoreError);
 #endif
 
@@ -33,7 +33,7 @@ SoundCardOutput::SoundCardOutput (PluginPlayer& playerToDrive, std::unique_ptr<j
     wanted.sampleRate = player.getTrackRate();
     devices->initialise (0, 2, nullptr, true, {}, &wanted);
 
-    // Some cards refuse every rate but their own.
+    // Some cards refuse every rate but their own, so the second attempt leaves the rate to the card.
     if (devices->getCurrentAudioDevice() == nullptr)
         devices->initialiseWithDefaultDevices (0, 2);
 }

@@ -8,23 +8,23 @@
 namespace mk::orlo::host
 {
 
-/** Plays the player through the sound card. [message thread] */
+/** Sends what the player plays to the sound card. [message thread] */
 class SoundCardOutput final : private juce::AudioIODeviceCallback
 {
 public:
     /** Opens the machine's default device. The player must outlive the output. */
     explicit SoundCardOutput (PluginPlayer& player);
 
-    /** Opens the default one of other devices. */
+    /** Opens the default device of the given device manager. */
     SoundCardOutput (PluginPlayer& player, std::unique_ptr<juce::AudioDeviceManager> devices);
 
     /** Stops the device. */
     ~SoundCardOutput() override;
 
-    /** The device that plays, empty if there is none that can be opened. */
+    /** The name of the open device; empty if none could be opened. */
     [[nodiscard]] juce::String getDeviceName() const;
 
-    /** Prepares the player for the device and starts. Only where there is a device. */
+    /** Prepares the player for the device and starts. Call it only if a device is open. */
     void start();
 
 private:

@@ -29,7 +29,7 @@ void TimedOutput::run()
         player.process (nullptr, 0, blockSize);
         due += blockLength;
 
-        // After a long stall, as when the machine slept, what was missed stays missed.
+        // After a long stall, such as a suspended machine, the missed blocks are skipped, not caught up.
         if (Clock::now() - due > 1s)
             due = Clock::now();
 

@@ -6,7 +6,7 @@
 namespace mk::orlo::host
 {
 
-/** Stands in for a sound card: asks for a block whenever one would have been played, and throws it away. */
+/** Replaces a missing sound card: asks for blocks in real time and discards them. */
 class TimedOutput final : private juce::Thread
 {
 public:

@@ -8,7 +8,7 @@
 namespace mk::orlo::host
 {
 
-/** What plays, over and over. */
+/** A piece of audio that plays in a loop. */
 struct Track
 {
     juce::String name;

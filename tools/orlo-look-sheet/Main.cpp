@@ -10,7 +10,7 @@ namespace mk::orlo::lookSheet
 {
 namespace
 {
-/** A plug-in window of a given size, whose width is what the style measures by. */
+/** A plug-in window of a given size. The style scales text and corners by the window's width. */
 struct Window final : public juce::AudioProcessorEditor
 {
     Window (juce::AudioProcessor& owner, juce::LookAndFeel& style, int width) : juce::AudioProcessorEditor (owner)
@@ -70,8 +70,8 @@ int main (int argc, char* argv[])
         return 1;
     }
 
-    // Without a window manager some properties of windows are unknown to the X server, whose complaints end the
-    // program unless JUCE takes it for an application and catches them.
+    // Without a window manager the X server does not know some window properties and reports errors. These end
+    // the program unless JUCE handles them, which it does only for applications.
     juce::JUCEApplicationBase::createInstance = []() -> juce::JUCEApplicationBase* { return nullptr; };
     const juce::ScopedJuceInitialiser_GUI juce;
     const auto folder = juce::File::getCurrentWorkingDirectory().getChildFile (juce::String::fromUTF8 (argv[1]));

@@ -29,7 +29,7 @@ constexpr int itemHeight = 46;
 constexpr int menuWidth = 340;
 constexpr int margin = 40;
 
-/** A menu painted as an open one looks, over something bright, which shows its corners and its shades. */
+/** A menu painted as if it were open, over a bright ground, so that its corners and shadows can be seen. */
 class MenuSheet final : public juce::Component
 {
 public:

@@ -12,7 +12,7 @@ namespace
 constexpr double sampleRate = 44100.0;
 constexpr int blockSize = 512;
 
-/** Opens the settings panel, as a click on its button does, with a tag that only some displays have. */
+/** Opens the settings panel, as a click on its button does, and shows the tag that only some displays have. */
 void openPanel (AudioPluginAudioProcessorEditor& editor)
 {
     auto& main = editor.getMainComponent();
@@ -89,7 +89,7 @@ void forEachPanel (const std::function<void (const juce::String& name, juce::Com
         show ("panel-down", editor);
         setStates (editor, juce::Button::buttonNormal);
 
-        // Their menus are windows of their own, which only a screen has.
+        // The menus are windows of their own, which need a display.
         if (juce::Desktop::getInstance().getDisplays().displays.isEmpty())
             continue;
 

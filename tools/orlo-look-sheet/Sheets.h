@@ -8,13 +8,13 @@
 namespace mk::orlo::lookSheet
 {
 
-/** Each sheet is a component of a size of its own, to be put into a plug-in window. [message thread] */
+/** Each sheet is a component with a fixed size, made to be put into a plug-in window. [message thread] */
 [[nodiscard]] std::unique_ptr<juce::Component> makeIconSheet();
 [[nodiscard]] std::unique_ptr<juce::Component> makeTextSheet();
 [[nodiscard]] std::unique_ptr<juce::Component> makeMenuSheet();
 
-/** The controls in all their states, and the side bar and the settings panel as the window has them. The
-    size is that of the part that a window of the given width shows. */
+/** The controls in all their states, and the side bar and the settings panel as in the plug-in's window.
+    Everything is scaled for a window of the given width in pixels. */
 [[nodiscard]] std::unique_ptr<juce::Component> makeWidgetSheet (int editorWidth);
 
 /** The plug-in's window with its settings panel open, in each language and at several sizes, and with the

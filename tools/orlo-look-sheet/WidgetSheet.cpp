@@ -39,7 +39,7 @@ public:
         g.setColour (juce::Colour (pluginCore::palette::hairline));
         g.fillRect (scaled ({ 89, 0, 1, 1000 }));
 
-        // Something bright under the floating buttons.
+        // The floating buttons lie on a bright picture.
         const auto picture = scaled ({ 560, 760, 600, 200 });
         g.setGradientFill (juce::ColourGradient::horizontal (
             juce::Colours::black, float (picture.getX()), juce::Colours::yellow, float (picture.getRight())));

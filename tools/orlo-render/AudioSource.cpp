@@ -10,8 +10,8 @@ namespace mk::orlo::render
 {
 namespace
 {
-// The readers of uncompressed files work through a buffer of 5760 bytes, in which a sample of every channel
-// must have a place.
+// The readers of uncompressed files use a buffer of 5760 bytes, which must have room for at least one sample
+// of every channel.
 constexpr unsigned mostChannels = 256;
 
 constexpr double highestSampleRate = 1.0e6;
@@ -57,7 +57,7 @@ AudioSource::AudioSource (const juce::File& file) : name (file.getFileName())
 
     checkFormat();
     checkEnd();
-    stream->forget(); // reading headers and looking for the end is no reading of audio
+    stream->forget(); // only reads of audio count, not those of headers or of the end
 }
 
 AudioSource::~AudioSource() = default;
@@ -94,7 +94,7 @@ void AudioSource::checkEnd()
     }
 
     if (! isUncompressed (*reader))
-        return; // tells while it is read
+        return; // a truncated file is found while it is read
 
     stream->forget();
     channels.setSize (int (reader->numChannels), 1);
@@ -124,8 +124,8 @@ void AudioSource::read (juce::int64 position, std::span<float> destination)
 
 void AudioSource::skipTo (juce::int64 position)
 {
-    // A seek in FLAC may run into the end of an intact file while it searches, and after one there would be
-    // no telling a truncated file. So what lies before is decoded, and thrown away.
+    // A seek in FLAC may read past the end of an intact file while it searches, which looks like a truncated
+    // file. So instead of a seek, the audio before the position is decoded and thrown away.
     if (! isUncompressed (*reader) && ! isOgg (*reader))
     {
         std::vector<float> scrap (skipBlockSize);

@@ -11,12 +11,12 @@ namespace mk::orlo::render
 {
 
 /** The audio of a file as one endless mono signal: the mean of its channels, with silence before its start
-    and behind its end. One thread at a time. */
+    and after its end. One thread at a time. */
 class AudioSource
 {
 public:
-    /** Opens the file. Throws RenderError if it is not there, is no audio that can be read, is empty, or
-        holds less than its header promises as far as that can be told from its ends. */
+    /** Opens the file. Throws RenderError if it does not exist, is not audio that can be read, is empty, or
+        holds less than its header promises, as far as its start and its end show that. */
     explicit AudioSource (const juce::File& file);
     ~AudioSource();
 
@@ -26,8 +26,8 @@ public:
     /** Samples in each channel of the file. */
     [[nodiscard]] juce::int64 getLength() const noexcept { return reader->lengthInSamples; }
 
-    /** Fills the destination with the samples from a position on, which may lie before the start and may
-        not lie before the end of what was read last. Allocates only for blocks larger than any before.
+    /** Fills the destination with the samples from a position on. The position may be negative, but not below
+        the end of the previous read. Allocates only for blocks larger than any before.
         Throws RenderError if the file holds less than its header promises. */
     void read (juce::int64 position, std::span<float> destination);
 

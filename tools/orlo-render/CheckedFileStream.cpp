@@ -38,7 +38,7 @@ void CheckedFileStream::flush()
 
 bool CheckedFileStream::setPosition (juce::int64 newPosition)
 {
-    // Everything is written in one go.
+    // Files are written sequentially, so a seek is not supported.
     return newPosition == position;
 }
 

@@ -9,21 +9,21 @@
 namespace mk::orlo::render
 {
 
-/** A file being written that never forgets a failure.
+/** A file output stream that remembers the first failure.
 
-    Image writers do not look at what becomes of what they write; with this stream it is enough to look once,
-    at the end. Unlike JUCE's own it notices writes that were cut short by a full disk, and does not wait for
-    the disk when it is closed. */
+    Image writers ignore the result of their writes; with this stream one check at the end is enough. Unlike
+    JUCE's own stream it notices writes that were cut short by a full disk, and does not wait for the disk
+    when it is closed. */
 class CheckedFileStream final : public juce::OutputStream
 {
 public:
     /** Creates the file, or empties it; see getResult(). */
     explicit CheckedFileStream (const juce::File& file);
 
-    /** Writes out what is left in the buffer and closes the file. Whether that, and all before it, went well. */
+    /** Writes out what is left in the buffer and closes the file. Returns the first failure, if there was one. */
     [[nodiscard]] juce::Result close();
 
-    /** Whether all went well so far. */
+    /** The first failure so far, if there was one. */
     [[nodiscard]] juce::Result getResult() const { return result; }
 
     void flush() override;

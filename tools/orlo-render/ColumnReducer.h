@@ -9,22 +9,22 @@
 namespace mk::orlo::render
 {
 
-/** Merges a known number of columns, one after the other, into fewer by maximum, holding no more than one.
+/** Merges a known number of columns into fewer by maximum, one after the other, and stores only one of them.
 
-    Column i of n goes into column floor (i * width / n): every one of them is at least one column's, and no
-    two get numbers of columns that differ by more than one. */
+    Column i of n goes into merged column floor (i * width / n). So each merged column gets at least one column,
+    and the numbers of columns that any two get differ by at most one. */
 class ColumnReducer
 {
 public:
-    /** Gets each merged column when its last part has been added, in order, and may change it. */
+    /** Called with each merged column, in order, when it is complete. May change it. */
     using Sink = std::function<void (int x, Column& merged)>;
 
     /** @param numFrames       columns that will be added
-        @param framesPerColumn as many of them in a row always go together; numFrames is a multiple of it
+        @param framesPerColumn each run of this many always goes into one column; numFrames is a multiple of it
         @param width           merged columns, at most numFrames / framesPerColumn */
     ColumnReducer (std::int64_t numFrames, int framesPerColumn, int width, Sink sink);
 
-    /** Adds the next column. All must be of the same height. No allocation after the first. */
+    /** Adds the next column. All must have the same height. Allocates only at the first call. */
     void add (const Column& column);
 
 private:

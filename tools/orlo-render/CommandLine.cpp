@@ -10,7 +10,7 @@ namespace
 {
 [[nodiscard]] RenderError usageError (const juce::String& line) { return RenderError (line, RenderError::usage); }
 
-/** Walks through the arguments; an option's value may follow it or hang on it behind an equals sign. */
+/** Reads the arguments in order. An option's value is the next argument or the text after an equals sign. */
 class Parser
 {
 public:
@@ -125,7 +125,7 @@ private:
         if (path.isEmpty())
             throw usageError ("a file name is empty");
 
-        // To the shell a tilde is somebody's home; what it leaves of one is a name like any other.
+        // The shell has expanded a tilde that means a home folder; JUCE must not expand one that is left.
         return juce::File::getCurrentWorkingDirectory().getChildFile (path.startsWithChar ('~') ? "./" + path : path);
     }
 
@@ -184,8 +184,8 @@ those of --height. freeze, drawMode, ruler, keyboard, autoFreeze and internal ar
 nothing in a still picture.
 
 All channels are mixed to their mean. The left edge of the picture is the start, its right edge the end: the
-delay that a live picture has is taken out, and behind the end of the file the analysis is given silence
-until the last point is drawn. A section's edges hear the audio around it.
+delay that a live picture has is removed, and after the end of the file the analysis gets silence until the
+last point is drawn. At the edges of a section it gets the audio around the section.
 )";
 
     return usage + "  " + ParameterValues().describe().joinIntoString ("\n  ") + "\n" + notes;

@@ -15,7 +15,7 @@ inline constexpr int largestSide = 32767;
 struct RenderOptions
 {
     juce::File input, picture;
-    juce::File levels; /**< Where the levels go; none if it is no file. */
+    juce::File levels; /**< Where the levels go; no file if none are asked for. */
     ParameterValues parameters;
     int height = 1024;                     /**< Pixels. */
     int width = 0;                         /**< Pixels; 0: one for each column. */
@@ -23,7 +23,7 @@ struct RenderOptions
     std::optional<double> durationSeconds; /**< Up to the file's end if there is none. */
 };
 
-/** What a command line comes to. */
+/** The result of reading a command line. */
 struct CommandLine
 {
     enum class Action
@@ -37,8 +37,8 @@ struct CommandLine
     RenderOptions options;
 };
 
-/** Reads the arguments, without the program's name. Throws RenderError for what it does not understand;
-    looks at no file. */
+/** Reads the arguments, without the program's name. Throws RenderError for a command line that makes no sense.
+    Opens no file. */
 [[nodiscard]] CommandLine parseCommandLine (const juce::StringArray& arguments);
 
 /** What --help prints. */

@@ -7,7 +7,7 @@ namespace mk::orlo::render
 {
 namespace
 {
-// Large enough for the threads to work in long strides, small enough for progress to be seen.
+// Large enough that the threads seldom wait for each other, small enough that the progress bar moves.
 constexpr int mostSamplesInBatch = 131072;
 constexpr int mostFramesInBatch = 48;
 constexpr size_t numBatches = 3;

@@ -15,21 +15,21 @@
 namespace mk::orlo::render
 {
 
-/** Reads the audio and runs the transforms on a thread of its own, so that the frames of the next batch are in
-    the making while those of the last one become columns. The frames are in order and are the same whatever
-    the threads' timing. */
+/** Reads the audio and runs the transforms on a thread of its own, so that the next batch of frames is made
+    while the previous one is turned into columns. The frames come in order, and their content does not depend
+    on the threads' timing. */
 class FrameProducer
 {
 public:
-    /** Starts at once, with the plan's hop. Until it is destroyed, the source is the
-        producer's. */
+    /** Starts the thread, with the plan's hop. The source must outlive the producer and must not be used by
+        others meanwhile. */
     FrameProducer (AudioSource& source, const AnalysisSettings& settings, const RenderPlan& plan);
 
-    /** Stops, within the time of a batch. */
+    /** Stops the thread, which takes at most the time of one batch. */
     ~FrameProducer();
 
     /** [consumer] Waits for the next frames and swaps them into the batch, whose old content is reused. False
-        when there are no more. Throws what the reading threw. */
+        when there are no more. Rethrows what AudioSource::read() threw. */
     bool next (std::vector<Frame>& batch);
 
 private:
@@ -46,7 +46,7 @@ private:
     SpectralAnalyser analyser;
     std::vector<float> samples;
 
-    std::mutex mutex; // guards all that follows
+    std::mutex mutex; // guards all members below
     std::condition_variable changed;
     std::deque<std::vector<Frame>> ready, spare;
     bool finished = false, stopRequested = false;

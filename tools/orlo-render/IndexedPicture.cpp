@@ -18,7 +18,7 @@ IndexedPicture paintPicture (const LevelGrid& levels, const ColourMap& map, bool
     picture.colours.push_back (inverted ? map.getColours().getLast() : juce::Colour (SpectrogramRing::background));
     picture.colours.insert (picture.colours.end(), map.getColours().begin(), map.getColours().end());
 
-    // Levels lie in memory by column, pixels by row: in strips of some columns both stay in the cache.
+    // Levels are stored by column and pixels by row. Working in strips of a few columns keeps both in the cache.
     constexpr int stripWidth = 32;
 
     for (int left = 0; left < picture.width; left += stripWidth)

@@ -10,7 +10,7 @@
 namespace mk::orlo::render
 {
 
-/** A picture as numbers into a table of its colours. */
+/** A picture whose pixels are indices into a table of colours. */
 struct IndexedPicture
 {
     int width = 0, height = 0;
@@ -18,8 +18,8 @@ struct IndexedPicture
     std::vector<juce::Colour> colours; /**< Opaque; some may not occur in the picture. */
 };
 
-/** Colours the levels as the live picture does. The colours are the one of silence and those of the map, 257 in
-    all.
+/** Colours the levels as the live picture does. The table has 257 colours: that of silence and the 256 of the
+    map.
     @param inverted  the floor is above the ceiling: silence takes the map's last colour, not black */
 [[nodiscard]] IndexedPicture paintPicture (const LevelGrid& levels, const ColourMap& map, bool inverted);
 

@@ -13,7 +13,7 @@ namespace mk::orlo::render
 class LevelGrid
 {
 public:
-    /** All zero. */
+    /** All levels are zero. */
     LevelGrid (int gridWidth, int gridHeight)
         : width (gridWidth), height (gridHeight), levels (size_t (gridWidth) * size_t (gridHeight))
     {

@@ -7,7 +7,7 @@ namespace mk::orlo::render
 {
 namespace
 {
-// What comes before the text of the header: the mark, the version and the text's length.
+// The bytes before the text of the header: the magic string, the version and the text's length.
 constexpr int prefixSize = 10;
 constexpr int alignment = 64;
 
@@ -32,7 +32,7 @@ void writeNpy (const LevelGrid& levels, juce::OutputStream& stream)
     stream.writeShort (short (header.length()));
     stream.write (header.toRawUTF8(), size_t (header.length()));
 
-    // Several rows at a time, so that a column's levels, which lie side by side, are read together.
+    // A column's levels are adjacent in memory, so several rows are gathered at a time.
     constexpr int rowsAtOnce = 16;
     const auto width = levels.getWidth();
     std::vector<float> rows (size_t (width) * rowsAtOnce);

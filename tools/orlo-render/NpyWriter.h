@@ -9,7 +9,7 @@ namespace mk::orlo::render
 {
 
 /** Writes the levels as a NumPy array file (version 1.0): float32, rows by columns in C order, row 0 the
-    topmost. What becomes of them is the stream's to tell. */
+    topmost. Failed writes are reported by the stream only. */
 void writeNpy (const LevelGrid& levels, juce::OutputStream& stream);
 
 } // namespace mk::orlo::render

@@ -16,7 +16,7 @@ constexpr size_t numSegmentsOffset = 26;
 constexpr int largestPage = int (headerSize) + 255 + 255 * 255;
 constexpr juce::uint8 lastPageFlag = 4;
 
-/** The page's whole length, from its header on; 0 if even its header is incomplete. */
+/** The page's length in bytes, header included; 0 if even its header is incomplete. */
 [[nodiscard]] size_t getPageSize (const juce::uint8* page, size_t available)
 {
     if (available < headerSize || available < headerSize + page[numSegmentsOffset])
@@ -32,7 +32,7 @@ bool endsWithLastPage (juce::InputStream& stream)
 {
     const auto position = stream.getPosition();
 
-    // Twice the largest page holds at least one whole page, whatever else may hang on the end of the file.
+    // A range of twice the largest page contains at least one whole page, wherever the pages begin.
     const auto length = stream.getTotalLength();
     std::vector<juce::uint8> tail (size_t (std::min (length, juce::int64 { 2 } * largestPage)));
     stream.setPosition (length - juce::int64 (tail.size()));

@@ -6,9 +6,9 @@
 namespace mk::orlo::render
 {
 
-/** Whether an Ogg stream runs up to its end: its last page is whole and says that it is the last. What is
-    missing from a stream that was cut off shows nowhere else: its length is counted from what is left.
-    The stream's position is the same afterwards. */
+/** Whether an Ogg stream is complete: its last page is whole and is marked as the last. Nothing else shows that
+    a stream was cut off, since its length is computed from the pages that are left. The stream's position is
+    the same afterwards. */
 [[nodiscard]] bool endsWithLastPage (juce::InputStream& stream);
 
 } // namespace mk::orlo::render

@@ -15,7 +15,7 @@ namespace
     return std::filesystem::path (std::u8string (name.begin(), name.end()));
 }
 
-/** The file itself where the target is a link to one: the link must survive. */
+/** If the target is a link, the file that it points to, so that the link is kept and its file replaced. */
 [[nodiscard]] juce::File resolveLinks (const juce::File& file)
 {
     std::error_code error;

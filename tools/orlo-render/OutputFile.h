@@ -6,31 +6,31 @@
 namespace mk::orlo::render
 {
 
-/** A file that is there whole or not at all: it is written under another name next to its place and put there
-    when it is complete. */
+/** A file that appears only when it is complete: it is written under a temporary name in the same folder and
+    renamed at the end. */
 class OutputFile
 {
 public:
-    /** Creates the temporary file, so that a place that cannot be written shows before the work is done. Throws
-        RenderError if there is no such folder, if the place is taken by something else than a file, or if
-        there is no permission. */
+    /** Creates the temporary file at once, so that a target that cannot be written fails before the work is
+        done. Throws RenderError if the folder does not exist, if something that is not a regular file has that
+        name, or if there is no permission. */
     explicit OutputFile (const juce::File& target);
 
-    /** Removes the temporary file, unless commit() has come before. */
+    /** Removes the temporary file, unless commit() was called. */
     ~OutputFile();
 
-    /** Where the content goes. Failed writes are remembered until commit(). */
+    /** The stream to write the content to. Failed writes are remembered until commit(). */
     [[nodiscard]] juce::OutputStream& getStream() noexcept { return *stream; }
 
-    /** Puts the file in its place, over one that may be there. Throws RenderError if that fails or if not all of
-        the content could be written. */
+    /** Renames the file to its final name and replaces an existing file. Throws RenderError if that fails or if
+        not all of the content could be written. */
     void commit();
 
 private:
     [[noreturn]] void fail (const juce::String& why) const;
 
     const juce::File target, temporary;
-    std::unique_ptr<CheckedFileStream> stream; // null once the file is in its place
+    std::unique_ptr<CheckedFileStream> stream; // null after commit()
 
     JUCE_DECLARE_NON_COPYABLE (OutputFile)
 };

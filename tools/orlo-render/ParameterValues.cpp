@@ -19,7 +19,7 @@ namespace
     return id == Params::id::minFreq || id == Params::id::maxFreq;
 }
 
-/** The choices that can be chosen: not those held in reserve. */
+/** The names of the choices, without the reserved ones. */
 [[nodiscard]] juce::StringArray getNames (const juce::AudioParameterChoice& parameter)
 {
     auto names = parameter.choices;
@@ -58,8 +58,8 @@ namespace
 
     const auto normalised = parameter.getValueForText (juce::String (*number, 9));
 
-    // A parameter clamps what is out of its range, and the gains read a positive number as a negative one.
-    // So in range is what comes back with the size it went in with.
+    // A parameter clamps a number out of its range, and the gains read a positive number as a negative one.
+    // So a number is in range if it comes back with the same magnitude.
     const auto& range = parameter.getNormalisableRange();
     const auto difference = std::abs (double (parameter.convertFrom0to1 (normalised))) - std::abs (*number);
 
@@ -72,7 +72,7 @@ namespace
 
 [[nodiscard]] float parse (const juce::RangedAudioParameter& parameter, const juce::String& text)
 {
-    // What the parameter itself shows is always right, even where it shows no number.
+    // The text that the parameter shows is always accepted, even if it is not a number.
     if (text == parameter.getCurrentValueAsText())
         return parameter.getValue();
 
@@ -85,7 +85,7 @@ namespace
     return parseFloat (parameter, text);
 }
 
-/** What a parameter takes, for the help. */
+/** The values that a parameter accepts, for the help. */
 [[nodiscard]] juce::String describeValues (const juce::RangedAudioParameter& parameter)
 {
     if (const auto* const choice = dynamic_cast<const juce::AudioParameterChoice*> (&parameter))

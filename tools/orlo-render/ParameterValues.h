@@ -12,8 +12,8 @@ namespace mk::orlo::render
 
 /** The plug-in's own parameters, set from texts of a command line instead of by a host.
 
-    Their ranges, choices and texts are the parameters' own. A text that a host would quietly turn into
-    some legal value is an error here: nobody looks at a knob before the picture is made. */
+    Ranges, choices and texts come from the plug-in's parameters. The plug-in turns a wrong text into some legal
+    value, which the user would not notice here, so such a text is an error. */
 class ParameterValues
 {
 public:
@@ -23,8 +23,8 @@ public:
     [[nodiscard]] bool contains (const juce::String& id) const { return find (id) != nullptr; }
 
     /** Sets a parameter from its text, with or without its unit. The frequency limits take percent of half
-        the sample rate, or hertz, as in "200Hz". Throws RenderError, with the id in it, for an unknown
-        choice, for something that is not a number and for a number out of range.
+        the sample rate, or hertz, as in "200Hz". Throws RenderError, which names the id, for an unknown
+        choice, for a text that is not a number and for a number out of range.
         @param id  one that contains() knows */
     void set (const juce::String& id, const juce::String& text);
 
@@ -35,7 +35,7 @@ public:
         hertz and lies above that. */
     [[nodiscard]] float getFrequencyFraction (const juce::String& id, double sampleRate) const;
 
-    /** One line for each parameter: its id, what it takes and its default. */
+    /** One line for each parameter: its id, the values that it accepts and its default. */
     [[nodiscard]] juce::StringArray describe() const;
 
 private:

@@ -12,7 +12,7 @@ constexpr juce::uint8 filterUp = 2;
 constexpr int compressionLevel = 1;
 constexpr size_t largestPalette = 256;
 
-/** The remainders of the CRC-32 that every chunk ends with. */
+/** The CRC-32 of each byte value, for the checksum at the end of every chunk. */
 [[nodiscard]] constexpr std::array<juce::uint32, 256> makeCrcTable()
 {
     std::array<juce::uint32, 256> table {};
@@ -41,7 +41,7 @@ constexpr size_t largestPalette = 256;
     return ~crc;
 }
 
-/** A chunk: what is written to it goes out, with length and checksum, when it is destroyed. */
+/** A chunk of the file. Collects what is written to it; the destructor writes it out with length and checksum. */
 class Chunk
 {
 public:
@@ -65,7 +65,7 @@ private:
     JUCE_DECLARE_NON_COPYABLE (Chunk)
 };
 
-/** What a row is made of: one byte a pixel with a palette, three without. */
+/** The format of a row: one byte for each pixel with a palette, three without. */
 class RowFormat
 {
 public:
@@ -90,7 +90,7 @@ public:
     [[nodiscard]] const std::vector<juce::Colour>& getPalette() const noexcept { return used; }
     [[nodiscard]] size_t getBytesPerPixel() const noexcept { return hasPalette() ? 1 : 3; }
 
-    /** Writes a row's bytes; destination has room for width * getBytesPerPixel() of them. */
+    /** Writes a row to the destination, which must have room for width * getBytesPerPixel() bytes. */
     void convert (const std::uint16_t* pixels, size_t width, juce::uint8* destination) const noexcept
     {
         if (hasPalette())
@@ -111,7 +111,7 @@ public:
     }
 
 private:
-    std::vector<juce::uint8> entries; // of the palette, for each of the picture's colours
+    std::vector<juce::uint8> entries; // the palette index of each of the picture's colours
     std::vector<juce::Colour> colours, used;
 };
 

@@ -8,17 +8,17 @@
 namespace mk::orlo::render
 {
 
-/** A line that shows how far the work has come, rewritten in place. */
+/** A line that shows the progress of the work, rewritten in place. */
 class ProgressBar
 {
 public:
-    /** @param isTerminal  without a terminal nothing is ever written */
+    /** @param isTerminal  whether the output is a terminal; if not, nothing is written */
     ProgressBar (std::ostream& output, bool isTerminal) noexcept : stream (output), enabled (isTerminal) {}
 
     /** Clears the line. */
     ~ProgressBar();
 
-    /** Shows the share that is done, 0 .. 1. Writes only when that looks different from before. */
+    /** Shows the share that is done, 0 .. 1. Writes only if the line has changed. */
     void show (double done);
 
     /** The line's text: a bar 40 characters wide and whole percents. */

@@ -8,13 +8,13 @@
 namespace mk::orlo::render
 {
 
-/** Whatever ends the program early: the one line that the user gets to read, and the exit code. */
+/** An error that ends the program, with a message of one line for the user and the exit code. */
 class RenderError final : public std::runtime_error
 {
 public:
     enum Code
     {
-        failure = 1, /**< The files or the machine did not play along. */
+        failure = 1, /**< Caused by a file or the machine. */
         usage = 2,   /**< The command line makes no sense. */
         interrupted = 130
     };

@@ -29,14 +29,14 @@ RenderPlan makePlan (const PlanRequest& request) noexcept
     else if (plan.numColumns <= std::numeric_limits<int>::max())
         plan.width = int (plan.numColumns);
 
-    // A window ends with its hop, and its last sample stays empty. A hop longer than the window has the window
-    // at its start.
+    // A window ends at the end of its hop, and its last sample stays empty. If the hop is longer than the window,
+    // the window lies at the start of the hop.
     const std::int64_t half = plan.windowLength / 2;
     const auto centreInHop = std::min (hop, 2 * half) - half;
     const auto hopsInWindow = divideUp (plan.windowLength, hop);
 
-    // What comes out after a frame shows the time of the frame's centre, in Enhanced that of half a window
-    // before it: until then later frames may add to it.
+    // In Classic the column that follows a frame shows the time of the frame's centre. In Enhanced later frames
+    // may still add points up to half a window before their centre, so it shows the time half a window earlier.
     const auto lag = request.hop.enhanced ? half : 0;
     plan.leadFrames = request.hop.enhanced ? 2 * hopsInWindow : hopsInWindow;
     plan.feedStart = request.start + hop / 2 - centreInHop + lag - plan.leadFrames * hop;

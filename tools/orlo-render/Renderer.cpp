@@ -32,9 +32,9 @@ public:
                   settings.floorDb,
                   settings.ceilingDb,
                   settings.height },
-          // The logarithm is most of the work of a Classic column. The louder magnitude has the higher level, so
-          // it can wait until only the loudest are left. Enhanced takes few logarithms, and with the floor above
-          // the ceiling the louder has the lower level.
+          // The logarithm is most of the work of a Classic column. A larger magnitude gives a higher level, so
+          // magnitudes can be merged first and only the maxima need a logarithm. Not in Enhanced, which takes few
+          // logarithms, nor with the floor above the ceiling, where a larger magnitude gives a lower level.
           mergesMagnitudes (! settings.hop.enhanced && settings.floorDb < settings.ceilingDb),
           column (size_t (settings.height))
     {
@@ -98,7 +98,7 @@ LevelGrid
     {
         for (const auto& bins : batch)
         {
-            // The columns before the picture's first are made all the same: in Enhanced they shift the history.
+            // The columns before the picture's first must be made, too: in Enhanced they shift the history.
             const auto& column = maker.make (bins);
 
             if (frame++ >= plan.leadFrames)

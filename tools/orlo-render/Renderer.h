@@ -10,7 +10,7 @@
 namespace mk::orlo::render
 {
 
-/** How the columns are made. */
+/** The settings that columns are made with. */
 struct RenderSettings
 {
     HopSettings hop;
@@ -22,12 +22,12 @@ struct RenderSettings
     int height = 1024; /**< Pixels. */
 };
 
-/** Gets the share that is done, 0 .. 1, and says whether to go on. */
+/** Called with the share that is done, 0 .. 1. Returns whether to go on. */
 using Progress = std::function<bool (double done)>;
 
 /** Analyses the audio as planned and returns the levels of the picture. Uses one thread besides the calling
-    one, and memory that depends on the picture's size alone. Throws RenderError when the audio cannot be read,
-    or when the progress says to stop. */
+    one, and memory that depends only on the picture's size. Throws RenderError if the audio cannot be read,
+    or if the progress function returns false. */
 [[nodiscard]] LevelGrid renderLevels (AudioSource& source,
                                       const RenderPlan& plan,
                                       const RenderSettings& settings,

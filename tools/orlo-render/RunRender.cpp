@@ -14,7 +14,7 @@ namespace mk::orlo::render
 {
 namespace
 {
-// 134 million pixels are a gigabyte of levels and colours.
+// 134 million pixels need about a gigabyte for levels and colours.
 constexpr std::int64_t mostPixels = std::int64_t (1) << 27;
 
 [[nodiscard]] int getIndex (const ParameterValues& parameters, const char* id)
@@ -41,7 +41,7 @@ constexpr std::int64_t mostPixels = std::int64_t (1) << 27;
     return settings;
 }
 
-/** Seconds to samples; a time that is as good as endless becomes one that can still be added to another. */
+/** Seconds to samples. Very long times are limited, so that two results can be added without overflow. */
 [[nodiscard]] std::int64_t toSamples (double seconds, double sampleRate)
 {
     return std::int64_t (std::llround (std::min (seconds * sampleRate, 1.0e18)));

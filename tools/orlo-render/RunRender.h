@@ -7,8 +7,8 @@
 namespace mk::orlo::render
 {
 
-/** Makes the picture, and the levels if they are asked for. Throws RenderError; then neither file is there, or
-    what was there before still is. */
+/** Makes the picture, and the levels if they are asked for. On failure throws RenderError and leaves no new
+    file; existing files stay unchanged. */
 void run (const RenderOptions& options, const Progress& progress);
 
 } // namespace mk::orlo::render

@@ -10,8 +10,8 @@ namespace mk::orlo::render
 
 /** Passes a stream through and remembers whether its reader wanted more than there was.
 
-    The audio readers give silence for what a file promises and does not hold. Looking over their
-    shoulder is the one way to tell that silence from the music's. One thread at a time. */
+    The audio readers return silence where a file holds less than its header promises. Only their reads from
+    the stream tell this silence from that of the audio. One thread at a time. */
 class WatchedInputStream final : public juce::InputStream
 {
 public:
@@ -37,13 +37,13 @@ public:
         return exhausted;
     }
 
-    /** A read got less than it asked for. */
+    /** Whether a read got less than it asked for. */
     [[nodiscard]] bool wasReadShort() const noexcept { return readShort; }
 
-    /** Somebody asked whether there was more, and there was not. */
+    /** Whether isExhausted() has returned true. */
     [[nodiscard]] bool wasFoundExhausted() const noexcept { return foundExhausted; }
 
-    /** Forgets both. */
+    /** Resets both flags. */
     void forget() noexcept { readShort = foundExhausted = false; }
 
 private:

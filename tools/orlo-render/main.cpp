@@ -27,14 +27,14 @@ static_assert (std::atomic<bool>::is_always_lock_free);
 
 void interrupt (int) noexcept { wasInterrupted.store (true, std::memory_order_relaxed); }
 
-/** The temporary files must go before the program does. */
+/** Catches the signals that end programs, so that the temporary files are removed first. */
 void catchSignals()
 {
     std::signal (SIGINT, interrupt);
     std::signal (SIGTERM, interrupt);
 
 #ifdef SIGXFSZ
-    std::signal (SIGXFSZ, SIG_IGN); // a file that may not grow any more is a failed write like any other
+    std::signal (SIGXFSZ, SIG_IGN); // reaching the file size limit is then an ordinary failed write
 #endif
 }
 
@@ -73,7 +73,7 @@ void runCommand (const CommandLine& command)
 
 [[nodiscard]] int fail (const char* line, int exitCode)
 {
-    // A file's name may hold anything, but an error is one line.
+    // A file's name may contain line breaks, but the error must be one line.
     std::cerr << "orlo-render: " << juce::String::fromUTF8 (line).replaceCharacters ("\r\n", "  ") << std::endl;
     return exitCode;
 }
@@ -81,7 +81,7 @@ void runCommand (const CommandLine& command)
 
 int main (int argc, char** argv)
 {
-    // The engine posts messages; nobody waits for them here, but there must be somebody to post them to.
+    // The engine posts messages, for which JUCE needs a message manager even though none is delivered here.
     const juce::ScopedJuceInitialiser_GUI juce;
 
     juce::StringArray arguments;

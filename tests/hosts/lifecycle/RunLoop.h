@@ -10,6 +10,8 @@ namespace mk::orlo::lifecycle
 
 /** The frame that a host gives an editor, and the run loop that comes with it. The plug-in uses it from the
     thread that made it. */
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wnon-virtual-dtor" // the interfaces are counted, never deleted through a base
 class RunLoop final : public Steinberg::IPlugFrame, public Steinberg::Linux::IRunLoop
 {
 public:
@@ -39,5 +41,6 @@ private:
 
     std::vector<Watch> watches;
 };
+#pragma GCC diagnostic pop
 
 } // namespace mk::orlo::lifecycle

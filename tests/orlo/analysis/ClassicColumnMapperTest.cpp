@@ -30,7 +30,7 @@ protected:
         juce::Random random (seed);
         Frame frame (1025);
 
-        for (auto& bin : frame)
+        for (auto& bin : frame.bins)
             bin.magnitude = random.nextInt (10) == 0 ? 0.0f : std::pow (10.0f, -7.5f * random.nextFloat());
 
         return frame;

@@ -119,7 +119,7 @@ TEST (ColourMap, GrayIsAPerceptuallyEvenRampAndNotALinearOne)
 
 TEST (ColourMap, NamesAreInTheOrderOfTheParametersValues)
 {
-    const auto& names = colourTables::getNames();
+    const auto& names = colourMapNames;
     ASSERT_EQ (names.size(), std::size (namesInOrder));
 
     for (size_t i = 0; i < names.size(); ++i)

@@ -32,7 +32,7 @@ protected:
         window->addAndMakeVisible (editor);
 
         // The detector's first check of the new window would close a menu that has just been opened.
-        editor.getMoveDetector().stopTimer();
+        editor.getMoveDetector().checkNow();
         pumpPending();
     }
 

@@ -30,7 +30,7 @@ void writeAudioFile (const juce::File& file, const Channels& channels, double sa
     const std::unique_ptr<juce::AudioFormatWriter> writer (format->createWriterFor (
         stream.get(), sampleRate, unsigned (channels.size()), bitsPerSample, {}, juce::jmax (0, quality)));
     require (writer != nullptr, file);
-    stream.release(); // the writer's now
+    stream.release(); // the writer owns it now
 
     std::vector<const float*> pointers;
 

@@ -22,7 +22,7 @@ struct Format
 {
     const char* extension;
     int bits;
-    float tolerance; // of the mean against what was written
+    float tolerance; // largest difference between the mean that is read and the mean that was written
 };
 
 void PrintTo (const Format& format, std::ostream* stream) { *stream << format.extension << " " << format.bits; }
@@ -107,7 +107,7 @@ INSTANTIATE_TEST_SUITE_P (All,
     }
 }
 
-TEST (AudioSource, ThereIsSilenceBeforeTheStartAndBehindTheEnd)
+TEST (AudioSource, IsSilentBeforeTheStartAndAfterTheEnd)
 {
     const FileFolder folder;
     const auto file = folder.getFile ("a.wav");
@@ -128,7 +128,7 @@ TEST (AudioSource, ThereIsSilenceBeforeTheStartAndBehindTheEnd)
     }
 }
 
-TEST (AudioSource, ASectionIsTheSameInEveryFormat)
+TEST (AudioSource, ReadsTheSameSectionFromEveryFormat)
 {
     const FileFolder folder;
     const auto signal = makeNoise (200000);
@@ -146,7 +146,7 @@ TEST (AudioSource, ASectionIsTheSameInEveryFormat)
     }
 }
 
-TEST (AudioSource, AFormatIsKnownByItsContentAndNotByItsName)
+TEST (AudioSource, DetectsTheFormatByContentNotByFileName)
 {
     const FileFolder folder;
     writeAudioFile (folder.getFile ("a.flac"), { makeNoise (1000) }, rate);
@@ -155,7 +155,7 @@ TEST (AudioSource, AFormatIsKnownByItsContentAndNotByItsName)
     EXPECT_EQ (complaintAbout (renamed), "");
 }
 
-TEST (AudioSource, WhatIsNoAudioIsRefused)
+TEST (AudioSource, RefusesAFileThatIsNotAudio)
 {
     const FileFolder folder;
     EXPECT_EQ (complaintAbout (folder.getFile ("none.wav")), "'none.wav' does not exist");
@@ -169,7 +169,7 @@ TEST (AudioSource, WhatIsNoAudioIsRefused)
     EXPECT_THAT (complaintAbout (file), HasSubstr ("is not audio that can be read"));
 }
 
-TEST (AudioSource, AFileWithoutASampleIsRefused)
+TEST (AudioSource, RefusesAFileWithoutSamples)
 {
     const FileFolder folder;
 
@@ -181,7 +181,7 @@ TEST (AudioSource, AFileWithoutASampleIsRefused)
     }
 }
 
-TEST (AudioSource, ATruncatedFileIsRefusedWhereverItIsCut)
+TEST (AudioSource, RefusesATruncatedFileWhereverItIsCut)
 {
     const FileFolder folder;
 
@@ -200,7 +200,7 @@ TEST (AudioSource, ATruncatedFileIsRefusedWhereverItIsCut)
     }
 }
 
-TEST (AudioSource, AFileCutWithinItsHeaderIsRefused)
+TEST (AudioSource, RefusesAFileThatIsCutWithinItsHeader)
 {
     const FileFolder folder;
 
@@ -218,7 +218,7 @@ TEST (AudioSource, AFileCutWithinItsHeaderIsRefused)
     }
 }
 
-/** A file of 100 stereo frames with a header of our own making. */
+/** Writes a WAV file of 100 stereo frames with the given values in its header. */
 void writeWav (const juce::File& file, int format, int numChannels, int sampleRate, int bits, int dataSize)
 {
     juce::FileOutputStream stream (file);
@@ -237,7 +237,7 @@ void writeWav (const juce::File& file, int format, int numChannels, int sampleRa
     stream.writeRepeatedByte (1, 400);
 }
 
-TEST (AudioSource, HeadersThatCannotBeTrueAreRefused)
+TEST (AudioSource, RefusesImpossibleHeaders)
 {
     const FileFolder folder;
     const auto file = folder.getFile ("a.wav");

@@ -32,18 +32,18 @@ using testing::ElementsAre;
 }
 } // namespace
 
-TEST (ColumnReducer, AsManyColumnsAsPixelsPassUnchanged)
+TEST (ColumnReducer, PassesColumnsUnchangedWhenThereIsAPixelForEach)
 {
     EXPECT_THAT (reduce ({ 3, 1, 2 }, 1, 3), ElementsAre (3, 1, 2));
 }
 
-TEST (ColumnReducer, NeighboursAreMergedByMaximum)
+TEST (ColumnReducer, MergesNeighboursByMaximum)
 {
     EXPECT_THAT (reduce ({ 1, 5, 2, 3, 4, 0 }, 1, 3), ElementsAre (5, 3, 4));
     EXPECT_THAT (reduce ({ 1, 5, 2, 3, 4, 0 }, 1, 1), ElementsAre (5));
 }
 
-TEST (ColumnReducer, EachRowHasAMaximumOfItsOwn)
+TEST (ColumnReducer, TakesTheMaximumOfEachRowSeparately)
 {
     Column result;
     ColumnReducer reducer (2, 1, 1, [&] (int, Column& merged) { result = merged; });
@@ -52,14 +52,14 @@ TEST (ColumnReducer, EachRowHasAMaximumOfItsOwn)
     EXPECT_THAT (result, ElementsAre (2, 8, 3));
 }
 
-TEST (ColumnReducer, FramesOfOneColumnStayTogether)
+TEST (ColumnReducer, KeepsTheFramesOfAColumnTogether)
 {
     // Three columns of two frames in two pixels: the first pixel gets two columns.
     EXPECT_THAT (reduce ({ 1, 2, 9, 3, 4, 5 }, 2, 2), ElementsAre (9, 5));
     EXPECT_THAT (reduce ({ 1, 2, 9, 3, 4, 5 }, 2, 3), ElementsAre (2, 9, 5));
 }
 
-TEST (ColumnReducer, ColumnIGoesToPixelITimesWidthOverColumns)
+TEST (ColumnReducer, PutsColumnIIntoPixelITimesWidthOverColumns)
 {
     for (const auto numColumns : { 7, 100, 101, 997 })
         for (const auto width : { 1, 2, 6, 7 })
@@ -77,7 +77,7 @@ TEST (ColumnReducer, ColumnIGoesToPixelITimesWidthOverColumns)
         }
 }
 
-TEST (ColumnReducer, TheSinkMayChangeWhatItGets)
+TEST (ColumnReducer, LetsTheSinkChangeTheColumn)
 {
     std::vector<float> results;
     ColumnReducer reducer (2,

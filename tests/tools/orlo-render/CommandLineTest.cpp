@@ -33,7 +33,7 @@ using testing::HasSubstr;
 }
 } // namespace
 
-TEST (CommandLine, TwoFilesAreEnough)
+TEST (CommandLine, NeedsOnlyTwoFiles)
 {
     const auto command = parseCommandLine ({ "in.wav", "out.png" });
     EXPECT_EQ (command.action, CommandLine::Action::render);
@@ -46,7 +46,7 @@ TEST (CommandLine, TwoFilesAreEnough)
     EXPECT_FALSE (command.options.durationSeconds);
 }
 
-TEST (CommandLine, OptionsMayStandAnywhereAndTakeTheirValueEitherWay)
+TEST (CommandLine, AllowsOptionsAnywhereAndValuesInBothForms)
 {
     const auto command = parseCommandLine ({ "--height",
                                              "300",
@@ -72,34 +72,34 @@ TEST (CommandLine, OptionsMayStandAnywhereAndTakeTheirValueEitherWay)
     EXPECT_EQ (options.parameters.get (Params::id::mode), 0.0f);
 }
 
-TEST (CommandLine, TheLastOfTwoValuesCounts)
+TEST (CommandLine, UsesTheLastValueOfARepeatedOption)
 {
     const auto command = parseCommandLine ({ "--minFreq=200Hz", "--minFreq=10", "--height=5", "--height=6", "i", "o" });
     EXPECT_EQ (command.options.height, 6);
     EXPECT_NEAR (command.options.parameters.getFrequencyFraction ("minFreq", 44100.0), 0.1f, 1.0e-5f);
 }
 
-TEST (CommandLine, BehindTwoDashesAllAreFiles)
+TEST (CommandLine, TakesAllArgumentsAfterTwoDashesAsFiles)
 {
     const auto command = parseCommandLine ({ "--", "--in.wav", "--help" });
     EXPECT_EQ (command.options.input, inWorkingDirectory ("--in.wav"));
     EXPECT_EQ (command.options.picture, inWorkingDirectory ("--help"));
 }
 
-TEST (CommandLine, ATildeIsPartOfAName)
+TEST (CommandLine, TakesATildeAsPartOfAName)
 {
     EXPECT_EQ (parseCommandLine ({ "~in.wav", "out.png" }).options.input.getFullPathName(),
                juce::File::getCurrentWorkingDirectory().getFullPathName() + "/~in.wav");
 }
 
-TEST (CommandLine, HelpAndVersionNeedNoFiles)
+TEST (CommandLine, NeedsNoFilesForHelpAndVersion)
 {
     EXPECT_EQ (parseCommandLine ({ "--help" }).action, CommandLine::Action::showHelp);
     EXPECT_EQ (parseCommandLine ({ "in.wav", "-h" }).action, CommandLine::Action::showHelp);
     EXPECT_EQ (parseCommandLine ({ "--version" }).action, CommandLine::Action::showVersion);
 }
 
-TEST (CommandLine, WhatMakesNoSenseIsRefused)
+TEST (CommandLine, RefusesUnknownOptionsAndBadValues)
 {
     EXPECT_THAT (complaintAbout ({}), HasSubstr ("are needed"));
     EXPECT_THAT (complaintAbout ({ "in.wav" }), HasSubstr ("are needed"));
@@ -116,7 +116,7 @@ TEST (CommandLine, WhatMakesNoSenseIsRefused)
     EXPECT_THAT (complaintAbout ({ "a", "b", "--levels=" }), HasSubstr ("empty"));
 }
 
-TEST (CommandLine, NoFileServesTwoEnds)
+TEST (CommandLine, RefusesTheSameFileForTwoPurposes)
 {
     EXPECT_THAT (complaintAbout ({ "a.wav", "a.wav" }), HasSubstr ("both read and written"));
     EXPECT_THAT (complaintAbout ({ "a.wav", "b", "--levels", "./a.wav" }), HasSubstr ("both read and written"));

@@ -12,7 +12,7 @@ class FileFolder
 public:
     [[nodiscard]] juce::File getFile (const juce::String& name) const { return folder.get().getChildFile (name); }
 
-    /** The names of all that is in it, hidden files too, in order. */
+    /** The names of all files in it, hidden ones included, in alphabetical order. */
     [[nodiscard]] juce::StringArray getNames() const
     {
         juce::StringArray names;

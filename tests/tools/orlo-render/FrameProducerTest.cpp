@@ -34,7 +34,7 @@ protected:
     const AnalysisSettings settings = makeSettings (plan);
 };
 
-TEST_F (FrameProducerTest, GivesTheFramesThatTheWorkerMakesOfTheSamplesOneHopAtATime)
+TEST_F (FrameProducerTest, GivesTheSameFramesAsTheWorkerFedOneHopAtATime)
 {
     FFTProcessor reference;
     reference.setSettings (settings);
@@ -73,7 +73,7 @@ TEST_F (FrameProducerTest, GivesTheFramesThatTheWorkerMakesOfTheSamplesOneHopAtA
     EXPECT_EQ (numFrames, plan.leadFrames + plan.getNumPictureFrames());
 }
 
-TEST_F (FrameProducerTest, AfterTheLastFrameThereAreNoMore)
+TEST_F (FrameProducerTest, ReturnsFalseAfterTheLastFrame)
 {
     AudioSource source (file);
     FrameProducer producer (source, settings, plan);
@@ -100,7 +100,7 @@ TEST_F (FrameProducerTest, MayBeDestroyedAtAnyTime)
     }
 }
 
-TEST_F (FrameProducerTest, WhatGoesWrongWhileReadingIsThrownToTheConsumer)
+TEST_F (FrameProducerTest, RethrowsReadErrorsToTheConsumer)
 {
     const auto flac = folder.getFile ("a.flac");
     writeAudioFile (flac, { signal }, rate, 16);
@@ -113,7 +113,7 @@ TEST_F (FrameProducerTest, WhatGoesWrongWhileReadingIsThrownToTheConsumer)
     EXPECT_THROW (while (producer.next (batch)) {}, RenderError);
 }
 
-TEST_F (FrameProducerTest, AHopMayBeMuchLongerThanTheWindow)
+TEST_F (FrameProducerTest, AllowsAHopMuchLongerThanTheWindow)
 {
     // 16 ms at 1 MHz: 16000 samples a hop.
     const auto slow = makePlan ({ { 256, 1.0e6, 0.0f, false, false }, 0, 600000, 0 });

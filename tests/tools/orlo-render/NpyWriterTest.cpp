@@ -8,9 +8,9 @@
 namespace mk::orlo::test
 {
 
-TEST (NpyWriter, WritesRowsByColumnsInTheOrderOfTheC)
+TEST (NpyWriter, WritesRowsByColumnsInCOrder)
 {
-    // More rows than are written at once, and a number that is no multiple of them.
+    // More rows than are written at once, and not a multiple of that number.
     render::LevelGrid levels (3, 37);
 
     for (int x = 0; x < 3; ++x)

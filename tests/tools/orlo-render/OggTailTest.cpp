@@ -34,7 +34,7 @@ void appendPage (juce::MemoryOutputStream& stream, int flags, int bodySize)
 }
 } // namespace
 
-TEST (OggTail, AStreamWhoseLastPageIsWholeAndMarkedEndsWell)
+TEST (OggTail, AcceptsAStreamWhoseLastPageIsWholeAndMarkedAsLast)
 {
     juce::MemoryOutputStream stream;
     appendPage (stream, 2, 30);
@@ -45,7 +45,7 @@ TEST (OggTail, AStreamWhoseLastPageIsWholeAndMarkedEndsWell)
     EXPECT_TRUE (endsWell (stream, stream.getDataSize()));
 }
 
-TEST (OggTail, AStreamThatIsCutAnywhereDoesNot)
+TEST (OggTail, RejectsAStreamThatIsCutAnywhere)
 {
     juce::MemoryOutputStream stream;
     appendPage (stream, 2, 30);
@@ -56,7 +56,7 @@ TEST (OggTail, AStreamThatIsCutAnywhereDoesNot)
         EXPECT_FALSE (endsWell (stream, size)) << size;
 }
 
-TEST (OggTail, OnlyTheEndOfALongStreamIsLookedAt)
+TEST (OggTail, ReadsOnlyTheEndOfALongStream)
 {
     juce::MemoryOutputStream stream;
 

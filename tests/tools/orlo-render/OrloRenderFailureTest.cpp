@@ -1,20 +1,20 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// What the program says, and leaves behind, when it cannot do its work.
+// Error messages, exit codes and remaining files when the program fails.
 #include "OrloRenderFixture.h"
 
 namespace mk::orlo::test
 {
 namespace
 {
-TEST_F (OrloRender, NoFileFails) { expectFailure (render(), 1, "'in.wav' does not exist", 0); }
+TEST_F (OrloRender, FailsWithoutTheInputFile) { expectFailure (render(), 1, "'in.wav' does not exist", 0); }
 
-TEST_F (OrloRender, AFileThatIsNoAudioFails)
+TEST_F (OrloRender, FailsOnAFileThatIsNotAudio)
 {
     ASSERT_TRUE (input.replaceWithText ("This is not audio."));
     expectFailure (render(), 1, "is not audio that can be read");
 }
 
-TEST_F (OrloRender, AnEmptyFileFails)
+TEST_F (OrloRender, FailsOnAnEmptyFile)
 {
     ASSERT_TRUE (input.create());
     expectFailure (render(), 1, "'in.wav' is empty");
@@ -23,7 +23,7 @@ TEST_F (OrloRender, AnEmptyFileFails)
     expectFailure (render(), 1, "holds no audio");
 }
 
-TEST_F (OrloRender, ATruncatedFileFails)
+TEST_F (OrloRender, FailsOnATruncatedFile)
 {
     for (const auto* const name : { "in.wav", "in.aiff", "in.flac", "in.ogg" })
     {
@@ -34,14 +34,14 @@ TEST_F (OrloRender, ATruncatedFileFails)
     }
 }
 
-TEST_F (OrloRender, ATruncatedFileFailsEvenWhereThePictureEndsBeforeTheCut)
+TEST_F (OrloRender, FailsOnATruncatedFileEvenIfThePictureEndsBeforeTheCut)
 {
     writeInput ({ makeNoise (100000) });
     truncateFile (input, input.getSize() / 2);
     expectFailure (render ({ "--duration=0.5" }), 1, "is truncated");
 }
 
-TEST_F (OrloRender, APlaceThatCannotBeWrittenFails)
+TEST_F (OrloRender, FailsIfTheTargetCannotBeWritten)
 {
     writeInput ({ makeNoise (1000) });
     const auto target = [&] (const char* name)
@@ -57,7 +57,7 @@ TEST_F (OrloRender, APlaceThatCannotBeWrittenFails)
     expectFailure (render ({ "--levels", folder.getFile ("none/out.npy").getFullPathName() }), 1, "there is no folder");
 }
 
-TEST_F (OrloRender, AFullDiskFailsAndLeavesWhatWasThere)
+TEST_F (OrloRender, FailsOnAFullDiskAndKeepsTheExistingFiles)
 {
     writeInput ({ makeNoise (40000) });
     ASSERT_TRUE (picture.replaceWithText ("old"));
@@ -73,7 +73,7 @@ TEST_F (OrloRender, AFullDiskFailsAndLeavesWhatWasThere)
     }
 }
 
-TEST_F (OrloRender, UnknownValuesFail)
+TEST_F (OrloRender, FailsOnUnknownValues)
 {
     writeInput ({ makeNoise (1000) });
     expectFailure (render ({ "--mode", "Best" }), 2, "--mode: 'Best' is not one of Classic, Enhanced");
@@ -87,7 +87,7 @@ TEST_F (OrloRender, UnknownValuesFail)
     expectFailure (run ({ ORLO_RENDER_PROGRAM }, juce::ChildProcess::wantStdErr), 2, "are needed");
 }
 
-TEST_F (OrloRender, APictureTooWideFailsUnlessAWidthIsGiven)
+TEST_F (OrloRender, FailsIfThePictureIsTooWideAndNoWidthIsGiven)
 {
     // 32768 columns of 20 samples, at 8 kHz and full speed.
     writeAudioFile (input, { Samples (32768 * 20) }, 8000.0, 8);
@@ -101,14 +101,14 @@ TEST_F (OrloRender, APictureTooWideFailsUnlessAWidthIsGiven)
     EXPECT_EQ (readPng (picture).getBounds(), juce::Rectangle<int> (100, 4));
 }
 
-TEST_F (OrloRender, APictureTooLargeForTheMemoryFails)
+TEST_F (OrloRender, FailsIfThePictureIsTooLargeForTheMemory)
 {
     writeInput ({ makeNoise (5000 * 163) }, 16);
     expectFailure (render ({ "--height=32767" }), 2, "5000 by 32767 pixels is too large");
 }
 
 #if ! defined(__SANITIZE_ADDRESS__) && ! defined(__SANITIZE_THREAD__)
-TEST_F (OrloRender, MemoryDoesNotGrowWithTheLengthWhenAWidthIsGiven)
+TEST_F (OrloRender, UsesNoMoreMemoryForLongerFilesIfAWidthIsGiven)
 {
     // 200000 columns of 1024 levels would be 800 MB.
     writeAudioFile (input, { Samples (200000 * 20) }, 8000.0, 8);

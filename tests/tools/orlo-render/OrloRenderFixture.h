@@ -13,14 +13,14 @@ namespace mk::orlo::test
 /** The sample rate of the audio that the tests write. */
 inline constexpr double rate = 44100.0;
 
-/** What came of running a program. */
+/** The result of running a program. */
 struct Outcome
 {
     int exitCode;
-    juce::String text; // what was written to the stream that was asked for
+    juce::String text; // the output on the requested stream
 };
 
-/** Runs a program to its end; the stream is one of juce::ChildProcess. */
+/** Runs a program to its end and collects one of its output streams, a flag of juce::ChildProcess. */
 [[nodiscard]] inline Outcome run (const juce::StringArray& command, int stream)
 {
     juce::ChildProcess process;
@@ -28,13 +28,13 @@ struct Outcome
     if (! process.start (command, stream))
         return { -1, {} };
 
-    // Reads until the program closes the stream, which it does at its end.
+    // Returns when the program closes the stream, that is when it ends.
     const auto text = process.readAllProcessOutput();
     process.waitForProcessToFinish (60000);
     return { int (process.getExitCode()), text };
 }
 
-/** The program itself, as a user runs it, in a folder of its own. */
+/** Runs the program as a user does, in a temporary folder. */
 class OrloRender : public testing::Test
 {
 protected:
@@ -48,7 +48,7 @@ protected:
         return run (command, juce::ChildProcess::wantStdErr);
     }
 
-    /** The same, with the levels; expects it to go well. */
+    /** Runs the program with --levels, expects success and returns the levels. */
     [[nodiscard]] NpyArray renderLevels (juce::StringArray options = {}, const juce::String& inputName = "in.wav") const
     {
         options.add ("--levels=" + levels.getFullPathName());
@@ -58,7 +58,7 @@ protected:
         return readNpy (levels);
     }
 
-    /** Expects a failure with one line that holds the text, and no file but those there were. */
+    /** Expects the exit code, one line of error that contains the text, and no new files. */
     void expectFailure (const Outcome& outcome, int exitCode, const char* text, int numFiles = 1) const
     {
         EXPECT_EQ (outcome.exitCode, exitCode);

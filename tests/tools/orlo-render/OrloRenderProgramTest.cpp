@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// How the program behaves towards whoever runs it.
+// Help, progress and interruption of the program.
 #include "OrloRenderFixture.h"
 
 namespace mk::orlo::test
@@ -8,7 +8,7 @@ namespace
 {
 using testing::HasSubstr;
 
-TEST_F (OrloRender, HelpAndVersionGoToTheOutputAndSucceed)
+TEST_F (OrloRender, PrintsHelpAndVersionOnTheStandardOutput)
 {
     const auto help = run ({ ORLO_RENDER_PROGRAM, "--help" }, juce::ChildProcess::wantStdOut);
     EXPECT_EQ (help.exitCode, 0);
@@ -19,12 +19,12 @@ TEST_F (OrloRender, HelpAndVersionGoToTheOutputAndSucceed)
     EXPECT_EQ (version.text, "orlo-render 1.2.1\n");
 }
 
-TEST_F (OrloRender, OnATerminalTheProgressIsShown)
+TEST_F (OrloRender, ShowsTheProgressOnATerminal)
 {
     const juce::File script ("/usr/bin/script");
 
     if (! script.existsAsFile())
-        GTEST_SKIP() << "needs the program script, for a terminal of its own";
+        GTEST_SKIP() << "needs the program 'script', which provides a terminal";
 
     writeInput ({ makeNoise (50000) });
     const auto command = juce::String (ORLO_RENDER_PROGRAM).quoted ('\'') + " " + input.getFullPathName().quoted ('\'')
@@ -35,9 +35,9 @@ TEST_F (OrloRender, OnATerminalTheProgressIsShown)
     EXPECT_THAT (outcome.text.toStdString(), HasSubstr ("\r[########################################] 100 %\r"));
 }
 
-TEST_F (OrloRender, AnInterruptionLeavesNothingBehind)
+TEST_F (OrloRender, LeavesNoFilesBehindWhenInterrupted)
 {
-    // Seconds of work; it is stopped as soon as the temporary file shows that it has begun.
+    // The job takes seconds; it is interrupted as soon as the temporary file exists.
     writeInput ({ makeNoise (60 * 44100) });
     const auto where = input.getParentDirectory().getFullPathName().quoted ('\'');
     const auto command = juce::String (ORLO_RENDER_PROGRAM).quoted ('\'') + " " + input.getFullPathName().quoted ('\'')

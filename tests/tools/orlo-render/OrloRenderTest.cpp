@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// The pictures of the program.
+// The pictures that the program makes.
 #include "OrloRenderFixture.h"
 
 #include "orlo/analysis/ColourMap.h"
@@ -27,7 +27,7 @@ namespace
     return brightest;
 }
 
-/** Where each scale has a frequency when it goes from 0 Hz to half the sample rate; 0 at the bottom. */
+/** The height of a frequency on each scale from 0 Hz to half the sample rate, as a share; 0 is the bottom. */
 [[nodiscard]] double positionOnScale (const juce::String& scale, double hz)
 {
     const auto share = [hz] (auto formula)
@@ -45,7 +45,7 @@ namespace
     if (scale == "ERB")
         return share ([] (double f) { return std::log10 (1.0 + 0.00437 * f); });
 
-    // One octave's height for all below 50 Hz.
+    // All frequencies below 50 Hz share the height of one octave.
     const auto octaves = std::log2 (rate / 2 / 50.0);
     return (1.0 + std::log2 (hz / 50.0)) / (1.0 + octaves);
 }
@@ -63,7 +63,7 @@ TEST_P (OrloRenderScales, ASineLiesOnItsRow)
     ASSERT_EQ (render ({ "--freqScale", scale, "--mode", mode, "--height", "800" }).exitCode, 0);
     const auto expected = std::round ((1.0 - positionOnScale (scale, 1000.0)) * 799.0);
 
-    // In Classic a row shows the whole bins that it covers, of which there are several on a row at the top.
+    // In Classic each row shows whole bins, and at the top a row covers several of them.
     EXPECT_NEAR (findBrightestRow (readPng (picture)), expected, juce::String (mode) == "Classic" ? 2 : 1);
 }
 
@@ -77,7 +77,7 @@ class OrloRenderFormats : public OrloRender,
 {
 };
 
-TEST_P (OrloRenderFormats, AToneIsSeenInEveryFormatAtItsLevel)
+TEST_P (OrloRenderFormats, AToneHasItsLevelInEveryFormat)
 {
     const auto& [format, numChannels] = GetParam();
     const auto name = juce::String ("in.") + format.first;
@@ -97,7 +97,7 @@ TEST_P (OrloRenderFormats, AToneIsSeenInEveryFormatAtItsLevel)
             row = y;
         }
 
-    // -20 dB on a scale from -100; between two bins a Hann window reads up to 1.4 dB less. Ogg loses some.
+    // -20 dB on a scale from -100 dB. Between two bins a Hann window reads up to 1.4 dB less; Ogg is lossy, too.
     EXPECT_NEAR (loudest, 0.8f, 0.025f);
     EXPECT_NEAR (row, std::round ((1.0 - 3000.0 / 22050.0) * 299.0), 1);
 }
@@ -149,7 +149,7 @@ TEST_F (OrloRender, TheSameInputGivesTheSameBytes)
     }
 }
 
-TEST_F (OrloRender, AWidthMergesTheColumnsByMaximum)
+TEST_F (OrloRender, MergesTheColumnsByMaximumIfAWidthIsGiven)
 {
     writeInput ({ makeNoise (50000) });
 
@@ -175,14 +175,14 @@ TEST_F (OrloRender, AWidthMergesTheColumnsByMaximum)
     }
 }
 
-TEST_F (OrloRender, APictureOfFewColumnsIsNoWiderThanThey)
+TEST_F (OrloRender, APictureIsNotWiderThanItsNumberOfColumns)
 {
     writeInput ({ makeNoise (16300) });
     EXPECT_EQ (renderLevels ({ "--width=4096" }).columns, 100);
     EXPECT_EQ (readPng (picture).getBounds(), juce::Rectangle<int> (100, 1024));
 }
 
-TEST_F (OrloRender, ThePictureShowsTheLevelsInTheColoursOfTheMap)
+TEST_F (OrloRender, ShowsTheLevelsInTheColoursOfTheMap)
 {
     writeInput ({ makeNoise (20000) });
     const auto array = renderLevels ({ "--height=100", "--mode=Classic", "--colourMap=turbo", "--floor=-140" });
@@ -196,7 +196,7 @@ TEST_F (OrloRender, ThePictureShowsTheLevelsInTheColoursOfTheMap)
             ASSERT_EQ (image.getPixelAt (x, y).getARGB(), map.pixelForLevel (array.get (y, x)));
 }
 
-TEST_F (OrloRender, ASectionHasTheLengthThatWasAskedFor)
+TEST_F (OrloRender, ASectionHasTheRequestedLength)
 {
     // A click every second.
     Samples clicks (5 * 44100);
@@ -208,7 +208,7 @@ TEST_F (OrloRender, ASectionHasTheLengthThatWasAskedFor)
     const auto array = renderLevels ({ "--start=1", "--duration=2", "--height=64", "--fftSize=256" });
 
 
-    // Two hops of 80 samples a column.
+    // A column is two hops of 80 samples.
     EXPECT_EQ (array.columns, (88200 + 159) / 160);
 
     std::vector<int> loud;
@@ -226,11 +226,11 @@ TEST_F (OrloRender, ASectionHasTheLengthThatWasAskedFor)
 
     EXPECT_THAT (loud, testing::ElementsAre (22050 / 160, 66150 / 160));
 
-    // Longer than the file: up to its end.
+    // A duration beyond the end of the file is cut there.
     EXPECT_EQ (renderLevels ({ "--start=4.5", "--duration=100" }).columns, (22050 + 162) / 163);
 }
 
-TEST_F (OrloRender, FrequencyLimitsMayBeGivenInHertz)
+TEST_F (OrloRender, AcceptsFrequencyLimitsInHertz)
 {
     writeInput ({ makeSine (1000.0, 0.5f, 20000, rate) });
     ASSERT_EQ (render ({ "--minFreq=500Hz", "--maxFreq=1500Hz", "--freqScale=Linear", "--height=501" }).exitCode, 0);
@@ -246,7 +246,7 @@ TEST_F (OrloRender, DoubleResolutionHalvesTheTimeOfAColumn)
     EXPECT_EQ (twice.rows, 1024);
 }
 
-TEST_F (OrloRender, WhatMeansNothingInAStillPictureChangesNothing)
+TEST_F (OrloRender, ParametersWithoutAMeaningForStillPicturesChangeNothing)
 {
     writeInput ({ makeNoise (20000) });
     juce::MemoryBlock plain, loaded;

@@ -27,7 +27,7 @@ using testing::HasSubstr;
 }
 } // namespace
 
-TEST (OutputFile, IsInItsPlaceOnlyWhenItIsComplete)
+TEST (OutputFile, AppearsOnlyWhenItIsComplete)
 {
     const FileFolder folder;
     const auto target = folder.getFile ("a.png");
@@ -52,7 +52,7 @@ TEST (OutputFile, LeavesNothingBehindWithoutACommit)
     EXPECT_TRUE (folder.getNames().isEmpty());
 }
 
-TEST (OutputFile, WhatWasThereBeforeStaysUntilTheCommit)
+TEST (OutputFile, KeepsTheExistingFileUntilTheCommit)
 {
     const FileFolder folder;
     const auto target = folder.getFile ("a.png");
@@ -69,7 +69,7 @@ TEST (OutputFile, WhatWasThereBeforeStaysUntilTheCommit)
     EXPECT_EQ (target.loadFileAsString(), "new");
 }
 
-TEST (OutputFile, ALinkStaysALinkAndItsFileIsReplaced)
+TEST (OutputFile, ReplacesTheFileThatALinkPointsToAndKeepsTheLink)
 {
     const FileFolder folder;
     const auto target = folder.getFile ("real.png");
@@ -84,7 +84,7 @@ TEST (OutputFile, ALinkStaysALinkAndItsFileIsReplaced)
     EXPECT_EQ (target.loadFileAsString(), "new");
 }
 
-TEST (OutputFile, APlaceThatCannotBeWrittenIsRefusedAtOnce)
+TEST (OutputFile, RefusesATargetThatCannotBeWrittenAtOnce)
 {
     const FileFolder folder;
     EXPECT_THAT (complaintAbout (folder.getFile ("none/a.png")), HasSubstr ("there is no folder"));
@@ -99,12 +99,12 @@ TEST (OutputFile, APlaceThatCannotBeWrittenIsRefusedAtOnce)
     EXPECT_THAT (complaintAbout (juce::File ("/dev/null")), HasSubstr ("it is not a regular file"));
 }
 
-TEST (OutputFile, AFailedWriteIsNotForgotten)
+TEST (OutputFile, ReportsAFailedWriteAtTheCommit)
 {
     CheckedFileStream stream (juce::File ("/dev/full"));
     EXPECT_TRUE (stream.getResult().wasOk());
 
-    // Less than the buffer holds: it fails when it is written out.
+    // The content fits into the buffer, so the write fails only when the buffer is flushed.
     stream.writeText ("content", false, false, nullptr);
     EXPECT_TRUE (stream.close().failed());
 

@@ -14,7 +14,7 @@ namespace
 using namespace render;
 using testing::HasSubstr;
 
-/** What is said against a text; nothing if it is taken. */
+/** The error message for a text; empty if the text is accepted. */
 [[nodiscard]] std::string complaintAbout (const char* id, const char* text)
 {
     ParameterValues values;
@@ -78,7 +78,7 @@ TEST (ParameterValues, KnowEveryParameterOfThePlugInAndNothingElse)
     EXPECT_EQ (values.describe().size(), 16);
 }
 
-TEST (ParameterValues, ChoicesAreTakenByTheirTexts)
+TEST (ParameterValues, AcceptChoicesByTheirTexts)
 {
     EXPECT_EQ (valueOf ("mode", "Classic"), 0.0f);
     EXPECT_EQ (valueOf ("fftSize", "8192"), 5.0f);
@@ -92,16 +92,16 @@ TEST (ParameterValues, ChoicesAreTakenByTheirTexts)
         EXPECT_EQ (valueOf ("colourMap", maps[i]), float (i)) << maps[i];
 }
 
-TEST (ParameterValues, AnUnknownChoiceIsRefusedWithTheKnownOnes)
+TEST (ParameterValues, RefuseAnUnknownChoiceAndListTheKnownOnes)
 {
     EXPECT_EQ (complaintAbout ("mode", "Best"), "--mode: 'Best' is not one of Classic, Enhanced");
     EXPECT_THAT (complaintAbout ("fftSize", "1000"), HasSubstr ("256, 512, 1024, 2048, 4096, 8192"));
 
-    // The places held in reserve are no choices.
+    // Reserved indices are not choices.
     EXPECT_THAT (complaintAbout ("freqScale", ""), HasSubstr ("Linear, Log, Mel, Bark, ERB"));
 }
 
-TEST (ParameterValues, SwitchesAreOnOrOff)
+TEST (ParameterValues, AcceptOnAndOffForSwitches)
 {
     for (const auto* const text : { "On", "on", "yes", "true", "1" })
         EXPECT_EQ (valueOf ("freeze", text), 1.0f) << text;
@@ -112,7 +112,7 @@ TEST (ParameterValues, SwitchesAreOnOrOff)
     EXPECT_EQ (complaintAbout ("keyboard", "maybe"), "--keyboard: 'maybe' is neither on nor off");
 }
 
-TEST (ParameterValues, GainsReadAPositiveNumberAsNegative)
+TEST (ParameterValues, ReadPositiveGainsAsNegative)
 {
     EXPECT_NEAR (valueOf ("floor", "-90"), -90.0f, 1.0e-4f);
     EXPECT_NEAR (valueOf ("floor", "90"), -90.0f, 1.0e-4f);
@@ -121,7 +121,7 @@ TEST (ParameterValues, GainsReadAPositiveNumberAsNegative)
     EXPECT_EQ (valueOf ("floor", "0"), 0.0f);
 }
 
-TEST (ParameterValues, NumbersOutOfRangeAreRefusedAndNotClamped)
+TEST (ParameterValues, RefuseNumbersOutOfRangeInsteadOfClamping)
 {
     EXPECT_EQ (complaintAbout ("floor", "-140.5"), "--floor: '-140.5' lies outside -140 to 0");
     EXPECT_THAT (complaintAbout ("ceiling", "141"), HasSubstr ("lies outside"));
@@ -132,7 +132,7 @@ TEST (ParameterValues, NumbersOutOfRangeAreRefusedAndNotClamped)
     EXPECT_THAT (complaintAbout ("internal", "1.5"), HasSubstr ("lies outside"));
 }
 
-TEST (ParameterValues, WhatIsNoNumberIsRefused)
+TEST (ParameterValues, RefuseTextsThatAreNotNumbers)
 {
     EXPECT_EQ (complaintAbout ("floor", "low"), "--floor: 'low' is not a number");
     EXPECT_THAT (complaintAbout ("speed", ""), HasSubstr ("is not a number"));
@@ -140,19 +140,19 @@ TEST (ParameterValues, WhatIsNoNumberIsRefused)
     EXPECT_THAT (complaintAbout ("floor", "nan"), HasSubstr ("is not a number"));
 }
 
-TEST (ParameterValues, PercentOfTheWholeRangeIsTaken)
+TEST (ParameterValues, AcceptPercentOfTheWholeRange)
 {
     EXPECT_NEAR (valueOf ("speed", "25 %"), 25.0f, 1.0e-4f);
     EXPECT_NEAR (valueOf ("minFreq", "0.5"), 0.5f, 1.0e-4f);
     EXPECT_NEAR (valueOf ("maxFreq", "50%"), 50.0f, 1.0e-3f);
 }
 
-TEST (ParameterValues, TheTextThatTheInternalParameterShowsIsTaken)
+TEST (ParameterValues, AcceptTheTextThatTheInternalParameterItselfShows)
 {
     EXPECT_EQ (complaintAbout ("internal", "-"), "");
 }
 
-TEST (ParameterValues, FrequencyLimitsMayBeGivenInHertz)
+TEST (ParameterValues, AcceptFrequencyLimitsInHertz)
 {
     ParameterValues values;
     values.set ("minFreq", "200Hz");
@@ -169,7 +169,7 @@ TEST (ParameterValues, FrequencyLimitsMayBeGivenInHertz)
     EXPECT_THAT (complaintAbout ("speed", "200Hz"), HasSubstr ("is not a number"));
 }
 
-TEST (ParameterValues, AFrequencyAboveHalfTheSampleRateIsRefused)
+TEST (ParameterValues, RefuseAFrequencyAboveHalfTheSampleRate)
 {
     ParameterValues values;
     values.set ("maxFreq", "12000Hz");

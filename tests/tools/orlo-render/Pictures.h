@@ -8,7 +8,7 @@
 namespace mk::orlo::test
 {
 
-/** A NumPy array file of two dimensions, read by its format's rules. No rows if it is not one. */
+/** A two-dimensional NumPy array, read from its file. Has no rows if the file is not such an array. */
 struct NpyArray
 {
     juce::String header;

@@ -15,7 +15,7 @@ using namespace render;
 
 constexpr unsigned viridis = 2;
 
-/** A grid of the given levels in one row. */
+/** A grid with one row of the given levels. */
 [[nodiscard]] LevelGrid makeRow (const std::vector<float>& levels)
 {
     LevelGrid grid (int (levels.size()), 1);
@@ -56,7 +56,7 @@ void expectSame (const juce::Image& image, const IndexedPicture& picture)
 [[nodiscard]] int getColourType (const juce::MemoryBlock& png) { return png[25]; }
 } // namespace
 
-TEST (IndexedPicture, LevelsAreColouredAsInTheLivePicture)
+TEST (IndexedPicture, ColoursLevelsAsTheLivePictureDoes)
 {
     const ColourMap map (viridis);
     const auto picture =
@@ -69,14 +69,14 @@ TEST (IndexedPicture, LevelsAreColouredAsInTheLivePicture)
     EXPECT_EQ (colourAt (picture, 4).getARGB(), 0xff440154u);
 }
 
-TEST (IndexedPicture, WithTheFloorAboveTheCeilingSilenceTakesTheLastColour)
+TEST (IndexedPicture, GivesSilenceTheLastColourIfTheFloorIsAboveTheCeiling)
 {
     const auto picture = paintPicture (makeRow ({ 0.0f, 1.0f }), ColourMap (viridis), true);
     EXPECT_EQ (colourAt (picture, 0).getARGB(), 0xfffde724u);
     EXPECT_EQ (colourAt (picture, 1).getARGB(), 0xfffde724u);
 }
 
-TEST (IndexedPicture, EveryLevelKeepsItsPlace)
+TEST (IndexedPicture, KeepsEveryLevelInItsPlace)
 {
     LevelGrid grid (70, 50);
 
@@ -98,7 +98,7 @@ TEST (IndexedPicture, EveryLevelKeepsItsPlace)
             ASSERT_EQ (colourAt (picture, x, y), map.getColours()[(x * 50 + y) % 256]);
 }
 
-TEST (PngWriter, AReaderGetsThePictureBack)
+TEST (PngWriter, WritesAPictureThatReadersDecodeUnchanged)
 {
     for (const auto width : { 1, 2, 301 })
         for (const auto height : { 1, 3, 200 })
@@ -115,9 +115,9 @@ TEST (PngWriter, AReaderGetsThePictureBack)
         }
 }
 
-TEST (PngWriter, WithMoreColoursThanAPaletteHoldsThePictureIsTrueColour)
+TEST (PngWriter, WritesTrueColourIfThePaletteIsTooSmall)
 {
-    // Silence and every entry of a map that has no black.
+    // Silence is black, so with a map without black there are 257 colours.
     std::vector<float> levels { 0.0f };
 
     for (int i = 0; i < 256; ++i)

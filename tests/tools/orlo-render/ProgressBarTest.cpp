@@ -16,7 +16,7 @@ TEST (ProgressBar, ShowsABarAndPercents)
     EXPECT_EQ (ProgressBar::getText (100), "[########################################] 100 %");
 }
 
-TEST (ProgressBar, WritesOnlyWhatIsNewAndClearsItsLineAtTheEnd)
+TEST (ProgressBar, WritesOnlyChangesAndClearsItsLineAtTheEnd)
 {
     std::ostringstream output;
     const auto written = [&output] { return juce::String (output.str()); };
@@ -33,7 +33,7 @@ TEST (ProgressBar, WritesOnlyWhatIsNewAndClearsItsLineAtTheEnd)
     EXPECT_TRUE (written().endsWith ("\r" + juce::String::repeatedString (" ", 48) + "\r"));
 }
 
-TEST (ProgressBar, WithoutATerminalNothingIsWritten)
+TEST (ProgressBar, WritesNothingWithoutATerminal)
 {
     std::ostringstream output;
     {

@@ -13,7 +13,7 @@ using namespace render;
 
 constexpr std::int64_t start = 1000, length = 100000;
 
-/** Every kind of plan that the parameters allow. */
+/** Calls the function with a plan for every combination of the parameters. */
 void forEachPlan (const std::function<void (const PlanRequest&, const RenderPlan&)>& check)
 {
     for (const auto label : { 256, 512, 2048, 8192 })
@@ -30,7 +30,7 @@ void forEachPlan (const std::function<void (const PlanRequest&, const RenderPlan
 }
 } // namespace
 
-TEST (RenderPlan, TheColumnsCoverTheLengthAndNoMore)
+TEST (RenderPlan, TheColumnsCoverExactlyTheLength)
 {
     forEachPlan (
         [] (const PlanRequest&, const RenderPlan& plan)
@@ -50,7 +50,7 @@ TEST (RenderPlan, TheFirstFrameOfThePictureIsCentredOnItsHop)
             if (request.hop.enhanced)
                 return;
 
-            // The window lies at the end of the samples read so far, but at the start of a hop that is longer.
+            // The window lies at the end of the hop, or at its start if the hop is longer than the window.
             const auto hop = plan.analysis.samplesPerFrame;
             const auto half = plan.windowLength / 2;
             const auto frameStart = plan.feedStart + plan.leadFrames * hop;
@@ -59,12 +59,12 @@ TEST (RenderPlan, TheFirstFrameOfThePictureIsCentredOnItsHop)
         });
 }
 
-TEST (RenderPlan, TheWindowsOfThePictureAreFullOfAudioFromTheFirstOn)
+TEST (RenderPlan, EveryWindowOfThePictureIsFullOfAudio)
 {
     forEachPlan (
         [] (const PlanRequest& request, const RenderPlan& plan)
         {
-            // In Enhanced also those of the frames that have a part in the first column: a window's span before it.
+            // In Enhanced, frames up to a window's length earlier also add to the first column.
             const auto span = request.hop.enhanced ? plan.windowLength : 0;
             const auto firstFrame =
                 plan.leadFrames - (span + plan.analysis.samplesPerFrame - 1) / plan.analysis.samplesPerFrame;
@@ -72,11 +72,11 @@ TEST (RenderPlan, TheWindowsOfThePictureAreFullOfAudioFromTheFirstOn)
         });
 }
 
-TEST (RenderPlan, AWidthLimitsThePictureAndNotItsColumns)
+TEST (RenderPlan, AWidthLimitsThePictureButNotTheNumberOfColumns)
 {
     PlanRequest request { { 2048, 44100.0, 40.0f, false, false }, 0, 44100, 0 };
     const auto whole = makePlan (request);
-    ASSERT_EQ (whole.numColumns, 271); // of 163 samples
+    ASSERT_EQ (whole.numColumns, 271); // 163 samples each
 
     request.width = 100;
     EXPECT_EQ (makePlan (request).width, 100);
@@ -95,14 +95,14 @@ TEST (RenderPlan, DoubleResolutionDoublesTheColumns)
     EXPECT_NEAR (double (twice.numColumns) / double (normal.numColumns), 2.0, 0.03);
 }
 
-TEST (RenderPlan, EndlessAudioHasNoWidth)
+TEST (RenderPlan, WidthIsZeroIfItWouldExceedAnInt)
 {
     const auto plan = makePlan ({ { 2048, 44100.0, 40.0f, false, false }, 0, std::int64_t (1) << 50, 0 });
     EXPECT_EQ (plan.width, 0);
     EXPECT_GT (plan.numColumns, std::int64_t (1) << 40);
 }
 
-TEST (RenderPlan, ARateOfNextToNothingHasNoHop)
+TEST (RenderPlan, AnExtremelyLowSampleRateGivesNoHop)
 {
     const auto plan = makePlan ({ { 2048, 10.0, 40.0f, false, false }, 0, 1000, 0 });
     EXPECT_EQ (plan.analysis.samplesPerFrame, 0);

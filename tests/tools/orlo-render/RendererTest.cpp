@@ -39,8 +39,8 @@ protected:
         return renderLevels (source, plan, settings, goOn);
     }
 
-    /** The same, column by column, by the engine with no part of the renderer in between. Starts with what comes
-        out first, long before the picture. */
+    /** The same levels, column by column, made by the engine without the renderer. Starts with the engine's first
+        column, long before the picture. */
     [[nodiscard]] std::vector<Column> renderByHand()
     {
         FFTProcessor worker;
@@ -88,7 +88,7 @@ protected:
     RenderPlan plan;
 };
 
-/** Both modes, on every scale, with the floor below and above the ceiling. */
+/** Tests both modes, every scale, and the floor below and above the ceiling. */
 TEST_F (RendererTest, GivesTheEnginesColumnsMergedByMaximum)
 {
     settings.minFreqFraction = 0.01f;
@@ -134,7 +134,7 @@ TEST_F (RendererTest, GivesTheEnginesColumnsMergedByMaximum)
                 }
 }
 
-/** The share of a grid's energy, as far as levels tell, that lies in one column. */
+/** The share of a grid's energy, estimated from the levels, that lies in one column. */
 [[nodiscard]] int findLoudestColumn (const LevelGrid& grid)
 {
     int loudest = 0;
@@ -168,7 +168,7 @@ TEST_F (RendererTest, AClickIsInTheColumnOfItsTimeAtEveryWindowSpeedAndMode)
                     signal = makeImpulse (position, 20000);
                     file.deleteFile();
 
-                    // In the middle of its column, where rounding cannot take it to the next.
+                    // In the middle of the column, so that rounding does not move it to the next one.
                     const auto samplesPerColumn = makePlan ({ settings.hop, 0, 20000, 0 }).samplesPerColumn;
                     const auto column = position / samplesPerColumn;
                     const auto centre = column * samplesPerColumn + samplesPerColumn / 2;
@@ -181,7 +181,7 @@ TEST_F (RendererTest, AClickIsInTheColumnOfItsTimeAtEveryWindowSpeedAndMode)
                 }
 }
 
-TEST_F (RendererTest, InEnhancedTheFirstAndTheLastSampleOfTheFileAreInThePicture)
+TEST_F (RendererTest, EnhancedShowsTheFirstAndTheLastSampleOfTheFile)
 {
     settings.hop.enhanced = true;
 
@@ -194,7 +194,7 @@ TEST_F (RendererTest, InEnhancedTheFirstAndTheLastSampleOfTheFileAreInThePicture
     }
 }
 
-TEST_F (RendererTest, ASectionShowsWhatTheWholePictureShowsThere)
+TEST_F (RendererTest, ASectionLooksAsInThePictureOfTheWholeFile)
 {
     for (const auto enhanced : { false, true })
     {
@@ -225,7 +225,7 @@ TEST_F (RendererTest, SilenceIsBlack)
     }
 }
 
-TEST_F (RendererTest, NotANumberAndInfinityInTheAudioGiveLevelsWithinTheirRange)
+TEST_F (RendererTest, LevelsStayInRangeIfTheAudioHasNaNsAndInfinities)
 {
     signal[5000] = std::numeric_limits<float>::quiet_NaN();
     signal[9000] = std::numeric_limits<float>::infinity();
