@@ -38,12 +38,27 @@ constexpr double shortSliderTextScale = 0.85;
     return std::abs (a - b) <= std::numeric_limits<double>::epsilon() * std::max (std::abs (a), std::abs (b));
 }
 
+/** Translations differ in length: makes the text smaller if it does not fit between its borders. */
+void fitText (juce::Label& label)
+{
+    constexpr auto narrowestText = 0.9f; // narrower letters are harder to read than smaller ones
+    label.getProperties().set (styleProperty::fontScale, 1.0);
+
+    const auto room = float (label.getBorderSize().subtractedFrom (label.getLocalBounds()).getWidth());
+    const auto width =
+        juce::GlyphArrangement::getStringWidth (label.getLookAndFeel().getLabelFont (label), label.getText());
+
+    if (room > 0.0f && width * narrowestText > room)
+        label.getProperties().set (styleProperty::fontScale, double (room / (width * narrowestText)));
+}
+
 /** Gives a label its bounds, and ends its text before the controls on it, which start at x. */
 void endTextBefore (juce::Label& label, juce::Rectangle<int> bounds, int x)
 {
     const auto gap = juce::roundToInt (float (bounds.getHeight()) * textGapShare);
     label.setBorderSize ({ 0, 0, 0, juce::jmax (0, bounds.getRight() - x + gap) });
     label.setBounds (bounds);
+    fitText (label);
 }
 
 /** Gives a row's label its bounds, and starts its text at x or further right. */
@@ -51,6 +66,7 @@ void beginTextAfter (juce::Label& label, juce::Rectangle<int> bounds, int x)
 {
     label.setBorderSize ({ 0, x - bounds.getX(), 0, 0 });
     label.setBounds (bounds);
+    fitText (label);
 }
 } // namespace
 

@@ -4,6 +4,7 @@
 #include "orlo/parameters/Params.h"
 #include "orlo/window/CreateEditor.h"
 #include "tests/support/EditorWindow.h"
+#include "tests/support/FindComponents.h"
 
 #include <gtest/gtest.h>
 
@@ -51,6 +52,37 @@ protected:
     {
         auto& parameter = *processor.getParameterState().getParameter (id);
         parameter.setValueNotifyingHost (parameter.convertTo0to1 (value));
+    }
+
+    /** The row of the open menu with the given text, or null if there is none. */
+    [[nodiscard]] static juce::Component* findMenuRow (const juce::String& text)
+    {
+        const auto hasText = [&] (const juce::Component& row)
+        {
+            const auto* const handler = const_cast<juce::Component&> (row).getAccessibilityHandler();
+            return handler != nullptr && handler->getTitle() == text;
+        };
+
+        return findInside<juce::Component> (*findOpenMenu(), hasText);
+    }
+
+    [[nodiscard]] static bool isHighlighted (juce::Component& row)
+    {
+        return row.getAccessibilityHandler()->getCurrentState().isSelected();
+    }
+
+    /** Moves the highlight down to a row. */
+    [[nodiscard]] bool keyTo (juce::Component& row)
+    {
+        return pumpUntil (
+            [&, tries = 0]() mutable
+            {
+                if (! isHighlighted (row) && tries++ % 5 == 0)
+                    window->typeKey (Screen::downKey);
+
+                pumpPending();
+                return isHighlighted (row);
+            });
     }
 
     [[nodiscard]] float get (const char* id)

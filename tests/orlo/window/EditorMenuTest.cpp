@@ -17,23 +17,6 @@ protected:
         return window->click (component, EditorWindow::rightButton) && waitForMenu();
     }
 
-    /** The row of the open menu with the given text, or null if there is none. */
-    [[nodiscard]] static juce::Component* findMenuRow (const juce::String& text)
-    {
-        const auto hasText = [&] (const juce::Component& row)
-        {
-            const auto* const handler = const_cast<juce::Component&> (row).getAccessibilityHandler();
-            return handler != nullptr && handler->getTitle() == text;
-        };
-
-        return findInside<juce::Component> (*findOpenMenu(), hasText);
-    }
-
-    [[nodiscard]] static bool isHighlighted (juce::Component& row)
-    {
-        return row.getAccessibilityHandler()->getCurrentState().isSelected();
-    }
-
     /** Clicks on a row until the menu closes. A release soon after the menu has opened is taken for the end of
         the click that opened it, so one click may not be enough. */
     [[nodiscard]] bool clickRow (juce::Component& row)
@@ -54,20 +37,6 @@ protected:
                 const auto wentUp = pumpUntil ([&] { return ! isLeftDown(); });
                 pumpPending();
                 return wentDown && wentUp && findOpenMenu() == nullptr;
-            });
-    }
-
-    /** Moves the highlight down to a row. */
-    [[nodiscard]] bool keyTo (juce::Component& row)
-    {
-        return pumpUntil (
-            [&, tries = 0]() mutable
-            {
-                if (! isHighlighted (row) && tries++ % 5 == 0)
-                    window->typeKey (Screen::downKey);
-
-                pumpPending();
-                return isHighlighted (row);
             });
     }
 

@@ -193,7 +193,7 @@ TEST_F (GlobalSettings, KeepReservedAndUnknownKeys)
 TEST_F (GlobalSettings, AreReadByAPlainPropertiesFile)
 {
     set (SettingsIds::defaultWidth, "1200");
-    const juce::PropertiesFile file (PluginGlobalSettings::InnerData::getOptions());
+    const juce::PropertiesFile file (getFile(), PluginGlobalSettings::InnerData::getOptions());
     const auto xml = file.getXmlValue ("settings");
     ASSERT_NE (xml, nullptr);
     EXPECT_EQ (xml->getStringAttribute ("defaultWidth"), "1200");
