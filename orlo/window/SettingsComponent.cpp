@@ -8,6 +8,7 @@
 #include "orlo/style/OrloColours.h"
 
 #include "plugin_core/processor/PluginProcessor.h"
+#include "plugin_core/style/ScaleRule.h"
 #include "plugin_core/style/StyleProperties.h"
 #include "plugin_core/style/icons/IconDrawable.h"
 
@@ -44,12 +45,17 @@ void fitText (juce::Label& label)
     constexpr auto narrowestText = 0.9f; // narrower letters are harder to read than smaller ones
     label.getProperties().set (styleProperty::fontScale, 1.0);
 
+    const auto font = label.getLookAndFeel().getLabelFont (label);
     const auto room = float (label.getBorderSize().subtractedFrom (label.getLocalBounds()).getWidth());
-    const auto width =
-        juce::GlyphArrangement::getStringWidth (label.getLookAndFeel().getLabelFont (label), label.getText());
+    const auto width = juce::GlyphArrangement::getStringWidth (font, label.getText()) * narrowestText;
 
-    if (room > 0.0f && width * narrowestText > room)
-        label.getProperties().set (styleProperty::fontScale, double (room / (width * narrowestText)));
+    // The label's height may already limit the font, and glyphs do not shrink quite as evenly as fonts do.
+    constexpr auto tolerance = 0.98f;
+    const auto fullHeight = pluginCore::scaleRule::textHeight (label);
+
+    if (room > 0.0f && width > room)
+        label.getProperties().set (styleProperty::fontScale,
+                                   double (font.getHeight() * tolerance * room / (width * fullHeight)));
 }
 
 /** Gives a label its bounds, and ends its text before the controls on it, which start at x. */

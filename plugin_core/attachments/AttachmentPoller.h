@@ -6,6 +6,14 @@
 namespace mk::pluginCore
 {
 
+/** Whether the calling thread may touch components. juce::MessageManager::isThisTheMessageThread() takes a lock, which
+    an audio thread must not; this does not. Any thread. */
+[[nodiscard]] inline bool mayTouchComponents() noexcept
+{
+    const auto* const manager = juce::MessageManager::getInstanceWithoutCreating();
+    return manager != nullptr && manager->currentThreadHasLockedMessageManager();
+}
+
 /** Delivers values that other threads have stored to their clients on the message thread.
 
     Posting a message takes a lock and a system call and may allocate, none of which an audio thread may do. So

@@ -65,7 +65,7 @@ void ParameterAttachment::parameterValueChanged (int, float newValue)
 {
     lastValue.store (newValue, std::memory_order_relaxed);
 
-    if (juce::MessageManager::existsAndIsCurrentThread())
+    if (mayTouchComponents())
         deliver();
     else
         isPending.store (true, std::memory_order_release);

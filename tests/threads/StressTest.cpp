@@ -76,6 +76,7 @@ TEST (AllThreads, RunForHalfAMinuteWhileEverythingChanges)
 
     for (int i = 0; Clock::now() < end; ++i)
     {
+        processor.updatePictureSettings();
         processor.getFrameClock().tick (float (i % 7) * 0.7f);
         processor.getFftProcessor().setHop (40 + (i * 31) % 700);
         builder.setFramesPerColumn (1 + i % 5);

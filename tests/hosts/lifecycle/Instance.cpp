@@ -74,7 +74,7 @@ Instance::~Instance()
     component->terminate();
 }
 
-Editor::Editor (const Instance& instance, Screen& screenToUse)
+Editor::Editor (const Instance& instance, Screen& screenToUse, RunLoop& runLoop)
     : screen (screenToUse),
       window (screen.createWindow()),
       view (owned (instance.getController().createView (Vst::ViewType::kEditor)))

@@ -36,8 +36,8 @@ private:
 class Editor
 {
 public:
-    /** Opens the editor and runs its loop for a while, so that it has been painted. */
-    Editor (const Instance& instance, Screen& screen);
+    /** Opens the editor and runs the loop for a while, so that it has been painted. All must outlive the editor. */
+    Editor (const Instance& instance, Screen& screen, RunLoop& runLoop);
     ~Editor();
 
     Editor (const Editor&) = delete;
@@ -45,7 +45,6 @@ public:
 
 private:
     Screen& screen;
-    RunLoop runLoop;
     const unsigned long window;
     const Steinberg::IPtr<Steinberg::IPlugView> view;
 };

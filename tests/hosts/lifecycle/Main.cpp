@@ -57,7 +57,7 @@ private:
         else if (step == "instance")
             instances.push_back (std::make_unique<Instance> (*bundle));
         else if (step == "editor")
-            editors.push_back (std::make_unique<Editor> (*instances.back(), screen));
+            editors.push_back (std::make_unique<Editor> (*instances.back(), screen, runLoop));
         else if (step == "close")
             editors.pop_back();
         else if (step == "delete")
@@ -80,6 +80,7 @@ private:
 
     const std::string binary;
     Screen screen;
+    RunLoop runLoop; // as in hosts, one for all windows
     std::unique_ptr<Bundle> bundle;
     std::vector<std::unique_ptr<Instance>> instances;
     std::vector<std::unique_ptr<Editor>> editors;

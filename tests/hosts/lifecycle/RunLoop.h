@@ -8,7 +8,7 @@
 namespace mk::orlo::lifecycle
 {
 
-/** The frame that a host gives an editor, and the run loop that comes with it. The plug-in uses it from the
+/** The frame that a host gives its editors, and the run loop that comes with it. The plug-in uses it from the
     thread that made it. */
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor" // the interfaces are counted, never deleted through a base
