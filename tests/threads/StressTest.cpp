@@ -27,7 +27,7 @@ void playAudio (AudioPluginAudioProcessor& processor, const std::atomic<bool>& d
 
     for (int i = 0; ! done.load (std::memory_order_acquire); ++i)
     {
-        buffer.setSize (2, 1 + (i * 97) % 4096, false, false, true);
+        buffer.setSize (2, 1 + int ((unsigned (i) * 97u) % 4096u), false, false, true); // wraps, unlike an int
 
         for (int channel = 0; channel < 2; ++channel)
             buffer.copyFrom (channel, 0, noise.data() + 100 * channel, buffer.getNumSamples());
