@@ -28,6 +28,7 @@ public:
 
     //==============================================================================
     void applyInitialSettings() override;
+    [[nodiscard]] bool hasEditor() const override { return makeEditor != nullptr; }
     [[nodiscard]] juce::String getReleaseNotesUrl() const override;
     [[nodiscard]] juce::String getProductUrl() const override;
     void prepareInternal (int blockSize, double rate) override;

@@ -2,6 +2,7 @@
 #include "orlo/processor/AudioPluginAudioProcessor.h"
 
 #include "orlo/parameters/Params.h"
+#include "orlo/window/CreateEditor.h"
 #include "tests/support/MessageLoop.h"
 #include "tests/support/Signals.h"
 
@@ -88,7 +89,8 @@ TEST_F (AudioPluginAudioProcessorTest, AnswersTheHost)
     EXPECT_EQ (processor.getName(), "Orlo");
     EXPECT_EQ (processor.getTailLengthSeconds(), 0.0);
     EXPECT_FALSE (processor.acceptsMidi() || processor.producesMidi() || processor.isMidiEffect());
-    EXPECT_TRUE (processor.hasEditor());
+    EXPECT_TRUE (AudioPluginAudioProcessor (createEditor).hasEditor());
+    EXPECT_FALSE (processor.hasEditor()) << "this one was made without a window";
     EXPECT_EQ (processor.getNumPrograms(), 1);
     EXPECT_EQ (processor.getCurrentProgram(), 0);
     EXPECT_TRUE (processor.getProgramName (0).isEmpty());
@@ -335,7 +337,7 @@ TEST_F (AudioPluginAudioProcessorTest, CanBeDestroyedWithoutBeingPrepared)
 {
     for (int i = 0; i < 20; ++i)
     {
-        const AudioPluginAudioProcessor unused;
+        const AudioPluginAudioProcessor unused (createEditor);
         EXPECT_TRUE (unused.hasEditor());
     }
 }

@@ -81,7 +81,7 @@ protected:
 TEST_F (AudioPluginAudioProcessorEditorTest, FullViewHidesOnlyTheGripOfItsOwnWindow)
 {
     open();
-    AudioPluginAudioProcessor otherProcessor;
+    AudioPluginAudioProcessor otherProcessor { createEditor };
     const std::unique_ptr<juce::AudioProcessorEditor> other (otherProcessor.createEditorIfNeeded());
     EXPECT_TRUE (showsGrip (*editor));
     EXPECT_TRUE (showsGrip (*other));

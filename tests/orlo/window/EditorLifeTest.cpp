@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <deque>
+
 namespace mk::orlo::test
 {
 namespace
@@ -81,7 +83,11 @@ TEST_F (EditorLifeTest, FiveInstancesHaveIndependentWindows)
         instance.getSessionState().pluginEditorHeight = 165;
     };
 
-    std::array<AudioPluginAudioProcessor, 4> others;
+    std::deque<AudioPluginAudioProcessor> others;
+
+    for (int i = 0; i < 4; ++i)
+        others.emplace_back (createEditor);
+
     makeSmall (processor);
     EditorWindow first (processor);
     std::vector<std::unique_ptr<EditorWindow>> windows;
