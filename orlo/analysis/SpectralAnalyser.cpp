@@ -105,11 +105,11 @@ void SpectralAnalyser::fillMagnitudes (float threshold, Frame& frame) noexcept
     // hypot() is not needed; unlike hypot(), this loop is vectorised.
     const auto* const spectrum = reinterpret_cast<const float*> (spectrumPlain.data());
 
-    for (int k = 0; k < numBins; ++k)
+    for (size_t k = 0; k < size_t (numBins); ++k)
     {
         const auto re = double (spectrum[2 * k]);
         const auto im = double (spectrum[2 * k + 1]);
-        magnitudes[size_t (k)] = float (std::sqrt (re * re + im * im));
+        magnitudes[k] = float (std::sqrt (re * re + im * im));
     }
 
     // The comparison is written so that a NaN counts as silence.

@@ -140,7 +140,7 @@ void SpectrogramContainer::showContextMenuOnPicture()
                          .withInitiallySelectedItem (contextMenu::freeze));
 }
 
-void SpectrogramContainer::showContextMenu (juce::PopupMenu::Options options)
+void SpectrogramContainer::showContextMenu (const juce::PopupMenu::Options& options)
 {
     contextMenu::fill (contextMenu,
                        { isOn (freezeParameter),

@@ -64,7 +64,7 @@ public:
 private:
     void connectMouse();
     void showReadout (const juce::MouseEvent& event, float hz, bool followCursor);
-    void showContextMenu (juce::PopupMenu::Options options);
+    void showContextMenu (const juce::PopupMenu::Options& options);
     void showContextMenuAtMouse();
     void showContextMenuOnPicture();
     [[nodiscard]] juce::Component* findDialogParent() const;

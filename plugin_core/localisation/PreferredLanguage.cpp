@@ -25,7 +25,7 @@ juce::String preferredLanguageOf (const LanguageVariables& variables)
 
 juce::String languageCodeFor (const juce::String& preferredLanguage)
 {
-    const auto language = preferredLanguage.upToFirstOccurrenceOf ("-", false, false);
+    auto language = preferredLanguage.upToFirstOccurrenceOf ("-", false, false);
 
     if (language == "en" || language == "eng")
         return "en";

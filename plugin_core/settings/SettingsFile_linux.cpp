@@ -40,7 +40,7 @@ void removeIfEmpty (const juce::File& folder)
 
 juce::File findSettingsFile (const juce::PropertiesFile::Options& options)
 {
-    const auto formerFile = options.getDefaultFile();
+    auto formerFile = options.getDefaultFile();
     const auto file =
         getConfigurationFolder().getChildFile (options.folderName).getChildFile (formerFile.getFileName());
 

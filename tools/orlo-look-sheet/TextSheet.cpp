@@ -39,7 +39,7 @@ public:
     }
 
 private:
-    void add (const juce::String& text, int category, std::function<void (juce::Label&)> change = nullptr)
+    void add (const juce::String& text, int category, const std::function<void (juce::Label&)>& change = nullptr)
     {
         auto* label = labels.add (std::make_unique<juce::Label> (juce::String(), text));
         label->getProperties().set (pluginCore::styleProperty::cat, category);

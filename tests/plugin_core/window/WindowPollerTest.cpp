@@ -27,7 +27,7 @@ protected:
             GTEST_SKIP() << "needs a screen";
     }
 
-    const juce::SharedResourcePointer<WindowPoller> poller;
+    juce::SharedResourcePointer<WindowPoller> poller;
 };
 } // namespace
 
