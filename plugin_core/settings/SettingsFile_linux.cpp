@@ -41,8 +41,7 @@ void removeIfEmpty (const juce::File& folder)
 juce::File findSettingsFile (const juce::PropertiesFile::Options& options)
 {
     auto formerFile = options.getDefaultFile();
-    const auto file =
-        getConfigurationFolder().getChildFile (options.folderName).getChildFile (formerFile.getFileName());
+    auto file = getConfigurationFolder().getChildFile (options.folderName).getChildFile (formerFile.getFileName());
 
     // A pipe or a device has no size, and reading it might never end.
     const auto isThere = formerFile.existsAsFile() && formerFile.getSize() > 0;
