@@ -228,11 +228,15 @@ TEST_F (ColourComboBoxControlTest, TheLastEntryIsReachedByScrolling)
     editor.setSize (1818, 600);
     auto* const menu = open();
     ASSERT_NE (menu, nullptr);
-    auto* const last = menu->getChildComponent (numMaps - 1);
+
+    // JUCE closes a menu when the display's focus goes elsewhere.
+    const juce::Component::SafePointer<juce::Component> last (menu->getChildComponent (numMaps - 1));
     ASSERT_NE (last, nullptr);
     EXPECT_GT (last->getBottom(), menu->getHeight()) << "46 entries of 50 pixels do not fit";
     window->getPeer()->handleKeyPress (juce::KeyPress (juce::KeyPress::upKey)); // from the first to the last
-    EXPECT_TRUE (pumpUntil ([&] { return last->getBottom() <= menu->getHeight() && last->getY() >= 0; }));
+    EXPECT_TRUE (
+        pumpUntil ([&] { return last == nullptr || (last->getBottom() <= menu->getHeight() && last->getY() >= 0); }));
+    EXPECT_NE (last, nullptr) << "the menu has closed";
 }
 
 TEST_F (ColourComboBoxControlTest, TheWheelScrollsTheOpenList)
