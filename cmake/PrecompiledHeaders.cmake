@@ -1,6 +1,7 @@
 # Most of the time of compiling a small file goes into JUCE's headers, so they are precompiled once for many targets.
-# With clang each file reads its own headers, which shows where an include is missing.
-if (CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+# Heaps of sources read them rarely anyway. With clang each file reads its own headers, which shows where an include is
+# missing.
+if (CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND NOT ORLO_HEAPS)
     set (ORLO_PRECOMPILE ON)
 else()
     set (ORLO_PRECOMPILE OFF)

@@ -5,8 +5,13 @@ if (MSVC)
     target_compile_options (orlo_warnings INTERFACE /W4 /WX)
 else()
     target_compile_options (orlo_warnings INTERFACE
-        -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
+        -Wall -Wextra -Wpedantic -Werror -Wconversion -Wsign-conversion -Wnon-virtual-dtor
         -Woverloaded-virtual -Wcast-align -Wunused -Wnull-dereference -Wdouble-promotion -Wformat=2)
+
+    # In a heap each file sees the names of the files before it, which its own may shadow.
+    if (NOT ORLO_HEAPS)
+        target_compile_options (orlo_warnings INTERFACE -Wshadow)
+    endif()
 
     # Without these two options square roots are not vectorised. The code reads neither errno nor floating-point
     # traps; NaN and infinity keep their IEEE meaning.

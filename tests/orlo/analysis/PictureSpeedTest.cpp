@@ -3,6 +3,7 @@
 #include "orlo/analysis/FFTProcessor.h"
 #include "orlo/analysis/HopPlan.h"
 #include "orlo/analysis/SpectrogramImageBuilder.h"
+#include "tests/support/Sanitizers.h"
 
 #include <gtest/gtest.h>
 
@@ -84,11 +85,7 @@ const HopSettings settingsToTry[] {
 
 /** The seconds to play. Everything runs on one thread, so that ThreadSanitizer, which takes fifteen times as long, has
     little to find in it. */
-#if defined(__SANITIZE_THREAD__)
-constexpr double secondsToPlay = 1.0;
-#else
-constexpr double secondsToPlay = 10.0;
-#endif
+constexpr double secondsToPlay = hasThreadSanitizer ? 1.0 : 10.0;
 
 [[nodiscard]] std::string describe (const HopSettings& settings)
 {

@@ -4,6 +4,7 @@
 #include "orlo/analysis/HopPlan.h"
 #include "orlo/analysis/SpectrogramImageBuilder.h"
 
+#include "tests/support/Sanitizers.h"
 #include "tests/support/Signals.h"
 
 #include <gtest/gtest.h>
@@ -154,6 +155,10 @@ TEST (Robustness, ColumnsDoNotDependOnTheHostsBlockSize)
 
 TEST (Robustness, EveryRateWindowAndSpeedPaintsASineAtItsFrequency)
 {
+    // Everything runs on one thread, so that ThreadSanitizer has nothing to find in it.
+    if (hasThreadSanitizer)
+        GTEST_SKIP() << "not under ThreadSanitizer";
+
     for (const auto rate : { 8000.0, 44100.0, 192000.0, 384000.0 })
         for (const auto label : { 256, 8192 })
             for (const auto speed : { 0.0f, 100.0f })

@@ -5,6 +5,7 @@
 #include "orlo/window/CreateEditor.h"
 #include "tests/support/EditorWindow.h"
 #include "tests/support/FindComponents.h"
+#include "tests/support/Sanitizers.h"
 
 #include <gtest/gtest.h>
 
@@ -23,10 +24,9 @@ protected:
         if (! Screen::getInstance().isAvailable())
             GTEST_SKIP() << "needs a screen";
 
-#if defined(__SANITIZE_THREAD__)
         // Everything runs on the message thread, which is too slow under the sanitizer to keep up with the mouse.
-        GTEST_SKIP() << "not under ThreadSanitizer";
-#endif
+        if (hasThreadSanitizer)
+            GTEST_SKIP() << "not under ThreadSanitizer";
 
         processor.prepareToPlay (44100.0, 512);
         set (Params::id::ruler, 1.0f);

@@ -5,6 +5,7 @@
 #include "plugin_core/window/MappedWindow.h"
 #include "tests/support/EditorWindow.h"
 #include "tests/support/FindComponents.h"
+#include "tests/support/Sanitizers.h"
 #include "tests/support/Window.h"
 
 #include <gtest/gtest.h>
@@ -61,7 +62,7 @@ TEST_F (EditorLifeTest, OpensAndClosesTwoHundredTimes)
 
     const auto numThreads = countThreads();
 
-    for (int i = 0; i < 200; ++i)
+    for (int i = 0; i < (hasThreadSanitizer ? 20 : 200); ++i)
     {
         const std::unique_ptr<juce::AudioProcessorEditor> editor (processor.createEditorIfNeeded());
         editor->addToDesktop (juce::ComponentPeer::windowIsTemporary);
@@ -151,9 +152,8 @@ TEST_F (EditorLifeTest, AnalysesNothingWhileTheHostsWindowIsMinimised)
 
 TEST_F (EditorLifeTest, ShowsTipsWhileAnotherWindowOfTheHostHasTheKeyboard)
 {
-#if defined(__SANITIZE_THREAD__)
-    GTEST_SKIP() << "not under ThreadSanitizer, where the window is too slow for the mouse";
-#endif
+    if (hasThreadSanitizer)
+        GTEST_SKIP() << "not under ThreadSanitizer, where the window is too slow for the mouse";
 
     const HostWindow tracks (300, 200), host (1200, 700);
     Screen::getInstance().giveKeyboardTo (tracks.handle);
@@ -217,10 +217,9 @@ TEST_F (EditorLifeTest, EveryResizeByTheHostLaysTheWindowOutAgain)
 //==============================================================================
 TEST_F (EditorLifeTest, ClosesWhileItsMenuIsOpen)
 {
-#if defined(__SANITIZE_THREAD__)
     // Everything runs on the message thread, which is too slow under the sanitizer to keep up with the mouse.
-    GTEST_SKIP() << "not under ThreadSanitizer";
-#endif
+    if (hasThreadSanitizer)
+        GTEST_SKIP() << "not under ThreadSanitizer";
 
     {
         EditorWindow window (processor);

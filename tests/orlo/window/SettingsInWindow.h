@@ -4,6 +4,7 @@
 #include "SettingsPanel.h"
 #include "orlo/parameters/Params.h"
 #include "tests/support/PeerMouse.h"
+#include "tests/support/Sanitizers.h"
 
 #include <array>
 
@@ -47,10 +48,9 @@ protected:
         if (window == nullptr)
             GTEST_SKIP() << "needs a screen";
 
-#if defined(__SANITIZE_THREAD__)
         // Everything runs on the message thread, which is too slow under the sanitizer to keep up with the mouse.
-        GTEST_SKIP() << "not under ThreadSanitizer";
-#endif
+        if (hasThreadSanitizer)
+            GTEST_SKIP() << "not under ThreadSanitizer";
     }
 
     /** Clicks on the middle of a component. */

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 // Error messages, exit codes and remaining files when the program fails.
 #include "OrloRenderFixture.h"
+#include "tests/support/Sanitizers.h"
 
 namespace mk::orlo::test
 {
@@ -107,9 +108,11 @@ TEST_F (OrloRender, FailsIfThePictureIsTooLargeForTheMemory)
     expectFailure (render ({ "--height=32767" }), 2, "5000 by 32767 pixels is too large");
 }
 
-#if ! defined(__SANITIZE_ADDRESS__) && ! defined(__SANITIZE_THREAD__)
 TEST_F (OrloRender, UsesNoMoreMemoryForLongerFilesIfAWidthIsGiven)
 {
+    if (hasAddressSanitizer || hasThreadSanitizer)
+        GTEST_SKIP() << "a sanitizer reserves more memory than the limit";
+
     // 200000 columns of 1024 levels would be 800 MB.
     writeAudioFile (input, { Samples (200000 * 20) }, 8000.0, 8);
     const auto command = "ulimit -v 500000; exec " + juce::String (ORLO_RENDER_PROGRAM).quoted() + " "
@@ -118,7 +121,6 @@ TEST_F (OrloRender, UsesNoMoreMemoryForLongerFilesIfAWidthIsGiven)
     const auto outcome = run ({ "/bin/sh", "-c", command }, juce::ChildProcess::wantStdErr);
     EXPECT_EQ (outcome.exitCode, 0) << outcome.text;
 }
-#endif
 
 } // namespace
 } // namespace mk::orlo::test
