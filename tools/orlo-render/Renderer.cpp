@@ -37,23 +37,21 @@ public:
     {
         ThreadTeam team (int (renderers.size()), [this] (int index) { work (*renderers[size_t (index)]); });
         const juce::ScopeGuard stopAtExit { [this] { stop(); } }; // the team's destructor waits for the threads
-        double reported = 0.0;
 
         while (! team.waitFor (progressInterval))
-            report (progress, reported);
+            report (progress);
 
         team.finish();
-        report (progress, reported);
+        report (progress);
         return std::move (grid);
     }
 
 private:
-    /** Calls the progress function if there is something new. */
-    void report (const Progress& progress, double& reported) const
+    void report (const Progress& progress) const
     {
-        const auto done = double (numFramesDone.load (std::memory_order_relaxed)) / double (sections.numFrames);
+        const auto begun = numFramesBegun.load (std::memory_order_relaxed);
 
-        if (done > std::exchange (reported, done) && ! progress (done))
+        if (! progress (double (begun) / double (sections.getNumFramesToMake())))
             throw RenderError ("interrupted", RenderError::interrupted);
     }
 
@@ -77,12 +75,14 @@ private:
     {
         LevelAssembler::SectionInput input (assembler);
         const auto take = [&input] (const ColumnReducer::Part& part) { input.take (part); };
-
-        if (renderer.render (section, samples, take, [this] { return ! isStopped(); }))
+        const auto goOn = [this]
         {
+            numFramesBegun.fetch_add (1, std::memory_order_relaxed);
+            return ! isStopped();
+        };
+
+        if (renderer.render (section, samples, take, goOn))
             assembler.complete (section.index, std::move (input));
-            numFramesDone.fetch_add (section.endFrame - section.firstFrame, std::memory_order_relaxed);
-        }
     }
 
     [[nodiscard]] bool takeSection (Section& section, std::vector<float>& samples)
@@ -103,8 +103,8 @@ private:
     LevelAssembler assembler;
     std::vector<std::unique_ptr<SectionRenderer>> renderers; // one for each thread
 
-    std::atomic<bool> stopped { false };           // set by any thread, read by the working ones
-    std::atomic<std::int64_t> numFramesDone { 0 }; // added to by the working threads, read by the calling one
+    std::atomic<bool> stopped { false };            // set by any thread, read by the working ones
+    std::atomic<std::int64_t> numFramesBegun { 0 }; // added to by the working threads, read by the calling one
 };
 
 } // namespace

@@ -24,10 +24,11 @@ constexpr int sectionsPerThread = 8;
 {
     // Filling the window takes one transform.
     const auto framesBefore = plan.leadFrames + 1;
+    const auto shortest = fewestFramesPerFrameBefore * framesBefore;
     const auto longest = std::max (framesPerFrameBefore * framesBefore, samplesPerSection / plan.hop);
     const auto share = plan.numFrames / (std::int64_t (numThreads) * sectionsPerThread) + 1;
 
-    return int (std::clamp<std::int64_t> (share, fewestFramesPerFrameBefore * framesBefore, longest));
+    return int (std::clamp<std::int64_t> (share, shortest, longest));
 }
 } // namespace
 

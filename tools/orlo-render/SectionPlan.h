@@ -34,6 +34,9 @@ struct SectionPlan
         return (numFrames + framesPerSection - 1) / framesPerSection;
     }
 
+    /** The frames of all sections, with those of their leads. */
+    [[nodiscard]] std::int64_t getNumFramesToMake() const noexcept { return numFrames + getNumSections() * leadFrames; }
+
     /** The samples that a section starts with and that the one before it ends with. */
     [[nodiscard]] std::int64_t getOverlap() const noexcept { return std::int64_t (leadFrames) * hop + warmUpSamples; }
 

@@ -242,7 +242,7 @@ TEST_F (RendererTest, LevelsStayInRangeIfTheAudioHasNaNsAndInfinities)
     }
 }
 
-TEST_F (RendererTest, TheProgressRisesToOneAndCanStopTheWork)
+TEST_F (RendererTest, TheProgressNeverFallsEndsWithOneAndCanStopTheWork)
 {
     signal = makeNoise (200000);
     writeAudioFile (file, { signal }, rate, 32);
@@ -256,7 +256,7 @@ TEST_F (RendererTest, TheProgressRisesToOneAndCanStopTheWork)
                                       2,
                                       [&] (double done)
                                       {
-                                          EXPECT_GT (done, last);
+                                          EXPECT_GE (done, last);
                                           last = done;
                                           return true;
                                       }));
