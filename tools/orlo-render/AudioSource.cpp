@@ -15,7 +15,9 @@ namespace
 constexpr unsigned mostChannels = 256;
 
 constexpr double highestSampleRate = 1.0e6;
-constexpr int skipBlockSize = 65536;
+
+// Samples that are decoded at a time, so that the memory for the channels does not depend on the length of a read.
+constexpr int blockSize = 8192;
 
 [[nodiscard]] bool isUncompressed (const juce::AudioFormatReader& reader)
 {
@@ -116,7 +118,13 @@ void AudioSource::read (juce::int64 position, std::span<float> destination)
     if (end > silenceBefore)
     {
         skipTo (position + silenceBefore);
-        readMono (position + silenceBefore, destination.data() + silenceBefore, int (end - silenceBefore));
+
+        for (auto done = silenceBefore; done < end;)
+        {
+            const auto block = std::min<juce::int64> (blockSize, end - done);
+            readMono (position + done, destination.data() + done, int (block));
+            done += block;
+        }
     }
 
     std::fill (destination.begin() + end, destination.end(), 0.0f);
@@ -128,10 +136,10 @@ void AudioSource::skipTo (juce::int64 position)
     // file. So instead of a seek, the audio before the position is decoded and thrown away.
     if (! isUncompressed (*reader) && ! isOgg (*reader))
     {
-        std::vector<float> scrap (skipBlockSize);
+        std::vector<float> scrap (blockSize);
 
         while (nextPosition < position)
-            readMono (nextPosition, scrap.data(), int (std::min<juce::int64> (skipBlockSize, position - nextPosition)));
+            readMono (nextPosition, scrap.data(), int (std::min<juce::int64> (blockSize, position - nextPosition)));
     }
 }
 

@@ -27,7 +27,7 @@ public:
     [[nodiscard]] juce::int64 getLength() const noexcept { return reader->lengthInSamples; }
 
     /** Fills the destination with the samples from a position on. The position may be negative, but not below
-        the end of the previous read. Allocates only for blocks larger than any before.
+        the end of the previous read. Allocates a fixed amount.
         Throws RenderError if the file holds less than its header promises. */
     void read (juce::int64 position, std::span<float> destination);
 

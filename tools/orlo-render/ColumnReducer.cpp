@@ -1,43 +1,54 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "ColumnReducer.h"
 
+#include <limits>
+
 namespace mk::orlo::render
 {
 
-ColumnReducer::ColumnReducer (std::int64_t numFrames, int numFramesInEach, int targetWidth, Sink columnSink)
-    : numColumns (numFrames / numFramesInEach),
-      framesPerColumn (numFramesInEach),
-      width (targetWidth),
-      sink (std::move (columnSink))
+void mergeColumns (Column& left, const Column& right) noexcept
 {
+    const auto* const source = right.data();
+    auto* const target = left.data();
+    const auto size = left.size();
+
+    for (size_t i = 0; i < size; ++i)
+        target[i] = source[i] > target[i] ? source[i] : target[i];
 }
 
-int ColumnReducer::getTarget (std::int64_t frame) const noexcept
+ColumnReducer::ColumnReducer (const PixelMap& pixelMap, std::int64_t firstFrame, std::int64_t end, Sink partSink)
+    : map (pixelMap),
+      endFrame (end),
+      sink (std::move (partSink)),
+      nextFrame (firstFrame),
+      hasFirst (firstFrame == 0 || map.getPixel (firstFrame - 1) != map.getPixel (firstFrame))
 {
-    return int (frame / framesPerColumn * width / numColumns);
 }
 
 void ColumnReducer::add (const Column& column)
 {
-    if (isNew)
+    if (isNew && hasFirst)
     {
         merged = column;
     }
     else
     {
-        const auto* const source = column.data();
-        auto* const target = merged.data();
-        const auto size = merged.size();
+        // A pixel's first NaN stays, but one of its later frames is no reason to forget those after it.
+        if (isNew)
+            merged.assign (column.size(), -std::numeric_limits<float>::infinity());
 
-        for (size_t i = 0; i < size; ++i)
-            target[i] = source[i] > target[i] ? source[i] : target[i];
+        mergeColumns (merged, column);
     }
 
-    const auto target = getTarget (numAdded++);
-    isNew = getTarget (numAdded) != target;
+    const auto pixel = map.getPixel (nextFrame++);
+    const auto hasLast = map.getPixel (nextFrame) != pixel;
+    isNew = hasLast || nextFrame == endFrame;
 
     if (isNew)
-        sink (target, merged);
+    {
+        sink ({ pixel, hasFirst, hasLast, merged });
+        hasFirst = true;
+    }
 }
 
 } // namespace mk::orlo::render

@@ -65,13 +65,15 @@ private:
         if (options.parameters.contains (id))
             options.parameters.set (id, valueOf (option, argument));
         else if (option == "--height")
-            options.height = wholeNumberOf (option, argument);
+            options.height = wholeNumberOf (option, argument, largestSide);
         else if (option == "--width")
-            options.width = wholeNumberOf (option, argument);
+            options.width = wholeNumberOf (option, argument, largestSide);
         else if (option == "--start")
             options.startSeconds = secondsOf (option, argument);
         else if (option == "--duration")
             options.durationSeconds = durationOf (option, argument);
+        else if (option == "--threads")
+            options.numThreads = wholeNumberOf (option, argument, mostThreads);
         else if (option == "--levels")
             options.levels = fileOf (valueOf (option, argument));
         else
@@ -89,14 +91,14 @@ private:
         return arguments[next++];
     }
 
-    [[nodiscard]] int wholeNumberOf (const juce::String& option, const juce::String& argument)
+    [[nodiscard]] int wholeNumberOf (const juce::String& option, const juce::String& argument, int largest)
     {
         const auto text = valueOf (option, argument);
 
-        if (const auto number = pluginCore::parseWholeNumber (text, 1, largestSide))
+        if (const auto number = pluginCore::parseWholeNumber (text, 1, largest))
             return *number;
 
-        throw usageError (option + ": '" + text + "' is not a whole number from 1 to " + juce::String (largestSide));
+        throw usageError (option + ": '" + text + "' is not a whole number from 1 to " + juce::String (largest));
     }
 
     [[nodiscard]] double secondsOf (const juce::String& option, const juce::String& argument)
@@ -173,6 +175,7 @@ Picture:
   --start SECONDS: where in the file the picture starts (default 0)
   --duration SECONDS: how much of the file it shows (default: up to the end)
   --levels FILE.npy: also write the columns' levels, 0 to 1, as a float32 NumPy array of rows by columns
+  --threads N: how many threads work on the picture (default: one for each processor)
   --help, --version
 
 Parameters of the plug-in, with the texts that it shows:

@@ -11,6 +11,9 @@ namespace mk::orlo::render
 /** The widest and the highest picture, in pixels. */
 inline constexpr int largestSide = 32767;
 
+/** The most threads that can be asked for. */
+inline constexpr int mostThreads = 256;
+
 /** Everything that the user asked for. */
 struct RenderOptions
 {
@@ -21,6 +24,7 @@ struct RenderOptions
     int width = 0;                         /**< Pixels; 0: one for each column. */
     double startSeconds = 0.0;             /**< Where in the file the picture starts. */
     std::optional<double> durationSeconds; /**< Up to the file's end if there is none. */
+    int numThreads = 0;                    /**< 0: one for each processor. */
 };
 
 /** The result of reading a command line. */

@@ -20,7 +20,9 @@ struct IndexedPicture
 
 /** Colours the levels as the live picture does. The table has 257 colours: that of silence and the 256 of the
     map.
-    @param inverted  the floor is above the ceiling: silence takes the map's last colour, not black */
-[[nodiscard]] IndexedPicture paintPicture (const LevelGrid& levels, const ColourMap& map, bool inverted);
+    @param inverted    the floor is above the ceiling: silence takes the map's last colour, not black
+    @param numThreads  threads that share the work, at least 1 */
+[[nodiscard]] IndexedPicture
+    paintPicture (const LevelGrid& levels, const ColourMap& map, bool inverted, int numThreads);
 
 } // namespace mk::orlo::render

@@ -24,7 +24,12 @@ public:
 
     [[nodiscard]] float get (int x, int y) const noexcept { return levels[getStart (x) + size_t (y)]; }
 
-    /** Copies getHeight() levels into column x. */
+    [[nodiscard]] std::span<const float> getColumn (int x) const noexcept
+    {
+        return { levels.data() + getStart (x), size_t (height) };
+    }
+
+    /** Copies getHeight() levels into column x. Several threads may set different columns at the same time. */
     void setColumn (int x, std::span<const float> column) noexcept
     {
         std::copy_n (column.begin(), height, levels.begin() + std::ptrdiff_t (getStart (x)));

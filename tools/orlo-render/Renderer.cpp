@@ -1,115 +1,121 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "Renderer.h"
 
-#include "ColumnReducer.h"
-#include "FrameProducer.h"
+#include "LevelAssembler.h"
 #include "RenderError.h"
-#include "orlo/analysis/ColumnMapper.h"
-#include "orlo/analysis/FrequencyScale.h"
+#include "SectionReader.h"
+#include "SectionRenderer.h"
+#include "ThreadTeam.h"
+
+#include <atomic>
+#include <memory>
 
 namespace mk::orlo::render
 {
 namespace
 {
+using namespace std::chrono_literals;
 
-[[nodiscard]] AnalysisSettings makeAnalysisSettings (const RenderPlan& plan, const RenderSettings& settings)
-{
-    AnalysisSettings analysis;
-    analysis.window.windowLength = plan.windowLength;
-    analysis.hop = plan.analysis.samplesPerFrame;
-    analysis.enhanced = settings.hop.enhanced;
-    analysis.magnitudeThreshold = magnitudeForDecibels (juce::jmin (settings.floorDb, settings.ceilingDb));
-    return analysis;
-}
+// Often enough for a bar that moves and an interruption that seems immediate.
+constexpr auto progressInterval = 50ms;
 
-/** Turns frames into columns that can be merged by maximum, and merged columns into levels. */
-class ColumnMaker
+/** What the threads of one picture share. Each takes the next section, makes it and takes another one. */
+class Rendering
 {
 public:
-    explicit ColumnMaker (const RenderSettings& settings)
-        : range { settings.minFreqFraction,
-                  settings.maxFreqFraction,
-                  settings.floorDb,
-                  settings.ceilingDb,
-                  settings.height },
-          // The logarithm is most of the work of a Classic column. A larger magnitude gives a higher level, so
-          // magnitudes can be merged first and only the maxima need a logarithm. Not in Enhanced, which takes few
-          // logarithms, nor with the floor above the ceiling, where a larger magnitude gives a lower level.
-          mergesMagnitudes (! settings.hop.enhanced && settings.floorDb < settings.ceilingDb),
-          column (size_t (settings.height))
+    Rendering (AudioSource& source, const RenderPlan& plan, const RenderSettings& settings, int numThreads)
+        : sections (makeSectionPlan (plan, settings.hop.enhanced, numThreads)),
+          grid (plan.width, settings.height),
+          reader (source, sections),
+          assembler (grid, [this] (Column& merged) { renderers.front()->finish (merged); })
     {
-        scale.setScaleType (settings.scaleType);
+        for (std::int64_t i = 0; i < std::min<std::int64_t> (numThreads, sections.getNumSections()); ++i)
+            renderers.push_back (std::make_unique<SectionRenderer> (plan, sections, settings));
     }
 
-    [[nodiscard]] const Column& make (const Frame& frame)
+    [[nodiscard]] LevelGrid run (const Progress& progress)
     {
-        const auto columnSettings = makeColumnSettings (frame.format, range);
+        ThreadTeam team (int (renderers.size()), [this] (int index) { work (*renderers[size_t (index)]); });
+        const juce::ScopeGuard stopAtExit { [this] { stop(); } }; // the team's destructor waits for the threads
 
-        if (mergesMagnitudes)
-        {
-            scale.setRange (columnSettings.minHz, columnSettings.maxHz);
-            classic.fillMagnitudes (frame, columnSettings, scale, column);
-        }
-        else
-        {
-            mapper.map (frame, columnSettings, scale, column);
-        }
+        while (! team.waitFor (progressInterval))
+            report (progress);
 
-        return column;
-    }
-
-    void finish (Column& merged) const noexcept
-    {
-        if (mergesMagnitudes)
-            ClassicColumnMapper::magnitudesToLevels (makeColumnSettings ({}, range), merged);
+        team.finish();
+        report (progress);
+        return std::move (grid);
     }
 
 private:
-    const ShownRange range;
-    const bool mergesMagnitudes;
-    FrequencyScale scale;
-    ClassicColumnMapper classic;
-    ColumnMapper mapper;
-    Column column;
+    void report (const Progress& progress) const
+    {
+        const auto begun = numFramesBegun.load (std::memory_order_relaxed);
+
+        if (! progress (double (begun) / double (sections.getNumFramesToMake())))
+            throw RenderError ("interrupted", RenderError::interrupted);
+    }
+
+    void work (SectionRenderer& renderer)
+    {
+        try
+        {
+            Section section;
+
+            for (std::vector<float> samples; takeSection (section, samples);)
+                makeSection (renderer, section, samples);
+        }
+        catch (...)
+        {
+            stop(); // the others, whose work has become useless
+            throw;
+        }
+    }
+
+    void makeSection (SectionRenderer& renderer, const Section& section, std::span<const float> samples)
+    {
+        LevelAssembler::SectionInput input (assembler);
+        const auto take = [&input] (const ColumnReducer::Part& part) { input.take (part); };
+        const auto goOn = [this]
+        {
+            numFramesBegun.fetch_add (1, std::memory_order_relaxed);
+            return ! isStopped();
+        };
+
+        if (renderer.render (section, samples, take, goOn))
+            assembler.complete (section.index, std::move (input));
+    }
+
+    [[nodiscard]] bool takeSection (Section& section, std::vector<float>& samples)
+    {
+        const std::lock_guard lock (readerMutex);
+        return ! isStopped() && reader.next (section, samples);
+    }
+
+    void stop() noexcept { stopped.store (true, std::memory_order_relaxed); }
+    [[nodiscard]] bool isStopped() const noexcept { return stopped.load (std::memory_order_relaxed); }
+
+    const SectionPlan sections;
+    LevelGrid grid;
+
+    std::mutex readerMutex; // guards the reader and its source
+    SectionReader reader;
+
+    LevelAssembler assembler;
+    std::vector<std::unique_ptr<SectionRenderer>> renderers; // one for each thread
+
+    std::atomic<bool> stopped { false };            // set by any thread, read by the working ones
+    std::atomic<std::int64_t> numFramesBegun { 0 }; // added to by the working threads, read by the calling one
 };
 
 } // namespace
 
-LevelGrid
-    renderLevels (AudioSource& source, const RenderPlan& plan, const RenderSettings& settings, const Progress& progress)
+LevelGrid renderLevels (AudioSource& source,
+                        const RenderPlan& plan,
+                        const RenderSettings& settings,
+                        int numThreads,
+                        const Progress& progress)
 {
-    LevelGrid grid (plan.width, settings.height);
-    ColumnMaker maker (settings);
-
-    ColumnReducer reducer (plan.getNumPictureFrames(),
-                           plan.analysis.framesPerColumn,
-                           plan.width,
-                           [&] (int x, Column& merged)
-                           {
-                               maker.finish (merged);
-                               grid.setColumn (x, merged);
-                           });
-
-    const auto numFrames = plan.leadFrames + plan.getNumPictureFrames();
-    FrameProducer producer (source, makeAnalysisSettings (plan, settings), plan);
-    std::int64_t frame = 0;
-
-    for (std::vector<Frame> batch; producer.next (batch);)
-    {
-        for (const auto& bins : batch)
-        {
-            // The columns before the picture's first must be made, too: in Enhanced they shift the history.
-            const auto& column = maker.make (bins);
-
-            if (frame++ >= plan.leadFrames)
-                reducer.add (column);
-        }
-
-        if (! progress (double (frame) / double (numFrames)))
-            throw RenderError ("interrupted", RenderError::interrupted);
-    }
-
-    return grid;
+    return Rendering (source, plan, settings, numThreads).run (progress);
 }
 
 } // namespace mk::orlo::render

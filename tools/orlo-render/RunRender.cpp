@@ -99,13 +99,14 @@ void run (const RenderOptions& options, const Progress& progress)
     if (options.levels != juce::File())
         levelsFile.emplace (options.levels);
 
-    const auto levels = renderLevels (source, plan, settings, progress);
+    const auto numThreads = options.numThreads > 0 ? options.numThreads : juce::SystemStats::getNumCpus();
+    const auto levels = renderLevels (source, plan, settings, numThreads, progress);
 
     if (levelsFile)
         writeNpy (levels, levelsFile->getStream());
 
     const ColourMap map (unsigned (getIndex (options.parameters, Params::id::colourMap)));
-    writePng (paintPicture (levels, map, settings.floorDb > settings.ceilingDb), picture.getStream());
+    writePng (paintPicture (levels, map, settings.floorDb > settings.ceilingDb, numThreads), picture.getStream());
 
     picture.commit();
 

@@ -4,6 +4,9 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <bit>
+#include <cmath>
+#include <limits>
 
 namespace mk::orlo::test
 {
@@ -12,21 +15,50 @@ namespace
 using namespace render;
 using testing::ElementsAre;
 
-/** Adds columns of one row and returns what comes out. */
+/** A merged part of a pixel, of one row. */
+struct MergedPart
+{
+    int pixel;
+    bool hasFirst, hasLast;
+    float value;
+
+    bool operator== (const MergedPart&) const = default;
+};
+
+[[nodiscard]] PixelMap makeMap (size_t numFrames, int framesPerColumn, int width)
+{
+    return { std::int64_t (numFrames) / framesPerColumn, framesPerColumn, width };
+}
+
+/** Adds some of the columns of one row and returns what comes out. */
+[[nodiscard]] std::vector<MergedPart>
+    reduceSome (const std::vector<float>& columns, const PixelMap& map, size_t first, size_t end)
+{
+    std::vector<MergedPart> parts;
+    ColumnReducer reducer (map,
+                           std::int64_t (first),
+                           std::int64_t (end),
+                           [&] (const ColumnReducer::Part& part) {
+                               parts.push_back ({ part.pixel, part.hasFirst, part.hasLast, part.merged.front() });
+                           });
+
+    for (auto i = first; i < end; ++i)
+        reducer.add ({ columns[i] });
+
+    return parts;
+}
+
+/** Adds all columns and returns the pixels. */
 [[nodiscard]] std::vector<float> reduce (const std::vector<float>& columns, int framesPerColumn, int width)
 {
     std::vector<float> results;
-    ColumnReducer reducer (std::int64_t (columns.size()),
-                           framesPerColumn,
-                           width,
-                           [&] (int x, Column& merged)
-                           {
-                               EXPECT_EQ (x, int (results.size()));
-                               results.push_back (merged.front());
-                           });
 
-    for (const auto value : columns)
-        reducer.add ({ value });
+    for (const auto& part : reduceSome (columns, makeMap (columns.size(), framesPerColumn, width), 0, columns.size()))
+    {
+        EXPECT_TRUE (part.hasFirst && part.hasLast);
+        EXPECT_EQ (part.pixel, int (results.size()));
+        results.push_back (part.value);
+    }
 
     return results;
 }
@@ -46,7 +78,7 @@ TEST (ColumnReducer, MergesNeighboursByMaximum)
 TEST (ColumnReducer, TakesTheMaximumOfEachRowSeparately)
 {
     Column result;
-    ColumnReducer reducer (2, 1, 1, [&] (int, Column& merged) { result = merged; });
+    ColumnReducer reducer ({ 2, 1, 1 }, 0, 2, [&] (const ColumnReducer::Part& part) { result = part.merged; });
     reducer.add ({ 1, 8, 3 });
     reducer.add ({ 2, 7, 3 });
     EXPECT_THAT (result, ElementsAre (2, 8, 3));
@@ -77,20 +109,87 @@ TEST (ColumnReducer, PutsColumnIIntoPixelITimesWidthOverColumns)
         }
 }
 
-TEST (ColumnReducer, LetsTheSinkChangeTheColumn)
+TEST (ColumnReducer, LetsTheSinkChangeOrTakeTheColumn)
 {
     std::vector<float> results;
-    ColumnReducer reducer (2,
-                           1,
-                           2,
-                           [&] (int, Column& merged)
+    ColumnReducer reducer ({ 3, 1, 3 },
+                           0,
+                           3,
+                           [&] (const ColumnReducer::Part& part)
                            {
-                               results.push_back (merged.front());
-                               merged.front() = 100.0f;
+                               results.push_back (part.merged.front());
+                               part.merged.front() = 100.0f;
+
+                               if (part.pixel == 1)
+                                   const auto taken = std::move (part.merged);
                            });
     reducer.add ({ 1 });
     reducer.add ({ 2 });
-    EXPECT_THAT (results, ElementsAre (1, 2));
+    reducer.add ({ 3 });
+    EXPECT_THAT (results, ElementsAre (1, 2, 3));
+}
+
+TEST (ColumnReducer, SaysWhichEndsOfAPixelARunHas)
+{
+    const std::vector<float> columns { 1, 5, 2, 3, 4, 0 };
+    const auto map = makeMap (6, 1, 2);
+
+    EXPECT_THAT (reduceSome (columns, map, 0, 2), ElementsAre (MergedPart { 0, true, false, 5 }));
+    EXPECT_THAT (reduceSome (columns, map, 2, 4),
+                 ElementsAre (MergedPart { 0, false, true, 2 }, MergedPart { 1, true, false, 3 }));
+    EXPECT_THAT (reduceSome (columns, map, 4, 5), ElementsAre (MergedPart { 1, false, false, 4 }));
+    EXPECT_THAT (reduceSome (columns, map, 5, 6), ElementsAre (MergedPart { 1, false, true, 0 }));
+    EXPECT_THAT (reduceSome (columns, map, 3, 6), ElementsAre (MergedPart { 1, true, true, 4 }));
+}
+
+/** NaNs and zeros of both signs, which depend on the order in which they are merged. */
+TEST (ColumnReducer, MergingTheRunsOfAnyCutGivesTheSameBitsAsOneRun)
+{
+    constexpr auto nan = std::numeric_limits<float>::quiet_NaN();
+    juce::Random random (3);
+
+    for (int round = 0; round < 2000; ++round)
+    {
+        const float values[] { nan, 0.0f, -0.0f, 0.5f, 1.0f };
+        std::vector<float> columns (9);
+
+        for (auto& column : columns)
+            column = values[random.nextInt (5)];
+
+        const auto map = makeMap (9, 1, 1 + random.nextInt (3));
+        std::vector<float> whole, merged;
+
+        for (const auto& part : reduceSome (columns, map, 0, 9))
+            whole.push_back (part.value);
+
+        for (size_t first = 0; first < 9;)
+        {
+            const auto end = std::min<size_t> (9, first + 1 + size_t (random.nextInt (5)));
+
+            for (const auto& part : reduceSome (columns, map, first, end))
+            {
+                if (part.hasFirst)
+                {
+                    merged.push_back (part.value);
+                }
+                else
+                {
+                    Column left { merged.back() };
+                    mergeColumns (left, { part.value });
+                    merged.back() = left.front();
+                }
+            }
+
+            first = end;
+        }
+
+        ASSERT_EQ (whole.size(), merged.size());
+
+        for (size_t i = 0; i < whole.size(); ++i)
+            ASSERT_TRUE (std::isnan (whole[i])
+                             ? std::isnan (merged[i])
+                             : std::bit_cast<unsigned> (whole[i]) == std::bit_cast<unsigned> (merged[i]));
+    }
 }
 
 } // namespace mk::orlo::test

@@ -44,6 +44,13 @@ TEST (CommandLine, NeedsOnlyTwoFiles)
     EXPECT_EQ (command.options.width, 0);
     EXPECT_EQ (command.options.startSeconds, 0.0);
     EXPECT_FALSE (command.options.durationSeconds);
+    EXPECT_EQ (command.options.numThreads, 0);
+}
+
+TEST (CommandLine, TakesTheNumberOfThreads)
+{
+    EXPECT_EQ (parseCommandLine ({ "in.wav", "out.png", "--threads", "3" }).options.numThreads, 3);
+    EXPECT_EQ (parseCommandLine ({ "in.wav", "--threads=256", "out.png" }).options.numThreads, 256);
 }
 
 TEST (CommandLine, AllowsOptionsAnywhereAndValuesInBothForms)
@@ -111,6 +118,14 @@ TEST (CommandLine, RefusesUnknownOptionsAndBadValues)
     EXPECT_THAT (complaintAbout ({ "a", "b", "--width", "0" }), HasSubstr ("from 1 to 32767"));
     EXPECT_THAT (complaintAbout ({ "a", "b", "--height", "32768" }), HasSubstr ("from 1 to 32767"));
     EXPECT_THAT (complaintAbout ({ "a", "b", "--height", "tall" }), HasSubstr ("'tall' is not a whole number"));
+    EXPECT_THAT (complaintAbout ({ "a", "b", "--threads", "0" }),
+                 HasSubstr ("'0' is not a whole number from 1 to 256"));
+    EXPECT_THAT (complaintAbout ({ "a", "b", "--threads=257" }), HasSubstr ("from 1 to 256"));
+    EXPECT_THAT (complaintAbout ({ "a", "b", "--threads=-2" }), HasSubstr ("from 1 to 256"));
+    EXPECT_THAT (complaintAbout ({ "a", "b", "--threads=1.5" }), HasSubstr ("from 1 to 256"));
+    EXPECT_THAT (complaintAbout ({ "a", "b", "--threads=all" }), HasSubstr ("from 1 to 256"));
+    EXPECT_THAT (complaintAbout ({ "a", "b", "--threads=" }), HasSubstr ("from 1 to 256"));
+    EXPECT_THAT (complaintAbout ({ "a", "b", "--threads" }), HasSubstr ("--threads needs a value"));
     EXPECT_THAT (complaintAbout ({ "a", "b", "--start", "-1" }), HasSubstr ("is not a number of seconds"));
     EXPECT_THAT (complaintAbout ({ "a", "b", "--duration", "0" }), HasSubstr ("longer than nothing"));
     EXPECT_THAT (complaintAbout ({ "a", "b", "--levels=" }), HasSubstr ("empty"));
@@ -127,10 +142,11 @@ TEST (CommandLine, TheHelpNamesEveryOption)
 {
     const auto help = getHelpText().toStdString();
 
-    for (const auto* const option :
-         { "--height",  "--width", "--start",     "--duration", "--levels",     "--help",     "--version",  "--mode",
-           "--fftSize", "--hiDPI", "--freeze",    "--drawMode", "--floor",      "--ceiling",  "--minFreq",  "--maxFreq",
-           "--speed",   "--ruler", "--freqScale", "--keyboard", "--autoFreeze", "--internal", "--colourMap" })
+    for (const auto* const option : { "--height",   "--width",      "--start",    "--duration", "--levels",
+                                      "--threads",  "--help",       "--version",  "--mode",     "--fftSize",
+                                      "--hiDPI",    "--freeze",     "--drawMode", "--floor",    "--ceiling",
+                                      "--minFreq",  "--maxFreq",    "--speed",    "--ruler",    "--freqScale",
+                                      "--keyboard", "--autoFreeze", "--internal", "--colourMap" })
         EXPECT_THAT (help, HasSubstr (option));
 
     EXPECT_THAT (help, HasSubstr ("change\nnothing in a still picture"));

@@ -30,7 +30,10 @@ TEST_F (OrloRender, FailsOnATruncatedFile)
     {
         writeInput ({ makeNoise (100000) }, 16, name);
         truncateFile (folder.getFile (name), folder.getFile (name).getSize() / 2);
-        expectFailure (render ({ "--levels=" + levels.getFullPathName() }, name), 1, "is truncated");
+
+        for (const auto* const threads : { "--threads=1", "--threads=4" })
+            expectFailure (render ({ "--levels=" + levels.getFullPathName(), threads }, name), 1, "is truncated");
+
         folder.getFile (name).deleteFile();
     }
 }
@@ -84,6 +87,7 @@ TEST_F (OrloRender, FailsOnUnknownValues)
     expectFailure (render ({ "--size=3" }), 2, "unknown option '--size'");
     expectFailure (render ({ "--height" }), 2, "--height needs a value");
     expectFailure (render ({ "--height=0" }), 2, "is not a whole number from 1 to 32767");
+    expectFailure (render ({ "--threads=0" }), 2, "--threads: '0' is not a whole number from 1 to 256");
     expectFailure (render ({ "--start=1" }), 2, "behind the end of 'in.wav', which lasts 0.023 s");
     expectFailure (run ({ ORLO_RENDER_PROGRAM }, juce::ChildProcess::wantStdErr), 2, "are needed");
 }
@@ -118,6 +122,20 @@ TEST_F (OrloRender, UsesNoMoreMemoryForLongerFilesIfAWidthIsGiven)
     const auto command = "ulimit -v 500000; exec " + juce::String (ORLO_RENDER_PROGRAM).quoted() + " "
                          + input.getFullPathName().quoted() + " " + picture.getFullPathName().quoted()
                          + " --speed 100 --fftSize 256 --mode Classic --width 50";
+    const auto outcome = run ({ "/bin/sh", "-c", command }, juce::ChildProcess::wantStdErr);
+    EXPECT_EQ (outcome.exitCode, 0) << outcome.text;
+}
+
+TEST_F (OrloRender, MakesDoWithFewerThreadsIfTheSystemRefusesThem)
+{
+    if (hasAddressSanitizer || hasThreadSanitizer)
+        GTEST_SKIP() << "a sanitizer reserves more memory than the limit";
+
+    // The stacks of 256 threads would be 2 GB.
+    writeInput ({ makeNoise (600000) }, 16);
+    const auto command = "ulimit -s 8192; ulimit -v 1000000; exec " + juce::String (ORLO_RENDER_PROGRAM).quoted() + " "
+                         + input.getFullPathName().quoted() + " " + picture.getFullPathName().quoted()
+                         + " --fftSize 256 --mode Classic --width 50 --threads 256";
     const auto outcome = run ({ "/bin/sh", "-c", command }, juce::ChildProcess::wantStdErr);
     EXPECT_EQ (outcome.exitCode, 0) << outcome.text;
 }

@@ -33,6 +33,16 @@ TEST_F (OrloRender, ShowsTheProgressOnATerminal)
                               juce::ChildProcess::wantStdOut);
     EXPECT_EQ (outcome.exitCode, 0);
     EXPECT_THAT (outcome.text.toStdString(), HasSubstr ("\r[########################################] 100 %\r"));
+
+    int last = -1;
+
+    for (const auto& shown : juce::StringArray::fromTokens (outcome.text, "\r", {}))
+        if (shown.contains ("%"))
+        {
+            const auto percent = shown.fromFirstOccurrenceOf ("]", false, false).getIntValue();
+            EXPECT_GT (percent, last) << outcome.text;
+            last = percent;
+        }
 }
 
 TEST_F (OrloRender, LeavesNoFilesBehindWhenInterrupted)

@@ -149,6 +149,32 @@ TEST_F (OrloRender, TheSameInputGivesTheSameBytes)
     }
 }
 
+TEST_F (OrloRender, AnyNumberOfThreadsGivesTheSameBytes)
+{
+    writeInput ({ makeNoise (150000), makeNoise (150000, 2) });
+
+    for (const auto* const options : { "--mode=Classic", "--mode=Enhanced --width=100", "--mode=Classic --width=3" })
+    {
+        juce::MemoryBlock pictures[2], arrays[2];
+
+        for (const auto* const threads : { "--threads=1", "--threads=2", "--threads=5", "" })
+        {
+            const auto i = threads == juce::String ("--threads=1") ? 0 : 1;
+            juce::ignoreUnused (
+                renderLevels (juce::StringArray::fromTokens (juce::String (options) + " " + threads, false)));
+            ASSERT_TRUE (picture.loadFileAsData (pictures[i]) && levels.loadFileAsData (arrays[i]));
+            picture.deleteFile();
+            levels.deleteFile();
+
+            if (i > 0)
+            {
+                EXPECT_TRUE (pictures[0] == pictures[1]) << options << " " << threads;
+                EXPECT_TRUE (arrays[0] == arrays[1]) << options << " " << threads;
+            }
+        }
+    }
+}
+
 TEST_F (OrloRender, MergesTheColumnsByMaximumIfAWidthIsGiven)
 {
     writeInput ({ makeNoise (50000) });

@@ -60,7 +60,7 @@ TEST (IndexedPicture, ColoursLevelsAsTheLivePictureDoes)
 {
     const ColourMap map (viridis);
     const auto picture =
-        paintPicture (makeRow ({ 0.0f, 1.0e-6f, 0.5f, 1.0f, std::numeric_limits<float>::quiet_NaN() }), map, false);
+        paintPicture (makeRow ({ 0.0f, 1.0e-6f, 0.5f, 1.0f, std::numeric_limits<float>::quiet_NaN() }), map, false, 1);
 
     EXPECT_EQ (colourAt (picture, 0).getARGB(), 0xff000000u);
     EXPECT_EQ (colourAt (picture, 1).getARGB(), 0xff440154u);
@@ -71,7 +71,7 @@ TEST (IndexedPicture, ColoursLevelsAsTheLivePictureDoes)
 
 TEST (IndexedPicture, GivesSilenceTheLastColourIfTheFloorIsAboveTheCeiling)
 {
-    const auto picture = paintPicture (makeRow ({ 0.0f, 1.0f }), ColourMap (viridis), true);
+    const auto picture = paintPicture (makeRow ({ 0.0f, 1.0f }), ColourMap (viridis), true, 1);
     EXPECT_EQ (colourAt (picture, 0).getARGB(), 0xfffde724u);
     EXPECT_EQ (colourAt (picture, 1).getARGB(), 0xfffde724u);
 }
@@ -91,7 +91,7 @@ TEST (IndexedPicture, KeepsEveryLevelInItsPlace)
     }
 
     const ColourMap map (0);
-    const auto picture = paintPicture (grid, map, false);
+    const auto picture = paintPicture (grid, map, false, 1);
 
     for (int x = 0; x < 70; ++x)
         for (int y = 0; y < 50; ++y)
@@ -123,12 +123,12 @@ TEST (PngWriter, WritesTrueColourIfThePaletteIsTooSmall)
     for (int i = 0; i < 256; ++i)
         levels.push_back (i == 0 ? 1.0e-6f : float (i) / 255.0f);
 
-    const auto all = paintPicture (makeRow (levels), ColourMap (viridis), false);
+    const auto all = paintPicture (makeRow (levels), ColourMap (viridis), false, 1);
     EXPECT_EQ (getColourType (write (all)), 2);
     expectSame (decode (write (all)), all);
 
     levels.pop_back();
-    const auto oneLess = paintPicture (makeRow (levels), ColourMap (viridis), false);
+    const auto oneLess = paintPicture (makeRow (levels), ColourMap (viridis), false, 1);
     EXPECT_EQ (getColourType (write (oneLess)), 3);
     expectSame (decode (write (oneLess)), oneLess);
 }
