@@ -41,54 +41,53 @@ struct Sleeper final : juce::Thread
     }
 };
 
-void measureAnalysing()
+void compareAnalysing()
 {
     auto plugin = std::make_shared<Plugin> (false);
-
-    measure ("processBlock, stereo 512, analysing",
-             [plugin] { plugin->processor.processBlock (plugin->buffer, plugin->midi); });
-
     auto sleeper = std::make_shared<Sleeper>();
     auto ring = std::make_shared<std::vector<float>> (163840);
     auto mono = std::make_shared<std::vector<float>> (blockSize);
 
-    measure ("processBlock, stereo 512, analysing/limit",
-             [plugin, sleeper, ring, mono, position = size_t (0)]() mutable
-             {
-                 using Vector = juce::FloatVectorOperations;
-                 Vector::copy (mono->data(), plugin->buffer.getReadPointer (0), blockSize);
-                 Vector::add (mono->data(), plugin->buffer.getReadPointer (1), blockSize);
-                 Vector::multiply (mono->data(), 0.5f, blockSize);
-                 std::memcpy (ring->data() + position, mono->data(), blockSize * sizeof (float));
-                 position = (position + blockSize) % ring->size();
-                 sleeper->notify();
-             });
+    compare (
+        "processBlock, stereo 512, analysing",
+        [plugin] { plugin->processor.processBlock (plugin->buffer, plugin->midi); },
+        [plugin, sleeper, ring, mono, position = size_t (0)]() mutable
+        {
+            using Vector = juce::FloatVectorOperations;
+            Vector::copy (mono->data(), plugin->buffer.getReadPointer (0), blockSize);
+            Vector::add (mono->data(), plugin->buffer.getReadPointer (1), blockSize);
+            Vector::multiply (mono->data(), 0.5f, blockSize);
+            std::memcpy (ring->data() + position, mono->data(), blockSize * sizeof (float));
+            position = (position + blockSize) % ring->size();
+            sleeper->notify();
+        },
+        1.2);
 }
 
-void measureSuspended()
+void compareSuspended()
 {
     auto plugin = std::make_shared<Plugin> (true);
     auto copy = std::make_shared<juce::AudioBuffer<float>> (2, blockSize);
 
-    measure ("processBlock, stereo 512, suspended",
-             [plugin] { plugin->processor.processBlock (plugin->buffer, plugin->midi); });
+    compare (
+        "processBlock, stereo 512, suspended",
+        [plugin] { plugin->processor.processBlock (plugin->buffer, plugin->midi); },
+        [plugin, copy]
+        {
+            for (int channel = 0; channel < 2; ++channel)
+                copy->copyFrom (channel, 0, plugin->buffer, channel, 0, blockSize);
 
-    measure ("processBlock, stereo 512, suspended/limit",
-             [plugin, copy]
-             {
-                 for (int channel = 0; channel < 2; ++channel)
-                     copy->copyFrom (channel, 0, plugin->buffer, channel, 0, blockSize);
-
-                 benchmark::ClobberMemory();
-             });
+            benchmark::ClobberMemory();
+        },
+        1.5);
 }
 
 } // namespace
 
 void registerBenchmarks()
 {
-    measureAnalysing();
-    measureSuspended();
+    compareAnalysing();
+    compareSuspended();
 }
 
 } // namespace mk::orlo::bench

@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-// The time of a frame in the analysis worker, compared with its transforms alone.
+// The time of a frame in the analysis worker, compared with bare transforms, and the time that planning takes.
 #include "orlo/analysis/FFTProcessor.h"
 
+#include "benchmarks/support/BestTransform.h"
 #include "benchmarks/support/Measure.h"
 
+#include <map>
 #include <memory>
 
 namespace mk::orlo::bench
 {
 namespace
 {
+constexpr int framesInCall = 16;
 
 [[nodiscard]] std::vector<float> makeNoise (int numSamples)
 {
@@ -22,51 +25,79 @@ namespace
     return noise;
 }
 
-void measureFrames (int label, bool enhanced)
+/** A worker without its thread, in noise. */
+class Worker
 {
-    const auto name = "worker frame, " + std::to_string (label) + (enhanced ? ", Enhanced" : ", Classic");
-    const auto hop = juce::jmax (64, (label - 1) / 8);
+public:
+    Worker (int size, bool enhanced) : hop (juce::jmax (64, (size - 1) / 8))
+    {
+        processor.setSettings ({ { size - 1, 0, int (WindowType::hann) }, hop, enhanced, 0.0f });
 
-    auto worker = std::make_shared<FFTProcessor>();
-    worker->setSettings ({ { label - 1, 0, int (WindowType::hann) }, hop, enhanced, 0.0f });
+        while (numPushed < 2 * size)
+        {
+            feed();
+            processor.processAvailable();
+        }
+    }
 
-    // The first call fills the window with noise. The frames are not taken out, so the worker drops them.
-    measure (name,
-             [worker, hop, noise = makeNoise (8192), primed = false]() mutable
-             {
-                 if (! primed)
-                 {
-                     worker->pushSamples (noise.data(), int (noise.size()));
-                     worker->processAvailable();
-                     primed = true;
-                 }
+    /** Does what the other threads do: takes the frames, and appends the samples of as many. */
+    void feed()
+    {
+        while (processor.popFrame (frame))
+        {
+        }
 
-                 worker->pushSamples (noise.data(), hop);
-                 worker->processAvailable();
-             });
+        for (int i = 0; i < framesInCall; ++i, numPushed += hop)
+            processor.pushSamples (noise.data() + i * hop, hop);
+    }
 
-    // The input is zeros, which stay zeros however often the buffer is transformed in place.
-    auto fft = std::make_shared<juce::dsp::FFT> (juce::roundToInt (std::log2 (label)));
-    auto buffer = std::make_shared<std::vector<float>> (size_t (label) * 2);
+    void analyse() { processor.processAvailable(); }
 
-    measure (name + "/limit",
-             [fft, buffer, enhanced]
-             {
-                 for (int i = 0; i < (enhanced ? 3 : 1); ++i)
-                 {
-                     fft->performRealOnlyForwardTransform (buffer->data(), true);
-                     benchmark::ClobberMemory();
-                 }
-             });
+private:
+    const int hop;
+    const std::vector<float> noise = makeNoise (framesInCall * hop);
+    FFTProcessor processor;
+    Frame frame;
+    int numPushed = 0;
+};
+
+void compareFrames (int size, bool enhanced, const std::function<void()>& transform)
+{
+    const auto worker = std::make_shared<Worker> (size, enhanced);
+    const auto numTransforms = framesInCall * (enhanced ? 3 : 1);
+
+    compare (
+        "worker, 16 frames, " + std::to_string (size) + (enhanced ? ", Enhanced" : ", Classic"),
+        { [worker] { worker->feed(); }, [worker] { worker->analyse(); } },
+        [transform, numTransforms]
+        {
+            for (int i = 0; i < numTransforms; ++i)
+                transform();
+        },
+        1.5);
 }
 
 } // namespace
 
 void registerBenchmarks()
 {
+    std::map<int, std::function<void()>> transforms;
+
+    for (const auto size : { 256, 512, 1024, 2048, 4096, 8192 })
+        transforms[size] = makeBestTransform (size);
+
     for (const auto enhanced : { false, true })
-        for (const auto label : { 256, 512, 1024, 2048, 4096, 8192 })
-            measureFrames (label, enhanced);
+        for (const auto& [size, transform] : transforms)
+            compareFrames (size, enhanced, transform);
+
+    for (const auto size : { 256, 2048, 8192 })
+        measure ("analyser, made for windows of " + std::to_string (size),
+                 [size]
+                 {
+                     SpectralAnalyser analyser;
+                     analyser.configure ({ size - 1, 0, int (WindowType::hann) });
+                     benchmark::DoNotOptimize (&analyser);
+                 });
 }
 
 } // namespace mk::orlo::bench

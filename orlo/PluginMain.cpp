@@ -1,20 +1,15 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
+#include "orlo/analysis/ComplexTransform.h"
 #include "orlo/processor/AudioPluginAudioProcessor.h"
 #include "orlo/window/CreateEditor.h"
 
 #include <mutex>
 
-#if JUCE_DSP_USE_STATIC_FFTW
-extern "C" void fftwf_cleanup (void);
-#endif
-
 namespace
 {
-#if JUCE_DSP_USE_STATIC_FFTW
 
-/** FFTW caches its planning data (wisdom). A host that loads and unloads the plug-in, as every scan does, would
-    leak that memory each time, so the last instance frees it. The destructor of a static object could not do
-    that: when a host exits with the plug-in loaded, a worker may still be transforming. */
+/** Frees what the transform library keeps for planning with the last instance. The destructor of a static object could
+    not do that: when a host exits with the plug-in loaded, a worker may still be transforming. */
 class TransformMemory
 {
 public:
@@ -29,23 +24,15 @@ public:
         const std::lock_guard lock (mutex);
 
         if (--numInstances == 0)
-            fftwf_cleanup();
+            mk::orlo::ComplexTransform::freePlanningMemory();
     }
 
 private:
-    static inline std::mutex mutex; // keeps FFTW from making plans while it cleans up
+    static inline std::mutex mutex;
     static inline int numInstances = 0;
 
     JUCE_DECLARE_NON_COPYABLE (TransformMemory)
 };
-
-#else
-
-struct TransformMemory
-{
-};
-
-#endif
 
 /** TransformMemory is the first base, so it is destroyed last: after all transforms. */
 class Plugin final : private TransformMemory, public mk::orlo::AudioPluginAudioProcessor

@@ -3,28 +3,46 @@
 
 #include <benchmark/benchmark.h>
 
+#include <concepts>
+#include <functional>
 #include <string>
+#include <utility>
 
 namespace mk::orlo::bench
 {
 
-/** Defined by each program: calls measure() for each of its benchmarks. main() calls it after JUCE's start, since
+/** Something whose time is measured. */
+struct Program
+{
+    template <std::invocable Action>
+    Program (Action actionToMeasure) : action (std::move (actionToMeasure))
+    {
+    }
+
+    Program (std::function<void()> preparation, std::function<void()> actionToMeasure)
+        : prepare (std::move (preparation)), action (std::move (actionToMeasure))
+    {
+    }
+
+    std::function<void()> prepare; /**< Called before each call of the action and not measured; may be empty. */
+    std::function<void()> action;
+};
+
+/** Defined by each program: calls the functions below for each of its rows. main() calls it after JUCE's start, since
     static initialisers may run before JUCE has registered its transforms. */
 void registerBenchmarks();
 
-/** Registers a benchmark of an action. It is repeated, so that the fastest run can be used. */
-template <typename Action>
-void measure (const std::string& name, Action action)
-{
-    benchmark::RegisterBenchmark (name.c_str(),
-                                  [action] (benchmark::State& state) mutable
-                                  {
-                                      for (auto _ : state)
-                                          action();
-                                  })
-        ->Repetitions (5)
-        ->MinTime (0.1)
-        ->ReportAggregatesOnly (false);
-}
+/** Registers a row: the time of a program alone. */
+void measure (const std::string& name, Program program);
+
+/** Registers a row: the time of a program as a multiple of the time of another one, its limit. Both do the same number
+    of things in a call. They take turns in short rounds, so what else runs on the machine disturbs both alike.
+
+    @param name    what is printed, and what the command line's filter is compared with
+    @param wanted  the ratio that is wanted at most, printed beside the measured one */
+void compare (const std::string& name, Program program, Program limit, double wanted);
+
+/** Registers a row that measures by itself, called when its turn comes. */
+void report (const std::string& name, std::function<void()> action);
 
 } // namespace mk::orlo::bench

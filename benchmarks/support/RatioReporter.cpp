@@ -2,41 +2,112 @@
 #include "RatioReporter.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
 
 namespace mk::orlo::bench
 {
-
-void RatioReporter::ReportRuns (const std::vector<Run>& runs)
+namespace
 {
-    ConsoleReporter::ReportRuns (runs);
+constexpr int numRounds = 31;
+constexpr double secondsInRound = 4.0e-3;
+constexpr int mostCallsInRound = 1 << 20;
 
-    for (const auto& run : runs)
-    {
-        if (run.run_type != Run::RT_Iteration || run.iterations == 0)
-            continue;
+using Clock = std::chrono::steady_clock;
 
-        const auto& name = run.run_name.function_name;
-        const auto seconds = run.real_accumulated_time / double (run.iterations);
-        const auto [entry, isNew] = fastestSeconds.try_emplace (name, seconds);
-        entry->second = std::min (entry->second, seconds);
-
-        if (isNew)
-            order.push_back (name);
-    }
+[[nodiscard]] double secondsSince (Clock::time_point start)
+{
+    return std::chrono::duration<double> (Clock::now() - start).count();
 }
 
-void RatioReporter::Finalize()
+/** The seconds that a number of calls take in all. */
+[[nodiscard]] double timeCalls (const Program& program, int numCalls)
 {
-    std::printf ("\n%-44s %12s %12s %8s\n", "against its limit", "ns", "limit ns", "ratio");
+    if (program.prepare == nullptr)
+    {
+        const auto start = Clock::now();
 
-    for (const auto& name : order)
-        if (const auto limit = fastestSeconds.find (name + "/limit"); limit != fastestSeconds.end())
-            std::printf ("%-44s %12.0f %12.0f %8.2f\n",
-                         name.c_str(),
-                         fastestSeconds[name] * 1.0e9,
-                         limit->second * 1.0e9,
-                         fastestSeconds[name] / limit->second);
+        for (int call = 0; call < numCalls; ++call)
+            program.action();
+
+        return secondsSince (start);
+    }
+
+    auto seconds = 0.0;
+
+    for (int call = 0; call < numCalls; ++call)
+    {
+        program.prepare();
+        const auto start = Clock::now();
+        program.action();
+        seconds += secondsSince (start);
+    }
+
+    return seconds;
+}
+
+/** How many calls fill a round. The calls made to find out also warm the program up. */
+[[nodiscard]] int countCallsInRound (const Program& program)
+{
+    auto numCalls = 1;
+
+    while (timeCalls (program, numCalls) < secondsInRound && numCalls < mostCallsInRound)
+        numCalls *= 2;
+
+    return numCalls;
+}
+} // namespace
+
+double RatioReporter::median (std::vector<double> values)
+{
+    const auto middle = values.begin() + std::ptrdiff_t (values.size() / 2);
+    std::nth_element (values.begin(), middle, values.end());
+    return *middle;
+}
+
+void RatioReporter::run (const std::string& name, const Program& program)
+{
+    const auto numCalls = countCallsInRound (program);
+    std::vector<double> nanoseconds;
+
+    for (int round = 0; round < numRounds; ++round)
+        nanoseconds.push_back (timeCalls (program, numCalls) / numCalls * 1.0e9);
+
+    std::printf ("%-52s %12.0f\n", name.c_str(), median (nanoseconds));
+}
+
+void RatioReporter::run (const std::string& name, const Program& program, const Program& limit, double wanted)
+{
+    const auto numCalls = countCallsInRound (program);
+    const auto numLimitCalls = countCallsInRound (limit);
+    std::vector<double> ratios, nanoseconds, limitNanoseconds;
+
+    for (int round = 0; round < numRounds; ++round)
+    {
+        const auto timeProgram = [&] { nanoseconds.push_back (timeCalls (program, numCalls) / numCalls * 1.0e9); };
+        const auto timeLimit = [&]
+        { limitNanoseconds.push_back (timeCalls (limit, numLimitCalls) / numLimitCalls * 1.0e9); };
+
+        if (round % 2 == 0)
+        {
+            timeProgram();
+            timeLimit();
+        }
+        else
+        {
+            timeLimit();
+            timeProgram();
+        }
+
+        ratios.push_back (nanoseconds.back() / limitNanoseconds.back());
+    }
+
+    std::printf ("%-52s %12.0f %12.0f %8.2f %8.2f\n",
+                 name.c_str(),
+                 median (nanoseconds),
+                 median (limitNanoseconds),
+                 median (ratios),
+                 wanted);
 }
 
 } // namespace mk::orlo::bench

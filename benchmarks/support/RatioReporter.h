@@ -1,29 +1,27 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
-#include <benchmark/benchmark.h>
+#include "Measure.h"
 
-#include <map>
-#include <string>
 #include <vector>
 
 namespace mk::orlo::bench
 {
 
-/** Prints, after the usual table, the ratio of each measurement to its limit.
+/** Runs rows and prints their times and ratios.
 
-    The limit of a benchmark named "x" is the one named "x/limit". Each is repeated; the ratio is that of the
-    fastest repetitions, which other programs on the machine disturb least.
+    A ratio is the median of those of single rounds. In a round a program and its limit run one after the other for a
+    few milliseconds each; every second round begins with the limit, so that neither always follows the other.
 */
-class RatioReporter final : public benchmark::ConsoleReporter
+class RatioReporter
 {
 public:
-    void ReportRuns (const std::vector<Run>& runs) override;
-    void Finalize() override;
+    /** Prints one row. */
+    static void run (const std::string& name, const Program& program);
+    static void run (const std::string& name, const Program& program, const Program& limit, double wanted);
 
-private:
-    std::map<std::string, double> fastestSeconds;
-    std::vector<std::string> order;
+    /** The middle one of the values, of which there is at least one. */
+    [[nodiscard]] static double median (std::vector<double> values);
 };
 
 } // namespace mk::orlo::bench

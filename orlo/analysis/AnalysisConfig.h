@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
+#include "WindowType.h"
+
 #include <atomic>
 #include <cstdint>
 
@@ -10,9 +12,9 @@ namespace mk::orlo
 /** The length and shape of the worker's windows and the padding of its transforms. */
 struct AnalysisConfig
 {
-    int windowLength = 1023; /**< Samples. The product uses one less than a power of two. */
-    int paddingMode = 0;     /**< 0: none, 1: twice the transform, 2: four times. Others count as 0. */
-    int windowType = 2;      /**< A WindowType. */
+    int windowLength = 1023;                 /**< Samples. The product uses one less than a power of two. */
+    int paddingMode = 0;                     /**< 0: none, 1: twice the transform, 2: four times. Others count as 0. */
+    int windowType = int (WindowType::hann); /**< A WindowType. */
 
     bool operator== (const AnalysisConfig&) const noexcept = default;
 };

@@ -3,6 +3,8 @@
 
 #include "FrequencyScale.h"
 
+#include <algorithm>
+
 namespace mk::orlo
 {
 
@@ -22,14 +24,20 @@ ClassicColumnMapper::Row ClassicColumnMapper::makeRow (int y, const Geometry& ge
     const auto lower = binAt (float (y) + 0.5f);
     const auto low = juce::jmin (upper, lower);
     const auto high = juce::jmax (upper, lower);
+    const auto lowBin = int (std::floor (low));
 
     Row row;
-    row.lowBin = int (std::floor (low));
-    row.nextBin = juce::jmin (geometry.maxBin, row.lowBin + 1);
+    row.lowBin = juce::jmin (geometry.maxBin, lowBin);
+    row.nextBin = juce::jmin (geometry.maxBin, lowBin + 1);
+    row.nextWeight = (1.0f - std::cos ((low - float (lowBin)) * juce::MathConstants<float>::pi)) * 0.5f;
+    row.lowWeight = lowBin <= geometry.maxBin ? 1.0f - row.nextWeight : 0.0f; // there is nothing beyond the last bin
 
     // Between DC and the first bin there is no interpolation: DC would leak into the lowest rows.
-    row.nextWeight =
-        row.lowBin == 0 ? 1.0f : (1.0f - std::cos ((low - float (row.lowBin)) * juce::MathConstants<float>::pi)) * 0.5f;
+    if (lowBin == 0)
+    {
+        row.lowBin = row.nextBin;
+        row.lowWeight = row.nextWeight = 0.5f;
+    }
 
     row.firstPeakBin = juce::jlimit (0, geometry.maxBin, int (std::ceil (low)));
     row.endPeakBin = juce::jlimit (0, geometry.maxBin, int (std::floor (high)));
@@ -42,10 +50,29 @@ void ClassicColumnMapper::updateRows (const Geometry& wanted, const FrequencySca
         return;
 
     geometry = wanted;
-    rows.resize (size_t (geometry.numRows));
+    const auto numRows = size_t (geometry.numRows);
+
+    for (auto* bins : { &lowBins, &nextBins })
+        bins->resize (numRows);
+
+    for (auto* values : { &lowWeights, &nextWeights, &lowMagnitudes, &nextMagnitudes })
+        values->resize (numRows);
+
+    std::vector<RangeMaxima::Range> ranges;
 
     for (int y = 0; y < geometry.numRows; ++y)
-        rows[size_t (y)] = makeRow (y, geometry, scale);
+    {
+        const auto row = makeRow (y, geometry, scale);
+        lowBins[size_t (y)] = row.lowBin;
+        nextBins[size_t (y)] = row.nextBin;
+        lowWeights[size_t (y)] = row.lowWeight;
+        nextWeights[size_t (y)] = row.nextWeight;
+
+        if (row.firstPeakBin < row.endPeakBin)
+            ranges.push_back ({ y, row.firstPeakBin, row.endPeakBin });
+    }
+
+    peaks.setRanges (ranges, size_t (geometry.maxBin) + 1);
 }
 
 void ClassicColumnMapper::fill (const Frame& frame,
@@ -69,27 +96,45 @@ void ClassicColumnMapper::fillMagnitudes (const Frame& frame,
         { settings.numRows, maxBin, scale.getScaleType(), settings.getBinWidth(), settings.minHz, settings.maxHz },
         scale);
 
-    const auto magnitudeOf = [&] (int bin) { return bin >= 0 && bin < numBins ? frame[size_t (bin)].magnitude : 0.0f; };
-
-    for (size_t y = 0; y < rows.size(); ++y)
+    if (numBins == 0)
     {
-        const auto& row = rows[y];
-        auto loudest = row.lowBin == 0 ? magnitudeOf (row.nextBin)
-                                       : magnitudeOf (row.nextBin) * row.nextWeight
-                                             + magnitudeOf (row.lowBin) * (1.0f - row.nextWeight);
+        std::fill (column.begin(), column.end(), 0.0f);
+        return;
+    }
 
-        for (int bin = row.firstPeakBin; bin < row.endPeakBin; ++bin)
-            loudest = juce::jmax (loudest, frame[size_t (bin)].magnitude);
+    const auto* const magnitudes = frame.magnitudes.data();
+    interpolate (magnitudes, column.data());
+    peaks.raise (magnitudes, column.data());
+}
 
-        // A NaN counts as silence.
-        column[y] = loudest > 0.0f ? loudest : 0.0f;
+void ClassicColumnMapper::interpolate (const float* magnitudes, float* __restrict column) noexcept
+{
+    const auto numRows = lowBins.size();
+    const auto* const lowBin = lowBins.data();
+    const auto* const nextBin = nextBins.data();
+    const auto* const lowWeight = lowWeights.data();
+    const auto* const nextWeight = nextWeights.data();
+    float* __restrict low = lowMagnitudes.data();
+    float* __restrict next = nextMagnitudes.data();
+
+    // Loads from scattered places are not vectorised, so they have a loop of their own.
+    for (size_t y = 0; y < numRows; ++y)
+    {
+        low[y] = magnitudes[lowBin[y]];
+        next[y] = magnitudes[nextBin[y]];
+    }
+
+    // A NaN counts as silence.
+    for (size_t y = 0; y < numRows; ++y)
+    {
+        const auto magnitude = next[y] * nextWeight[y] + low[y] * lowWeight[y];
+        column[y] = magnitude > 0.0f ? magnitude : 0.0f;
     }
 }
 
 void ClassicColumnMapper::magnitudesToLevels (const ColumnSettings& settings, Column& column) noexcept
 {
-    for (auto& value : column)
-        value = settings.levelForDecibels (decibelsForMagnitude (value));
+    orlo::magnitudesToLevels (column.data(), column.size(), settings.floorDb, settings.ceilingDb);
 }
 
 } // namespace mk::orlo

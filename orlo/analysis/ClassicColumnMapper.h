@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
+#include "AlignedFloats.h"
 #include "ColumnSettings.h"
 #include "FrameBin.h"
+#include "RangeMaxima.h"
 
 namespace mk::orlo
 {
@@ -20,7 +22,8 @@ public:
 
     /** The first half of fill(): the loudest magnitude in each row, linear, 0 or more.
 
-        As long as the floor is below the ceiling, the louder of two magnitudes has the higher level. Several
+        As long as the floor is below the ceiling, the louder of two magnitudes has the higher level, but for rounding.
+        Several
         columns can then be merged by maximum as magnitudes, so that only one column needs logarithms. */
     void fillMagnitudes (const Frame& frame,
                          const ColumnSettings& settings,
@@ -34,11 +37,9 @@ private:
     /** The bins that a row shows. They depend only on the geometry, so they are not computed for every column. */
     struct Row
     {
-        int lowBin; // the row's low edge lies between this bin and nextBin
-        int nextBin;
-        float nextWeight; // of nextBin, 0 .. 1
-        int firstPeakBin; // the bins inside the row: from here up to, not including, endPeakBin
-        int endPeakBin;
+        int lowBin, nextBin; // the row's low edge lies between these bins
+        float lowWeight, nextWeight;
+        int firstPeakBin, endPeakBin; // the bins inside the row: from the first up to, not including, the end
     };
 
     /** What the rows were computed from. */
@@ -53,8 +54,16 @@ private:
     void updateRows (const Geometry& wanted, const FrequencyScale& scale);
     [[nodiscard]] static Row makeRow (int y, const Geometry& geometry, const FrequencyScale& scale);
 
+    void interpolate (const float* magnitudes, float* column) noexcept;
+
     Geometry geometry {};
-    std::vector<Row> rows;
+
+    // One entry for each row, each value in an array of its own, so that the loop over them is vectorised.
+    std::vector<int> lowBins, nextBins;
+    AlignedFloats lowWeights, nextWeights;
+    AlignedFloats lowMagnitudes, nextMagnitudes; // of the newest frame
+
+    RangeMaxima peaks; // of the bins inside the rows
 };
 
 } // namespace mk::orlo

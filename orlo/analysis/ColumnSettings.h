@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
+#include "Decibels.h"
 #include "FrameBin.h"
 
 #include <juce_core/juce_core.h>
@@ -53,9 +54,6 @@ struct ColumnSettings : FrameFormat
     settings.numRows = range.numRows;
     return settings;
 }
-
-/** The lowest level that is distinguished from silence. */
-inline constexpr float silenceDb = -140.0f;
 
 /** Linear amplitude to decibels, silenceDb or more. */
 [[nodiscard]] inline float decibelsForMagnitude (float magnitude) noexcept

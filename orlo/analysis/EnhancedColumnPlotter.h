@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
+#include "AlignedFloats.h"
 #include "ColumnSettings.h"
 #include "FrameBin.h"
 
@@ -25,23 +26,27 @@ public:
                std::vector<Column>& columns);
 
 private:
-    void selectPoints (const Frame& frame, const ColumnSettings& settings);
-    void placePoints (const ColumnSettings& settings, const FrequencyScale& scale, std::vector<Column>& columns);
-    void computeLevels (const ColumnSettings& settings);
+    [[nodiscard]] size_t selectPoints (const Frame& frame, int numColumns) noexcept;
 
-    /** One entry for every point that is plotted. A member, so that a call does not allocate. */
+    /** One entry for every bin at first, and then for every point that is plotted. A member, so that a call does not
+        allocate. */
     struct Points
     {
-        std::vector<float> magnitude;
-        std::vector<float> delay; // samples from the start of the window
-        std::vector<float> hz;
-        std::vector<float> level;
-        std::vector<float*> pixel;
-        size_t count = 0;
+        void resize (size_t numBins)
+        {
+            for (auto* values : { &hz, &position, &level })
+                values->resize (numBins);
+
+            for (auto* values : { &column, &row, &isPlotted })
+                values->resize (numBins);
+        }
+
+        AlignedFloats hz, position, level; // the level is the magnitude until it is converted
+        std::vector<int> column, row, isPlotted;
     };
 
-    // Each step has its own loop over all points. In a single loop every call of log10 would spill the
-    // registers, and the processor would wait for each of the scattered pixels instead of loading several.
+    // Each step has its own loop over all points: most of these loops are vectorised, and in the others the processor
+    // need not wait for one scattered value before it loads the next.
     Points points;
 };
 

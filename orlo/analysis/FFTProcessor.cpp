@@ -6,7 +6,7 @@
 namespace mk::orlo
 {
 
-FFTProcessor::FFTProcessor() : juce::Thread ("ana") { scratchFrame.bins.reserve (largestFrame); }
+FFTProcessor::FFTProcessor() : juce::Thread ("ana") {}
 
 FFTProcessor::~FFTProcessor()
 {
@@ -87,11 +87,10 @@ void FFTProcessor::processAvailable()
 
     while (! threadShouldExit() && popHop (settings.hop))
     {
-        analyser.process (hopSamples.data(),
-                          { settings.window, settings.hop, isEnhanced(), getMagnitudeThreshold() },
+        analyser.process ({ settings.window, settings.hop, isEnhanced(), getMagnitudeThreshold() },
                           getSampleRate(),
-                          scratchFrame);
-        frameFifo.push (scratchFrame);
+                          frameFifo.getNext());
+        frameFifo.push();
     }
 }
 
@@ -105,8 +104,7 @@ void FFTProcessor::applyConfig (AnalysisConfig config)
 bool FFTProcessor::popHop (int numSamples)
 {
     const auto numRead = analyser.getNumSamplesRead (numSamples);
-    hopSamples.resize (size_t (numRead));
-    return sampleFifo.pop (hopSamples.data(), numRead, numSamples - numRead);
+    return sampleFifo.pop (analyser.getHopBuffer (numSamples), numRead, numSamples - numRead);
 }
 
 } // namespace mk::orlo

@@ -8,7 +8,7 @@
 #include "SampleFifo.h"
 #include "SpectralAnalyser.h"
 
-#include <juce_core/juce_core.h>
+#include <juce_audio_basics/juce_audio_basics.h>
 
 #include <functional>
 
@@ -98,7 +98,8 @@ public:
 
     //==============================================================================
     /** [worker, or any thread while the worker's is not started] Applies a pending configuration, then
-        turns every complete hop that waits into a frame. Allocates only for a new configuration or a longer hop. */
+        turns every complete hop that waits into a frame. Allocates only for a new configuration, or while the frames
+        in the ring grow. */
     void processAvailable();
 
     void run() override;
@@ -109,7 +110,6 @@ private:
 
     static constexpr int sampleFifoSize = 163840;
     static constexpr int frameFifoSize = 50;
-    static constexpr size_t largestFrame = 4097;
 
     std::atomic<double> sampleRate { 44100.0 };
     std::atomic<bool> isPrepared { false }; // written and read by the caller of prepareToPlay()
@@ -125,8 +125,6 @@ private:
 
     // Used by the worker only.
     SpectralAnalyser analyser;
-    std::vector<float> hopSamples;
-    Frame scratchFrame;
 
     // Copies of the analyser's values, written by the worker, read by any thread.
     AtomicAnalysisConfig currentConfig { analyser.getConfig() };

@@ -13,6 +13,9 @@ struct FrameBin
     float magnitude = 0.0f; /**< Linear amplitude; a full-scale sine on the bin reads 1. */
     float timeShift = 0.0f; /**< Samples from the centre of the window, later is positive. */
     float freqShift = 0.0f; /**< Hertz from the centre of the bin, higher is positive. */
+
+    /** Only to a bin that stays, since a frame returns copies of its bins. */
+    FrameBin& operator= (const FrameBin&) & noexcept = default;
 };
 
 /** The settings that a frame was made with, which say what its bins mean. */
@@ -30,20 +33,45 @@ struct FrameFormat
     bool operator== (const FrameFormat&) const noexcept = default;
 };
 
-/** One frame: the bins 0 .. fftSize / 2 of one analysis window. */
+/** One frame: the bins 0 .. fftSize / 2 of one analysis window, each of their values in an array of its own, so that
+    loops over them are vectorised. */
 struct Frame
 {
     Frame() = default;
-    explicit Frame (size_t numBins, FrameBin value = {}) : bins (numBins, value) {}
 
-    [[nodiscard]] size_t size() const noexcept { return bins.size(); }
-    [[nodiscard]] const FrameBin& operator[] (size_t bin) const noexcept { return bins[bin]; }
-    [[nodiscard]] FrameBin& operator[] (size_t bin) noexcept { return bins[bin]; }
-    [[nodiscard]] auto begin() const noexcept { return bins.begin(); }
-    [[nodiscard]] auto end() const noexcept { return bins.end(); }
+    explicit Frame (size_t numBins, FrameBin value = {})
+        : magnitudes (numBins, value.magnitude),
+          timeShifts (numBins, value.timeShift),
+          freqShifts (numBins, value.freqShift)
+    {
+    }
+
+    [[nodiscard]] size_t size() const noexcept { return magnitudes.size(); }
+
+    /** Changes the number of bins. Allocates only if there have never been as many. */
+    void resize (size_t numBins)
+    {
+        magnitudes.resize (numBins);
+        timeShifts.resize (numBins);
+        freqShifts.resize (numBins);
+    }
+
+    [[nodiscard]] FrameBin operator[] (size_t bin) const noexcept
+    {
+        return { magnitudes[bin], timeShifts[bin], freqShifts[bin] };
+    }
+
+    void set (size_t bin, FrameBin value) noexcept
+    {
+        magnitudes[bin] = value.magnitude;
+        timeShifts[bin] = value.timeShift;
+        freqShifts[bin] = value.freqShift;
+    }
 
     FrameFormat format;
-    std::vector<FrameBin> bins;
+    std::vector<float> magnitudes; /**< As in FrameBin. */
+    std::vector<float> timeShifts; /**< As in FrameBin; without meaning if the format is not Enhanced. */
+    std::vector<float> freqShifts; /**< As in FrameBin; without meaning if the format is not Enhanced. */
 };
 
 } // namespace mk::orlo

@@ -9,18 +9,18 @@ namespace mk::orlo
 
 FrameFifo::FrameFifo (int numSlots)
     : indices (numSlots),
-      frames (size_t (numSlots) + 2),
+      entries (size_t (numSlots) + 2),
       slots (size_t (numSlots)),
-      writerSpare (&frames[size_t (numSlots)]),
-      readerSpare (&frames[size_t (numSlots) + 1])
+      writerSpare (&entries[size_t (numSlots)]),
+      readerSpare (&entries[size_t (numSlots) + 1])
 {
     for (size_t i = 0; i < slots.size(); ++i)
-        slots[i].store (&frames[i], std::memory_order_relaxed);
+        slots[i].store (&entries[i], std::memory_order_relaxed);
 }
 
-void FrameFifo::push (const Frame& frame)
+void FrameFifo::push() noexcept
 {
-    *writerSpare = frame;
+    writerSpare->isTaken = false;
 
     // If the advance fails, the reader or a discard has made room meanwhile.
     for (auto seen = indices.getReadPosition(); indices.getNumFreeFrom (seen) < 1; seen = indices.getReadPosition())
@@ -40,14 +40,14 @@ bool FrameFifo::pop (Frame& destination) noexcept
         if (indices.getNumReadyFrom (seen) < 1)
             return false;
 
-        readerSpare->bins.clear(); // an empty frame left in a slot marks it as taken
+        readerSpare->isTaken = true;
         readerSpare = slots[size_t (indices.getSlot (seen))].exchange (readerSpare, std::memory_order_acq_rel);
 
-        // If the advance fails, the frame was dropped meanwhile; if the frame is empty, an earlier failed attempt
-        // has already taken this slot's frame. In both cases the loop goes on with the next frame.
-        if (indices.advanceRead (seen, 1) && ! readerSpare->bins.empty())
+        // If the advance fails, the frame was dropped meanwhile; if it is taken, an earlier failed attempt has
+        // left it in this slot. In both cases the loop goes on with the next frame.
+        if (indices.advanceRead (seen, 1) && ! readerSpare->isTaken)
         {
-            std::swap (destination, *readerSpare);
+            std::swap (destination, readerSpare->frame);
             return true;
         }
     }

@@ -12,9 +12,10 @@ namespace mk::orlo
 
 /** Single-reader, single-writer ring of frames from the analysis worker to the image builder.
 
-    Lock-free on both sides, and free of allocation once every vector in circulation has grown to the
-    size of a frame. When it is full the writer drops the oldest frame. The slots hold pointers that are
-    exchanged atomically, so a frame that is dropped while it is being read stays valid for its reader.
+    Frames are written and read where they are, without a copy. Lock-free on both sides, and free of allocation once
+    every vector in circulation has grown to the size of a frame. When it is full the writer drops the oldest frame.
+    The slots hold pointers that are exchanged atomically, so a frame that is dropped while it is being read stays
+    valid for its reader.
 */
 class FrameFifo
 {
@@ -22,8 +23,11 @@ public:
     /** Room for numSlots - 1 frames. Allocates. */
     explicit FrameFifo (int numSlots);
 
-    /** [writer] Appends a copy of the frame, dropping the oldest one if there is no room. */
-    void push (const Frame& frame);
+    /** [writer] The frame that the next push() appends; it holds what an earlier one left. */
+    [[nodiscard]] Frame& getNext() noexcept { return writerSpare->frame; }
+
+    /** [writer] Appends the frame written to getNext(), dropping the oldest one if there is no room. */
+    void push() noexcept;
 
     /** [reader] Takes the oldest frame into destination, whose own storage goes back into circulation.
         False, with destination unchanged, if there is none. */
@@ -36,16 +40,22 @@ public:
     void discardAll() noexcept { indices.discardAll(); }
 
 private:
+    struct Entry
+    {
+        Frame frame;
+        bool isTaken = true; // whether the reader has had the frame
+    };
+
     RingIndices indices;
 
-    // One frame for each slot and one spare for each side. The holder of a frame's pointer owns the frame:
-    // the slot, the writer through writerSpare, or the reader through readerSpare.
-    std::vector<Frame> frames;
-    std::vector<std::atomic<Frame*>> slots;
-    Frame* writerSpare;
-    Frame* readerSpare;
+    // One entry for each slot and one spare for each side. The holder of an entry's pointer owns the entry: the
+    // slot, the writer through writerSpare, or the reader through readerSpare.
+    std::vector<Entry> entries;
+    std::vector<std::atomic<Entry*>> slots;
+    Entry* writerSpare;
+    Entry* readerSpare;
 
-    static_assert (std::atomic<Frame*>::is_always_lock_free);
+    static_assert (std::atomic<Entry*>::is_always_lock_free);
 };
 
 } // namespace mk::orlo

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
-#include <complex>
-
 namespace mk::orlo
 {
+
+/** A complex number. Unlike std::complex, it leaves loops over numbers to the vectoriser. */
+struct ComplexValue
+{
+    float re, im;
+};
 
 /** The distance of a bin's energy from the bin's own time and frequency. */
 struct ReassignmentShifts
@@ -21,17 +25,14 @@ struct ReassignmentShifts
     @param magnitude   |plain|, not zero
     @param rate        samples per second
 */
-[[nodiscard]] inline ReassignmentShifts reassign (std::complex<float> plain,
-                                                  std::complex<float> derivative,
-                                                  std::complex<float> ramp,
-                                                  float magnitude,
-                                                  float rate) noexcept
+[[nodiscard]] inline ReassignmentShifts
+    reassign (ComplexValue plain, ComplexValue derivative, ComplexValue ramp, float magnitude, float rate) noexcept
 {
     constexpr auto inverseTwoPi = 0.15915494f;
     const auto inverse = 1.0f / (magnitude * magnitude);
 
-    return { (ramp.real() * plain.real() + ramp.imag() * plain.imag()) * inverse,
-             -((derivative.imag() * plain.real() - derivative.real() * plain.imag()) * inverse) * rate * inverseTwoPi };
+    return { (ramp.re * plain.re + ramp.im * plain.im) * inverse,
+             -((derivative.im * plain.re - derivative.re * plain.im) * inverse) * rate * inverseTwoPi };
 }
 
 } // namespace mk::orlo

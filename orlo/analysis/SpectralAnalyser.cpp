@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "SpectralAnalyser.h"
 
+#include "AnalysisWindows.h"
 #include "Reassignment.h"
+
+#include <juce_core/juce_core.h>
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace mk::orlo
 {
@@ -14,6 +18,58 @@ namespace
 constexpr float smallestReassignedMagnitude = 1.0e-6f;
 
 [[nodiscard]] int paddingFactor (int paddingMode) noexcept { return paddingMode == 1 ? 2 : paddingMode == 2 ? 4 : 1; }
+
+[[nodiscard]] double energyOf (const std::vector<float>& values)
+{
+    return std::inner_product (values.begin(), values.end(), values.begin(), 0.0);
+}
+
+/** The power of two that makes one window about as loud as the other. */
+[[nodiscard]] float findGain (const std::vector<float>& window, const std::vector<float>& louder)
+{
+    const auto energy = energyOf (window);
+    return energy > 0.0 ? float (std::exp2 (std::round (0.5 * std::log2 (energyOf (louder) / energy)))) : 1.0f;
+}
+
+/** DC has no mirror image at negative frequencies, so its amplitude is half of what the other bins' factor gives. */
+void halveDC (Spectrum& spectrum) noexcept
+{
+    spectrum.re[0] *= 0.5f;
+    spectrum.im[0] *= 0.5f;
+}
+/** Reassigns the bins that are loud enough; the others keep the shifts that are there. */
+void updateShifts (const AlignedFloats& magnitudes,
+                   const Spectrum& plain,
+                   const Spectrum& derivative,
+                   const Spectrum& ramp,
+                   float threshold,
+                   float rate,
+                   float* __restrict timeShifts,
+                   float* __restrict freqShifts) noexcept
+{
+    const auto numBins = magnitudes.size();
+    const auto* const magnitude = magnitudes.data();
+    const auto* const plainRe = plain.re.data();
+    const auto* const plainIm = plain.im.data();
+    const auto* const derivativeRe = derivative.re.data();
+    const auto* const derivativeIm = derivative.im.data();
+    const auto* const rampRe = ramp.re.data();
+    const auto* const rampIm = ramp.im.data();
+
+    for (size_t k = 0; k < numBins; ++k)
+    {
+        const auto m = magnitude[k];
+        const auto shifts = reassign (
+            { plainRe[k], plainIm[k] }, { derivativeRe[k], derivativeIm[k] }, { rampRe[k], rampIm[k] }, m, rate);
+
+        // Both values are stored in any case, and "and" evaluates both sides, so that the loop has no branch.
+        const auto isReassigned = bool (int (m > threshold) & int (m >= smallestReassignedMagnitude));
+        const auto oldTime = timeShifts[k];
+        const auto oldFrequency = freqShifts[k];
+        timeShifts[k] = isReassigned ? shifts.time : oldTime;
+        freqShifts[k] = isReassigned ? shifts.frequency : oldFrequency;
+    }
+}
 } // namespace
 
 SpectralAnalyser::SpectralAnalyser() { configure ({}); }
@@ -24,115 +80,123 @@ void SpectralAnalyser::configure (AnalysisConfig newConfig)
         return;
 
     config = newConfig;
-    fftSize = juce::nextPowerOfTwo (config.windowLength) * paddingFactor (config.paddingMode);
-    numBins = fftSize / 2 + 1;
-    fft = std::make_unique<juce::dsp::FFT> (juce::roundToInt (std::log2 (fftSize)));
+    fftSize = juce::jmax (2, juce::nextPowerOfTwo (config.windowLength)) * paddingFactor (config.paddingMode);
+    samples.setLength (config.windowLength);
+
+    AnalysisWindows windows;
     windows.rebuild (config.windowLength, config.windowType);
+    const auto length = windows.plain.size();
+    const auto scale = 1.0f / float (fftSize);
+    derivativeGain = findGain (windows.derivative, windows.ramp);
+    plainWindow.resize (length);
+    shiftWindows.resize (2 * length);
 
-    inputFrame.resize (size_t (fftSize) * 2);
-    workBuffer.resize (size_t (fftSize) * 2);
-    magnitudes.resize (size_t (numBins));
-
-    // The transforms do not write the Nyquist bin, so a value left there by a larger size must be cleared.
-    spectrumPlain.assign (size_t (fftSize), {});
-    spectrumDerivative.assign (size_t (fftSize), {});
-    spectrumRamp.assign (size_t (fftSize), {});
-}
-
-void SpectralAnalyser::process (const float* samples, const AnalysisSettings& settings, double sampleRate, Frame& frame)
-{
-    slideWindow (samples, settings.hop);
-    transformWith (windows.plain, spectrumPlain);
-
-    if (settings.enhanced)
+    for (size_t n = 0; n < length; ++n)
     {
-        transformWith (windows.derivative, spectrumDerivative);
-        transformWith (windows.ramp, spectrumRamp);
+        plainWindow[n] = windows.plain[n] * scale;
+        shiftWindows[2 * n] = windows.derivative[n] * scale * derivativeGain;
+        shiftWindows[2 * n + 1] = windows.ramp[n] * scale;
     }
 
+    plainTransform = std::make_unique<RealTransform> (fftSize);
+    shiftTransform = std::make_unique<RealPairTransform> (fftSize);
+
+    const auto numBins = size_t (fftSize) / 2;
+
+    for (auto* spectrum : { &plain, &derivative, &ramp })
+        spectrum->resize (numBins);
+
+    for (auto* values : { &magnitudes, &timeShifts, &freqShifts })
+        values->resize (numBins);
+}
+
+void SpectralAnalyser::process (const float* hopSamples,
+                                const AnalysisSettings& settings,
+                                double sampleRate,
+                                Frame& frame)
+{
+    std::copy_n (hopSamples, getNumSamplesRead (settings.hop), getHopBuffer (settings.hop));
+    process (settings, sampleRate, frame);
+}
+
+void SpectralAnalyser::process (const AnalysisSettings& settings, double sampleRate, Frame& frame)
+{
+    samples.advance (settings.hop);
     frame.format = { config.windowLength, fftSize, settings.hop, settings.enhanced, float (sampleRate) };
-    frame.bins.resize (size_t (numBins));
+    frame.resize (size_t (fftSize) / 2 + 1);
+
+    transformPlain();
     fillMagnitudes (settings.magnitudeThreshold, frame);
 
     if (settings.enhanced)
+    {
+        transformForShifts();
         fillShifts (settings.magnitudeThreshold, frame);
+    }
 }
 
 //==============================================================================
-void SpectralAnalyser::slideWindow (const float* samples, int hop) noexcept
+void SpectralAnalyser::transformPlain() noexcept
 {
-    // The window's last sample stays zero, so one sample less is kept than the window holds.
-    const auto keep = juce::jmax (0, config.windowLength - hop - 1);
-    const auto fresh = getNumSamplesRead (hop);
+    const auto* const values = samples.getSamples();
+    const auto* const window = plainWindow.data();
+    const auto numSamples = samples.getNumSamples();
+    float* __restrict input = plainTransform->getInput();
 
-    if (keep > 0)
-        std::copy_n (inputFrame.begin() + hop, keep, inputFrame.begin());
+    for (size_t n = 0; n < numSamples; ++n)
+        input[n] = values[n] * window[n];
 
-    std::copy_n (samples, fresh, inputFrame.begin() + keep);
-
-    // A NaN in the window's last sample would stay there for ever, so everything from the end of the samples on
-    // is cleared, which keeps that sample zero after a change of hop or length too.
-    std::fill (inputFrame.begin() + keep + fresh, inputFrame.begin() + fftSize, 0.0f);
+    std::fill (input + numSamples, input + plainWindow.size(), 0.0f);
+    plainTransform->run (plain);
+    halveDC (plain);
 }
 
-void SpectralAnalyser::transformWith (const std::vector<float>& window,
-                                      std::vector<std::complex<float>>& spectrum) noexcept
+void SpectralAnalyser::transformForShifts() noexcept
 {
-    using Vector = juce::FloatVectorOperations;
+    const auto* const values = samples.getSamples();
+    const auto* const window = shiftWindows.data();
+    const auto numSamples = samples.getNumSamples();
+    float* __restrict input = shiftTransform->getInput();
 
-    // The transform reads only the first fftSize floats and writes the others itself.
-    const auto length = int (window.size());
-    Vector::multiply (workBuffer.data(), inputFrame.data(), window.data(), length);
-    Vector::clear (workBuffer.data() + length, fftSize - length);
+    for (size_t n = 0; n < numSamples; ++n)
+    {
+        input[2 * n] = values[n] * window[2 * n];
+        input[2 * n + 1] = values[n] * window[2 * n + 1];
+    }
 
-    fft->performRealOnlyForwardTransform (workBuffer.data(), true);
-
-    const auto scale = 1.0f / float (fftSize);
-    workBuffer[0] *= scale;
-
-    if (numBins >= 3)
-        Vector::multiply (workBuffer.data() + 2, 2.0f * scale, 2 * numBins - 4);
-
-    workBuffer[size_t (2 * numBins - 2)] *= scale;
-
-    // Copies the bins below Nyquist. The Nyquist bin itself is left unchanged.
-    Vector::copy (reinterpret_cast<float*> (spectrum.data()), workBuffer.data(), fftSize);
+    std::fill (input + 2 * numSamples, input + shiftWindows.size(), 0.0f);
+    shiftTransform->run (derivative, ramp);
+    halveDC (derivative);
+    halveDC (ramp);
 }
 
 void SpectralAnalyser::fillMagnitudes (float threshold, Frame& frame) noexcept
 {
-    // In double precision the squares of any two floats can be added without overflow or underflow, so
-    // hypot() is not needed; unlike hypot(), this loop is vectorised.
-    const auto* const spectrum = reinterpret_cast<const float*> (spectrumPlain.data());
+    const auto numBins = magnitudes.size();
+    const auto* const re = plain.re.data();
+    const auto* const im = plain.im.data();
+    float* __restrict unlimited = magnitudes.data();
+    float* __restrict limited = frame.magnitudes.data();
 
-    for (size_t k = 0; k < size_t (numBins); ++k)
+    for (size_t k = 0; k < numBins; ++k)
     {
-        const auto re = double (spectrum[2 * k]);
-        const auto im = double (spectrum[2 * k + 1]);
-        magnitudes[k] = float (std::sqrt (re * re + im * im));
+        // The comparison is written so that a NaN counts as silence.
+        const auto magnitude = std::sqrt (re[k] * re[k] + im[k] * im[k]);
+        unlimited[k] = magnitude;
+        limited[k] = magnitude > threshold ? magnitude : 0.0f;
     }
 
-    // The comparison is written so that a NaN counts as silence.
-    for (size_t k = 0; k < size_t (numBins); ++k)
-        frame[k].magnitude = magnitudes[k] > threshold ? magnitudes[k] : 0.0f;
+    // The Nyquist bin is not analysed.
+    limited[numBins] = 0.0f;
 }
 
-void SpectralAnalyser::fillShifts (float threshold, Frame& frame) const noexcept
+void SpectralAnalyser::fillShifts (float threshold, Frame& frame) noexcept
 {
-    const auto rate = frame.format.sampleRate;
-
-    for (size_t k = 0; k < size_t (numBins); ++k)
-    {
-        const auto magnitude = magnitudes[k];
-
-        if (magnitude > threshold && magnitude >= smallestReassignedMagnitude)
-        {
-            auto& bin = frame[k];
-            const auto shifts = reassign (spectrumPlain[k], spectrumDerivative[k], spectrumRamp[k], magnitude, rate);
-            bin.timeShift = shifts.time;
-            bin.freqShift = shifts.frequency;
-        }
-    }
+    // The gain of the derivative window is divided out of the frequencies, of which the rate is a factor.
+    const auto rate = frame.format.sampleRate / derivativeGain;
+    updateShifts (magnitudes, plain, derivative, ramp, threshold, rate, timeShifts.data(), freqShifts.data());
+    std::copy (timeShifts.begin(), timeShifts.end(), frame.timeShifts.begin());
+    std::copy (freqShifts.begin(), freqShifts.end(), frame.freqShifts.begin());
 }
 
 } // namespace mk::orlo

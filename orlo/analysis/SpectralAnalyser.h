@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
+#include "AlignedFloats.h"
 #include "AnalysisSettings.h"
-#include "AnalysisWindows.h"
 #include "FrameBin.h"
+#include "RealTransform.h"
+#include "SlidingWindow.h"
 
-#include <juce_dsp/juce_dsp.h>
-
-#include <complex>
 #include <memory>
-#include <vector>
 
 namespace mk::orlo
 {
@@ -35,29 +33,45 @@ public:
     [[nodiscard]] int getFftSize() const noexcept { return fftSize; }
 
     /** How many samples of each hop are read: if the hop is longer than the window, the rest is skipped. */
-    [[nodiscard]] int getNumSamplesRead (int hop) const noexcept { return juce::jmin (hop, config.windowLength); }
+    [[nodiscard]] int getNumSamplesRead (int hop) const noexcept { return samples.getNumSamplesRead (hop); }
 
-    /** Moves the window on by a hop and transforms it. Bins that are too quiet, and all bins if the settings are
-        not for Enhanced, keep the shifts that the frame had before. Allocates only when the frame grows.
+    /** Where the first getNumSamplesRead (hop) samples of the next hop, of at least 1, are to be written before
+        process() is called. */
+    [[nodiscard]] float* getHopBuffer (int hop) noexcept { return samples.getHopBuffer (hop); }
 
-        @param samples     the first getNumSamplesRead (settings.hop) samples of the hop
+    /** Moves the window on by a hop, whose samples are in getHopBuffer(), and transforms it. Bins that are too quiet
+        to be reassigned keep the shifts of the frame before. Allocates only when the frame grows.
+
         @param settings    with a hop of at least 1; its window is applied by configure() only
         @param sampleRate  hertz
         @param frame       gets the bins and their format */
-    void process (const float* samples, const AnalysisSettings& settings, double sampleRate, Frame& frame);
+    void process (const AnalysisSettings& settings, double sampleRate, Frame& frame);
+
+    /** The same for samples that are elsewhere.
+
+        @param hopSamples  the first getNumSamplesRead (settings.hop) samples of the hop */
+    void process (const float* hopSamples, const AnalysisSettings& settings, double sampleRate, Frame& frame);
 
 private:
-    void slideWindow (const float* samples, int hop) noexcept;
-    void transformWith (const std::vector<float>& window, std::vector<std::complex<float>>& spectrum) noexcept;
+    void transformPlain() noexcept;
+    void transformForShifts() noexcept;
     void fillMagnitudes (float threshold, Frame& frame) noexcept;
-    void fillShifts (float threshold, Frame& frame) const noexcept;
+    void fillShifts (float threshold, Frame& frame) noexcept;
 
     AnalysisConfig config { 0, 0, 0 };
-    int fftSize = 0, numBins = 0;
-    std::vector<float> inputFrame, workBuffer, magnitudes;
-    std::unique_ptr<juce::dsp::FFT> fft;
-    AnalysisWindows windows;
-    std::vector<std::complex<float>> spectrumPlain, spectrumDerivative, spectrumRamp;
+    int fftSize = 0;
+    SlidingWindow samples;
+
+    // The windows with all factors that the transforms need. In the second, values of the derivative window, which
+    // is made louder by derivativeGain, and of the ramp window take turns, as the transform wants them.
+    AlignedFloats plainWindow, shiftWindows;
+    float derivativeGain = 1.0f;
+
+    std::unique_ptr<RealTransform> plainTransform;
+    std::unique_ptr<RealPairTransform> shiftTransform;
+    Spectrum plain, derivative, ramp;
+    AlignedFloats magnitudes;             // of the bins below Nyquist, before the threshold
+    AlignedFloats timeShifts, freqShifts; // of the newest reassigned frame
 };
 
 } // namespace mk::orlo

@@ -30,8 +30,8 @@ protected:
         juce::Random random (seed);
         Frame frame (1025);
 
-        for (auto& bin : frame.bins)
-            bin.magnitude = random.nextInt (10) == 0 ? 0.0f : std::pow (10.0f, -7.5f * random.nextFloat());
+        for (auto& magnitude : frame.magnitudes)
+            magnitude = random.nextInt (10) == 0 ? 0.0f : std::pow (10.0f, -7.5f * random.nextFloat());
 
         return frame;
     }
@@ -71,8 +71,8 @@ TEST_F (ClassicColumnMapperTest, MergingMagnitudesEqualsMergingLevels)
 TEST_F (ClassicColumnMapperTest, NoMagnitudeIsNotANumber)
 {
     auto frame = makeFrame (1);
-    frame[100].magnitude = std::numeric_limits<float>::infinity();
-    frame[3].magnitude = std::numeric_limits<float>::quiet_NaN();
+    frame.magnitudes[100] = std::numeric_limits<float>::infinity();
+    frame.magnitudes[3] = std::numeric_limits<float>::quiet_NaN();
 
     Column column (600);
     classic.fillMagnitudes (frame, settings, scale, column);

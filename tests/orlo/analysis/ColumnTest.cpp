@@ -38,7 +38,7 @@ constexpr auto infinity = std::numeric_limits<float>::infinity();
 [[nodiscard]] Frame makeFrame (size_t bin, FrameBin value)
 {
     auto frame = makeSilentFrame();
-    frame[bin] = value;
+    frame.set (bin, value);
     return frame;
 }
 
@@ -93,7 +93,7 @@ TEST (ClassicColumnMapper, ARowOverSeveralBinsShowsTheLoudest)
     auto settings = makeSettings (false);
     settings.numRows = 9; // sixteen bins a row
     auto frame = makeFrame (70, { 0.1f, 0, 0 });
-    frame[66].magnitude = 0.01f;
+    frame.magnitudes[66] = 0.01f;
     const auto column = mapOnce (frame, settings);
     EXPECT_NEAR (column[8 - 4], 0.8f, 1.0e-5f);
 }
@@ -142,7 +142,7 @@ TEST (ClassicColumnMapper, AFloorAtTheCeilingGivesOnlyZeroOneOrNaN)
     auto settings = makeSettings (false);
     settings.floorDb = settings.ceilingDb = -20.0f;
     auto frame = makeFrame (40, { 0.1f, 0, 0 });
-    frame[80].magnitude = 0.5f;
+    frame.magnitudes[80] = 0.5f;
 
     for (const auto level : mapOnce (frame, settings))
         EXPECT_TRUE (level == 0.0f || level == 1.0f || std::isnan (level));
@@ -201,7 +201,7 @@ TEST (EnhancedColumnPlotter, APointIsMovedByItsShifts)
 TEST (EnhancedColumnPlotter, TheLouderOfTwoPointsOnOnePixelWins)
 {
     auto frame = makeFrame (40, { 0.1f, 0.0f, 0.0f });
-    frame[41] = { 0.5f, 0.0f, -99.0f };
+    frame.set (41, { 0.5f, 0.0f, -99.0f });
     const auto columns = plot (frame, makeSettings (true));
     EXPECT_EQ (countLit (columns), 1u);
     EXPECT_NEAR (columns[4][128 - 40], 1.0f + std::log10 (0.5f) / 5.0f, 1.0e-5f);

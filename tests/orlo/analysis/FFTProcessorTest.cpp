@@ -4,6 +4,7 @@
 #include "tests/support/MessageLoop.h"
 #include "tests/support/Signals.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -13,6 +14,8 @@ namespace mk::orlo::test
 {
 namespace
 {
+
+using testing::Each;
 
 /** A worker without its thread. */
 class FFTProcessorTest : public testing::Test
@@ -47,14 +50,14 @@ protected:
 
 [[nodiscard]] size_t loudestBin (const Frame& frame)
 {
-    const auto louder = [] (const FrameBin& a, const FrameBin& b) { return a.magnitude < b.magnitude; };
-    return size_t (std::max_element (frame.begin(), frame.end(), louder) - frame.begin());
+    const auto& magnitudes = frame.magnitudes;
+    return size_t (std::max_element (magnitudes.begin(), magnitudes.end()) - magnitudes.begin());
 }
 
 void expectSilent (const Frame& frame)
 {
-    for (const auto& bin : frame)
-        EXPECT_EQ (bin.magnitude, 0.0f);
+    for (const auto magnitude : frame.magnitudes)
+        EXPECT_EQ (magnitude, 0.0f);
 }
 
 TEST_F (FFTProcessorTest, StartsWithAHannWindowOf1023)
@@ -265,8 +268,8 @@ TEST_F (FFTProcessorTest, NaNsLeaveTheWindowEvenIfWindowAndHopChangeMeanwhile)
     const auto frames = analyse (makeSine (44100.0 * 64 / 1024, 0.5f, 8000, 44100.0));
     EXPECT_NEAR (frames.back()[64].magnitude, 0.5f, 0.01f);
 
-    for (const auto& bin : frames.back())
-        EXPECT_TRUE (std::isfinite (bin.magnitude));
+    for (const auto magnitude : frames.back().magnitudes)
+        EXPECT_TRUE (std::isfinite (magnitude));
 }
 
 TEST_F (FFTProcessorTest, NaNsReadAsSilence)
@@ -386,16 +389,34 @@ TEST_F (FFTProcessorTest, APendingRateIsNotReportedAfterTheWorkerIsDestroyed)
     EXPECT_FALSE (called);
 }
 
+TEST_F (FFTProcessorTest, BinsTooQuietToBeReassignedKeepTheShiftsOfTheFrameBefore)
+{
+    configure (255, 64);
+    worker.setEnhanced (true);
+    const auto loud = analyse (makeReferenceSignal ("noise", 2048, 44100.0)).back();
+    ASSERT_NE (loud.timeShifts[20], 0.0f);
+    ASSERT_NE (loud.freqShifts[20], 0.0f);
+
+    // Four hops until the window is silent, and then more frames than the ring has slots.
+    const auto frames = analyse (Samples (64 * 80, 0.0f));
+    ASSERT_EQ (frames.size(), 80u);
+    expectSilent (frames[4]);
+    EXPECT_NE (frames[4].timeShifts[20], 0.0f);
+
+    for (size_t i = 5; i < frames.size(); ++i)
+    {
+        ASSERT_EQ (frames[i].timeShifts, frames[4].timeShifts);
+        ASSERT_EQ (frames[i].freqShifts, frames[4].freqShifts);
+    }
+}
+
 TEST_F (FFTProcessorTest, ClassicLeavesTheShiftsAlone)
 {
     configure (1023, 256);
     const auto frames = analyse (makeReferenceSignal ("noise", 4096, 44100.0));
 
-    for (const auto& bin : frames.back())
-    {
-        EXPECT_EQ (bin.timeShift, 0.0f);
-        EXPECT_EQ (bin.freqShift, 0.0f);
-    }
+    EXPECT_THAT (frames.back().timeShifts, Each (0.0f));
+    EXPECT_THAT (frames.back().freqShifts, Each (0.0f));
 }
 
 TEST_F (FFTProcessorTest, TheThreadAnalysesWhatIsPushed)

@@ -143,7 +143,7 @@ protected:
     {
         Frame frame (size_t (wanted.fftSize / 2 + 1));
         frame.format = wanted;
-        frame[20].magnitude = withPoint ? 0.5f : 0.0f;
+        frame.magnitudes[20] = withPoint ? 0.5f : 0.0f;
 
         Column column;
         mapper.map (frame, makeColumnSettings (wanted, { 0.0f, 1.0f, -100.0f, 0.0f, numRows }), scale, column);

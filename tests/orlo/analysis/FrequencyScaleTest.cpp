@@ -253,6 +253,40 @@ TEST (FrequencyScale, ANaNFrequencyLiesAtTheBottom)
     EXPECT_EQ (scale.positionForFrequency (std::numeric_limits<float>::infinity()), 1.0f);
 }
 
+TEST (FrequencyScale, ManyFrequenciesAreConvertedAsSingleOnesAre)
+{
+    std::vector<float> hz { std::numeric_limits<float>::quiet_NaN(), -std::numeric_limits<float>::infinity(), 0.0f };
+
+    for (auto f = 0.5f; f < 30000.0f; f *= 1.003f)
+        hz.push_back (f);
+
+    hz.push_back (std::numeric_limits<float>::infinity());
+
+    for (int type = 0; type <= FrequencyScale::numTypes; ++type)
+        for (const auto& [min, max] : { std::pair { 0.0f, 22050.0f },
+                                        { 20.0f, 20000.0f },
+                                        { 60.0f, 61.5f },
+                                        { 10.0f, 45.0f },
+                                        { 300.0f, 300.0f } })
+        {
+            FrequencyScale scale;
+            scale.setScaleType (type);
+            scale.setRange (min, max);
+
+            for (const auto count : { size_t (0), size_t (1), size_t (63), size_t (64), size_t (65), hz.size() })
+            {
+                std::vector<float> positions (hz.size() + 1, 7.0f);
+                scale.getForwardMap().convert (hz.data(), positions.data(), count);
+
+                for (size_t i = 0; i < count; ++i)
+                    ASSERT_NEAR (positions[i], scale.positionForFrequency (hz[i]), 1.0e-6f)
+                        << hz[i] << " Hz of " << min << " to " << max << ", type " << type;
+
+                EXPECT_EQ (positions[count], 7.0f);
+            }
+        }
+}
+
 TEST (FrequencyScale, TheSameRangeTwiceNotifiesOnce)
 {
     FrequencyScale scale;

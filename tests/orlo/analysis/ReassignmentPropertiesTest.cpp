@@ -54,8 +54,8 @@ struct Setting
         const auto centre = samplesRead - (windowLength - 1) + windowLength / 2;
         auto loudest = 0.0f;
 
-        for (const auto& bin : frame)
-            loudest = std::max (loudest, bin.magnitude);
+        for (const auto magnitude : frame.magnitudes)
+            loudest = std::max (loudest, magnitude);
 
         for (size_t k = 1; k < frame.size(); ++k)
             if (frame[k].magnitude > 1.0e-7f && frame[k].magnitude >= relativeThreshold * loudest

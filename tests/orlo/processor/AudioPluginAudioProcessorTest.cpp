@@ -195,8 +195,8 @@ TEST_F (AudioPluginAudioProcessorTest, OppositeChannelsAreSilenceToTheAnalysis)
     Frame frame;
     ASSERT_TRUE (pumpUntil ([&] { return worker.popFrame (frame); }));
 
-    for (const auto& bin : frame)
-        EXPECT_EQ (bin.magnitude, 0.0f);
+    for (const auto magnitude : frame.magnitudes)
+        EXPECT_EQ (magnitude, 0.0f);
 }
 
 TEST_F (AudioPluginAudioProcessorTest, AMonoLayoutIsAnalysedDirectly)
