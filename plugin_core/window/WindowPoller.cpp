@@ -28,6 +28,9 @@ void WindowPoller::readNews()
 
 void WindowPoller::pollNow()
 {
+    // A client's step, or an event, may release the last handle to this poller, and may add or remove clients.
+    const juce::SharedResourcePointer<WindowPoller> keepAlive;
+
     const auto numChanges = events.getNumChanges();
     const auto somethingChanged = std::exchange (lastNumChanges, numChanges) != numChanges;
     msToCheck -= getTimerInterval();
@@ -38,8 +41,8 @@ void WindowPoller::pollNow()
 
     const auto mayHaveChanged = somethingChanged || isDue || ! numChanges.has_value();
 
-    // A client's step may release the last handle to this poller, and may add or remove clients.
-    const juce::SharedResourcePointer<WindowPoller> keepAlive;
+    // After the changes have been counted, since this may call readNews().
+    WindowEvents::handleQueuedEvents();
     const auto present = clients;
 
     for (auto* const client : present)
