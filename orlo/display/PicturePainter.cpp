@@ -68,13 +68,12 @@ void PicturePainter::paint (juce::Graphics& g, const SpectrogramRing& picture, b
 
     if (pixels == juce::Point { picture.getWidth(), picture.getHeight() }.toDouble())
     {
-        picture.forEachPiece (
-            scroll,
-            [&] (const SpectrogramRing::Piece& piece)
-            {
-                const auto toItsPlace = juce::AffineTransform::translation (float (piece.x), 0.0f);
-                g.drawImageTransformed (piece.image, toItsPlace.followedBy (toPixels));
-            });
+        picture.forEachPiece (scroll,
+                              [&] (const SpectrogramRing::Piece& piece)
+                              {
+                                  const auto toItsPlace = juce::AffineTransform::translation (float (piece.x), 0.0f);
+                                  g.drawImageTransformed (piece.image, toItsPlace.followedBy (toPixels));
+                              });
         return;
     }
 
@@ -113,8 +112,7 @@ void PicturePainter::copyColumns (const SpectrogramRing& picture, bool scroll, j
         return;
 
     juce::Image::BitmapData target (copy, juce::Image::BitmapData::readWrite);
-    picture.forEachPiece (scroll,
-                          [&] (const SpectrogramRing::Piece& piece) { copyPiece (piece, changed, target); });
+    picture.forEachPiece (scroll, [&] (const SpectrogramRing::Piece& piece) { copyPiece (piece, changed, target); });
 }
 
 void PicturePainter::copyPiece (const SpectrogramRing::Piece& piece,

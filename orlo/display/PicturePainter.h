@@ -39,7 +39,9 @@ private:
     void updateCopy (const SpectrogramRing& picture, bool scroll, juce::Point<double> pixels);
     void setCopySize (int pictureWidth, int pictureHeight, juce::Point<double> pixels);
     void copyColumns (const SpectrogramRing& picture, bool scroll, juce::Range<int> changed);
-    void copyPiece (const SpectrogramRing::Piece& piece, juce::Range<int> changed, juce::Image::BitmapData& target) const;
+    void copyPiece (const SpectrogramRing::Piece& piece,
+                    juce::Range<int> changed,
+                    juce::Image::BitmapData& target) const;
 
     // One to two pixels larger than the picture, so that it covers one that begins within a pixel of the screen.
     juce::Image copy;
