@@ -4,6 +4,8 @@
 #include "ColourTables.h"
 #include "FFTProcessor.h"
 
+#include <tuple>
+
 namespace mk::orlo
 {
 namespace
@@ -47,25 +49,50 @@ void SpectrogramImageBuilder::run()
 {
     while (! threadShouldExit())
     {
-        const auto tickCount = frameClock.tickCount.load (std::memory_order_acquire);
-        const auto numTicks = tickCount - std::exchange (lastTickCount, tickCount);
+        const auto dueCount = frameClock.dueCount.load (std::memory_order_acquire);
+        const auto numDue = dueCount - std::exchange (lastDueCount, dueCount);
 
-        // Ticks that came while columns were being painted are taken to be as long as the newest one.
-        if (numTicks == 0
-            || ! processTick (float (numTicks) * frameClock.columnsPerTick.load (std::memory_order_relaxed)))
-            wait (1.0);
+        if (numDue == 0)
+        {
+            wait (-1.0);
+            continue;
+        }
+
+        // Ticks that were missed are taken to be as long as the newest one.
+        const auto columnsPerTick = frameClock.columnsPerTick.load (std::memory_order_relaxed);
+        const auto tickCount = frameClock.tickCount.load (std::memory_order_relaxed);
+        const auto skippedCount = juce::jmax (lastSkippedCount, tickCount - dueCount);
+        skipTicks (skippedCount - std::exchange (lastSkippedCount, skippedCount), columnsPerTick);
+        processTick (float (numDue) * columnsPerTick);
     }
+}
+
+bool SpectrogramImageBuilder::isColumnReady() const noexcept
+{
+    return fftProcessor.getNumFramesReady() >= juce::jmax (1, framesPerColumn.load (std::memory_order_relaxed));
+}
+
+void SpectrogramImageBuilder::skipTicks (std::uint64_t numTicks, float columnsPerTick) noexcept
+{
+    // The pacer's averages no longer change after that many ticks without columns.
+    constexpr std::uint64_t longestMemory = 1024;
+    const auto framesEach = juce::jmax (1, framesPerColumn.load (std::memory_order_relaxed));
+    const auto numReady = juce::jmin (framesLeft, framesEach - 1);
+
+    for (auto left = juce::jmin (numTicks, longestMemory); left > 0; --left)
+        std::ignore = pacer.next (columnsPerTick, numReady, framesEach);
 }
 
 bool SpectrogramImageBuilder::processTick (float columnsPerTick)
 {
     const auto framesEach = juce::jmax (1, framesPerColumn.load (std::memory_order_relaxed));
-    const auto share = pacer.next (columnsPerTick, fftProcessor.getNumFramesReady(), framesEach);
+    const auto numReady = fftProcessor.getNumFramesReady();
+    const auto share = pacer.next (columnsPerTick, numReady, framesEach);
+    framesLeft = numReady - share.numColumns * framesEach - share.numExtraFrames;
 
     if (share.numColumns < 1)
         return false;
 
-    applyScrollMode();
     applyRequestedSize();
 
     if (framesEach == 1 && share.numExtraFrames == 0)
@@ -73,42 +100,25 @@ bool SpectrogramImageBuilder::processTick (float columnsPerTick)
     else
         collectMergedColumns (share.numColumns * framesEach, framesEach, share.numExtraFrames > 0);
 
-    if (outputColumns.empty())
+    if (output.columns.empty())
         return false;
 
-    paintAndPublish();
+    handOver();
     return true;
 }
 
-void SpectrogramImageBuilder::applyScrollMode()
+void SpectrogramImageBuilder::applyRequestedSize() noexcept
 {
-    const auto scroll = scrollMode.load (std::memory_order_relaxed);
-
-    if (std::exchange (lastScrollMode, scroll) && ! scroll)
-        ring.restart();
-}
-
-void SpectrogramImageBuilder::applyRequestedSize()
-{
-    const auto width = requestedWidth.load (std::memory_order_relaxed);
-    const auto height = requestedHeight.load (std::memory_order_relaxed);
-
-    if (width == currentWidth && height == currentHeight)
-        return;
-
-    currentWidth = width;
-    currentHeight = height;
-
-    if (width >= 1 && height >= 1)
-        ring.resize (width, height, lastScrollMode);
+    currentWidth = requestedWidth.load (std::memory_order_relaxed);
+    currentHeight = requestedHeight.load (std::memory_order_relaxed);
 }
 
 //==============================================================================
 void SpectrogramImageBuilder::collectColumns (int numColumns)
 {
-    outputColumns.resize (size_t (numColumns));
+    output.columns.resize (size_t (numColumns));
 
-    for (auto& column : outputColumns)
+    for (auto& column : output.columns)
     {
         column.assign (size_t (currentHeight), 0.0f);
 
@@ -121,7 +131,7 @@ void SpectrogramImageBuilder::collectMergedColumns (int numFrames, int framesInE
 {
     mergeColumn.resize (size_t (currentHeight));
     tempColumn.resize (size_t (currentHeight));
-    outputColumns.resize (size_t (numFrames));
+    output.columns.resize (size_t (numFrames));
 
     size_t numColumns = 0;
 
@@ -138,12 +148,12 @@ void SpectrogramImageBuilder::collectMergedColumns (int numFrames, int framesInE
 
         if (framesInColumn >= framesInEachColumn)
         {
-            outputColumns[numColumns++] = mergeColumn;
+            output.columns[numColumns++] = mergeColumn;
             framesInColumn = 0;
         }
     }
 
-    outputColumns.resize (numColumns);
+    output.columns.resize (numColumns);
 }
 
 bool SpectrogramImageBuilder::mergeNextFrame()
@@ -178,19 +188,34 @@ void SpectrogramImageBuilder::frameToColumn (const Frame& frame, Column& column)
     mapper.map (frame, makeColumnSettings (frame.format, getShownRange()), frequencyScale, column);
 }
 
-void SpectrogramImageBuilder::paintAndPublish()
+void SpectrogramImageBuilder::handOver()
 {
-    const auto map = getColourMap();
+    output.map = getColourMap();
     const auto crossed = floorDb.load (std::memory_order_relaxed) > ceilingDb.load (std::memory_order_relaxed);
-    const auto zeroColour = crossed ? map->getPixels().getLast() : SpectrogramRing::background;
+    output.zeroColour = crossed ? output.map->getPixels().getLast() : SpectrogramRing::background;
+    output.width = currentWidth;
+    output.height = currentHeight;
+    output.scroll = scrollMode.load (std::memory_order_relaxed);
+    exchange.push (output);
+}
 
-    ring.paint (outputColumns, *map, zeroColour, lastScrollMode);
+//==============================================================================
+ChangedColumns SpectrogramImageBuilder::fetchColumns()
+{
+    exchange.takeAll ([this] (const ColumnBatch& batch) { paint (batch); });
+    return picture.takeChanges();
+}
 
-    if (ring.getWidth() > 0)
-    {
-        ring.copyShownPart (exchange.getBack(), lastScrollMode);
-        exchange.publish();
-    }
+void SpectrogramImageBuilder::paint (const ColumnBatch& batch)
+{
+    if (std::exchange (isScrolling, batch.scroll) && ! batch.scroll)
+        picture.restart();
+
+    if (batch.width >= 1 && batch.height >= 1
+        && (batch.width != picture.getWidth() || batch.height != picture.getHeight()))
+        picture.resize (batch.width, batch.height, batch.scroll);
+
+    picture.paint (batch.columns, *batch.map, batch.zeroColour, batch.scroll);
 }
 
 } // namespace mk::orlo

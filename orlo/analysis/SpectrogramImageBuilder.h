@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
+#include "ColumnExchange.h"
 #include "ColumnMapper.h"
 #include "ColumnPacer.h"
 #include "FrameClock.h"
 #include "FrequencyScale.h"
-#include "SnapshotExchange.h"
 #include "SpectrogramRing.h"
 
 #include <juce_core/juce_core.h>
@@ -17,10 +17,11 @@ class FFTProcessor;
 
 /** Turns the worker's frames into the picture, at the rate of the display's ticks.
 
-    For every tick it takes the frames that are due (see ColumnPacer), maps them to columns, paints these
-    into a ring image and publishes a snapshot of the part that is shown. The thread "ima" only waits for
-    ticks and calls processTick(), which tools, tests and benchmarks may call directly if the thread is
-    not started.
+    For every tick it takes the frames that are due (see ColumnPacer), maps them to columns and hands these over to
+    the message thread, which paints them into the picture when it fetches them. So the picture has one owner, and
+    nothing but new columns goes from thread to thread. The thread "ima" sleeps until notify() is called at a tick
+    that is due, and calls processTick(), which tools, tests and benchmarks may call directly if the thread is not
+    started.
 */
 class SpectrogramImageBuilder final : public juce::Thread
 {
@@ -35,8 +36,17 @@ public:
     /** [message thread] The picture's size in pixels, both at least 1; applied with the next columns. */
     void setRequestedSize (int width, int height) noexcept;
 
+    /** Any thread. The size that was last requested, 0 by 0 before that. */
+    [[nodiscard]] juce::Point<int> getRequestedSize() const noexcept
+    {
+        return { requestedWidth.load (std::memory_order_relaxed), requestedHeight.load (std::memory_order_relaxed) };
+    }
+
     /** [message thread] How many frames are merged into one column, at least 1. */
     void setFramesPerColumn (int numFrames) noexcept { framesPerColumn.store (numFrames, std::memory_order_relaxed); }
+
+    /** Any thread. Whether enough frames wait for a column. If not, a tick need not wake the builder. */
+    [[nodiscard]] bool isColumnReady() const noexcept;
 
     /** [message thread] The levels of 0 and of 1, in decibels; a floor above the ceiling inverts the picture. */
     void setLevelRange (float newFloorDb, float newCeilingDb) noexcept;
@@ -59,37 +69,45 @@ public:
     }
 
     //==============================================================================
-    /** [message thread] The newest picture, null before the first. Valid until the next call. */
-    [[nodiscard]] const juce::Image& getFrontImage() noexcept { return exchange.getFront(); }
+    /** [message thread] Paints the columns that have been handed over into the picture, and returns what has changed in
+        it since the last call. The picture survives a stop of the thread. */
+    [[nodiscard]] ChangedColumns fetchColumns();
+
+    /** [message thread] The picture as of the last fetchColumns(); its width is 0 before the first column. */
+    [[nodiscard]] const SpectrogramRing& getPicture() const noexcept { return picture; }
+
+    /** [message thread] Whether the picture shows the newest columns of its ring; else it shows one half. */
+    [[nodiscard]] bool isPictureScrolling() const noexcept { return isScrolling; }
 
     /** The scale of the rows. Its owner is the builder thread; any thread may call its inverse. */
     [[nodiscard]] FrequencyScale& getFrequencyScale() noexcept { return frequencyScale; }
 
     //==============================================================================
     /** [builder, or any thread while the builder's is not started] One tick that lasted the given number of
-        columns. True if columns were painted and a picture published. */
+        columns. True if columns were handed over. */
     bool processTick (float columnsPerTick);
+
+    /** [builder, or any thread while the builder's is not started] Ticks of the given length, each, at which
+        isColumnReady() was false. */
+    void skipTicks (std::uint64_t numTicks, float columnsPerTick) noexcept;
 
     /** [builder, or any thread while the builder's is not started] Makes the next column from the next frame, with
         the frame's own format and the current levels, range and scale; see ColumnMapper. */
     void frameToColumn (const Frame& frame, Column& column);
 
-    /** [builder, or any thread while the builder's is not started] Applies the requested size at once,
-        without waiting for the next columns. */
-    void applyRequestedSize();
+    /** [builder, or any thread while the builder's is not started] Makes columns of the requested size from now on,
+        without waiting for the next tick. */
+    void applyRequestedSize() noexcept;
 
     void run() override;
 
-    /** For tests: the columns painted so far. Only while the thread is not started. */
-    [[nodiscard]] const SpectrogramRing& getRing() const noexcept { return ring; }
-
 private:
     [[nodiscard]] ShownRange getShownRange() const noexcept;
-    void applyScrollMode();
     void collectColumns (int numColumns);
     void collectMergedColumns (int numFrames, int framesInEachColumn, bool catchUp);
     bool mergeNextFrame();
-    void paintAndPublish();
+    void handOver();
+    void paint (const ColumnBatch& batch);
 
     FrequencyScale frequencyScale;
     FFTProcessor& fftProcessor;
@@ -106,18 +124,21 @@ private:
     std::shared_ptr<const ColourMap> colourMap = std::make_shared<const ColourMap> (0u);
 
     // Used by the builder only.
-    std::uint64_t lastTickCount = 0;
+    std::uint64_t lastDueCount = 0, lastSkippedCount = 0;
     ColumnPacer pacer;
-    bool lastScrollMode = false;
+    int framesLeft = 0; // after the last tick
     int currentWidth = 0, currentHeight = 0;
     ColumnMapper mapper;
     Frame frameBuffer;
-    std::vector<Column> outputColumns; // finished in this tick
+    ColumnBatch output; // finished in this tick
     Column mergeColumn, tempColumn;
     int framesInColumn = 0; // merged into mergeColumn so far
-    SpectrogramRing ring;
 
-    SnapshotExchange exchange;
+    ColumnExchange exchange;
+
+    // Used by the message thread only.
+    SpectrogramRing picture;
+    bool isScrolling = false;
 
     JUCE_DECLARE_NON_COPYABLE (SpectrogramImageBuilder)
 };

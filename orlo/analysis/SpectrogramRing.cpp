@@ -1,124 +1,101 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "SpectrogramRing.h"
 
+#include "RingResize.h"
+
 #include <cstring>
+#include <limits>
 
 namespace mk::orlo
 {
 namespace
 {
-[[nodiscard]] juce::Image makeImage (int width, int height)
+[[nodiscard]] juce::Image makeImage (int width, int height, const juce::ImageType& type)
 {
-    juce::Image image (juce::Image::ARGB, width, height, false, juce::SoftwareImageType());
+    juce::Image image (juce::Image::RGB, width, height, false, type);
     image.clear (image.getBounds(), juce::Colour (SpectrogramRing::background));
     return image;
 }
 
-/** How many half columns an old column becomes: 4 if the width was doubled, 1 if halved, else 2.
-    Counted in halves to keep the arithmetic in whole numbers. */
-[[nodiscard]] int getHalfColumnsPerColumn (int oldWidth, int newWidth) noexcept
+/** Writes an opaque colour in the format of the image. True if the pixel had another one. */
+[[nodiscard]] bool setPixel (juce::uint8* pixel, juce::uint32 argb, juce::Image::PixelFormat format) noexcept
 {
-    return newWidth == 2 * oldWidth ? 4 : 2 * newWidth == oldWidth ? 1 : 2;
-}
+    const juce::PixelARGB colour (0xff, juce::uint8 (argb >> 16), juce::uint8 (argb >> 8), juce::uint8 (argb));
 
-/** Draws columns of an image, from sourceX up to sourceEnd, so that the last one ends at destinationEnd,
-    stretched to the destination's height and clipped to the given stretch of it. */
-void drawColumns (juce::Image& destination,
-                  const juce::Image& source,
-                  juce::Range<int> sourceX,
-                  int destinationEnd,
-                  juce::Range<int> clip,
-                  int halfColumnsPerColumn)
-{
-    if (sourceX.isEmpty() || clip.isEmpty())
-        return;
+    // A system's own images may have an alpha channel although none was asked for.
+    if (format == juce::Image::ARGB)
+    {
+        const auto native = colour.getNativeARGB();
+        const auto differs = std::memcmp (pixel, &native, sizeof (native)) != 0;
+        std::memcpy (pixel, &native, sizeof (native));
+        return differs;
+    }
 
-    // Blending neighbours would give colours that the map does not have.
-    juce::Graphics g (destination);
-    g.setImageResamplingQuality (juce::Graphics::lowResamplingQuality);
-    g.reduceClipRegion (clip.getStart(), 0, clip.getLength(), destination.getHeight());
-
-    const auto width = sourceX.getLength() * halfColumnsPerColumn / 2;
-    g.drawImage (source,
-                 destinationEnd - width,
-                 0,
-                 width,
-                 destination.getHeight(),
-                 sourceX.getStart(),
-                 0,
-                 sourceX.getLength(),
-                 source.getHeight());
+    juce::PixelRGB rgb;
+    rgb.set (colour);
+    const auto differs = std::memcmp (pixel, &rgb, sizeof (rgb)) != 0;
+    std::memcpy (pixel, &rgb, sizeof (rgb));
+    return differs;
 }
 } // namespace
 
+int SpectrogramRing::getDefaultTileWidth() noexcept
+{
+    // JUCE's software renderer draws an image from where it lies. Elsewhere, drawing an image that has changed copies
+    // all of it to the graphics system first.
+#if JUCE_LINUX || JUCE_BSD
+    return std::numeric_limits<int>::max();
+#else
+    return 64;
+#endif
+}
+
 //==============================================================================
-void SpectrogramRing::resize (int width, int height, bool scroll)
+void SpectrogramRing::resize (int width, int newHeight, bool scroll)
 {
-    const auto old = std::exchange (image, makeImage (2 * width, height));
-    ++numRebuilds;
+    const RingImage old { copyColumns (0, ringWidth), writeX };
+    RingImage target { makeImage (2 * width, newHeight, juce::SoftwareImageType()), writeX };
 
-    if (old.isNull())
-        return;
+    if (old.image.isValid())
+        carryOver (old, target, scroll);
 
-    const auto halfColumnsPerColumn = getHalfColumnsPerColumn (old.getWidth() / 2, width);
-
-    if (scroll)
-        carryOverScrolling (old, halfColumnsPerColumn);
-    else
-        carryOverStatic (old, halfColumnsPerColumn);
+    ringWidth = 2 * width;
+    height = newHeight;
+    writeX = target.writeX;
+    makeTiles();
+    cutIntoTiles (target.image);
+    noteAllChanged();
 }
 
-void SpectrogramRing::carryOverScrolling (const juce::Image& old, int halfColumnsPerColumn)
+void SpectrogramRing::makeTiles()
 {
-    // The newest column ends just before the write position and the older ones lie to its left. Columns that
-    // would lie beyond the ring's left edge wrap round to its right edge, down to the write position.
-    const auto ringWidth = image.getWidth();
-    const auto oldWriteX = writeX;
-    writeX = juce::jmin (writeX, ringWidth - 1);
+    tileWidth = juce::jmin (maxTileWidth, getWidth());
+    tiles.clear();
 
-    const juce::Range<int> newer (0, oldWriteX), older (oldWriteX, old.getWidth());
-    const auto olderEnd = writeX - newer.getLength() * halfColumnsPerColumn / 2;
-
-    const juce::Range<int> leftOfWriteX (0, writeX), rightOfWriteX (writeX, ringWidth);
-    drawColumns (image, old, newer, writeX, leftOfWriteX, halfColumnsPerColumn);
-    drawColumns (image, old, older, olderEnd, leftOfWriteX, halfColumnsPerColumn);
-    drawColumns (image, old, newer, writeX + ringWidth, rightOfWriteX, halfColumnsPerColumn);
-    drawColumns (image, old, older, olderEnd + ringWidth, rightOfWriteX, halfColumnsPerColumn);
+    for (int x = 0; x < ringWidth; x += tileWidth)
+        tiles.push_back (makeImage (juce::jmin (tileWidth, ringWidth - x), height, juce::NativeImageType()));
 }
 
-void SpectrogramRing::carryOverStatic (const juce::Image& old, int halfColumnsPerColumn)
+void SpectrogramRing::cutIntoTiles (const juce::Image& whole)
 {
-    const auto oldWidth = old.getWidth() / 2;
-    const auto width = getWidth();
-    const auto inSecondHalf = writeX >= oldWidth;
-    const auto oldStart = inSecondHalf ? oldWidth : 0;
-    const auto start = inSecondHalf ? width : 0;
-    const juce::Range<int> half (start, start + width);
+    int x = 0;
 
-    // The sweep keeps its position. If the picture has become too narrow for it, the newest columns are kept
-    // and the sweep continues at the left.
-    const auto swept = (writeX - oldStart) * halfColumnsPerColumn / 2;
-    const auto overhang = juce::jmax (0, swept - width);
-    drawColumns (image,
-                 old,
-                 { oldStart, oldStart + oldWidth },
-                 start - overhang + oldWidth * halfColumnsPerColumn / 2,
-                 half,
-                 halfColumnsPerColumn);
-    writeX = start + (swept >= width ? 0 : swept);
+    for (auto& tile : tiles)
+    {
+        juce::Graphics g (tile);
+        g.drawImageAt (whole, -x, 0);
+        x += tileWidth;
+    }
 }
 
 void SpectrogramRing::restart()
 {
-    if (image.isNull())
-    {
-        writeX = 0;
-        return;
-    }
-
     writeX = getHalfStart();
-    ++numRebuilds;
-    image.clear (image.getBounds(), juce::Colour (background));
+
+    for (auto& tile : tiles)
+        tile.clear (tile.getBounds(), juce::Colour (background));
+
+    noteAllChanged();
 }
 
 //==============================================================================
@@ -127,96 +104,128 @@ void SpectrogramRing::paint (const std::vector<Column>& columns,
                              juce::uint32 zeroColour,
                              bool scroll)
 {
-    if (image.isNull())
+    if (tiles.empty())
         return;
 
-    const juce::Image::BitmapData data (image, juce::Image::BitmapData::writeOnly);
-    const auto numNew = int (columns.size());
+    if (std::exchange (wasScrolling, scroll) != scroll)
+        noteAllChanged();
 
     // Scroll writes round the whole ring, Static round one half.
     const auto start = scroll ? 0 : getHalfStart();
-    const auto length = scroll ? image.getWidth() : getWidth();
-    const auto xOf = [=, firstX = writeX - start] (int index) { return start + (firstX + index) % length; };
+    const auto length = scroll ? ringWidth : getWidth();
+    const auto numIdenticalBefore = numIdentical;
+    auto areAllIdentical = true;
 
-    for (int i = 0; i < numNew; ++i)
+    for (const auto& column : columns)
     {
-        const auto& column = columns[size_t (i)];
+        const auto isChanged = paintColumn (writeX, column, map, zeroColour);
 
-        if (int (column.size()) != data.height)
-            continue;
-
-        auto* pixel = data.getPixelPointer (xOf (i), 0);
-
-        for (const auto level : column)
+        if (scroll)
         {
-            // Opaque pixels are the same with and without premultiplication. The map handles a NaN.
-            const auto colour = level <= 0.0f ? zeroColour : map.pixelForLevel (level);
-            std::memcpy (pixel, &colour, sizeof (colour));
-            pixel += data.lineStride;
+            const auto isIdentical = isLikeThePreviousColumn (writeX);
+            numIdentical = isIdentical ? juce::jmin (numIdentical + 1, ringWidth) : 1;
+            areAllIdentical = areAllIdentical && isIdentical;
         }
+        else if (isChanged)
+        {
+            noteSwept (writeX - start);
+        }
+
+        writeX = start + (writeX - start + 1) % length;
     }
 
-    writeX = xOf (numNew);
-
-    numColumns += numNew;
-    numRebuilds += scroll ? 1 : 0; // all columns have moved
+    if (scroll && ! columns.empty())
+        noteScrolled (areAllIdentical ? numIdenticalBefore : 0);
 }
 
-SpectrogramRing::MissingColumns SpectrogramRing::findMissing (const Snapshot& snapshot) const noexcept
+bool SpectrogramRing::paintColumn (int x, const Column& column, const ColourMap& map, juce::uint32 zeroColour)
 {
-    const auto width = getWidth();
-    const auto numNew = numColumns - snapshot.numColumns;
+    if (int (column.size()) != height)
+        return false;
 
-    if (snapshot.scroll || snapshot.numRebuilds != numRebuilds || numNew >= width)
-        return { { 0, width }, {} };
+    auto& tile = tiles[size_t (x / tileWidth)];
+    const juce::Image::BitmapData data (tile, x % tileWidth, 0, 1, height, juce::Image::BitmapData::readWrite);
+    auto* pixel = data.data;
+    auto isChanged = false;
 
-    // The sweep ends before the write position and may have wrapped round at the right edge.
-    const auto end = writeX - getHalfStart();
-    const auto start = end - int (numNew);
-    return { { juce::jmax (0, start), end }, { start < 0 ? width + start : width, width } };
-}
-
-void SpectrogramRing::copyColumns (juce::Image& destination, int destinationX, juce::Range<int> columns) const
-{
-    if (columns.isEmpty())
-        return;
-
-    const juce::Image::BitmapData from (image, juce::Image::BitmapData::readOnly);
-    const juce::Image::BitmapData to (destination, juce::Image::BitmapData::readWrite);
-    const auto numBytes = size_t (columns.getLength()) * size_t (from.pixelStride);
-
-    for (int y = 0; y < from.height; ++y)
-        std::memcpy (to.getPixelPointer (destinationX, y), from.getPixelPointer (columns.getStart(), y), numBytes);
-}
-
-void SpectrogramRing::copyShownPart (Snapshot& snapshot, bool scroll) const
-{
-    if (image.isNull())
-        return;
-
-    const auto width = getWidth();
-
-    if (snapshot.image.getWidth() != width || snapshot.image.getHeight() != getHeight())
-        snapshot = { makeImage (width, getHeight()) };
-
-    if (scroll)
+    for (const auto level : column)
     {
-        const auto startX = (writeX + width) % (2 * width);
-        const auto untilEdge = juce::jmin (width, 2 * width - startX);
-        copyColumns (snapshot.image, 0, { startX, startX + untilEdge });
-        copyColumns (snapshot.image, untilEdge, { 0, width - untilEdge });
-    }
-    else
-    {
-        const auto missing = findMissing (snapshot);
-        const auto start = getHalfStart();
-        copyColumns (snapshot.image, missing.first.getStart(), missing.first + start);
-        copyColumns (snapshot.image, missing.second.getStart(), missing.second + start);
+        // Opaque pixels are the same with and without premultiplication. The map handles a NaN.
+        const auto colour = level <= 0.0f ? zeroColour : map.pixelForLevel (level);
+        isChanged |= setPixel (pixel, colour, data.pixelFormat);
+        pixel += data.lineStride;
     }
 
-    snapshot.numRebuilds = numRebuilds;
-    snapshot.numColumns = numColumns;
-    snapshot.scroll = scroll;
+    return isChanged;
+}
+
+bool SpectrogramRing::isLikeThePreviousColumn (int x) const
+{
+    const auto getData = [this] (int column)
+    {
+        const auto& tile = tiles[size_t (column / tileWidth)];
+        return juce::Image::BitmapData (tile, juce::Image::BitmapData::readOnly);
+    };
+
+    const auto previous = (x + ringWidth - 1) % ringWidth;
+    const auto data = getData (x), previousData = getData (previous);
+
+    for (int y = 0; y < height; ++y)
+        if (std::memcmp (data.getPixelPointer (x % tileWidth, y),
+                         previousData.getPixelPointer (previous % tileWidth, y),
+                         size_t (data.pixelStride))
+            != 0)
+            return false;
+
+    return true;
+}
+
+//==============================================================================
+void SpectrogramRing::noteAllChanged() noexcept
+{
+    changes = { 0, getWidth() };
+    numIdentical = 1;
+}
+
+void SpectrogramRing::noteSwept (int column) noexcept
+{
+    if (changes.isEmpty())
+        changes.first = column;
+
+    const auto width = getWidth();
+    changes.count = juce::jmax (changes.count, (column - changes.first + width) % width + 1);
+}
+
+void SpectrogramRing::noteScrolled (int numIdenticalBefore) noexcept
+{
+    // To the right of these, columns have been replaced by identical ones.
+    const auto numMoved = juce::jmax (0, getWidth() - numIdenticalBefore);
+    changes = { 0, juce::jmax (changes.count, numMoved) };
+}
+
+//==============================================================================
+int SpectrogramRing::getShownStart (bool scroll) const noexcept
+{
+    return ringWidth == 0 ? 0 : scroll ? (writeX + getWidth()) % ringWidth : getHalfStart();
+}
+
+juce::Image SpectrogramRing::copyColumns (int firstColumn, int numColumns) const
+{
+    if (numColumns < 1)
+        return {};
+
+    auto copy = makeImage (numColumns, height, juce::SoftwareImageType());
+    juce::Graphics g (copy);
+    int x = -firstColumn;
+
+    for (const auto& tile : tiles)
+    {
+        g.drawImageAt (tile, x, 0);
+        g.drawImageAt (tile, x + ringWidth, 0);
+        x += tileWidth;
+    }
+
+    return copy;
 }
 
 } // namespace mk::orlo

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "SpectrogramComponent.h"
 
-#include "Crosshair.h"
 #include "MenuKey.h"
 #include "orlo/analysis/HopPlan.h"
 #include "orlo/parameters/Params.h"
@@ -13,7 +12,8 @@ namespace mk::orlo
 {
 namespace
 {
-constexpr double shortestTickSeconds = 0.01;
+// More than 60 pictures a second cost processor time and show nothing more.
+constexpr double shortestTickSeconds = 0.015;
 const juce::Colour crosshairColour { 0xff808080 };
 } // namespace
 
@@ -85,9 +85,21 @@ void SpectrogramComponent::tick (double now)
         return;
 
     lastTickTime = now;
+    attachmentPoller->deliverNow();
     processor.updatePictureSettings();
-    processor.getFrameClock().tick (float (elapsed / double (secondsPerColumn)));
-    repaint();
+
+    const auto changes = imageBuilder.fetchColumns();
+    painter.noteChanges (changes);
+
+    for (const auto& area : findChangedAreas (changes, imageBuilder.getPicture().getWidth(), getLocalBounds()))
+        if (! area.isEmpty())
+            repaint (area);
+
+    const auto isDue = imageBuilder.isColumnReady();
+    processor.getFrameClock().tick (float (elapsed / double (secondsPerColumn)), isDue);
+
+    if (isDue)
+        imageBuilder.notify();
 }
 
 void SpectrogramComponent::recomputeHop()
@@ -137,28 +149,19 @@ void SpectrogramComponent::resized() { requestImageSize(); }
 //==============================================================================
 void SpectrogramComponent::paint (juce::Graphics& g)
 {
-    g.setImageResamplingQuality (resamplingQuality);
-    const auto& image = imageBuilder.getFrontImage();
+    const auto& picture = imageBuilder.getPicture();
 
-    if (image.isNull())
+    if (picture.getWidth() < 1)
     {
         g.fillAll (juce::Colours::black);
         return;
     }
 
-    juce::AffineTransform transform;
-
-    if (image.getBounds() != getLocalBounds())
-        transform = juce::AffineTransform::scale (float (getWidth()) / float (image.getWidth()),
-                                                  float (getHeight()) / float (image.getHeight()));
-
-    if (! g.isClipEmpty())
-        g.drawImageTransformed (image, transform);
+    painter.paint (g, picture, imageBuilder.isPictureScrolling(), getLocalBounds());
 
     if (crosshairVisible)
     {
-        const auto lines =
-            placeCrosshair ({ cursorX, cursorY }, float (getWidth()), float (getHeight()), doubleResolution);
+        const auto lines = getCrosshair();
         g.setColour (crosshairColour);
         g.fillRect (lines.horizontal);
         g.fillRect (lines.vertical);
@@ -175,8 +178,27 @@ float SpectrogramComponent::getFrequencyAt (float y) const
 //==============================================================================
 void SpectrogramComponent::storeCursor (const juce::MouseEvent& event)
 {
+    if (crosshairVisible)
+        repaintCrosshair();
+
     cursorX = juce::jlimit (0.0f, float (getWidth()), event.position.x);
     cursorY = event.position.y;
+
+    if (crosshairVisible)
+        repaintCrosshair();
+}
+
+Crosshair SpectrogramComponent::getCrosshair() const noexcept
+{
+    return placeCrosshair ({ cursorX, cursorY }, float (getWidth()), float (getHeight()), doubleResolution);
+}
+
+void SpectrogramComponent::repaintCrosshair()
+{
+    const auto lines = getCrosshair();
+
+    for (const auto& line : { lines.horizontal, lines.vertical })
+        repaint (line.getSmallestIntegerContainer().expanded (1));
 }
 
 void SpectrogramComponent::callWithFrequency (const MouseCallback& callback, const juce::MouseEvent& event)
@@ -228,7 +250,7 @@ void SpectrogramComponent::mouseDown (const juce::MouseEvent& event)
         crosshairVisible = true;
         setMouseCursor (juce::MouseCursor::NoCursor);
         callWithFrequency (onMouseHeld, event);
-        repaint();
+        repaintCrosshair();
     }
 }
 
@@ -243,15 +265,14 @@ void SpectrogramComponent::mouseDrag (const juce::MouseEvent& event)
 
     if (! pluginCore::isMenuClick (event.mods))
         callWithFrequency (onMouseHeld, event);
-
-    repaint();
 }
 
 void SpectrogramComponent::mouseUp (const juce::MouseEvent& event)
 {
-    crosshairVisible = false;
+    if (std::exchange (crosshairVisible, false))
+        repaintCrosshair();
+
     setMouseCursor (juce::MouseCursor::CrosshairCursor);
-    repaint();
 
     if (onMouseReleased != nullptr)
         onMouseReleased (event);

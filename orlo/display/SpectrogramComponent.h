@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
+#include "Crosshair.h"
+#include "PicturePainter.h"
+
 #include "plugin_core/attachments/ParameterAttachment.h"
 #include "plugin_core/window/ComponentVisibilityObserver.h"
 
@@ -50,8 +53,9 @@ public:
     /** Works out the hop from the parameters and the sample rate and passes it on. */
     void recomputeHop();
 
-    /** One refresh of the display, at the given time in seconds. Refreshes less than 10 ms after the last
-        one that was not ignored are ignored. */
+    /** One refresh of the display, at the given time in seconds. Refreshes less than 15 ms after the last one that was
+        not ignored are ignored. Repaints only the columns that have changed, and wakes the image builder only if
+        frames wait for it. */
     void tick (double now);
 
     /** The frequency in hertz at a y coordinate of the component, 0 at the top. */
@@ -77,9 +81,11 @@ private:
     using MouseCallback = std::function<void (const juce::MouseEvent&, float)>;
 
     void onVisibilityChanged (bool isVisible);
+    void repaintCrosshair();
     void requestImageSize();
     void sampleRateChanged (double rate);
     void storeCursor (const juce::MouseEvent&);
+    [[nodiscard]] Crosshair getCrosshair() const noexcept;
     void callWithFrequency (const MouseCallback& callback, const juce::MouseEvent& event);
     void toggleFreeze();
     bool requestMenu();
@@ -89,6 +95,7 @@ private:
     FFTProcessor& fftProcessor;
     SpectrogramImageBuilder& imageBuilder;
 
+    PicturePainter painter;
     bool crosshairVisible = false;
     float cursorX = 0.0f, cursorY = 0.0f;
 
@@ -96,10 +103,11 @@ private:
     int samplesPerColumn = 0;
     float secondsPerColumn = 0.0f;
     int hopSize = 0;
-    juce::Graphics::ResamplingQuality resamplingQuality = juce::Graphics::lowResamplingQuality;
 
     juce::RangedAudioParameter &modeParameter, &fftSizeParameter, &freezeParameter, &speedParameter;
     pluginCore::ParameterAttachment modeAttachment, fftSizeAttachment, freezeAttachment, speedAttachment;
+
+    const juce::SharedResourcePointer<pluginCore::AttachmentPoller> attachmentPoller;
 
     juce::VBlankAttachment vblank; // empty while hidden
     double lastTickTime = 0.0;     // seconds

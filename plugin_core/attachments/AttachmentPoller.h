@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
+#include "plugin_core/window/WindowPoller.h"
+
 #include <juce_events/juce_events.h>
+
+#include <atomic>
 
 namespace mk::pluginCore
 {
@@ -17,45 +21,44 @@ namespace mk::pluginCore
 /** Delivers values that other threads have stored to their clients on the message thread.
 
     Posting a message takes a lock and a system call and may allocate, none of which an audio thread may do. So
-    writers only set a flag, and this class polls the flags at the rate of a display while there are clients.
-    One for all instances of the plug-in; keep it in a juce::SharedResourcePointer. [message thread] */
-class AttachmentPoller final : private juce::Timer
+    writers only set flags. A view that is animated anyway delivers at each of its ticks; without one, values are
+    delivered at the steps of the WindowPoller. One for all instances of the plug-in; keep it in a
+    juce::SharedResourcePointer. [message thread, except noteValue()] */
+class AttachmentPoller final
 {
 public:
     struct Client
     {
         virtual ~Client() = default;
 
-        /** [message thread] Called at every poll. May add and remove clients, including itself. */
+        /** [message thread] Called if any client has a value. May add and remove clients, including itself. */
         virtual void deliverPending() = 0;
     };
 
-    void add (Client& client)
+    AttachmentPoller() = default;
+
+    void add (Client& client) { clients.add (&client); }
+    void remove (Client& client) { clients.remove (&client); }
+
+    /** Any thread. To be called after a client's value has been stored. Wait-free. */
+    void noteValue() noexcept { hasValues.store (true, std::memory_order_release); }
+
+    /** Delivers the values stored so far. Cheap if there are none. */
+    void deliverNow()
     {
-        clients.add (&client);
-        startTimerHz (turnsPerSecond);
+        // Cleared first, so that a value stored in between is delivered now or the next time.
+        if (hasValues.load (std::memory_order_relaxed) && hasValues.exchange (false, std::memory_order_acq_rel))
+            clients.call ([] (Client& client) { client.deliverPending(); });
     }
-
-    void remove (Client& client)
-    {
-        clients.remove (&client);
-
-        if (clients.isEmpty())
-            stopTimer();
-    }
-
-    /** Polls at once, without waiting for the timer. */
-    void deliverNow() { timerCallback(); }
 
 private:
-    static constexpr int turnsPerSecond = 60;
-
-    void timerCallback() override
-    {
-        clients.call ([] (Client& client) { client.deliverPending(); });
-    }
-
     juce::ListenerList<Client> clients;
+    std::atomic<bool> hasValues { false }; // set by any thread, cleared by the message thread
+    const WindowPoller::Client pollerClient { [this] { deliverNow(); } };
+
+    static_assert (std::atomic<bool>::is_always_lock_free);
+
+    JUCE_DECLARE_NON_COPYABLE (AttachmentPoller)
 };
 
 } // namespace mk::pluginCore

@@ -66,9 +66,13 @@ void ParameterAttachment::parameterValueChanged (int, float newValue)
     lastValue.store (newValue, std::memory_order_relaxed);
 
     if (mayTouchComponents())
+    {
         deliver();
-    else
-        isPending.store (true, std::memory_order_release);
+        return;
+    }
+
+    isPending.store (true, std::memory_order_release);
+    poller->noteValue();
 }
 
 void ParameterAttachment::deliverPending()

@@ -10,8 +10,8 @@
 namespace mk::pluginCore
 {
 
-/** A line that shows the help text of the control under the mouse. Polls every 40 ms while the mouse is
-    over a window, and takes no clicks. [message thread] */
+/** A line that shows the help text of the control under the mouse. Polls every 40 ms while the mouse
+    moves, and takes no clicks. [message thread] */
 class TooltipDisplayComponent final : public juce::Component
 {
 public:

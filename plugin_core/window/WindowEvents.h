@@ -24,6 +24,11 @@ public:
         Nothing if the system sends no events, or no longer does: then anything may change at any time. */
     [[nodiscard]] std::optional<std::uint32_t> getNumChanges() const;
 
+    /** Handles the events of JUCE's windows that have been read from the system but not handled. On Linux a query to
+        the X server also reads the events that arrive before its answer, and JUCE handles those only once more
+        arrive: without this, a click into a window that paints nothing could wait until the mouse moves. */
+    static void handleQueuedEvents();
+
 private:
     class Pimpl;
     std::unique_ptr<Pimpl> pimpl;

@@ -3,10 +3,25 @@
 
 #include "X11ActiveWindow.h"
 
+#include <juce_events/native/juce_EventLoopInternal_linux.h>
+
+#include <sys/socket.h>
 #include <utility>
 
 namespace mk::pluginCore
 {
+namespace
+{
+/** Whether the descriptor is a connection to another process, as that to the X server is. JUCE's own message queue is
+    a pair of sockets without names. */
+[[nodiscard]] bool isConnection (int descriptor) noexcept
+{
+    sockaddr_storage peer {};
+    socklen_t length = sizeof (peer);
+    return getpeername (descriptor, reinterpret_cast<sockaddr*> (&peer), &length) == 0
+           && length > sizeof (peer.ss_family);
+}
+} // namespace
 
 class WindowEvents::Pimpl
 {
@@ -53,5 +68,13 @@ WindowEvents::WindowEvents (std::function<void()> onNews) : pimpl (std::make_uni
 WindowEvents::~WindowEvents() = default;
 
 std::optional<std::uint32_t> WindowEvents::getNumChanges() const { return pimpl->getNumChanges(); }
+
+void WindowEvents::handleQueuedEvents()
+{
+    // What the message loop calls for a descriptor that is ready; it handles everything that has been read before.
+    for (const auto descriptor : juce::LinuxEventLoopInternal::getRegisteredFds())
+        if (isConnection (descriptor))
+            juce::LinuxEventLoopInternal::invokeEventLoopCallbackForFd (descriptor);
+}
 
 } // namespace mk::pluginCore

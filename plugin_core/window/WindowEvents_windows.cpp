@@ -15,4 +15,6 @@ WindowEvents::~WindowEvents() = default;
 
 std::optional<std::uint32_t> WindowEvents::getNumChanges() const { return std::nullopt; }
 
+void WindowEvents::handleQueuedEvents() {}
+
 } // namespace mk::pluginCore

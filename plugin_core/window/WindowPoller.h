@@ -10,11 +10,12 @@ namespace mk::pluginCore
 {
 
 /** The one timer that all windows of a process share, for clients that must poll because nothing notifies them.
-    It fires ten times a second, and every 40 ms while the mouse is over a window or a window has just changed.
-    A window event from the system triggers a step at once if the timer was idle. [message thread]
+    It fires ten times a second, and every 40 ms for a second after the mouse has done something in a client's
+    component or a window has changed. A window event from the system triggers a step at once if the timer was idle.
+    [message thread]
 
     Used through WindowPoller::Client; shared with a juce::SharedResourcePointer. */
-class WindowPoller final : private juce::Timer
+class WindowPoller final : private juce::Timer, private juce::MouseListener
 {
 public:
     class Client;
@@ -33,6 +34,13 @@ public:
 
 private:
     void timerCallback() override { pollNow(); }
+    void mouseMove (const juce::MouseEvent&) override { hurry(); }
+    void mouseEnter (const juce::MouseEvent&) override { hurry(); }
+    void mouseExit (const juce::MouseEvent&) override { hurry(); }
+    void mouseDown (const juce::MouseEvent&) override { hurry(); }
+    void mouseDrag (const juce::MouseEvent&) override { hurry(); }
+    void mouseUp (const juce::MouseEvent&) override { hurry(); }
+    void hurry();
     void readNews();
     void updatePace (bool somethingChanged);
 
@@ -52,13 +60,16 @@ public:
         function need not query the system again, which may take round trips to another process. The
         component must outlive the client; the function may delete any client. */
     Client (juce::Component& component, std::function<void (bool windowMayHaveChanged)> look);
+
+    /** For a client that belongs to no window. */
+    explicit Client (std::function<void()> look);
     ~Client();
 
 private:
     friend class WindowPoller;
     void step (bool windowMayHaveChanged);
 
-    juce::Component& component;
+    juce::Component* const component;
     const std::function<void (bool)> look;
     const juce::ComponentPeer* lastPeer = nullptr; // compared, not used
     const juce::SharedResourcePointer<WindowPoller> poller;

@@ -24,9 +24,17 @@ namespace mk::orlo::test
                     buffer.setSample (channel, i, random.nextFloat() - 0.5f);
 
             processor.processBlock (buffer, midi);
-            const auto& image = processor.getImageBuilder().getFrontImage();
-            return image.isValid() && image.getWidth() == pictureWidth
-                   && image.getPixelAt (pictureWidth * 3 / 4, image.getHeight() / 2).getBrightness() > 0.1f;
+            const auto& builder = processor.getImageBuilder();
+            const auto& picture = builder.getPicture();
+            const juce::Point wanted { pictureWidth * 3 / 4, picture.getHeight() / 2 };
+            auto isShown = false;
+            picture.forEachPiece (builder.isPictureScrolling(),
+                                  [&] (const SpectrogramRing::Piece& piece)
+                                  {
+                                      const auto pixel = piece.image.getPixelAt (wanted.x - piece.x, wanted.y);
+                                      isShown = isShown || pixel.getBrightness() > 0.1f;
+                                  });
+            return isShown && picture.getWidth() == pictureWidth;
         },
         30.0);
 }

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 
 namespace mk::orlo::test
 {
@@ -53,7 +54,11 @@ public:
     /** The number of columns that the samples played so far amount to. */
     [[nodiscard]] double getColumnsHeard() const { return double (numSamples) / getSamplesPerColumn(); }
 
-    [[nodiscard]] int getColumnsDrawn() const { return builder.getRing().getWriteX(); }
+    [[nodiscard]] int getColumnsDrawn()
+    {
+        std::ignore = builder.fetchColumns();
+        return builder.getPicture().getWriteX();
+    }
 
     /** The length of the queue, in ticks of the given length. */
     [[nodiscard]] double getTicksWaiting (double secondsPerTick) const

@@ -11,6 +11,7 @@
 
 #include <limits>
 #include <thread>
+#include <tuple>
 
 namespace mk::orlo::test
 {
@@ -47,13 +48,19 @@ protected:
     [[nodiscard]] std::string tick (float columns)
     {
         builder.processTick (columns);
-        const auto& image = builder.getFrontImage();
+        const auto image = getPicture();
 
         if (image.isNull())
             return "none";
 
         const auto text = toAscii (image);
         return text.substr (0, text.find ('\n'));
+    }
+
+    [[nodiscard]] juce::Image getPicture()
+    {
+        std::ignore = builder.fetchColumns();
+        return builder.getPicture().copyShownPart (builder.isPictureScrolling());
     }
 
     static constexpr int hop = 300; // longer than the window, so that frames do not overlap
@@ -148,10 +155,10 @@ TEST_F (SpectrogramImageBuilderTest, ANewSizeTakesEffectWithTheNextColumns)
     EXPECT_EQ (tick (2.0f), "##......");
     builder.setRequestedSize (5, 3);
     EXPECT_FALSE (builder.processTick (1.0f));
-    EXPECT_EQ (builder.getFrontImage().getWidth(), 8);
+    EXPECT_EQ (getPicture().getWidth(), 8);
     makeFrames ("#");
     EXPECT_EQ (tick (1.0f), "###..");
-    EXPECT_EQ (builder.getFrontImage().getHeight(), 3);
+    EXPECT_EQ (getPicture().getHeight(), 3);
 }
 
 TEST_F (SpectrogramImageBuilderTest, WithoutASizeFramesAreTakenAndNothingIsPainted)
@@ -169,7 +176,7 @@ TEST_F (SpectrogramImageBuilderTest, CrossedLevelsPaintSilenceInTheMapsLastColou
     worker.setEnhanced (true);
     makeFrames ("....");
     builder.processTick (4.0f);
-    EXPECT_EQ (builder.getFrontImage().getPixelAt (0, 0).getARGB(), 0xffFDE724);
+    EXPECT_EQ (getPicture().getPixelAt (0, 0).getARGB(), 0xffFDE724);
 }
 
 TEST_F (SpectrogramImageBuilderTest, ANewColourMapColoursOnlyNewColumns)
@@ -180,8 +187,8 @@ TEST_F (SpectrogramImageBuilderTest, ANewColourMapColoursOnlyNewColumns)
     builder.setColourMap (3);
     makeFrames ("#");
     builder.processTick (1.0f);
-    EXPECT_EQ (builder.getFrontImage().getPixelAt (0, 0).getARGB(), 0xffFDE724);
-    EXPECT_EQ (builder.getFrontImage().getPixelAt (1, 0).getARGB(), 0xffEFF821);
+    EXPECT_EQ (getPicture().getPixelAt (0, 0).getARGB(), 0xffFDE724);
+    EXPECT_EQ (getPicture().getPixelAt (1, 0).getARGB(), 0xffEFF821);
 }
 
 TEST_F (SpectrogramImageBuilderTest, TheSameColourMapTwiceBuildsNothingTheSecondTime)
@@ -225,71 +232,150 @@ TEST_F (SpectrogramImageBuilderTest, TheThreadPaintsOnTicksOnly)
     makeFrames ("###");
     builder.startThread();
     clock.tick (2.0f);
-    EXPECT_TRUE (pumpUntil ([this] { return ! builder.getFrontImage().isNull(); }));
+    builder.notify();
+    EXPECT_TRUE (pumpUntil ([this] { return ! getPicture().isNull(); }));
     EXPECT_EQ (worker.getNumFramesReady(), 1);
     clock.tick (2.0f);
+    builder.notify();
     EXPECT_TRUE (pumpUntil ([this] { return worker.getNumFramesReady() == 0; }));
     EXPECT_TRUE (builder.stopThread (1000));
 }
 
-//==============================================================================
-TEST (SnapshotExchange, TheViewGetsTheNewestPictureAndKeepsItUntilTheNext)
+TEST_F (SpectrogramImageBuilderTest, ColumnsThatWereNotFetchedAreKept)
 {
-    SnapshotExchange exchange;
-    EXPECT_TRUE (exchange.getFront().isNull());
-
-    for (int width = 1; width < 50; ++width)
+    for (const auto* const frames : { "#", "..", "##", "." })
     {
-        exchange.getBack().image = juce::Image (juce::Image::ARGB, width, 1, true, juce::SoftwareImageType());
-        exchange.publish();
+        makeFrames (frames);
+        builder.processTick (2.0f);
+    }
 
-        // Only every third picture is taken.
-        if (width % 3 == 0)
-        {
-            EXPECT_EQ (exchange.getFront().getWidth(), width);
-            EXPECT_EQ (exchange.getFront().getWidth(), width);
-        }
+    const auto changes = builder.fetchColumns();
+    EXPECT_EQ (changes.count, 8) << "the first columns give the picture its size";
+    EXPECT_EQ (toAscii (getPicture()).substr (0, 8), "#..##...");
+    EXPECT_TRUE (builder.fetchColumns().isEmpty());
+}
+
+TEST_F (SpectrogramImageBuilderTest, OnlyNewColumnsAreReportedAsChanged)
+{
+    makeFrames ("####");
+    EXPECT_EQ (tick (4.0f), "####....");
+    makeFrames ("#.#");
+    builder.processTick (3.0f);
+    const auto changes = builder.fetchColumns();
+    EXPECT_EQ (changes.first, 4);
+    EXPECT_EQ (changes.count, 3);
+    makeFrames (".");
+    builder.processTick (1.0f);
+    EXPECT_TRUE (builder.fetchColumns().isEmpty()) << "a black column over black";
+}
+
+TEST_F (SpectrogramImageBuilderTest, AColumnIsReadyOnceAllItsFramesAre)
+{
+    EXPECT_FALSE (builder.isColumnReady());
+    builder.setFramesPerColumn (3);
+    makeFrames ("##");
+    EXPECT_FALSE (builder.isColumnReady());
+    makeFrames ("#");
+    EXPECT_TRUE (builder.isColumnReady());
+}
+
+TEST_F (SpectrogramImageBuilderTest, SkippedTicksPaceThePictureAsTicksWithoutFramesDo)
+{
+    FFTProcessor otherWorker;
+    SpectrogramImageBuilder other { otherWorker, clock };
+    otherWorker.setSettings ({ { 255, 0, int (WindowType::hann) }, hop, false, 0.0f });
+    const Samples silence (size_t (hop), 0.0f);
+
+    for (int turn = 0; turn < 200; ++turn)
+    {
+        // Frames arrive in bursts of seven every five ticks of 1.2 columns.
+        const auto numFrames = turn % 5 == 0 ? 7 : 0;
+
+        for (int i = 0; i < numFrames; ++i)
+            for (auto* const target : { &worker, &otherWorker })
+            {
+                target->pushSamples (silence.data(), hop);
+                target->processAvailable();
+            }
+
+        builder.processTick (1.2f);
+
+        if (other.isColumnReady())
+            other.processTick (1.2f);
+        else
+            other.skipTicks (1, 1.2f);
+
+        ASSERT_EQ (otherWorker.getNumFramesReady(), worker.getNumFramesReady()) << turn;
     }
 }
 
-TEST (SnapshotExchange, NoPictureIsEverSeenHalfWritten)
+TEST_F (SpectrogramImageBuilderTest, TicksThatAreNotDueDoNotWakeTheThread)
 {
-    SnapshotExchange exchange;
-    std::atomic<bool> done { false };
+    makeFrames ("###");
+    builder.startThread();
+    clock.tick (1.0f, false);
+    builder.notify();
+    clock.tick (1.0f, false);
+    EXPECT_TRUE (builder.stopThread (1000));
+    EXPECT_EQ (worker.getNumFramesReady(), 3);
+    EXPECT_EQ (clock.tickCount.load(), 2u);
+}
+
+//==============================================================================
+TEST (ColumnExchange, BatchesArriveOnceAndInOrderHoweverOftenTheyAreFetched)
+{
+    ColumnExchange exchange;
+    juce::Random random (3);
+    int numPushed = 0, numTaken = 0;
+    ColumnBatch batch;
+
+    for (int turn = 0; turn < 1000; ++turn)
+    {
+        for (int i = random.nextInt (4); --i >= 0;)
+        {
+            batch.width = numPushed++;
+            exchange.push (batch);
+        }
+
+        if (random.nextBool())
+            exchange.takeAll ([&] (const ColumnBatch& taken) { EXPECT_EQ (taken.width, numTaken++); });
+    }
+
+    exchange.takeAll ([&] (const ColumnBatch& taken) { EXPECT_EQ (taken.width, numTaken++); });
+    EXPECT_EQ (numTaken, numPushed);
+}
+
+TEST (ColumnExchange, HandsEveryColumnFromThreadToThread)
+{
+    constexpr int numBatches = 20000;
+    ColumnExchange exchange;
 
     std::thread builder (
         [&]
         {
-            for (int i = 1; i <= 5000; ++i)
+            ColumnBatch batch;
+
+            for (int i = 0; i < numBatches; ++i)
             {
-                auto& image = exchange.getBack().image;
-
-                if (image.isNull())
-                    image = juce::Image (juce::Image::ARGB, 16, 16, true, juce::SoftwareImageType());
-
-                image.clear (image.getBounds(), juce::Colour (0xff000000 | juce::uint32 (i)));
-                exchange.publish();
+                batch.columns.assign (size_t (1 + i % 3), Column (5, float (i)));
+                batch.width = i;
+                exchange.push (batch);
             }
-
-            done.store (true, std::memory_order_release);
         });
 
-    juce::uint32 last = 0;
+    int numTaken = 0, numWrong = 0;
 
-    while (! done.load (std::memory_order_acquire) || last != 5000)
-    {
-        const auto& image = exchange.getFront();
-
-        if (image.isNull())
-            continue;
-
-        const auto number = image.getPixelAt (0, 0).getARGB() & 0xffffff;
-        ASSERT_EQ (image.getPixelAt (15, 15).getARGB() & 0xffffff, number);
-        ASSERT_GE (number, last);
-        last = number;
-    }
+    while (numTaken < numBatches)
+        exchange.takeAll (
+            [&] (const ColumnBatch& batch)
+            {
+                const auto expected = std::vector<Column> (size_t (1 + numTaken % 3), Column (5, float (numTaken)));
+                numWrong += batch.width != numTaken || batch.columns != expected ? 1 : 0;
+                ++numTaken;
+            });
 
     builder.join();
+    EXPECT_EQ (numWrong, 0);
 }
 
 } // namespace

@@ -6,9 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
 #include <limits>
-#include <ranges>
 
 namespace mk::orlo::test
 {
@@ -30,14 +28,21 @@ protected:
     }
 
     /** The top row of the shown part; whole() gives that of the whole ring. */
-    [[nodiscard]] std::string shown() const
-    {
-        Snapshot snapshot;
-        ring.copyShownPart (snapshot, scroll);
-        return firstLine (toAscii (snapshot.image));
-    }
+    [[nodiscard]] std::string shown() const { return firstLine (toAscii (ring.copyShownPart (scroll))); }
+    [[nodiscard]] std::string whole() const { return firstLine (toAscii (copyWhole())); }
+    [[nodiscard]] juce::Image copyWhole() const { return ring.copyColumns (0, 2 * ring.getWidth()); }
 
-    [[nodiscard]] std::string whole() const { return firstLine (toAscii (ring.getImage())); }
+    /** The changed columns as text: '#' for each, '.' for the others. */
+    [[nodiscard]] std::string takeChanges()
+    {
+        const auto changes = ring.takeChanges();
+        std::string text (size_t (ring.getWidth()), '.');
+
+        for (int i = 0; i < changes.count; ++i)
+            text[size_t ((changes.first + i) % ring.getWidth())] = '#';
+
+        return text;
+    }
 
     [[nodiscard]] static std::string firstLine (const std::string& text) { return text.substr (0, text.find ('\n')); }
 
@@ -48,11 +53,10 @@ protected:
 
 TEST_F (SpectrogramRingTest, IsEmptyBeforeTheFirstSize)
 {
-    Snapshot snapshot;
     ring.paint ({ Column (3, 1.0f) }, map, SpectrogramRing::background, false);
-    ring.copyShownPart (snapshot, false);
     ring.restart();
-    EXPECT_TRUE (snapshot.image.isNull());
+    EXPECT_TRUE (ring.copyShownPart (false).isNull());
+    EXPECT_TRUE (ring.takeChanges().isEmpty());
     EXPECT_EQ (ring.getWidth(), 0);
     EXPECT_EQ (ring.getWriteX(), 0);
 }
@@ -60,7 +64,7 @@ TEST_F (SpectrogramRingTest, IsEmptyBeforeTheFirstSize)
 TEST_F (SpectrogramRingTest, ANewPictureIsBlackAndTwiceAsWideAsShown)
 {
     ring.resize (4, 2, false);
-    EXPECT_EQ (toAscii (ring.getImage()), "........\n........\n");
+    EXPECT_EQ (toAscii (copyWhole()), "........\n........\n");
     EXPECT_EQ (shown(), "....");
 }
 
@@ -68,7 +72,7 @@ TEST_F (SpectrogramRingTest, LevelsBecomeColoursFromTheTopDown)
 {
     ring.resize (1, 4, false);
     ring.paint ({ { 1.0f, 0.5f, 0.0f, -1.0f } }, map, SpectrogramRing::background, false);
-    const auto& image = ring.getImage();
+    const auto image = copyWhole();
     EXPECT_EQ (image.getPixelAt (0, 0).getARGB(), map.getPixels()[255]);
     EXPECT_EQ (image.getPixelAt (0, 1).getARGB(), map.getPixels()[128]);
     EXPECT_EQ (image.getPixelAt (0, 2).getARGB(), 0xff000000);
@@ -80,8 +84,8 @@ TEST_F (SpectrogramRingTest, SilenceTakesTheGivenColourAndANaNTheMapsFirst)
     const ColourMap viridis (2);
     ring.resize (1, 2, false);
     ring.paint ({ { 0.0f, std::numeric_limits<float>::quiet_NaN() } }, viridis, 0xff123456, false);
-    EXPECT_EQ (ring.getImage().getPixelAt (0, 0).getARGB(), 0xff123456);
-    EXPECT_EQ (ring.getImage().getPixelAt (0, 1).getARGB(), 0xff440154);
+    EXPECT_EQ (copyWhole().getPixelAt (0, 0).getARGB(), 0xff123456);
+    EXPECT_EQ (copyWhole().getPixelAt (0, 1).getARGB(), 0xff440154);
 }
 
 TEST_F (SpectrogramRingTest, AColumnOfAnotherHeightIsNotWritten)
@@ -243,93 +247,153 @@ TEST_F (SpectrogramRingTest, AnotherHeightStretchesTheRows)
     ring.resize (2, 2, false);
     ring.paint ({ { 1.0f, 0.0f } }, map, SpectrogramRing::background, false);
     ring.resize (2, 4, false);
-    Snapshot snapshot;
-    ring.copyShownPart (snapshot, false);
-    EXPECT_EQ (toAscii (snapshot.image), "#.\n#.\n..\n..\n");
+    EXPECT_EQ (toAscii (ring.copyShownPart (false)), "#.\n#.\n..\n..\n");
 }
 
-TEST_F (SpectrogramRingTest, TheSnapshotIsReallocatedOnlyForAnotherSize)
+//==============================================================================
+TEST_F (SpectrogramRingTest, ASweepChangesOnlyTheColumnsItPaints)
 {
-    ring.resize (3, 2, false);
-    Snapshot snapshot;
-    ring.copyShownPart (snapshot, false);
-    const auto* const pixels = snapshot.image.getPixelData().get();
-    ring.copyShownPart (snapshot, false);
-    EXPECT_EQ (snapshot.image.getPixelData().get(), pixels);
-    ring.resize (3, 3, false);
-    ring.copyShownPart (snapshot, false);
-    EXPECT_EQ (snapshot.image.getHeight(), 3);
+    ring.resize (6, 1, false);
+    EXPECT_EQ (takeChanges(), "######");
+    write ("123");
+    EXPECT_EQ (takeChanges(), "###...");
+    write ("45");
+    write ("67");
+    EXPECT_EQ (takeChanges(), "#..###");
+    EXPECT_EQ (takeChanges(), "......");
+    write ("12345678");
+    EXPECT_EQ (takeChanges(), "######");
 }
 
-TEST_F (SpectrogramRingTest, ASnapshotThatSkippedSomeTurnsIsBroughtUpToDate)
+TEST_F (SpectrogramRingTest, ASweepOverTheSamePixelsChangesNothing)
 {
-    std::array<Snapshot, 3> snapshots;
-    juce::Random random (5);
-    ring.resize (7, 1, false);
+    ring.resize (6, 1, false);
+    write ("..12..");
+    EXPECT_EQ (takeChanges(), "######");
+    write ("..12..");
+    EXPECT_EQ (takeChanges(), "......");
+    write (".3.2.4");
+    EXPECT_EQ (takeChanges(), ".#####") << "from the first changed column to the last";
+}
 
-    for (int turn = 0; turn < 2000; ++turn)
+TEST_F (SpectrogramRingTest, ScrollingChangesAllColumnsUntilOneHasScrolledThrough)
+{
+    scroll = true;
+    ring.resize (4, 1, true);
+    write ("1");
+    EXPECT_EQ (takeChanges(), "####");
+    write (".");
+    EXPECT_EQ (takeChanges(), "####");
+    write (".");
+    EXPECT_EQ (takeChanges(), "###.");
+    write (".");
+    EXPECT_EQ (takeChanges(), "##..");
+    write ("..");
+    EXPECT_EQ (takeChanges(), "#...");
+    write ("...");
+    EXPECT_EQ (takeChanges(), "....");
+    write ("1");
+    EXPECT_EQ (takeChanges(), "####");
+}
+
+TEST_F (SpectrogramRingTest, RestartingAndChangingTheModeChangesEverything)
+{
+    ring.resize (3, 1, false);
+    write ("..");
+    EXPECT_EQ (takeChanges(), "###");
+    scroll = true;
+    write (".");
+    EXPECT_EQ (takeChanges(), "###");
+    ring.restart();
+    EXPECT_EQ (takeChanges(), "###");
+}
+
+TEST_F (SpectrogramRingTest, WhatIsNotReportedAsChangedLooksTheSame)
+{
+    for (const auto widestTile : { 1, 2, 3, 5, 1000 })
     {
-        switch (random.nextInt (20))
+        SpectrogramRing tiled (widestTile);
+        juce::Random random (5);
+        std::string before;
+        auto isScrolling = false;
+
+        for (int turn = 0; turn < 1000; ++turn)
         {
-            case 0: ring.resize (4 + random.nextInt (9), 1, scroll); break;
-            case 1: ring.restart(); break;
-            case 2: scroll = ! scroll; break;
-            default: break;
+            switch (random.nextInt (30))
+            {
+                case 0: tiled.resize (4 + random.nextInt (9), 1, isScrolling); break;
+                case 1: tiled.restart(); break;
+                case 2: isScrolling = ! isScrolling; break;
+                default: break;
+            }
+
+            if (turn == 0)
+                tiled.resize (7, 1, isScrolling);
+
+            // Long stretches of one digit alternate with random ones.
+            std::vector<Column> columns (size_t (random.nextInt (10) == 0 ? random.nextInt (30) : random.nextInt (3)));
+
+            for (auto& column : columns)
+                column.assign (1, turn / 40 % 2 == 0 ? 0.5f : float (1 + random.nextInt (2)) * 0.4f);
+
+            tiled.paint (columns, map, SpectrogramRing::background, isScrolling);
+
+            // A change of the mode takes effect with the next columns.
+            if (columns.empty())
+                continue;
+
+            const auto changes = tiled.takeChanges();
+            const auto after = firstLine (toAscii (tiled.copyShownPart (isScrolling)));
+            const auto width = int (after.size());
+
+            for (int x = 0; x < width && changes.count < width; ++x)
+                if ((x - changes.first + width) % width >= changes.count)
+                {
+                    ASSERT_EQ (before.size(), after.size()) << turn;
+                    ASSERT_EQ (before[size_t (x)], after[size_t (x)]) << "turn " << turn << ", column " << x;
+                }
+
+            before = after;
         }
-
-        std::string digits;
-
-        for (int i = random.nextInt (4) == 0 ? random.nextInt (30) : random.nextInt (3); --i >= 0;)
-            digits += char ('1' + random.nextInt (9));
-
-        write (digits);
-
-        // The third snapshot is skipped for many turns.
-        auto& snapshot = snapshots[size_t (random.nextInt (10) == 0 ? 2 : turn % 2)];
-        ring.copyShownPart (snapshot, scroll);
-        ASSERT_EQ (firstLine (toAscii (snapshot.image)), shown()) << turn;
     }
 }
 
-TEST_F (SpectrogramRingTest, ASnapshotThatMissedSomeScrollingIsCompleted)
+TEST_F (SpectrogramRingTest, ThePiecesMakeUpTheShownPartWhateverTheirWidth)
 {
-    ring.resize (6, 1, false);
-    write ("12345");
-    Snapshot snapshot;
-    ring.copyShownPart (snapshot, false);
+    SpectrogramRing whole, tiled (3);
+    juce::Random random (9);
 
-    scroll = true;
-    write ("678");
-    scroll = false;
-    ring.copyShownPart (snapshot, false);
-    EXPECT_EQ (firstLine (toAscii (snapshot.image)), shown());
-}
+    for (int turn = 0; turn < 500; ++turn)
+    {
+        if (turn % 50 == 0)
+        {
+            const auto width = 4 + random.nextInt (20);
+            whole.resize (width, 2, scroll);
+            tiled.resize (width, 2, scroll);
+        }
 
-TEST_F (SpectrogramRingTest, OnlyTheNewColumnsOfASweepAreCopied)
-{
-    ring.resize (6, 1, false);
-    write ("12345");
-    Snapshot snapshot;
-    ring.copyShownPart (snapshot, false);
+        const std::vector<Column> columns (size_t (random.nextInt (4)), Column (2, random.nextFloat()));
+        whole.paint (columns, map, SpectrogramRing::background, scroll);
+        tiled.paint (columns, map, SpectrogramRing::background, scroll);
 
-    // Marks every pixel, so that those which the copy leaves alone stay white.
-    for (int x = 0; x < 6; ++x)
-        snapshot.image.setPixelAt (x, 0, juce::Colours::white);
+        juce::Image drawn (juce::Image::RGB, whole.getWidth(), 2, true, juce::SoftwareImageType());
+        juce::Graphics g (drawn);
+        std::vector<int> timesCovered (size_t (whole.getWidth()));
 
-    const auto isCopied = [&snapshot] (int x) { return snapshot.image.getPixelAt (x, 0) != juce::Colours::white; };
-    const std::array columns { 0, 1, 2, 3, 4, 5 };
-    const auto getCopied = [&] { return std::ranges::count_if (columns, isCopied); };
+        tiled.forEachPiece (scroll,
+                            [&] (const SpectrogramRing::Piece& piece)
+                            {
+                                g.drawImageAt (piece.image, piece.x, 0);
 
-    // The second column wraps to the left edge.
-    write ("67");
-    ring.copyShownPart (snapshot, false);
-    EXPECT_TRUE (isCopied (5) && isCopied (0));
-    EXPECT_EQ (getCopied(), 2);
+                                for (int x = 0; x < piece.image.getWidth(); ++x)
+                                    if (juce::isPositiveAndBelow (piece.x + x, whole.getWidth()))
+                                        ++timesCovered[size_t (piece.x + x)];
+                            });
 
-    write ("8");
-    ring.copyShownPart (snapshot, false);
-    EXPECT_TRUE (isCopied (1));
-    EXPECT_EQ (getCopied(), 3);
+        ASSERT_EQ (toAscii (drawn), toAscii (whole.copyShownPart (scroll))) << turn;
+        ASSERT_TRUE (std::ranges::all_of (timesCovered, [] (int times) { return times == 1; })) << turn;
+        scroll = turn % 100 > 50;
+    }
 }
 
 } // namespace

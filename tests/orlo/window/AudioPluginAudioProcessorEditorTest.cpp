@@ -54,9 +54,8 @@ protected:
     /** The picture size in pixels that was requested from the builder. */
     [[nodiscard]] juce::Rectangle<int> getPixels()
     {
-        auto& builder = processor.getImageBuilder();
-        builder.applyRequestedSize();
-        return { builder.getRing().getWidth(), builder.getRing().getHeight() };
+        const auto size = processor.getImageBuilder().getRequestedSize();
+        return { size.x, size.y };
     }
 
     AudioPluginAudioProcessor processor { createEditor };

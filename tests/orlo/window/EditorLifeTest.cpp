@@ -311,6 +311,17 @@ TEST_F (EditorLifeTest, OnlyThePictureIsRepaintedWhileItMoves)
     count (window.getMain().getSettingsPanel(), numPanel);
 
     const auto getOthers = [&] { return numRuler + numKeyboard + numPanel; };
+    auto play = [this, random = juce::Random (1)]() mutable
+    {
+        juce::AudioBuffer<float> block (2, 512);
+        juce::MidiBuffer midi;
+
+        for (int channel = 0; channel < block.getNumChannels(); ++channel)
+            for (int i = 0; i < block.getNumSamples(); ++i)
+                block.setSample (channel, i, random.nextFloat() - 0.5f);
+
+        processor.processBlock (block, midi);
+    };
 
     // Repeated until it succeeds, since the window system may repaint the whole window at any moment.
     EXPECT_TRUE (pumpUntil (
@@ -318,7 +329,12 @@ TEST_F (EditorLifeTest, OnlyThePictureIsRepaintedWhileItMoves)
         {
             const auto pictures = numPicture;
             const auto others = getOthers();
-            return pumpUntil ([&] { return numPicture >= pictures + 30; }) && getOthers() == others;
+            const auto hasMoved = [&]
+            {
+                play();
+                return numPicture >= pictures + 30;
+            };
+            return pumpUntil (hasMoved) && getOthers() == others;
         },
         20.0));
 }

@@ -58,6 +58,18 @@ TEST_F (ParameterAttachmentTest, OnlyTheLastOfSeveralValuesFromAnotherThreadIsDe
     expectValues ({ -80.0f });
 }
 
+TEST_F (ParameterAttachmentTest, EveryValueIsDeliveredOnce)
+{
+    const juce::SharedResourcePointer<AttachmentPoller> poller;
+    setElsewhere (-60.0f);
+    poller->deliverNow();
+    poller->deliverNow();
+    expectValues ({ -60.0f });
+    setElsewhere (-70.0f);
+    poller->deliverNow();
+    expectValues ({ -60.0f, -70.0f });
+}
+
 TEST_F (ParameterAttachmentTest, AValueSetOnTheMessageThreadReplacesAPendingOne)
 {
     setElsewhere (-60.0f);

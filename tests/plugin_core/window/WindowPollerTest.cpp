@@ -48,6 +48,14 @@ TEST_F (WindowPollerTest, CallsEveryClientAtEachStep)
     EXPECT_EQ (numSecond, 2);
 }
 
+TEST_F (WindowPollerTest, StepsClientsThatBelongToNoWindow)
+{
+    int numSteps = 0;
+    const WindowPoller::Client client ([&] { ++numSteps; });
+    poller->pollNow();
+    EXPECT_EQ (numSteps, 1);
+}
+
 TEST_F (WindowPollerTest, StepsByItself)
 {
     juce::Component component;
@@ -89,14 +97,21 @@ TEST_F (WindowPollerTest, ReportsAPossibleChangeFromTimeToTime)
     EXPECT_LE (numLooks, 5);
 }
 
-TEST_F (WindowPollerTest, PollsSlowlyUntilTheMouseIsOverAWindow)
+TEST_F (WindowPollerTest, PollsFastOnlyWhileTheMouseMoves)
 {
     orlo::test::Window window { 400, 300 };
+    juce::Component child;
+    window.addAndMakeVisible (child);
+    child.setBounds (0, 0, 200, 200);
+    const WindowPoller::Client client (window, [] (bool) {});
     orlo::test::Screen::getInstance().moveMouseTo ({ 800, 600 });
     EXPECT_TRUE (orlo::test::pumpUntil ([&] { return poller->getPeriodMs() == WindowPoller::idleMs; }));
 
-    ASSERT_TRUE (window.moveMouseTo (window, { 100.0f, 100.0f }));
+    ASSERT_TRUE (window.moveMouseTo (child, { 100.0f, 100.0f }));
     EXPECT_TRUE (orlo::test::pumpUntil ([&] { return poller->getPeriodMs() == WindowPoller::busyMs; }));
+    EXPECT_TRUE (orlo::test::pumpUntil ([&] { return poller->getPeriodMs() == WindowPoller::idleMs; }))
+        << "although the mouse is still there";
+    EXPECT_EQ (juce::Desktop::getInstance().getMainMouseSource().getComponentUnderMouse(), &child);
     EXPECT_EQ (WindowPoller::idleMs, 100);
     EXPECT_EQ (WindowPoller::busyMs, 40);
 }
