@@ -97,8 +97,7 @@ void comparePainting()
 
     compare (
         "painting a column, 1600 x 1000",
-        [painting]
-        { painting->ring.paint (painting->columns, painting->map, SpectrogramRing::background, true); },
+        [painting] { painting->ring.paint (painting->columns, painting->map, SpectrogramRing::background, true); },
         [painting]
         {
             std::memcpy (painting->target.data(), painting->source.data(), painting->source.size());

@@ -3,7 +3,7 @@
 
 // gcc defines macros, clang has a function for its preprocessor.
 #if ! defined(__has_feature)
-#define __has_feature(name) 0
+    #define __has_feature(name) 0
 #endif
 
 namespace mk::orlo::test
