@@ -89,9 +89,10 @@ public:
         return copyColumns (getShownStart (scroll), getWidth());
     }
 
-private:
+    /** In columns: whole halves, unless the system copies an image that has changed before it draws it. */
     [[nodiscard]] static int getDefaultTileWidth() noexcept;
 
+private:
     /** The left edge of the half that the write position is in. */
     [[nodiscard]] int getHalfStart() const noexcept { return writeX < getWidth() ? 0 : getWidth(); }
 

@@ -58,27 +58,27 @@ void PicturePainter::noteChanges (ChangedColumns newChanges) noexcept
 void PicturePainter::paint (juce::Graphics& g, const SpectrogramRing& picture, bool scroll, juce::Rectangle<int> view)
 {
     const auto pixelsPerUnit = g.getInternalContext().getPhysicalPixelScaleFactor();
-    const auto toPixels = juce::AffineTransform::scale (1.0f / pixelsPerUnit);
     const auto pixels = view.getBottomRight().toDouble() * double (pixelsPerUnit);
 
     if (g.isClipEmpty() || pixels.x < 1.0 || pixels.y < 1.0)
         return;
 
     g.setImageResamplingQuality (juce::Graphics::lowResamplingQuality);
+    const auto draw = [&g, pixelsPerUnit] (const juce::Image& image, int x) {
+        g.drawImageTransformed (image,
+                                juce::AffineTransform::translation (float (x), 0.0f).scaled (1.0f / pixelsPerUnit));
+    };
 
     if (pixels == juce::Point { picture.getWidth(), picture.getHeight() }.toDouble())
     {
-        picture.forEachPiece (scroll,
-                              [&] (const SpectrogramRing::Piece& piece)
-                              {
-                                  const auto toItsPlace = juce::AffineTransform::translation (float (piece.x), 0.0f);
-                                  g.drawImageTransformed (piece.image, toItsPlace.followedBy (toPixels));
-                              });
+        picture.forEachPiece (scroll, [&] (const SpectrogramRing::Piece& piece) { draw (piece.image, piece.x); });
         return;
     }
 
     updateCopy (picture, scroll, pixels);
-    g.drawImageTransformed (copy, toPixels);
+
+    for (const auto& tile : copy)
+        draw (tile.image, tile.x);
 }
 
 //==============================================================================
@@ -102,35 +102,43 @@ void PicturePainter::setCopySize (int pictureWidth, int pictureHeight, juce::Poi
     numRows = pictureHeight;
     assignCells (columns, numColumns, pixels.x);
     assignCells (rows, numRows, pixels.y);
-    copy = juce::Image (juce::Image::RGB, int (columns.size()), int (rows.size()), false, juce::SoftwareImageType());
+    copy.clear();
+
+    for (int x = 0, width = int (columns.size()); x < width; x += copy.back().image.getWidth())
+    {
+        juce::Image image (juce::Image::RGB, std::min (maxTileWidth, width - x), int (rows.size()), false);
+        image.clear (image.getBounds(), juce::Colours::black); // opaque, if the system's images have alpha
+        copy.push_back ({ image, x });
+    }
+
     changes = { 0, numColumns };
 }
 
 void PicturePainter::copyColumns (const SpectrogramRing& picture, bool scroll, juce::Range<int> changed)
 {
-    if (changed.isEmpty())
-        return;
+    picture.forEachPiece (
+        scroll,
+        [&] (const SpectrogramRing::Piece& piece)
+        {
+            const auto shown = changed.getIntersectionWith ({ piece.x, piece.x + piece.image.getWidth() });
+            const auto pixels = findPixels (columns, shown);
 
-    juce::Image::BitmapData target (copy, juce::Image::BitmapData::readWrite);
-    picture.forEachPiece (scroll, [&] (const SpectrogramRing::Piece& piece) { copyPiece (piece, changed, target); });
+            for (auto& tile : copy)
+                if (pixels.intersects ({ tile.x, tile.x + tile.image.getWidth() }))
+                    copyPiece (piece, pixels, tile);
+        });
 }
 
-void PicturePainter::copyPiece (const SpectrogramRing::Piece& piece,
-                                juce::Range<int> changed,
-                                juce::Image::BitmapData& target) const
+void PicturePainter::copyPiece (const SpectrogramRing::Piece& piece, juce::Range<int> pixels, Tile& tile) const
 {
-    const auto shown = changed.getIntersectionWith ({ piece.x, piece.x + piece.image.getWidth() });
-    const auto pixels = findPixels (columns, shown);
-
-    if (pixels.isEmpty())
-        return;
-
+    const auto inTile = pixels.getIntersectionWith ({ tile.x, tile.x + tile.image.getWidth() });
     const juce::Image::BitmapData source (piece.image, juce::Image::BitmapData::readOnly);
-    const auto rowLength = size_t (pixels.getLength() * target.pixelStride);
+    const juce::Image::BitmapData target (tile.image, juce::Image::BitmapData::readWrite);
+    const auto rowLength = size_t (inTile.getLength() * target.pixelStride);
 
     for (int y = 0; y < target.height; ++y)
     {
-        auto* pixel = target.getPixelPointer (pixels.getStart(), y);
+        auto* pixel = target.getPixelPointer (inTile.getStart() - tile.x, y);
 
         // Several rows of the screen may show the same one of the picture.
         if (y > 0 && rows[size_t (y)] == rows[size_t (y - 1)])
@@ -142,7 +150,7 @@ void PicturePainter::copyPiece (const SpectrogramRing::Piece& piece,
         // The three bytes of a colour lie in the same order in both formats; alpha, if there is any, comes after them.
         const auto* const line = source.getLinePointer (rows[size_t (y)]);
 
-        for (int x = pixels.getStart(); x < pixels.getEnd(); ++x)
+        for (int x = inTile.getStart(); x < inTile.getEnd(); ++x)
         {
             std::memcpy (pixel, line + (columns[size_t (x)] - piece.x) * source.pixelStride, 3);
             pixel += target.pixelStride;

@@ -27,6 +27,12 @@ namespace mk::orlo
 class PicturePainter
 {
 public:
+    /** @param widestTile  of the copy, in pixels; see SpectrogramRing */
+    explicit PicturePainter (int widestTile = SpectrogramRing::getDefaultTileWidth()) noexcept
+        : maxTileWidth (widestTile)
+    {
+    }
+
     /** To be called with every change of the picture. */
     void noteChanges (ChangedColumns newChanges) noexcept;
 
@@ -36,15 +42,21 @@ public:
     void paint (juce::Graphics& g, const SpectrogramRing& picture, bool scroll, juce::Rectangle<int> view);
 
 private:
+    struct Tile
+    {
+        juce::Image image;
+        int x; // in the copy
+    };
+
     void updateCopy (const SpectrogramRing& picture, bool scroll, juce::Point<double> pixels);
     void setCopySize (int pictureWidth, int pictureHeight, juce::Point<double> pixels);
     void copyColumns (const SpectrogramRing& picture, bool scroll, juce::Range<int> changed);
-    void copyPiece (const SpectrogramRing::Piece& piece,
-                    juce::Range<int> changed,
-                    juce::Image::BitmapData& target) const;
+    void copyPiece (const SpectrogramRing::Piece& piece, juce::Range<int> pixels, Tile& tile) const;
+
+    const int maxTileWidth;
 
     // One to two pixels larger than the picture, so that it covers one that begins within a pixel of the screen.
-    juce::Image copy;
+    std::vector<Tile> copy;
     juce::Point<double> copySize;    // the picture's on the screen, in pixels, which may not be whole
     std::vector<int> columns, rows;  // of the picture, for each pixel of the copy
     int numColumns = 0, numRows = 0; // of the picture

@@ -85,6 +85,8 @@ TEST_F (PicturePainterTest, EveryPixelShowsThePictureAtItsLeftTopCorner)
 
 TEST_F (PicturePainterTest, KeepsItsCopyUpToDate)
 {
+    PicturePainter tiled { 7 };
+
     for (int turn = 0; turn < 2000; ++turn)
     {
         if (turn % 100 == 0)
@@ -97,7 +99,9 @@ TEST_F (PicturePainterTest, KeepsItsCopyUpToDate)
             view = { 20 + random.nextInt (40), 10 + random.nextInt (30) };
 
         addColumns (random.nextInt (20) == 0 ? random.nextInt (90) : 1 + random.nextInt (4));
-        painter.noteChanges (ring.takeChanges());
+        const auto changes = ring.takeChanges();
+        painter.noteChanges (changes);
+        tiled.noteChanges (changes);
 
         // Sometimes the picture is not painted before the next change, or it is painted to export it.
         const auto scale = turn % 20 == 0 ? 1.0f : turn % 400 < 200 ? 1.25f : 1.5f;
@@ -105,7 +109,9 @@ TEST_F (PicturePainterTest, KeepsItsCopyUpToDate)
         if (random.nextInt (3) != 0)
         {
             PicturePainter fresh;
-            ASSERT_EQ (countDifferences (paint (painter, scale), paint (fresh, scale)), 0) << turn;
+            const auto expected = paint (fresh, scale);
+            ASSERT_EQ (countDifferences (paint (painter, scale), expected), 0) << turn;
+            ASSERT_EQ (countDifferences (paint (tiled, scale), expected), 0) << turn;
         }
     }
 }
