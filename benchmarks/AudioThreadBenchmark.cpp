@@ -4,7 +4,9 @@
 
 #include "benchmarks/support/Measure.h"
 
+#include <chrono>
 #include <cstring>
+#include <thread>
 
 namespace mk::orlo::bench
 {
@@ -48,20 +50,27 @@ void compareAnalysing()
     auto ring = std::make_shared<std::vector<float>> (163840);
     auto mono = std::make_shared<std::vector<float>> (blockSize);
 
-    compare (
-        "processBlock, stereo 512, analysing",
-        [plugin] { plugin->processor.processBlock (plugin->buffer, plugin->midi); },
-        [plugin, sleeper, ring, mono, position = size_t (0)]() mutable
-        {
-            using Vector = juce::FloatVectorOperations;
-            Vector::copy (mono->data(), plugin->buffer.getReadPointer (0), blockSize);
-            Vector::add (mono->data(), plugin->buffer.getReadPointer (1), blockSize);
-            Vector::multiply (mono->data(), 0.5f, blockSize);
-            std::memcpy (ring->data() + position, mono->data(), blockSize * sizeof (float));
-            position = (position + blockSize) % ring->size();
-            sleeper->notify();
-        },
-        1.2);
+    // A frame for every block, so that the worker empties the ring and is soon asleep again.
+    plugin->processor.getFftProcessor().setHop (blockSize);
+
+    // A host calls every ten milliseconds, when the thread to wake has long gone to sleep. Calls in a row would find it
+    // awake at times, and at others have to wait for it.
+    const auto letThreadsSleep = [] { std::this_thread::sleep_for (std::chrono::microseconds (100)); };
+
+    compare ("processBlock, stereo 512, analysing",
+             { letThreadsSleep, [plugin] { plugin->processor.processBlock (plugin->buffer, plugin->midi); } },
+             { letThreadsSleep,
+               [plugin, sleeper, ring, mono, position = size_t (0)]() mutable
+               {
+                   using Vector = juce::FloatVectorOperations;
+                   Vector::copy (mono->data(), plugin->buffer.getReadPointer (0), blockSize);
+                   Vector::add (mono->data(), plugin->buffer.getReadPointer (1), blockSize);
+                   Vector::multiply (mono->data(), 0.5f, blockSize);
+                   std::memcpy (ring->data() + position, mono->data(), blockSize * sizeof (float));
+                   position = (position + blockSize) % ring->size();
+                   sleeper->notify();
+               } },
+             1.2);
 }
 
 void compareSuspended()

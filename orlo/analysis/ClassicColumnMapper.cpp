@@ -4,6 +4,7 @@
 #include "FrequencyScale.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace mk::orlo
 {
@@ -27,16 +28,22 @@ ClassicColumnMapper::Row ClassicColumnMapper::makeRow (int y, const Geometry& ge
     const auto lowBin = int (std::floor (low));
 
     Row row;
-    row.lowBin = juce::jmin (geometry.maxBin, lowBin);
-    row.nextBin = juce::jmin (geometry.maxBin, lowBin + 1);
+    row.lowBin = juce::jlimit (0, juce::jmax (0, geometry.maxBin - 1), lowBin);
     row.nextWeight = (1.0f - std::cos ((low - float (lowBin)) * juce::MathConstants<float>::pi)) * 0.5f;
-    row.lowWeight = lowBin <= geometry.maxBin ? 1.0f - row.nextWeight : 0.0f; // there is nothing beyond the last bin
+    row.lowWeight = 1.0f - row.nextWeight;
 
     // Between DC and the first bin there is no interpolation: DC would leak into the lowest rows.
     if (lowBin == 0)
     {
-        row.lowBin = row.nextBin;
-        row.lowWeight = row.nextWeight = 0.5f;
+        row.lowWeight = 0.0f;
+        row.nextWeight = 1.0f;
+    }
+
+    // The last bin has no neighbour but itself, and beyond it there is nothing.
+    if (lowBin >= geometry.maxBin)
+    {
+        row.nextWeight = lowBin == geometry.maxBin ? 1.0f : row.nextWeight;
+        row.lowWeight = 0.0f;
     }
 
     row.firstPeakBin = juce::jlimit (0, geometry.maxBin, int (std::ceil (low)));
@@ -52,11 +59,9 @@ void ClassicColumnMapper::updateRows (const Geometry& wanted, const FrequencySca
     geometry = wanted;
     const auto numRows = size_t (geometry.numRows);
 
-    for (auto* bins : { &lowBins, &nextBins })
-        bins->resize (numRows);
-
-    for (auto* values : { &lowWeights, &nextWeights, &lowMagnitudes, &nextMagnitudes })
-        values->resize (numRows);
+    lowBins.resize (numRows);
+    weights.resize (2 * numRows);
+    neighbours.resize (2 * numRows);
 
     std::vector<RangeMaxima::Range> ranges;
 
@@ -64,9 +69,8 @@ void ClassicColumnMapper::updateRows (const Geometry& wanted, const FrequencySca
     {
         const auto row = makeRow (y, geometry, scale);
         lowBins[size_t (y)] = row.lowBin;
-        nextBins[size_t (y)] = row.nextBin;
-        lowWeights[size_t (y)] = row.lowWeight;
-        nextWeights[size_t (y)] = row.nextWeight;
+        weights[size_t (2 * y)] = row.lowWeight;
+        weights[size_t (2 * y + 1)] = row.nextWeight;
 
         if (row.firstPeakBin < row.endPeakBin)
             ranges.push_back ({ y, row.firstPeakBin, row.endPeakBin });
@@ -96,7 +100,7 @@ void ClassicColumnMapper::fillMagnitudes (const Frame& frame,
         { settings.numRows, maxBin, scale.getScaleType(), settings.getBinWidth(), settings.minHz, settings.maxHz },
         scale);
 
-    if (numBins == 0)
+    if (maxBin < 1)
     {
         std::fill (column.begin(), column.end(), 0.0f);
         return;
@@ -111,23 +115,17 @@ void ClassicColumnMapper::interpolate (const float* magnitudes, float* __restric
 {
     const auto numRows = lowBins.size();
     const auto* const lowBin = lowBins.data();
-    const auto* const nextBin = nextBins.data();
-    const auto* const lowWeight = lowWeights.data();
-    const auto* const nextWeight = nextWeights.data();
-    float* __restrict low = lowMagnitudes.data();
-    float* __restrict next = nextMagnitudes.data();
+    const auto* const weight = weights.data();
+    float* __restrict pairs = neighbours.data();
 
     // Loads from scattered places are not vectorised, so they have a loop of their own.
     for (size_t y = 0; y < numRows; ++y)
-    {
-        low[y] = magnitudes[lowBin[y]];
-        next[y] = magnitudes[nextBin[y]];
-    }
+        std::memcpy (pairs + 2 * y, magnitudes + lowBin[y], 2 * sizeof (float));
 
     // A NaN counts as silence.
     for (size_t y = 0; y < numRows; ++y)
     {
-        const auto magnitude = next[y] * nextWeight[y] + low[y] * lowWeight[y];
+        const auto magnitude = pairs[2 * y + 1] * weight[2 * y + 1] + pairs[2 * y] * weight[2 * y];
         column[y] = magnitude > 0.0f ? magnitude : 0.0f;
     }
 }

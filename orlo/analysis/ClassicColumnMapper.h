@@ -37,7 +37,7 @@ private:
     /** The bins that a row shows. They depend only on the geometry, so they are not computed for every column. */
     struct Row
     {
-        int lowBin, nextBin; // the row's low edge lies between these bins
+        int lowBin; // the row's low edge lies between this bin and the next
         float lowWeight, nextWeight;
         int firstPeakBin, endPeakBin; // the bins inside the row: from the first up to, not including, the end
     };
@@ -58,10 +58,9 @@ private:
 
     Geometry geometry {};
 
-    // One entry for each row, each value in an array of its own, so that the loop over them is vectorised.
-    std::vector<int> lowBins, nextBins;
-    AlignedFloats lowWeights, nextWeights;
-    AlignedFloats lowMagnitudes, nextMagnitudes; // of the newest frame
+    std::vector<int> lowBins; // of each row
+    AlignedFloats weights;    // of that bin and the next, for each row
+    AlignedFloats neighbours; // their magnitudes in the newest frame
 
     RangeMaxima peaks; // of the bins inside the rows
 };

@@ -23,14 +23,14 @@ public:
     explicit ComplexTransform (int size);
     ~ComplexTransform();
 
-    /** Where the numbers to transform are to be written: size pairs of a real and an imaginary part. run() may leave
-        anything there. The buffer begins as zeros. */
+    /** Where the numbers to transform are to be written: size pairs of a real and an imaginary part, zeros at first.
+        run() leaves them as they are. */
     [[nodiscard]] float* getInput() noexcept { return input.data(); }
 
     /** Transforms the input. No lock, no allocation. */
     void run() noexcept;
 
-    /** The result of run(): size pairs of a real and an imaginary part. */
+    /** The result of run(): size pairs of a real and an imaginary part, and the first one once more. */
     [[nodiscard]] const float* getOutput() const noexcept { return output.data(); }
 
     /** Frees what the library keeps for planning, unless any instance exists in the process. A host that loads and
@@ -42,6 +42,7 @@ public:
 
 private:
     struct Plan;
+
 
     AlignedFloats input, output;
     std::unique_ptr<Plan> plan;

@@ -3,6 +3,7 @@
 
 #include <fftw3.h>
 
+#include <algorithm>
 #include <mutex>
 
 namespace mk::orlo
@@ -27,7 +28,7 @@ struct ComplexTransform::Plan
     {
         const std::lock_guard lock (plannerLock);
         handle = fftwf_plan_dft_1d (
-            size, toComplex (input), toComplex (output), FFTW_FORWARD, FFTW_ESTIMATE | FFTW_DESTROY_INPUT);
+            size, toComplex (input), toComplex (output), FFTW_FORWARD, FFTW_ESTIMATE | FFTW_PRESERVE_INPUT);
         ++numPlans;
     }
 
@@ -46,14 +47,18 @@ struct ComplexTransform::Plan
 
 ComplexTransform::ComplexTransform (int size)
     : input (size_t (size) * 2),
-      output (size_t (size) * 2),
+      output (size_t (size) * 2 + 2),
       plan (std::make_unique<Plan> (size, input.data(), output.data()))
 {
 }
 
 ComplexTransform::~ComplexTransform() = default;
 
-void ComplexTransform::run() noexcept { fftwf_execute (plan->handle); }
+void ComplexTransform::run() noexcept
+{
+    fftwf_execute (plan->handle);
+    std::copy_n (output.begin(), 2, output.end() - 2);
+}
 
 void ComplexTransform::freePlanningMemory() noexcept
 {

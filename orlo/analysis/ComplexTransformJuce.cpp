@@ -3,6 +3,7 @@
 
 #include <juce_dsp/juce_dsp.h>
 
+#include <algorithm>
 #include <complex>
 
 namespace mk::orlo
@@ -16,7 +17,7 @@ struct ComplexTransform::Plan
 };
 
 ComplexTransform::ComplexTransform (int size)
-    : input (size_t (size) * 2), output (size_t (size) * 2), plan (std::make_unique<Plan> (size))
+    : input (size_t (size) * 2), output (size_t (size) * 2 + 2), plan (std::make_unique<Plan> (size))
 {
 }
 
@@ -27,6 +28,7 @@ void ComplexTransform::run() noexcept
     using Complex = juce::dsp::Complex<float>;
     plan->fft.perform (
         reinterpret_cast<const Complex*> (input.data()), reinterpret_cast<Complex*> (output.data()), false);
+    std::copy_n (output.begin(), 2, output.end() - 2);
 }
 
 void ComplexTransform::freePlanningMemory() noexcept {}

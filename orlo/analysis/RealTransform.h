@@ -42,7 +42,6 @@ public:
 private:
     const size_t numBins;
     ComplexTransform transform;
-    Spectrum half;    // the complex transform of numBins points, and its first bin once more
     Spectrum twiddle; // exp (-2 pi i k / size)
 };
 
@@ -66,7 +65,6 @@ public:
 private:
     const size_t size;
     ComplexTransform transform;
-    Spectrum both; // the complex transform, and its first bin once more
 };
 
 } // namespace mk::orlo

@@ -54,7 +54,9 @@ TEST_F (SlidingWindowTest, SlidesForEver)
         push (1 + i % 4);
 
         if (next > 4)
+        {
             ASSERT_THAT (getSamples(), ElementsAre (next - 4, next - 3, next - 2, next - 1));
+        }
     }
 }
 
