@@ -82,12 +82,9 @@ void AudioPluginAudioProcessor::applyPreferredColourMap()
         parameter.setValueNotifyingHost (value);
 }
 
-juce::String AudioPluginAudioProcessor::getReleaseNotesUrl() const
-{
-    return juce::String (vendorSite) + "/releaseNotes/orlo";
-}
+juce::String AudioPluginAudioProcessor::getReleaseNotesUrl() const { return getVendorSite() + "/releaseNotes/orlo"; }
 
-juce::String AudioPluginAudioProcessor::getProductUrl() const { return juce::String (vendorSite) + "/product/orlo"; }
+juce::String AudioPluginAudioProcessor::getProductUrl() const { return getVendorSite() + "/product/orlo"; }
 
 std::unique_ptr<pluginCore::ProcessorEditor> AudioPluginAudioProcessor::createEditorInternal()
 {

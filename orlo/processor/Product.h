@@ -7,19 +7,12 @@ namespace mk::orlo
 {
 
 /** The product's name, vendor, version and year. */
-[[nodiscard]] inline pluginCore::ProductInfo makeProductInfo()
-{
-    return { "Orlo", "Morlek", ORLO_VERSION_STRING, 2025 };
-}
+[[nodiscard]] pluginCore::ProductInfo makeProductInfo();
 
 /** The vendor's site; the addresses of the product's pages begin with it. */
-inline constexpr auto vendorSite = ORLO_VENDOR_SITE;
+[[nodiscard]] juce::String getVendorSite();
 
 /** The page of the manual for this version. */
-[[nodiscard]] inline juce::URL getManualUrl (const pluginCore::PluginProcessor& processor)
-{
-    return juce::URL (processor.getReleaseNotesUrl())
-        .getChildURL ("manual.html?s=orlo&v=" + processor.getProductInfo().version.removeCharacters (" \t\r\n"));
-}
+[[nodiscard]] juce::URL getManualUrl (const pluginCore::PluginProcessor& processor);
 
 } // namespace mk::orlo

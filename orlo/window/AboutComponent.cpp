@@ -6,7 +6,6 @@
 
 #include "plugin_core/style/ColourIds.h"
 #include "plugin_core/style/ColourLookup.h"
-#include "plugin_core/style/Palette.h"
 #include "plugin_core/style/StyleProperties.h"
 
 #include <cmath>
@@ -24,6 +23,11 @@ constexpr float smallShare = 0.08f;
 constexpr float footerShare = 0.05f;
 
 constexpr float quietAlpha = 0.65f;
+
+[[nodiscard]] juce::Colour findFrameworkColour (const juce::Component& component, int id)
+{
+    return pluginCore::findColourOr (component, id, pluginCore::getFrameworkColours());
+}
 
 [[nodiscard]] juce::String makeFooter (const pluginCore::PluginProcessor& processor)
 {
@@ -43,7 +47,7 @@ AboutComponent::AboutComponent (const pluginCore::PluginProcessor& processor)
     setUp (subtitleLabel, juce::translate ("Spectrogram analyser") + " (" + wrapper + ")", 2, 1.1);
     setUp (versionLabel, processor.getVersionText(), 2, 1.0);
     setUp (creditsLabel, makeCredits(), 2, 0.72);
-    setUp (websiteLabel, juce::URL (vendorSite).getDomain(), 2, 1.0);
+    setUp (websiteLabel, juce::URL (getVendorSite()).getDomain(), 2, 1.0);
     setUp (footerLabel, makeFooter (processor), 2, 0.72);
 
     // Clicks on the rest of the page close it.
@@ -113,11 +117,7 @@ void AboutComponent::resized()
     footerLabel.setBounds (layout.footer);
 }
 
-void AboutComponent::paint (juce::Graphics& g)
-{
-    g.fillAll (
-        pluginCore::findColourOr (*this, colourId::overlayBackground, juce::Colour (pluginCore::palette::panel)));
-}
+void AboutComponent::paint (juce::Graphics& g) { g.fillAll (findFrameworkColour (*this, colourId::overlayBackground)); }
 
 // The look and feel is inherited from the parent.
 void AboutComponent::parentHierarchyChanged() { lookAndFeelChanged(); }
@@ -130,8 +130,7 @@ void AboutComponent::lookAndFeelChanged()
 
 void AboutComponent::applyColours()
 {
-    using pluginCore::findColourOr;
-    const auto text = findColourOr (*this, colourId::overlayText, juce::Colour (pluginCore::palette::text));
+    const auto text = findFrameworkColour (*this, colourId::overlayText);
 
     for (auto* const label : { &titleLabel, &versionLabel })
         label->setColour (juce::Label::textColourId, text);
@@ -139,14 +138,13 @@ void AboutComponent::applyColours()
     for (auto* const label : { &subtitleLabel, &creditsLabel, &footerLabel })
         label->setColour (juce::Label::textColourId, text.withMultipliedAlpha (quietAlpha));
 
-    websiteLabel.setColour (juce::Label::textColourId,
-                            findColourOr (*this, colourId::linkText, juce::Colour (pluginCore::palette::accent)));
+    websiteLabel.setColour (juce::Label::textColourId, findFrameworkColour (*this, colourId::linkText));
 }
 
 //==============================================================================
 void AboutComponent::openHomePage()
 {
-    juce::NullCheckedInvocation::invoke (openInBrowser, juce::URL (vendorSite));
+    juce::NullCheckedInvocation::invoke (openInBrowser, juce::URL (getVendorSite()));
     setVisible (false);
 }
 

@@ -59,8 +59,7 @@ bool PresetsManager::applyPresetFile (const juce::File& file)
 {
     const TrueWithinScope scopedLoading (loading);
 
-    // A pipe or a device has no size, and reading it might never end.
-    const auto xml = file.getSize() > 0 ? parseUntrustedXml (file) : nullptr;
+    const auto xml = parseUntrustedXml (file);
 
     if (xml == nullptr)
         return false;

@@ -3,7 +3,6 @@
 
 #include "plugin_core/style/ColourIds.h"
 #include "plugin_core/style/ColourLookup.h"
-#include "plugin_core/style/Palette.h"
 #include "plugin_core/style/StyleProperties.h"
 
 namespace mk::pluginCore
@@ -111,7 +110,7 @@ void UpdateChangeLogComponent::paint (juce::Graphics& g)
 
     const auto panel = getLocalBounds().getProportion (panelBounds).toFloat();
     const auto radius = float (getWidth()) * cornerShare;
-    const auto colour = findColourOr (*this, colourId::overlayBackground, juce::Colour (palette::panel));
+    const auto colour = findColourOr (*this, colourId::overlayBackground, getFrameworkColours());
 
     g.setColour (colour);
     g.fillRoundedRectangle (panel, radius);
@@ -140,7 +139,7 @@ void UpdateChangeLogComponent::colourChanged()
     }
 
     titleLabel.setColour (juce::Label::textColourId,
-                          findColourOr (*this, colourId::overlayText, juce::Colour (palette::text)));
+                          findColourOr (*this, colourId::overlayText, getFrameworkColours()));
     repaint();
 }
 

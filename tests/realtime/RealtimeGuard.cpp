@@ -3,8 +3,10 @@
 
 #include <cerrno>
 #include <cstddef>
+#include <cstdio>
 #include <dlfcn.h>
 #include <pthread.h>
+#include <unistd.h>
 
 namespace mk::orlo::test
 {
@@ -12,6 +14,7 @@ namespace
 {
 thread_local bool guarding = false;
 thread_local RealtimeViolations violations;
+thread_local int numMutexesHeld = 0;
 
 void countAllocation() noexcept
 {
@@ -23,6 +26,18 @@ void countLock() noexcept
 {
     if (guarding)
         ++violations.locks;
+}
+
+/** Counts a mutex that was locked or, with -1, unlocked. */
+void countMutex (int difference) noexcept { numMutexesHeld += difference; }
+
+void countFileOperation() noexcept
+{
+    if (guarding)
+    {
+        ++violations.fileOperations;
+        violations.fileOperationsUnderLock += numMutexesHeld > 0 ? 1 : 0;
+    }
 }
 
 template <typename Function>
@@ -47,7 +62,9 @@ RealtimeViolations RealtimeGuard::getViolations() const noexcept { return violat
 //==============================================================================
 // The program's definitions take precedence over the C library's functions, and call them.
 using mk::orlo::test::countAllocation;
+using mk::orlo::test::countFileOperation;
 using mk::orlo::test::countLock;
+using mk::orlo::test::countMutex;
 using mk::orlo::test::next;
 
 extern "C"
@@ -101,6 +118,15 @@ extern "C"
     {
         static const auto original = next<int (*) (pthread_mutex_t*)> ("pthread_mutex_lock");
         countLock();
+        const auto result = original (mutex);
+        countMutex (result == 0 ? 1 : 0);
+        return result;
+    }
+
+    [[gnu::visibility ("default")]] int pthread_mutex_unlock (pthread_mutex_t* mutex)
+    {
+        static const auto original = next<int (*) (pthread_mutex_t*)> ("pthread_mutex_unlock");
+        countMutex (-1);
         return original (mutex);
     }
 
@@ -108,7 +134,9 @@ extern "C"
     {
         static const auto original = next<int (*) (pthread_mutex_t*)> ("pthread_mutex_trylock");
         countLock();
-        return original (mutex);
+        const auto result = original (mutex);
+        countMutex (result == 0 ? 1 : 0);
+        return result;
     }
 
     [[gnu::visibility ("default")]] int pthread_rwlock_rdlock (pthread_rwlock_t* lock)
@@ -123,5 +151,26 @@ extern "C"
         static const auto original = next<int (*) (pthread_rwlock_t*)> ("pthread_rwlock_wrlock");
         countLock();
         return original (lock);
+    }
+
+    [[gnu::visibility ("default")]] ssize_t read (int descriptor, void* buffer, size_t size)
+    {
+        static const auto original = next<ssize_t (*) (int, void*, size_t)> ("read");
+        countFileOperation();
+        return original (descriptor, buffer, size);
+    }
+
+    [[gnu::visibility ("default")]] int fsync (int descriptor)
+    {
+        static const auto original = next<int (*) (int)> ("fsync");
+        countFileOperation();
+        return original (descriptor);
+    }
+
+    [[gnu::visibility ("default")]] int rename (const char* from, const char* to) noexcept
+    {
+        static const auto original = next<int (*) (const char*, const char*)> ("rename");
+        countFileOperation();
+        return original (from, to);
     }
 }

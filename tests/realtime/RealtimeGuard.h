@@ -4,14 +4,16 @@
 namespace mk::orlo::test
 {
 
-/** Counts of the operations that are forbidden on an audio thread. */
+/** Counts of the operations that are forbidden on an audio thread, or while a lock is held. */
 struct RealtimeViolations
 {
-    int allocations = 0; /**< malloc and its family, new, and the freeing of memory. */
-    int locks = 0;       /**< Mutexes and read-write locks taken. */
+    int allocations = 0;             /**< malloc and its family, new, and the freeing of memory. */
+    int locks = 0;                   /**< Mutexes and read-write locks taken. */
+    int fileOperations = 0;          /**< read, fsync and rename. */
+    int fileOperationsUnderLock = 0; /**< Those of them while the thread held a mutex. */
 };
 
-/** Counts what the calling thread allocates, frees and locks during its lifetime.
+/** Counts what the calling thread allocates, frees, locks, reads and writes during its lifetime.
 
     The C library's functions are replaced for the whole program, so calls from any library are counted.
     Only one guard may exist at a time on each thread.

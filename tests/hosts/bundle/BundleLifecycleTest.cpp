@@ -39,16 +39,18 @@ protected:
             GTEST_SKIP() << "needs Xvfb";
     }
 
-    [[nodiscard]] ProcessResult play (const juce::String& thread, int numRounds, const juce::String& steps) const
+    /** The tool, if any, is a program with its options that runs the other process. */
+    [[nodiscard]] ProcessResult play (const juce::String& thread,
+                                      int numRounds,
+                                      const juce::String& steps,
+                                      const juce::StringArray& tool = {}) const
     {
         juce::StringArray commandLine { "env",
                                         "DISPLAY=" + display.getName(),
                                         "HOME=" + home.getPath ({}),
-                                        "XDG_CONFIG_HOME=" + home.getPath (".config"),
-                                        ORLO_BUNDLE_LIFECYCLE,
-                                        ORLO_BUNDLE_BINARY,
-                                        thread,
-                                        juce::String (numRounds) };
+                                        "XDG_CONFIG_HOME=" + home.getPath (".config") };
+        commandLine.addArray (tool);
+        commandLine.addArray ({ ORLO_BUNDLE_LIFECYCLE, ORLO_BUNDLE_BINARY, thread, juce::String (numRounds) });
         commandLine.addTokens (steps, false);
         return runProcess (commandLine, timeLimitSeconds);
     }
@@ -81,6 +83,26 @@ TEST_F (BundleLifecycleRepeated, LeavesNothingBehindWhenLoadedTwoHundredTimes)
     const auto result = play ("main", 100, juce::String (withEditor) + " " + instanceOnly);
     EXPECT_EQ (result.exitCode, 0) << result.output << result.errors;
     EXPECT_TRUE (result.output.contains ("threads")) << "nothing was measured";
+}
+
+// Checks only a few loads, since valgrind takes about three seconds for each editor.
+TEST_F (BundleLifecycleRepeated, HasNoMemoryErrorAndLeaksNothingUnderValgrind)
+{
+#ifdef ORLO_VALGRIND
+    const auto result = play ("main",
+                              2,
+                              juce::String (withEditor) + " " + instanceOnly,
+                              { ORLO_VALGRIND,
+                                "--quiet",
+                                "--error-exitcode=3",
+                                "--leak-check=full",
+                                "--errors-for-leak-kinds=definite,possible",
+                                "--num-callers=30",
+                                "--suppressions=" ORLO_VALGRIND_SUPPRESSIONS });
+    EXPECT_EQ (result.exitCode, 0) << result.errors;
+#else
+    GTEST_SKIP() << "needs valgrind";
+#endif
 }
 } // namespace
 } // namespace mk::orlo::test

@@ -40,6 +40,8 @@ Screen::Screen() : library (loadXlib()), display (openDisplay (library))
         library, "XSetErrorHandler", decltype (&XSetErrorHandler) {}, +[] (Display*, XErrorEvent*) { return 0; });
 }
 
+Screen::~Screen() { call (library, "XCloseDisplay", decltype (&XCloseDisplay) {}, static_cast<Display*> (display)); }
+
 unsigned long Screen::createWindow()
 {
     auto* const connection = static_cast<Display*> (display);

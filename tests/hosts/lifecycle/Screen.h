@@ -12,6 +12,10 @@ class Screen
 {
 public:
     Screen();
+    ~Screen();
+
+    Screen (const Screen&) = delete;
+    Screen& operator= (const Screen&) = delete;
 
     /** A window on the screen, to put an editor into. */
     [[nodiscard]] unsigned long createWindow();

@@ -4,6 +4,7 @@
 #include "orlo/look/PluginLookAndFeel.h"
 #include "orlo/parameters/Params.h"
 #include "orlo/processor/AudioPluginAudioProcessor.h"
+#include "tests/support/GestureRecorder.h"
 #include "tests/support/MessageLoop.h"
 #include "tests/support/Mouse.h"
 #include "tests/support/StyledWindow.h"
@@ -16,23 +17,6 @@ namespace mk::orlo::test
 {
 namespace
 {
-/** Records what the host is told about a parameter. */
-struct HostEar final : juce::AudioProcessorParameter::Listener
-{
-    explicit HostEar (juce::AudioProcessorParameter& parameterToHear) : parameter (parameterToHear)
-    {
-        parameter.addListener (this);
-    }
-
-    ~HostEar() override { parameter.removeListener (this); }
-
-    void parameterValueChanged (int, float value) override { events << value << " "; }
-    void parameterGestureChanged (int, bool isStarting) override { events << (isStarting ? "begin " : "end "); }
-
-    juce::AudioProcessorParameter& parameter;
-    juce::String events;
-};
-
 class RetinaParamLabelTest : public testing::Test
 {
 protected:
@@ -66,9 +50,9 @@ TEST_F (RetinaParamLabelTest, AClickTogglesBetweenTheTwoChoices)
 TEST_F (RetinaParamLabelTest, AClickIsOneGestureAndOneUndoTransaction)
 {
     processor.applyInitialSettings();
-    const HostEar ear (parameter);
+    GestureRecorder host (parameter);
     click (leftButton);
-    EXPECT_EQ (ear.events, "begin 1 end ");
+    EXPECT_EQ (host.take(), "[.]");
 
     click (leftButton);
     ASSERT_TRUE (processor.getUndoManager().undo());
@@ -79,12 +63,12 @@ TEST_F (RetinaParamLabelTest, AClickIsOneGestureAndOneUndoTransaction)
 
 TEST_F (RetinaParamLabelTest, OtherClicksChangeNothing)
 {
-    const HostEar ear (parameter);
+    GestureRecorder host (parameter);
     click (juce::ModifierKeys::rightButtonModifier);
     click (juce::ModifierKeys::middleButtonModifier);
     click (leftButton | juce::ModifierKeys::ctrlModifier);
     click (leftButton, { 500.0f, 5.0f });
-    EXPECT_EQ (ear.events, "");
+    EXPECT_EQ (host.take(), "");
 }
 
 TEST_F (RetinaParamLabelTest, KeysChangeIt)

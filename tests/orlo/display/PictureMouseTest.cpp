@@ -1,34 +1,12 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 // Tests presses on the picture with the real mouse; needs a display.
 #include "tests/orlo/window/EditorInWindow.h"
+#include "tests/support/MouseCounter.h"
 
 namespace mk::orlo::test
 {
 namespace
 {
-
-/** Counts the mouse events of a component. */
-class MouseCounter final : public juce::MouseListener
-{
-public:
-    explicit MouseCounter (juce::Component& componentToWatch) : component (componentToWatch)
-    {
-        component.addMouseListener (this, false);
-    }
-
-    ~MouseCounter() override { component.removeMouseListener (this); }
-
-    void mouseDown (const juce::MouseEvent&) override { ++numDown; }
-    void mouseDrag (const juce::MouseEvent&) override { ++numDragged; }
-    void mouseUp (const juce::MouseEvent&) override { ++numUp; }
-
-    int numDown = 0, numDragged = 0, numUp = 0;
-
-private:
-    juce::Component& component;
-
-    JUCE_DECLARE_NON_COPYABLE (MouseCounter)
-};
 
 class PictureMouseTest : public EditorInWindowTest
 {

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "orlo/display/SpectrogramContainer.h"
 
+#include "orlo/display/ContextMenu.h"
 #include "orlo/parameters/Params.h"
 #include "orlo/processor/AudioPluginAudioProcessor.h"
+#include "tests/support/GestureCounter.h"
+#include "tests/support/GestureRecorder.h"
 #include "tests/support/MessageLoop.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -114,55 +117,40 @@ TEST_F (SpectrogramContainerTest, ARateReportedAfterTheWindowHasClosedIsIgnored)
 
 TEST_F (SpectrogramContainerTest, TheMenuTogglesItsParametersInOneGestureEach)
 {
-    struct GestureCounter final : juce::AudioProcessorListener
-    {
-        void audioProcessorParameterChanged (juce::AudioProcessor*, int, float) override { text += "."; }
-        void audioProcessorChanged (juce::AudioProcessor*, const ChangeDetails&) override {}
-        void audioProcessorParameterChangeGestureBegin (juce::AudioProcessor*, int index) override
-        {
-            text += "(" + juce::String (index);
-        }
-        void audioProcessorParameterChangeGestureEnd (juce::AudioProcessor*, int) override { text += ")"; }
-        juce::String text;
-    };
-
-    GestureCounter gestures;
-    processor.addListener (&gestures);
-
-    for (const auto& [item, id] : { std::pair { 1, Params::id::freeze },
-                                    std::pair { 3, Params::id::ruler },
-                                    std::pair { 4, Params::id::keyboard } })
+    for (const auto& [item, id] : { std::pair { contextMenu::freeze, Params::id::freeze },
+                                    std::pair { contextMenu::ruler, Params::id::ruler },
+                                    std::pair { contextMenu::keyboard, Params::id::keyboard } })
     {
         const auto before = get (id);
-        gestures.text = {};
+        const GestureCounter all (processor);
+        GestureRecorder parameter (*processor.getParameterState().getParameter (id));
         container->carryOut (item);
         EXPECT_EQ (get (id), 1.0f - before) << id;
-        EXPECT_EQ (gestures.text,
-                   "(" + juce::String (processor.getParameterState().getParameter (id)->getParameterIndex()) + ".)");
+        EXPECT_EQ (parameter.take(), "[.]");
+        EXPECT_EQ (all.numBegun, 1) << "no other parameter is touched";
+        EXPECT_EQ (all.numChanges, 1);
         container->carryOut (item);
         EXPECT_EQ (get (id), before) << id;
     }
-
-    processor.removeListener (&gestures);
 }
 
 TEST_F (SpectrogramContainerTest, TheMenuSwitchesTheViewAndMarksTheSessionAsChanged)
 {
     set (Params::id::internal, 0.0f);
-    container->carryOut (5);
+    container->carryOut (contextMenu::view);
     EXPECT_TRUE (processor.getUIView().cleanViewMode.get());
     EXPECT_NEAR (get (Params::id::internal), 0.01f, 1.0e-6f);
-    container->carryOut (5);
+    container->carryOut (contextMenu::view);
     EXPECT_FALSE (processor.getUIView().cleanViewMode.get());
 
     set (Params::id::internal, 0.995f);
-    container->carryOut (5);
+    container->carryOut (contextMenu::view);
     EXPECT_EQ (get (Params::id::internal), 0.0f) << "wraps from the end of its range to the beginning";
 }
 
 TEST_F (SpectrogramContainerTest, TheMenuOpensTheManualOfThisVersion)
 {
-    container->carryOut (6);
+    container->carryOut (contextMenu::manual);
     EXPECT_EQ (openedPages.joinIntoString (" "),
                processor.getReleaseNotesUrl() + "/manual.html?s=orlo&v=" + processor.getProductInfo().version);
     EXPECT_TRUE (processor.getReleaseNotesUrl().endsWith ("/releaseNotes/orlo"));

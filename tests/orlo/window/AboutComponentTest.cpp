@@ -110,6 +110,19 @@ TEST (AboutComponent, FollowsTheSpellingOfEachLanguage)
     EXPECT_FALSE (makeCredits().contains ("%s"));
 }
 
+TEST (AboutComponent, PutsTheNamesWhereTheLanguageHasThem)
+{
+    const AudioPluginAudioProcessor processor;
+    juce::LocalisedStrings::setCurrentMappings (
+        new juce::LocalisedStrings ("\"About %s\" = \"%s in brief\"\n\"Fonts: %s\" = \"With %s as fonts\"", false));
+    const auto credits = makeCredits();
+    const auto title = AboutComponent (processor).getTitle();
+    LocalisedStringsManager().setLanguage ("en");
+
+    EXPECT_EQ (title, "Orlo in brief");
+    EXPECT_TRUE (credits.contains ("With Barlow (Jeremy Tribby), JetBrains Mono (JetBrains) as fonts\n")) << credits;
+}
+
 TEST (AboutComponent, CreditsEveryLibraryThatTheNoticesName)
 {
     const auto names = getNoticedNames();

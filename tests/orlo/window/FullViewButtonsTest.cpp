@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 // Tests the buttons that float on the picture; needs a display.
 #include "EditorInWindow.h"
+#include "plugin_core/style/Palette.h"
 #include "tests/support/FindComponents.h"
+#include "tests/support/IconColour.h"
+#include "tests/support/MouseCounter.h"
 #include "tests/support/Transport.h"
 
 namespace mk::orlo::test
@@ -9,32 +12,7 @@ namespace mk::orlo::test
 namespace
 {
 
-class FullViewButtonsTest : public EditorInWindowTest
-{
-};
-
-/** Counts how often a mouse button has been released over a component. */
-class ReleaseCounter final : public juce::MouseListener
-{
-public:
-    explicit ReleaseCounter (juce::Component& componentToHear) : component (componentToHear)
-    {
-        component.addMouseListener (this, false);
-    }
-
-    ~ReleaseCounter() override { component.removeMouseListener (this); }
-
-    [[nodiscard]] bool waitFor (int wanted) const
-    {
-        return pumpUntil ([this, wanted] { return count == wanted; });
-    }
-
-private:
-    void mouseUp (const juce::MouseEvent&) override { ++count; }
-
-    juce::Component& component;
-    int count = 0;
-};
+using FullViewButtonsTest = EditorInWindowTest;
 
 TEST_F (FullViewButtonsTest, AFrozenPictureShowsItsButtonsInFullViewOnly)
 {
@@ -47,6 +25,7 @@ TEST_F (FullViewButtonsTest, AFrozenPictureShowsItsButtonsInFullViewOnly)
     processor.getUIView().cleanViewMode = true;
     ASSERT_TRUE (pumpUntil ([&] { return main.getFreezeButton().isVisible() && main.getExportButton().isVisible(); }));
     EXPECT_GT (main.getExportButton().getY(), main.getFreezeButton().getBottom());
+    EXPECT_EQ (getIconColour (main.getFreezeButton()), juce::Colour (pluginCore::palette::accent));
 
     ASSERT_TRUE (window->click (main.getFreezeButton()));
     EXPECT_TRUE (pumpUntil ([&] { return get (Params::id::freeze) < 0.5f; }));
@@ -65,14 +44,14 @@ TEST_F (FullViewButtonsTest, RightClicksAndCtrlClicksDoNothing)
     {
         ASSERT_TRUE (pumpUntil ([button] { return button->isShowing(); })) << button->getTitle();
         const auto before = getState();
-        const ReleaseCounter releases (*button);
+        const MouseCounter mouse (*button);
 
         ASSERT_TRUE (window->click (*button, EditorWindow::rightButton)) << button->getTitle();
-        ASSERT_TRUE (releases.waitFor (1)) << button->getTitle();
+        ASSERT_TRUE (pumpUntil ([&] { return mouse.numUp == 1; })) << button->getTitle();
 
         ASSERT_TRUE (holdModifier (Screen::controlKey, juce::ModifierKeys::ctrlModifier));
         ASSERT_TRUE (window->click (*button)) << button->getTitle();
-        ASSERT_TRUE (releases.waitFor (2)) << button->getTitle();
+        ASSERT_TRUE (pumpUntil ([&] { return mouse.numUp == 2; })) << button->getTitle();
         window->releaseKey();
         pumpPending();
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "orlo/window/SettingsComponent.h"
 
+#include "SettingsDesign.h"
 #include "SettingsPanel.h"
 #include "orlo/parameters/Params.h"
-#include "orlo/window/SettingsLayout.h"
 #include "plugin_core/style/Palette.h"
 #include "plugin_core/style/StyleProperties.h"
-#include "plugin_core/style/icons/IconDrawable.h"
+#include "tests/support/IconColour.h"
 #include "tests/support/MessageLoop.h"
 #include "tests/support/StyledWindow.h"
 
@@ -19,36 +19,6 @@ namespace mk::orlo::test
 namespace
 {
 namespace styleProperty = pluginCore::styleProperty;
-
-/** Every child and its expected area in the layout. */
-constexpr std::array<std::pair<const char*, juce::Rectangle<int> SettingsLayout::*>, 26> places { {
-    { "title", &SettingsLayout::title },
-    { "presetsButton", &SettingsLayout::presetsButton },
-    { "analysisHeading", &SettingsLayout::analysisHeading },
-    { "modeBar", &SettingsLayout::modeBar },
-    { "fftSizeLabel", &SettingsLayout::fftSizeLabel },
-    { "fftSizeBox", &SettingsLayout::fftSizeBox },
-    { "displayHeading", &SettingsLayout::displayHeading },
-    { "hiDPILabel", &SettingsLayout::hiDPILabel },
-    { "drawModeBar", &SettingsLayout::drawModeBar },
-    { "autoFreezeToggle", &SettingsLayout::autoFreezeToggle },
-    { "scaleLabel", &SettingsLayout::scaleLabel },
-    { "scaleBox", &SettingsLayout::scaleBox },
-    { "keyboardToggle", &SettingsLayout::keyboardToggle },
-    { "rulerToggle", &SettingsLayout::rulerToggle },
-    { "speedLabel", &SettingsLayout::speedLabel },
-    { "speedSlider", &SettingsLayout::speedSlider },
-    { "maxFreqLabel", &SettingsLayout::maxFreqLabel },
-    { "maxFreqSlider", &SettingsLayout::maxFreqSlider },
-    { "minFreqLabel", &SettingsLayout::minFreqLabel },
-    { "minFreqSlider", &SettingsLayout::minFreqSlider },
-    { "colourHeading", &SettingsLayout::colourHeading },
-    { "colourBox", &SettingsLayout::colourBox },
-    { "arrows", &SettingsLayout::arrows },
-    { "colourPreview", &SettingsLayout::colourPreview },
-    { "floorSlider", &SettingsLayout::floorSlider },
-    { "ceilingSlider", &SettingsLayout::ceilingSlider },
-} };
 
 /** The help text of a control while the mouse is over it. */
 struct HelpText
@@ -79,15 +49,14 @@ using SettingsComponentTest = SettingsPanelTest;
 //==============================================================================
 TEST_F (SettingsComponentTest, PutsEveryChildIntoItsPlace)
 {
-    EXPECT_EQ (panel.getNumChildComponents(), int (places.size()));
+    EXPECT_EQ (panel.getNumChildComponents(), int (settingsItems.size()));
 
-    for (const auto& [width, height] : { std::pair (241, 550), std::pair (418, 1000), std::pair (883, 2112) })
+    for (size_t i = 0; i < settingsSizes.size(); ++i)
     {
-        panel.setSize (width, height);
-        const auto layout = SettingsLayout::forSize (width, height);
+        panel.setSize (settingsSizes[i].x, settingsSizes[i].y);
 
-        for (const auto& [id, place] : places)
-            EXPECT_EQ (child (id).getBounds(), layout.*place) << id << " at " << width;
+        for (const auto& item : settingsItems)
+            EXPECT_EQ (child (item.id).getBounds(), item.bounds[i]) << item.id << " at " << settingsSizes[i].x;
     }
 
     for (const auto side : { 0, 1, 5, 20 })
@@ -116,8 +85,8 @@ TEST_F (SettingsComponentTest, ShowsAllRowsInEveryMode)
             setNormalised (id, value);
             pumpPending();
 
-            for (const auto& [childId, place] : places)
-                EXPECT_EQ (child (childId).isVisible(), juce::String (childId) != "hiDPILabel") << childId;
+            for (const auto& item : settingsItems)
+                EXPECT_EQ (child (item.id).isVisible(), juce::String (item.id) != "hiDPILabel") << item.id;
         }
     }
 }
@@ -234,8 +203,9 @@ TEST_F (SettingsComponentTest, ToggleIconsHaveTheAccentColourWhileTheyAreOn)
         for (const auto isOn : { false, true })
         {
             button.setToggleState (isOn, juce::sendNotificationSync);
-            const auto colour = dynamic_cast<pluginCore::IconDrawable&> (*button.getCurrentImage()).getColour();
-            EXPECT_EQ (colour, juce::Colour (isOn ? pluginCore::palette::accent : pluginCore::palette::text)) << id;
+            EXPECT_EQ (getIconColour (button),
+                       juce::Colour (isOn ? pluginCore::palette::accent : pluginCore::palette::text))
+                << id;
         }
     }
 }

@@ -7,7 +7,7 @@
 #include "orlo/style/OrloColours.h"
 #include "orlo/window/SideBarLayout.h"
 #include "plugin_core/style/Palette.h"
-#include "plugin_core/style/icons/IconDrawable.h"
+#include "tests/support/IconColour.h"
 #include "tests/support/MessageLoop.h"
 #include "tests/support/Mouse.h"
 #include "tests/support/StyledWindow.h"
@@ -104,14 +104,11 @@ TEST_F (SideBarComponentTest, OpensAndClosesTheSettings)
 TEST_F (SideBarComponentTest, TheFreezeIconHasTheAccentColourWhileItIsOn)
 {
     auto& button = getButton ("freeze");
-    const auto getColour = [&button]
-    { return dynamic_cast<pluginCore::IconDrawable&> (*button.getCurrentImage()).getColour(); };
-
-    EXPECT_EQ (getColour(), juce::Colour (pluginCore::palette::text));
+    EXPECT_EQ (getIconColour (button), juce::Colour (pluginCore::palette::text));
     setOn (Params::id::freeze, true);
-    EXPECT_TRUE (pumpUntil ([&] { return getColour() == juce::Colour (pluginCore::palette::accent); }));
+    EXPECT_TRUE (pumpUntil ([&] { return getIconColour (button) == juce::Colour (pluginCore::palette::accent); }));
     setOn (Params::id::freeze, false);
-    EXPECT_TRUE (pumpUntil ([&] { return getColour() == juce::Colour (pluginCore::palette::text); }));
+    EXPECT_TRUE (pumpUntil ([&] { return getIconColour (button) == juce::Colour (pluginCore::palette::text); }));
 }
 
 TEST_F (SideBarComponentTest, ShrinksTheSettingsIconWhileThePanelIsOpen)

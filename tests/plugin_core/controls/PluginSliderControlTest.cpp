@@ -181,6 +181,20 @@ TEST_F (PluginSliderControlTest, ReturnEditsTheText)
     EXPECT_EQ (floor.take(), "[.]");
 }
 
+TEST_F (PluginSliderControlTest, TheTextBoxIsNoStopOfTheTabKeyInAnyStyleOrAfterBeingDisabled)
+{
+    auto& slider = one.getSlider();
+
+    for (const auto position : { juce::Slider::TextBoxLeft, juce::Slider::TextBoxRight })
+    {
+        slider.setTextBoxStyle (position, false, 80, 20);
+        EXPECT_FALSE (slider.getChildComponent (0)->getWantsKeyboardFocus());
+        one.setEnabled (false);
+        one.setEnabled (true);
+        EXPECT_FALSE (slider.getChildComponent (0)->getWantsKeyboardFocus());
+    }
+}
+
 TEST_F (PluginSliderControlTest, TheTextBoxHasTheTooltipToo)
 {
     auto& slider = one.getSlider();

@@ -120,6 +120,18 @@ TEST (TooltipDisplayComponent, ShowsNoTipsInTheBackground)
     EXPECT_EQ (test.line.getTip(), "");
 }
 
+TEST (TooltipDisplayComponent, QueriesTheSystemOnlyWhenThereIsATip)
+{
+    LineInEditor test;
+    int numQueries = 0;
+    test.line.isApplicationActive = [&numQueries] { return ++numQueries > 0; };
+    test.line.showTipOf (nullptr);
+    test.line.showTipOf (&test.editor);
+    EXPECT_EQ (numQueries, 0);
+    test.line.showTipOf (&test.control);
+    EXPECT_EQ (numQueries, 1);
+}
+
 TEST (TooltipDisplayComponent, SurvivesTheDeletionOfTheControlItShows)
 {
     LineInEditor test;

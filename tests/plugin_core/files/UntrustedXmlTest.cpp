@@ -9,7 +9,9 @@
 #include <string_view>
 
 #if ! JUCE_WINDOWS
+    #include <fcntl.h>
     #include <sys/stat.h>
+    #include <unistd.h>
 #endif
 
 namespace mk::pluginCore
@@ -233,6 +235,21 @@ TEST (UntrustedXml, ReadsNoPipeWithoutAWriter)
     const auto pipe = folder.get().getChildFile ("a.xml");
     ASSERT_EQ (mkfifo (pipe.getFullPathName().toRawUTF8(), 0600), 0);
     EXPECT_EQ (parseUntrustedXml (pipe), nullptr);
+}
+
+TEST (UntrustedXml, ReadsNoPipeThatHoldsADocument)
+{
+    const orlo::test::TemporaryFolder folder;
+    const auto pipe = folder.get().getChildFile ("a.xml");
+    ASSERT_EQ (mkfifo (pipe.getFullPathName().toRawUTF8(), 0600), 0);
+
+    // The reader keeps what the writer leaves behind.
+    const auto reader = open (pipe.getFullPathName().toRawUTF8(), O_RDONLY | O_NONBLOCK);
+    const auto writer = open (pipe.getFullPathName().toRawUTF8(), O_WRONLY);
+    ASSERT_EQ (write (writer, "<a/>", 4), 4);
+    close (writer);
+    EXPECT_EQ (parseUntrustedXml (pipe), nullptr);
+    close (reader);
 }
 
 TEST (UntrustedXml, ReadsNoDevice)

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "plugin_core/localisation/LocalisedStringsManager.h"
 
-#include "plugin_core/localisation/PreferredLanguage.h"
 #include "tests/support/TranslationFile.h"
 
 #include <gtest/gtest.h>
@@ -105,36 +104,6 @@ TEST_F (Languages, AreEnglishForAnUnknownCode)
         EXPECT_EQ (strings.getLanguageCode(), "en");
         EXPECT_EQ (juce::translate ("Save"), "Save");
     }
-}
-
-//==============================================================================
-TEST (PreferredLanguage, CountsUpToTheRegion)
-{
-    EXPECT_EQ (languageCodeFor ("pt-BR"), "pt");
-    EXPECT_EQ (languageCodeFor ("pt-PT"), "pt");
-    EXPECT_EQ (languageCodeFor ("en-GB"), "en");
-    EXPECT_EQ (languageCodeFor ("fr"), "fr");
-    EXPECT_EQ (languageCodeFor ("es-419"), "es");
-    EXPECT_EQ (languageCodeFor ("it-IT-x"), "it");
-}
-
-TEST (PreferredLanguage, MayHaveThreeLetters)
-{
-    EXPECT_EQ (languageCodeFor ("eng"), "en");
-    EXPECT_EQ (languageCodeFor ("fre-CA"), "fr");
-    EXPECT_EQ (languageCodeFor ("spa"), "es");
-    EXPECT_EQ (languageCodeFor ("por"), "pt");
-    EXPECT_EQ (languageCodeFor ("ita"), "it");
-}
-
-TEST (PreferredLanguage, IsPassedOnIfItIsNotTranslated)
-{
-    EXPECT_EQ (languageCodeFor ("zh-Hans"), "zh");
-    EXPECT_EQ (languageCodeFor ("de"), "de");
-    EXPECT_EQ (languageCodeFor ("EN"), "EN");
-    EXPECT_EQ (languageCodeFor ("french"), "french");
-    EXPECT_EQ (languageCodeFor (""), "");
-    EXPECT_EQ (languageCodeFor ("-en"), "");
 }
 
 } // namespace mk::pluginCore

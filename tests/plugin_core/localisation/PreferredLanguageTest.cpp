@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace mk::pluginCore
 {
 
@@ -35,6 +37,19 @@ TEST (PreferredLanguage, IsEnglishInTheLocalesOfThePlainSystem)
         EXPECT_EQ (preferredLanguageOf ({ "", "", "", locale }), "en") << locale;
         EXPECT_EQ (preferredLanguageOf ({ "", locale, "", "fr_FR.UTF-8" }), "en") << locale;
     }
+}
+
+TEST (PreferredLanguage, HasACodeOfTwoLettersWithoutItsRegion)
+{
+    constexpr std::pair<const char*, const char*> codes[] {
+        { "pt-BR", "pt" },   { "pt-PT", "pt" },   { "en-GB", "en" },  { "fr", "fr" },  { "es-419", "es" },
+        { "it-IT-x", "it" }, { "eng", "en" },     { "fre-CA", "fr" }, { "spa", "es" }, { "por", "pt" },
+        { "ita", "it" },     { "zh-Hans", "zh" }, { "de", "de" },     { "EN", "EN" },  { "french", "french" },
+        { "", "" },          { "-en", "" },
+    };
+
+    for (const auto& [language, code] : codes)
+        EXPECT_EQ (languageCodeFor (language), code) << language;
 }
 
 } // namespace mk::pluginCore

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "plugin_core/state/StateBlob.h"
 #include "tests/support/MessageLoop.h"
+#include "tests/support/OnParameterChange.h"
 #include "tests/support/TestProcessor.h"
 
 #include <gtest/gtest.h>
@@ -215,27 +216,17 @@ TEST_F (PresetUndoTest, ARestoredSessionAddsNoStepToUndo)
 
 TEST_F (PresetUndoTest, ASessionRestoredInTheMiddleOfAnUndoIsSafe)
 {
-    struct Host final : juce::AudioProcessorParameter::Listener
-    {
-        void parameterValueChanged (int, float) override
-        {
-            if (auto action = std::exchange (onMove, nullptr))
-                action();
-        }
-
-        void parameterGestureChanged (int, bool) override {}
-
-        std::function<void()> onMove;
-    };
-
     ASSERT_TRUE (presets.loadPresetFile (makePreset (1), &undo));
     ASSERT_TRUE (presets.loadPresetFile (makePreset (2), &undo));
 
-    Host host;
-    host.onMove = [this] { processor.restore (*processor.makeSession ({ { "floor", "-40" } })); };
-    processor.getParameter ("floor").addListener (&host);
+    auto session = processor.makeSession ({ { "floor", "-40" } });
+    const OnParameterChange host (processor.getParameter ("floor"),
+                                  [&]
+                                  {
+                                      if (const auto once = std::move (session))
+                                          processor.restore (*once);
+                                  });
     ASSERT_TRUE (undo.undo());
-    processor.getParameter ("floor").removeListener (&host);
 
     EXPECT_FLOAT_EQ (processor.getValue ("floor"), -40.0f);
     pumpPending();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "plugin_core/state/StateBlob.h"
 #include "tests/support/MessageLoop.h"
+#include "tests/support/OnParameterChange.h"
 #include "tests/support/TemporaryHome.h"
 #include "tests/support/TestProcessor.h"
 
@@ -292,26 +293,12 @@ TEST_F (SessionTest, RestoringDoesNotMakeThePresetDirty)
 
 TEST_F (SessionTest, ThePlugInReportsThatItIsLoadingOnlyWhileItRestores)
 {
-    struct Listener final : juce::AudioProcessorParameter::Listener
-    {
-        explicit Listener (TestProcessor& processorToWatch) : watched (processorToWatch)
-        {
-            watched.getParameter ("floor").addListener (this);
-        }
-
-        ~Listener() override { watched.getParameter ("floor").removeListener (this); }
-
-        void parameterValueChanged (int, float) override { answers.push_back (watched.isLoadingState()); }
-        void parameterGestureChanged (int, bool) override {}
-
-        TestProcessor& watched;
-        std::vector<bool> answers;
-    };
-
-    const Listener listener (processor);
+    std::vector<bool> answers;
+    const OnParameterChange listener (processor.getParameter ("floor"),
+                                      [&] { answers.push_back (processor.isLoadingState()); });
     processor.restore (*processor.makeSession ({ { "floor", "-3" } }));
     processor.setValue ("floor", -4.0f);
-    EXPECT_EQ (listener.answers, (std::vector<bool> { true, false }));
+    EXPECT_EQ (answers, (std::vector<bool> { true, false }));
 }
 
 TEST_F (SessionTest, AnotherThreadReadsBackAtOnceWhatItHasRestored)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "plugin_core/state/StateBlob.h"
 #include "tests/support/MessageLoop.h"
+#include "tests/support/OnParameterChange.h"
 #include "tests/support/TestProcessor.h"
 
 #include <gtest/gtest.h>
@@ -148,29 +149,14 @@ TEST (SessionThreads, AHostRestoresSavesPlaysAndEditsAtTheSameTime)
 
 TEST (SessionThreads, AHostMaySaveInAParameterCallbackWhileAnotherThreadRestores)
 {
-    struct SavingHost final : juce::AudioProcessorParameter::Listener
-    {
-        explicit SavingHost (TestProcessor& processorToSave) : processor (processorToSave)
-        {
-            processor.getParameter ("floor").addListener (this);
-        }
-
-        ~SavingHost() override { processor.getParameter ("floor").removeListener (this); }
-
-        void parameterValueChanged (int, float) override
-        {
-            juce::MemoryBlock blob;
-            processor.getStateInformation (blob);
-        }
-
-        void parameterGestureChanged (int, bool) override {}
-
-        TestProcessor& processor;
-    };
-
     TestProcessor processor;
     processor.applyInitialSettings();
-    const SavingHost host (processor);
+    const OnParameterChange host (processor.getParameter ("floor"),
+                                  [&processor]
+                                  {
+                                      juce::MemoryBlock blob;
+                                      processor.getStateInformation (blob);
+                                  });
     const auto first = makeSession (processor, "-10.0");
     const auto second = makeSession (processor, "-20.0");
     std::atomic<int> numRunning { 1 };

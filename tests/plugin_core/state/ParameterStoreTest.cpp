@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "plugin_core/state/ParameterStore.h"
 
+#include "tests/support/GestureRecorder.h"
+#include "tests/support/OnParameterChange.h"
 #include "tests/support/TestProcessor.h"
 
 #include <gtest/gtest.h>
@@ -126,35 +128,19 @@ TEST_F (ParameterStoreTest, TheLastOfTwoEntriesOfOneParameterCounts)
 }
 
 //==============================================================================
-struct HostEvents final : juce::AudioProcessorParameter::Listener
-{
-    explicit HostEvents (juce::AudioProcessorParameter& parameterToWatch) : parameter (parameterToWatch)
-    {
-        parameter.addListener (this);
-    }
-
-    ~HostEvents() override { parameter.removeListener (this); }
-
-    void parameterValueChanged (int, float value) override { events.push_back (juce::String (value, 2)); }
-    void parameterGestureChanged (int, bool starts) override { events.push_back (starts ? "begin" : "end"); }
-
-    juce::AudioProcessorParameter& parameter;
-    std::vector<juce::String> events;
-};
-
 TEST_F (ParameterStoreTest, ALockedParameterKeepsItsValueAndReportsItInAGesture)
 {
     processor.setValue ("floor", -70.0f);
-    const HostEvents floorEvents (processor.getParameter ("floor"));
-    const HostEvents ceilingEvents (processor.getParameter ("ceiling"));
+    GestureRecorder floor (processor.getParameter ("floor"));
+    GestureRecorder ceiling (processor.getParameter ("ceiling"));
 
     store.apply (*processor.makeSession ({ { "floor", "-7" }, { "ceiling", "-70" } })->getChildByName ("PARAMS"),
                  { "unknown", "floor" });
 
     EXPECT_FLOAT_EQ (processor.getValue ("floor"), -70.0f);
     EXPECT_FLOAT_EQ (processor.getValue ("ceiling"), -70.0f);
-    EXPECT_EQ (floorEvents.events, (std::vector<juce::String> { "begin", "0.50", "end" }));
-    EXPECT_EQ (ceilingEvents.events, (std::vector<juce::String> { "0.50" }));
+    EXPECT_EQ (floor.take(), "[.]");
+    EXPECT_EQ (ceiling.take(), ".");
 }
 
 TEST_F (ParameterStoreTest, LockedParametersReportInTheOrderOfTheirList)
@@ -188,50 +174,35 @@ TEST_F (ParameterStoreTest, LockedParametersReportInTheOrderOfTheirList)
 TEST_F (ParameterStoreTest, AParameterThatDoesNotMoveIsNotSetAgain)
 {
     processor.setValue ("floor", -70.0f);
-    const HostEvents events (processor.getParameter ("floor"));
+    GestureRecorder floor (processor.getParameter ("floor"));
     EXPECT_FLOAT_EQ (apply ("floor", "-70"), -70.0f);
-    EXPECT_TRUE (events.events.empty());
+    EXPECT_EQ (floor.take(), "");
 }
 
 //==============================================================================
-/** Does something the first time a parameter moves. */
-struct OnFirstMove final : juce::AudioProcessorParameter::Listener
-{
-    void parameterValueChanged (int, float) override
-    {
-        if (auto action = std::exchange (onMove, nullptr))
-            action();
-    }
-
-    void parameterGestureChanged (int, bool) override {}
-
-    std::function<void()> onMove;
-};
-
 TEST_F (ParameterStoreTest, WhileValuesAreBeingSetTheDocumentHoldsAllOfThem)
 {
-    OnFirstMove listener;
     juce::String seen;
-    listener.onMove = [&] { seen = store.createXml()->toString(); };
-    processor.getParameter ("floor").addListener (&listener);
+    const OnParameterChange listener (processor.getParameter ("floor"), [&] { seen = store.createXml()->toString(); });
 
     store.apply (*processor.makeSession ({ { "floor", "-7" }, { "flag", "1" } })->getChildByName ("PARAMS"), {});
 
-    processor.getParameter ("floor").removeListener (&listener);
     EXPECT_TRUE (seen.contains ("id=\"floor\" value=\"-7.0\"")) << seen;
     EXPECT_TRUE (seen.contains ("id=\"flag\" value=\"1.0\"")) << seen;
 }
 
 TEST_F (ParameterStoreTest, ValuesThatArriveMeanwhileWinAsAWhole)
 {
-    OnFirstMove listener;
-    const auto newer = processor.makeSession ({ { "floor", "-80" }, { "ceiling", "-40" }, { "flag", "1" } });
-    listener.onMove = [&] { store.apply (*newer->getChildByName ("PARAMS"), {}); };
-    processor.getParameter ("floor").addListener (&listener);
+    auto newer = processor.makeSession ({ { "floor", "-80" }, { "ceiling", "-40" }, { "flag", "1" } });
+    const OnParameterChange listener (processor.getParameter ("floor"),
+                                      [&]
+                                      {
+                                          if (const auto once = std::move (newer))
+                                              store.apply (*once->getChildByName ("PARAMS"), {});
+                                      });
 
     store.apply (*processor.makeSession ({ { "floor", "-7" }, { "ceiling", "-6" } })->getChildByName ("PARAMS"), {});
 
-    processor.getParameter ("floor").removeListener (&listener);
     EXPECT_FLOAT_EQ (processor.getValue ("floor"), -80.0f);
     EXPECT_FLOAT_EQ (processor.getValue ("ceiling"), -40.0f);
     EXPECT_FLOAT_EQ (processor.getValue ("flag"), 1.0f);
