@@ -13,9 +13,6 @@ struct FrameBin
     float magnitude = 0.0f; /**< Linear amplitude; a full-scale sine on the bin reads 1. */
     float timeShift = 0.0f; /**< Samples from the centre of the window, later is positive. */
     float freqShift = 0.0f; /**< Hertz from the centre of the bin, higher is positive. */
-
-    /** Only to a bin that stays, since a frame returns copies of its bins. */
-    FrameBin& operator= (const FrameBin&) & noexcept = default;
 };
 
 /** The settings that a frame was made with, which say what its bins mean. */
@@ -56,7 +53,8 @@ struct Frame
         freqShifts.resize (numBins);
     }
 
-    [[nodiscard]] FrameBin operator[] (size_t bin) const noexcept
+    /** A copy; const, so that nobody assigns to it by mistake. */
+    [[nodiscard]] const FrameBin operator[] (size_t bin) const noexcept
     {
         return { magnitudes[bin], timeShifts[bin], freqShifts[bin] };
     }
