@@ -25,7 +25,7 @@ protected:
             makePlan ({ { 1024, rate, 40.0f, false, enhanced }, start, length - start, 0 }), enhanced, 4);
     }
 
-    const FileFolder folder;
+    const FileFolder folder {};
     const Samples signal = makeNoise (length);
 };
 
