@@ -19,6 +19,9 @@ using namespace pluginCore;
 class PluginEditorTest : public testing::Test
 {
 protected:
+    /** Another test may have left a size in the user's settings. */
+    PluginEditorTest() { settings.getSettings().removeAllProperties (nullptr); }
+
     ~PluginEditorTest() override { settings.getSettings().removeAllProperties (nullptr); }
 
     [[nodiscard]] std::unique_ptr<TestPluginEditor> open()
