@@ -1,10 +1,27 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "SectionRenderer.h"
 
+#include <juce_audio_basics/juce_audio_basics.h>
+
 namespace mk::orlo::render
 {
 namespace
 {
+// The analysis does not reassign bins below this amplitude (-120 dB).
+constexpr float smallestReassignedMagnitude = 1.0e-6f;
+
+/** Clears the shifts of bins that the analysis has not reassigned. It leaves them those of whatever frame it made
+    before, and which that was depends on how the picture was cut and on which thread took which section. */
+void clearOldShifts (Frame& frame) noexcept
+{
+    for (size_t k = 0; k < frame.size(); ++k)
+        if (! (frame.magnitudes[k] >= smallestReassignedMagnitude))
+        {
+            frame.timeShifts[k] = 0.0f;
+            frame.freqShifts[k] = 0.0f;
+        }
+}
+
 [[nodiscard]] AnalysisSettings makeAnalysisSettings (const RenderPlan& plan, const RenderSettings& settings)
 {
     AnalysisSettings analysis;
@@ -43,7 +60,6 @@ bool SectionRenderer::render (const Section& section,
 {
     const juce::ScopedNoDenormals noDenormals;
     const auto warmUp = size_t (sections.warmUpSamples);
-    const Frame blank;
 
     if (warmUp > 0)
         fillWindow (samples.first (warmUp));
@@ -56,10 +72,12 @@ bool SectionRenderer::render (const Section& section,
         if (! goOn())
             return false;
 
-        // Bins too quiet for reassignment keep the shifts that the frame had, which must not be those of whatever
-        // frame this thread has made before. A blank frame grows again without allocating, and has no shifts.
-        frame = blank;
         analyser.process (hop, analysis, sampleRate, frame);
+
+        // With a higher floor these bins are silent, wherever their points would lie.
+        if (analysis.enhanced && analysis.magnitudeThreshold < smallestReassignedMagnitude)
+            clearOldShifts (frame);
+
         const auto& column = maker.make (frame);
 
         if (i >= section.firstFrame)
