@@ -34,6 +34,7 @@ protected:
         window.addAndMakeVisible (container);
         container.setBounds (window.getLocalBounds());
         window.setVisible (true);
+        EXPECT_TRUE (pumpUntil ([this] { return builder.isThreadRunning(); })) << "the view does not notice its window";
         builder.stopThread (1000);
         worker.stopThread (1000);
         set (Params::id::mode, 0.0f);
@@ -47,8 +48,10 @@ protected:
         juce::MidiBuffer midi;
         processor.processBlock (silence, midi);
         worker.processAvailable();
+        play (60, 0.0f);
         tick();
         tick();
+        EXPECT_GT (builder.getPicture().getWidth(), 0) << "there is no picture";
         static_cast<void> (recorder.take());
     }
 
