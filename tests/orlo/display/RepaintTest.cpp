@@ -23,7 +23,7 @@ namespace
 
 using Modifiers = juce::ModifierKeys;
 
-/** A container in a window, with a worker and a builder without their threads. */
+/** A container in a window, with a builder without its thread. */
 class RepaintTest : public testing::Test
 {
 protected:
@@ -34,8 +34,8 @@ protected:
         window.addAndMakeVisible (container);
         container.setBounds (window.getLocalBounds());
         window.setVisible (true);
+        EXPECT_TRUE (pumpUntil ([this] { return builder.isThreadRunning(); })) << "the view does not notice its window";
         builder.stopThread (1000);
-        worker.stopThread (1000);
         set (Params::id::mode, 0.0f);
         set (Params::id::ruler, 1.0f);
         set (Params::id::keyboard, 1.0f);
@@ -46,9 +46,15 @@ protected:
         silence.clear();
         juce::MidiBuffer midi;
         processor.processBlock (silence, midi);
-        worker.processAvailable();
-        tick();
-        tick();
+        EXPECT_TRUE (pumpUntil ([this] { return worker.getNumSamplesReady() < worker.getHop(); }));
+
+        for (int i = 0; i < 3; ++i)
+        {
+            play (20, 0.0f);
+            tick();
+        }
+
+        EXPECT_GT (builder.getPicture().getWidth(), 0) << "there is no picture";
         static_cast<void> (recorder.take());
     }
 
@@ -58,6 +64,7 @@ protected:
         parameter.setValueNotifyingHost (parameter.convertTo0to1 (value));
     }
 
+    /** Fewer frames than the queue holds. */
     void play (int numFrames, float loudness)
     {
         for (; numFrames > 0; --numFrames)
@@ -67,8 +74,9 @@ protected:
             for (auto& sample : block)
                 sample = (random.nextFloat() - 0.5f) * loudness;
 
+            const auto wanted = worker.getNumFramesReady() + 1;
             worker.pushSamples (block.data(), int (block.size()));
-            worker.processAvailable();
+            ASSERT_TRUE (pumpUntil ([&] { return worker.getNumFramesReady() >= wanted; }));
         }
     }
 
