@@ -131,6 +131,11 @@ TEST_F (FormatChangeTest, ThePictureRightAfterAChangeOfSizeHopOrModeShowsTheTone
         makeSettings (4096, 512, true),
     };
 
+    // Fills the window first, since frames of silence show no tone.
+    worker.setSettings (changes[0]);
+    play (4096);
+    worker.discardPending();
+
     for (const auto& settings : changes)
     {
         worker.setSettings (settings);
