@@ -69,8 +69,8 @@ void ClassicColumnMapper::updateRows (const Geometry& wanted, const FrequencySca
     {
         const auto row = makeRow (y, geometry, scale);
         lowBins[size_t (y)] = row.lowBin;
-        weights[size_t (2 * y)] = row.lowWeight;
-        weights[size_t (2 * y + 1)] = row.nextWeight;
+        weights[2 * size_t (y)] = row.lowWeight;
+        weights[2 * size_t (y) + 1] = row.nextWeight;
 
         if (row.firstPeakBin < row.endPeakBin)
             ranges.push_back ({ y, row.firstPeakBin, row.endPeakBin });

@@ -24,7 +24,7 @@ namespace
 struct PointLimits
 {
     explicit PointLimits (const ColumnSettings& settings) noexcept
-        : half (float (settings.windowLength / 2)), // in whole samples, as the ramp window is centred
+        : half (float (int (settings.windowLength / 2))), // in whole samples, as the ramp window is centred
           hop (float (settings.hop)),
           binWidth (settings.getBinWidth()),
           minHz (settings.minHz),

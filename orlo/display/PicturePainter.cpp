@@ -134,7 +134,7 @@ void PicturePainter::copyPiece (const SpectrogramRing::Piece& piece, juce::Range
     const auto inTile = pixels.getIntersectionWith ({ tile.x, tile.x + tile.image.getWidth() });
     const juce::Image::BitmapData source (piece.image, juce::Image::BitmapData::readOnly);
     const juce::Image::BitmapData target (tile.image, juce::Image::BitmapData::readWrite);
-    const auto rowLength = size_t (inTile.getLength() * target.pixelStride);
+    const auto rowLength = size_t (inTile.getLength()) * size_t (target.pixelStride);
 
     for (int y = 0; y < target.height; ++y)
     {
@@ -152,7 +152,7 @@ void PicturePainter::copyPiece (const SpectrogramRing::Piece& piece, juce::Range
 
         for (int x = inTile.getStart(); x < inTile.getEnd(); ++x)
         {
-            std::memcpy (pixel, line + (columns[size_t (x)] - piece.x) * source.pixelStride, 3);
+            std::memcpy (pixel, line + std::ptrdiff_t (columns[size_t (x)] - piece.x) * source.pixelStride, 3);
             pixel += target.pixelStride;
         }
     }
