@@ -8,6 +8,7 @@
 #include "tests/support/FakeWindow.h"
 #include "tests/support/MessageLoop.h"
 #include "tests/support/RepaintRecorder.h"
+#include "tests/support/Sanitizers.h"
 
 #include <gtest/gtest.h>
 
@@ -358,7 +359,7 @@ TEST_P (RepaintedPictureTest, EqualsOnePaintedAnew)
     static_cast<void> (recorder.take());
     paint (screen, window.getLocalBounds());
 
-    for (int turn = 0; turn < 150; ++turn)
+    for (int turn = 0; turn < (hasThreadSanitizer ? 15 : 150); ++turn)
     {
         changeSomething();
 
