@@ -4,6 +4,9 @@
 namespace mk::orlo
 {
 
+/** Bins below this linear amplitude (-120 dB) are not reassigned, since their quotients are mostly rounding noise. */
+inline constexpr float smallestReassignedMagnitude = 1.0e-6f;
+
 /** A complex number. Unlike std::complex, it leaves loops over numbers to the vectoriser. */
 struct ComplexValue
 {

@@ -14,9 +14,6 @@ namespace mk::orlo
 {
 namespace
 {
-// Below this amplitude (-120 dB) the quotients of the reassignment are mostly rounding noise.
-constexpr float smallestReassignedMagnitude = 1.0e-6f;
-
 [[nodiscard]] int paddingFactor (int paddingMode) noexcept { return paddingMode == 1 ? 2 : paddingMode == 2 ? 4 : 1; }
 
 [[nodiscard]] double energyOf (const std::vector<float>& values)

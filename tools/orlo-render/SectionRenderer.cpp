@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "SectionRenderer.h"
 
+#include "orlo/analysis/Reassignment.h"
+
 #include <juce_audio_basics/juce_audio_basics.h>
 
 namespace mk::orlo::render
 {
 namespace
 {
-// The analysis does not reassign bins below this amplitude (-120 dB).
-constexpr float smallestReassignedMagnitude = 1.0e-6f;
-
 /** Clears the shifts of bins that the analysis has not reassigned. It leaves them those of whatever frame it made
     before, and which that was depends on how the picture was cut and on which thread took which section. */
 void clearOldShifts (Frame& frame) noexcept
