@@ -1,9 +1,10 @@
 # Compiling many sources as one is several times quicker than one by one, since JUCE's headers are read and the code of
-# their inline functions is made only once. The release preset compiles each source by itself, which shows where an
-# include is missing; the others need not do so again.
+# their inline functions is made only once. The release preset compiles each source of the product by itself, which
+# shows where an include is missing; the others need not do so again.
 option (ORLO_HEAPS "Compile many sources as one; needs Python" OFF)
+option (ORLO_TEST_HEAPS "Compile many sources of the tests as one; needs Python" OFF)
 
-if (ORLO_HEAPS)
+if (ORLO_HEAPS OR ORLO_TEST_HEAPS)
     find_package (Python3 REQUIRED COMPONENTS Interpreter)
 endif()
 
@@ -36,7 +37,7 @@ function (orlo_heap_sources target)
         OUTPUT_STRIP_TRAILING_WHITESPACE
         COMMAND_ERROR_IS_FATAL ANY)
     string (REPLACE "\n" ";" heaps "${heaps}")
-    set_target_properties (${target} PROPERTIES SOURCES "${heaps};${others}")
+    set_target_properties (${target} PROPERTIES SOURCES "${heaps};${others}" ORLO_IN_HEAPS ON)
 
     target_include_directories (${target} PRIVATE "${PROJECT_SOURCE_DIR}")
 endfunction()

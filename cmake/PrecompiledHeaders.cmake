@@ -1,7 +1,7 @@
 # Most of the time of compiling a small file goes into JUCE's headers, so they are precompiled once for many targets.
 # Heaps of sources read them rarely anyway. With clang each file reads its own headers, which shows where an include is
 # missing.
-if (CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND NOT ORLO_HEAPS)
+if (CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     set (ORLO_PRECOMPILE ON)
 else()
     set (ORLO_PRECOMPILE OFF)
@@ -11,7 +11,7 @@ endif()
 # compiler accepts the result only in targets with the same options: macros that the headers use must have the same
 # values, and libraries and programs need one each, since position-independent code is compiled differently.
 function (orlo_add_precompiled name links)
-    if (NOT ORLO_PRECOMPILE)
+    if (NOT ORLO_PRECOMPILE OR ORLO_HEAPS)
         return()
     endif()
 
@@ -29,7 +29,7 @@ endfunction()
 # orlo_precompile (TARGET [NAME]): lets a target use the headers that orlo_add_precompiled (NAME ...) precompiled. The
 # default is orlo_pch, which is for libraries.
 function (orlo_precompile target)
-    if (NOT ORLO_PRECOMPILE)
+    if (NOT ORLO_PRECOMPILE OR ORLO_HEAPS)
         return()
     endif()
 

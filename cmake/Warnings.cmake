@@ -9,9 +9,7 @@ else()
         -Woverloaded-virtual -Wcast-align -Wunused -Wnull-dereference -Wdouble-promotion -Wformat=2)
 
     # In a heap each file sees the names of the files before it, which its own may shadow.
-    if (NOT ORLO_HEAPS)
-        target_compile_options (orlo_warnings INTERFACE -Wshadow)
-    endif()
+    target_compile_options (orlo_warnings INTERFACE $<$<NOT:$<BOOL:$<TARGET_PROPERTY:ORLO_IN_HEAPS>>>:-Wshadow>)
 
     # Without these two options square roots are not vectorised. The code reads neither errno nor floating-point
     # traps; NaN and infinity keep their IEEE meaning.

@@ -5,8 +5,8 @@
     scripts/source_heaps.py FOLDER SIZE FILE...
 
 Writes a source file for each heap into FOLDER and prints the paths of these files, one a line. FILEs are relative to
-the project's folder. A heap has at most SIZE files, all of one folder. Files that define the same name go into
-different heaps. A written file that is right already keeps its time, so that it is not compiled again.
+the project's folder. A heap has at most SIZE files. Files that define the same name go into different heaps. A written
+file that is right already keeps its time, so that it is not compiled again.
 """
 import os
 import re
@@ -18,7 +18,7 @@ ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 def get_own_names(text):
     """The names that a file defines outside classes, whether in its unnamed namespaces or not."""
     names = set()
-    for line in re.findall(r"^(?! |//|/\*|\*|#|\{|\}|namespace|using namespace|TEST).+$", text, re.MULTILINE):
+    for line in re.findall(r"^(?! |//|/\*|\*|#|\{|\}|namespace|using namespace|TEST|INSTANTIATE_TEST).+$", text, re.MULTILINE):
         defined = re.match(r"(?:template <.*> *)?(?:struct|class|enum class|enum)(?: \[\[\w+\]\])? (\w+)", line)
         defined = defined or re.match(r"[^(={;]*?(?<!::)\b(\w+) *(?:\(|=|\{|;|$)", line)
         if defined:
@@ -28,10 +28,14 @@ def get_own_names(text):
     return names
 
 
+def get_whole_namespaces(text):
+    """The namespaces that it takes whole, which makes names ambiguous in files that do not."""
+    return sorted(set(re.findall(r"^using namespace ([^;]+);", text, re.MULTILINE)))
+
+
 def stands_last(text):
-    """Whether no other can be read after it: X11 defines macros with everyday names, and a namespace that is taken
-    whole makes names ambiguous."""
-    return re.search(r"^ *#include <(X11|xcb)/|^using namespace", text, re.MULTILINE) is not None
+    """Whether no other can be read after it: X11 defines macros with everyday names."""
+    return re.search(r"^ *#include <(X11|xcb)/", text, re.MULTILINE) is not None
 
 
 def stands_alone(text):
@@ -50,13 +54,14 @@ def make_heaps(sources, size):
     heaps = []
     for path in sorted(texts, key=lambda path: (stands_last(texts[path]), path)):
         text = texts[path]
-        names, last, alone = get_own_names(text), stands_last(text), stands_alone(text)
+        names, spaces = get_own_names(text), get_whole_namespaces(text)
+        last, alone = stands_last(text), stands_alone(text)
         for heap in heaps:
             has_room = not heap["closed"] and (last or len(heap["paths"]) < size)
-            if has_room and not alone and not heap["names"] & names:
+            if has_room and not alone and heap["spaces"] == spaces and not heap["names"] & names:
                 break
         else:
-            heap = {"paths": [], "names": set()}
+            heap = {"paths": [], "names": set(), "spaces": spaces}
             heaps.append(heap)
         heap["paths"].append(path)
         heap["names"] |= names
@@ -75,15 +80,10 @@ def write_heap(target, paths):
 def main():
     folder, size, sources = sys.argv[1], int(sys.argv[2]), sys.argv[3:]
     os.makedirs(folder, exist_ok=True)
-    by_folder = {}
-    for path in sources:
-        by_folder.setdefault(os.path.dirname(path), []).append(path)
-
-    for place, paths in sorted(by_folder.items()):
-        for number, heap in enumerate(make_heaps(paths, size)):
-            target = os.path.join(folder, f"{place.replace('/', '_') or 'root'}_{number}.cpp")
-            write_heap(target, heap)
-            print(target)
+    for number, heap in enumerate(make_heaps(sources, size)):
+        target = os.path.join(folder, f"{number}.cpp")
+        write_heap(target, heap)
+        print(target)
 
 
 if __name__ == "__main__":

@@ -38,6 +38,15 @@ class Heaps(unittest.TestCase):
     def test_a_heap_has_no_more_files_than_allowed(self):
         self.assertEqual(self.make({"a.cpp": "", "b.cpp": "", "c.cpp": ""}, 2), [["a.cpp", "b.cpp"], ["c.cpp"]])
 
+    def test_files_that_take_the_same_namespaces_whole_share_a_heap(self):
+        texts = {"a.cpp": "using namespace one;\n", "b.cpp": "", "c.cpp": "using namespace one;\n",
+                 "d.cpp": "using namespace two;\n"}
+        self.assertEqual(self.make(texts), [["a.cpp", "c.cpp"], ["b.cpp"], ["d.cpp"]])
+
+    def test_instances_of_parameterised_tests_are_no_common_names(self):
+        text = "INSTANTIATE_TEST_SUITE_P (All, Test, values);\n"
+        self.assertEqual(self.make({"a.cpp": text, "b.cpp": text}), [["a.cpp", "b.cpp"]])
+
     def test_a_file_that_includes_x11_is_the_last_of_its_heap(self):
         texts = {"a.cpp": "#include <X11/Xlib.h>\n", "b.cpp": "", "c.cpp": ""}
         self.assertEqual(self.make(texts), [["b.cpp", "c.cpp", "a.cpp"]])

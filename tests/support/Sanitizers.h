@@ -23,4 +23,8 @@ constexpr bool hasThreadSanitizer = true;
 constexpr bool hasThreadSanitizer = false;
 #endif
 
+/** About how many times longer the product's code takes. A test that repeats the same on one thread may repeat it so many
+    times less, since a sanitizer learns little from repetitions. */
+constexpr int slowdown = hasThreadSanitizer ? 10 : hasAddressSanitizer ? 3 : 1;
+
 } // namespace mk::orlo::test

@@ -3,6 +3,7 @@
 #include "orlo/processor/AudioPluginAudioProcessor.h"
 
 #include "tests/support/MessageLoop.h"
+#include "tests/support/Sanitizers.h"
 #include "tests/support/Signals.h"
 
 #include <gtest/gtest.h>
@@ -54,7 +55,7 @@ void automate (AudioPluginAudioProcessor& processor, const std::atomic<bool>& do
     }
 }
 
-TEST (AllThreads, RunForHalfAMinuteWhileEverythingChanges)
+TEST (AllThreads, RunWhileEverythingChanges)
 {
     AudioPluginAudioProcessor processor;
     auto& builder = processor.getImageBuilder();
@@ -70,7 +71,7 @@ TEST (AllThreads, RunForHalfAMinuteWhileEverythingChanges)
     std::thread host ([&] { automate (processor, done); });
 
     // This thread acts as the view: it ticks, resizes, suspends, and reads the picture and the scale.
-    const auto end = Clock::now() + std::chrono::seconds (30);
+    const auto end = Clock::now() + std::chrono::seconds (hasThreadSanitizer ? 20 : 5);
     int numPictures = 0;
 
     for (int i = 0; Clock::now() < end; ++i)
@@ -106,7 +107,7 @@ TEST (AllThreads, RunForHalfAMinuteWhileEverythingChanges)
     host.join();
     EXPECT_TRUE (builder.stopThread (1000));
     EXPECT_GT (numBlocks.load(), 1000);
-    EXPECT_GT (numPictures, 100);
+    EXPECT_GT (numPictures, 50);
 }
 
 } // namespace

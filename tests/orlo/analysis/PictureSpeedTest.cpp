@@ -88,9 +88,8 @@ const HopSettings settingsToTry[] {
     { 8192, 96000.0, 0.0f, false, false },  // slower than most displays
 };
 
-/** The seconds to play. Everything runs on one thread, so that ThreadSanitizer, which takes fifteen times as long, has
-    little to find in it. */
-constexpr double secondsToPlay = hasThreadSanitizer ? 1.0 : 10.0;
+/** The seconds to play. */
+constexpr double secondsToPlay = 10.0 / slowdown;
 
 [[nodiscard]] std::string describe (const HopSettings& settings)
 {

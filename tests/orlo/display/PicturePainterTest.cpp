@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "orlo/display/PicturePainter.h"
 
+#include "tests/support/Sanitizers.h"
+
 #include <gtest/gtest.h>
 
 namespace mk::orlo::test
@@ -87,7 +89,7 @@ TEST_F (PicturePainterTest, KeepsItsCopyUpToDate)
 {
     PicturePainter tiled { 7 };
 
-    for (int turn = 0; turn < 2000; ++turn)
+    for (int turn = 0; turn < 2000 / slowdown; ++turn)
     {
         if (turn % 100 == 0)
             ring.resize (20 + random.nextInt (60), 10 + random.nextInt (30), scroll);
