@@ -12,7 +12,7 @@ namespace
 {
 [[nodiscard]] juce::Image makeImage (int width, int height, const juce::ImageType& type)
 {
-    juce::Image image (juce::Image::RGB, width, height, false, type);
+    juce::Image image (SpectrogramRing::getPixelFormat(), width, height, false, type);
     image.clear (image.getBounds(), juce::Colour (SpectrogramRing::background));
     return image;
 }
@@ -47,6 +47,17 @@ int SpectrogramRing::getDefaultTileWidth() noexcept
     return std::numeric_limits<int>::max();
 #else
     return 64;
+#endif
+}
+
+juce::Image::PixelFormat SpectrogramRing::getPixelFormat() noexcept
+{
+    // On Linux that of JUCE's windows, so that rows can be copied; elsewhere without the alpha channel, which would be
+    // blended.
+#if JUCE_LINUX || JUCE_BSD
+    return juce::Image::ARGB;
+#else
+    return juce::Image::RGB;
 #endif
 }
 

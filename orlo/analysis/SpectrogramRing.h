@@ -23,8 +23,8 @@ struct ChangedColumns
 /** The picture: a ring twice as wide as the part shown, written column by column.
 
     Scroll writes round the whole ring and shows the newest half of it; Static sweeps inside one half
-    and shows that half. So neither moves any pixel. The pixels are opaque, without an alpha channel, and lie in
-    tiles, since on some systems drawing an image that has changed first copies all of it. One thread at a time.
+    and shows that half. So neither moves any pixel. The pixels are opaque and lie in tiles, since on some systems
+    drawing an image that has changed first copies all of it. One thread at a time.
 */
 class SpectrogramRing
 {
@@ -91,6 +91,9 @@ public:
 
     /** In columns: whole halves, unless the system copies an image that has changed before it draws it. */
     [[nodiscard]] static int getDefaultTileWidth() noexcept;
+
+    /** The one that the system draws fastest. */
+    [[nodiscard]] static juce::Image::PixelFormat getPixelFormat() noexcept;
 
 private:
     /** The left edge of the half that the write position is in. */

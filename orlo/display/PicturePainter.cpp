@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "PicturePainter.h"
 
+#include "OpaqueImage.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstring>
@@ -64,10 +66,8 @@ void PicturePainter::paint (juce::Graphics& g, const SpectrogramRing& picture, b
         return;
 
     g.setImageResamplingQuality (juce::Graphics::lowResamplingQuality);
-    const auto draw = [&g, pixelsPerUnit] (const juce::Image& image, int x) {
-        g.drawImageTransformed (image,
-                                juce::AffineTransform::translation (float (x), 0.0f).scaled (1.0f / pixelsPerUnit));
-    };
+    const auto draw = [&g, pixelsPerUnit] (const juce::Image& image, int x)
+    { drawOpaqueImage (g, image, juce::AffineTransform::translation (float (x), 0.0f).scaled (1.0f / pixelsPerUnit)); };
 
     if (pixels == juce::Point { picture.getWidth(), picture.getHeight() }.toDouble())
     {
@@ -106,8 +106,9 @@ void PicturePainter::setCopySize (int pictureWidth, int pictureHeight, juce::Poi
 
     for (int x = 0, width = int (columns.size()); x < width; x += copy.back().image.getWidth())
     {
-        juce::Image image (juce::Image::RGB, std::min (maxTileWidth, width - x), int (rows.size()), false);
-        image.clear (image.getBounds(), juce::Colours::black); // opaque, if the system's images have alpha
+        juce::Image image (
+            SpectrogramRing::getPixelFormat(), std::min (maxTileWidth, width - x), int (rows.size()), false);
+        image.clear (image.getBounds(), juce::Colours::black); // opaque
         copy.push_back ({ image, x });
     }
 

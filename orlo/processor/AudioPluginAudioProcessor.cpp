@@ -30,7 +30,13 @@ AudioPluginAudioProcessor::AudioPluginAudioProcessor (EditorFactory editorFactor
       fftSizeParam (getParameterState().getRawParameterValue (Params::id::fftSize)),
       freezeParam (getParameterState().getRawParameterValue (Params::id::freeze)),
       autoFreezeParam (getParameterState().getRawParameterValue (Params::id::autoFreeze)),
-      modeParam (getParameterState().getRawParameterValue (Params::id::mode))
+      modeParam (getParameterState().getRawParameterValue (Params::id::mode)),
+      floorParam (getParameterState().getRawParameterValue (Params::id::floor)),
+      ceilingParam (getParameterState().getRawParameterValue (Params::id::ceiling)),
+      drawModeParam (getParameterState().getRawParameterValue (Params::id::drawMode)),
+      freqScaleParam (getParameterState().getRawParameterValue (Params::id::freqScale)),
+      minFreqParam (getParameterState().getRawParameterValue (Params::id::minFreq)),
+      maxFreqParam (getParameterState().getRawParameterValue (Params::id::maxFreq))
 {
     localisedStrings.chooseLanguage();
     getSessionState().getSettings().onReplaced = [this] { uiView.bind(); };
@@ -42,20 +48,17 @@ AudioPluginAudioProcessor::~AudioPluginAudioProcessor() = default;
 
 void AudioPluginAudioProcessor::updatePictureSettings()
 {
-    const auto valueOf = [this] (const char* parameterId)
-    { return getParameterState().getRawParameterValue (parameterId)->load (std::memory_order_relaxed); };
-
-    const auto floorDb = valueOf (Params::id::floor);
-    const auto ceilingDb = valueOf (Params::id::ceiling);
+    const auto floorDb = floorParam->load (std::memory_order_relaxed);
+    const auto ceilingDb = ceilingParam->load (std::memory_order_relaxed);
 
     // The floor may be above the ceiling, which inverts the picture. The threshold below which bins count as
     // silence is the lower of the two in both cases.
     fftProcessor.setMagnitudeThreshold (magnitudeForDecibels (juce::jmin (floorDb, ceilingDb)));
     imageBuilder.setLevelRange (floorDb, ceilingDb);
-    imageBuilder.setScrollMode (juce::roundToInt (valueOf (Params::id::drawMode)) == 1);
-    imageBuilder.getFrequencyScale().setScaleType (juce::roundToInt (valueOf (Params::id::freqScale)));
-    imageBuilder.setMinFreqFraction (valueOf (Params::id::minFreq) * 0.01f);
-    imageBuilder.setMaxFreqFraction (valueOf (Params::id::maxFreq) * 0.01f);
+    imageBuilder.setScrollMode (juce::roundToInt (drawModeParam->load (std::memory_order_relaxed)) == 1);
+    imageBuilder.getFrequencyScale().setScaleType (juce::roundToInt (freqScaleParam->load (std::memory_order_relaxed)));
+    imageBuilder.setMinFreqFraction (minFreqParam->load (std::memory_order_relaxed) * 0.01f);
+    imageBuilder.setMaxFreqFraction (maxFreqParam->load (std::memory_order_relaxed) * 0.01f);
 }
 
 //==============================================================================

@@ -80,6 +80,14 @@ private:
     std::atomic<float>* const autoFreezeParam;
     std::atomic<float>* const modeParam;
 
+    // Polled by the message thread once per tick.
+    std::atomic<float>* const floorParam;
+    std::atomic<float>* const ceilingParam;
+    std::atomic<float>* const drawModeParam;
+    std::atomic<float>* const freqScaleParam;
+    std::atomic<float>* const minFreqParam;
+    std::atomic<float>* const maxFreqParam;
+
     // Used by the audio thread only.
     juce::AudioBuffer<float> monoBuffer { 1, 0 };
     bool transportPlaying = false;

@@ -79,10 +79,13 @@ private:
 
     // Polled, since there is no notification that the host has stopped or that the mouse has moved onto a dialog.
     const pluginCore::WindowPoller::Client pollerClient { *this,
-                                                          [this] (bool)
+                                                          [this] (bool windowMayHaveChanged)
                                                           {
                                                               updateExportButton();
-                                                              updateViewButtonVisibility();
+
+                                                              // It asks the window system where the mouse is.
+                                                              if (windowMayHaveChanged)
+                                                                  updateViewButtonVisibility();
                                                           } };
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (MainComponent)
