@@ -76,7 +76,7 @@ TEST (TooltipLine, IsNeverWiderThanItsRoom)
     const auto style = makeStyle (20.0f);
     const auto full = getWidth (makeTooltipLine (runs, style, 10000.0f));
 
-    for (auto width = 0.0f; width < full + 10.0f; width += 3.7f * float (slowdown))
+    for (auto width = 0.0f; width < full + 10.0f; width += 3.7f * float (orlo::test::slowdown))
     {
         const auto line = makeTooltipLine (runs, style, width);
         ASSERT_LE (getWidth (line), width + 0.01f);
