@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "RunRender.h"
 
-#include "NpyWriter.h"
 #include "OutputFile.h"
-#include "PngWriter.h"
 #include "RenderError.h"
 #include "orlo/parameters/Params.h"
+#include "orlo/stills/NpyWriter.h"
+#include "orlo/stills/PngWriter.h"
 
 #include <cmath>
 #include <optional>
