@@ -24,6 +24,9 @@ public:
         @param numChannels  1 or 2 */
     KeptSound (double sampleRate, int numChannels, std::int64_t numSamples);
 
+    KeptSound (const KeptSound&) = delete;
+    KeptSound& operator= (const KeptSound&) = delete;
+
     /** Hertz. */
     [[nodiscard]] double getSampleRate() const noexcept { return sampleRate; }
     [[nodiscard]] int getNumChannels() const noexcept { return int (channels.size()); }

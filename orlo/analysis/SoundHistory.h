@@ -23,6 +23,9 @@ public:
     SoundHistory() = default;
     ~SoundHistory();
 
+    SoundHistory (const SoundHistory&) = delete;
+    SoundHistory& operator= (const SoundHistory&) = delete;
+
     /** [host's or message thread, not while the audio thread pushes] The format of the blocks to come. If it differs
         from the one before, the kept sound starts anew. More than two channels count as two. Allocates. */
     void prepare (double sampleRate, int numChannels);
@@ -33,6 +36,10 @@ public:
 
     /** [message thread] Gives the memory back as soon as no reader holds it. */
     void stop();
+
+    /** [message thread] Keeps the sound that there is, for the next start(), but starts none anew if the format
+        changes. */
+    void stopButKeep();
 
     /** Any thread but the audio thread. Null while nothing is kept. */
     [[nodiscard]] std::shared_ptr<const KeptSound> getSound() const;
@@ -48,6 +55,7 @@ private:
     double sampleRate = 0.0;  // 0 until prepared
     int numChannels = 0;
     double wantedSeconds = 0.0;
+    double keptSeconds = 0.0; // what the sound has room for
     std::shared_ptr<KeptSound> sound;
 
     // The sound that the audio thread writes to, set by the other threads, and the one that it is writing to at this
