@@ -30,7 +30,7 @@ public:
     [[nodiscard]] std::int64_t getStart() const noexcept { return start; }
     [[nodiscard]] std::int64_t getEnd() const noexcept { return end; }
 
-    /** Throws SoundOverwritten. Allocates a fixed amount. */
+    /** Throws SoundOverwritten. Allocates nothing else. */
     void read (std::int64_t position, std::span<float> destination) override;
 
 private:

@@ -36,6 +36,10 @@ struct RenderPlan
     [[nodiscard]] std::int64_t getNumPictureFrames() const noexcept { return numColumns * analysis.framesPerColumn; }
 };
 
+/** How far the live picture is behind, in samples: the column that a hop completes shows the time of a hop about the
+    sample that is so many samples before the end of that hop. 0 if there is no analysis. Any thread, no allocation. */
+[[nodiscard]] std::int64_t getLiveDelay (const HopSettings& settings) noexcept;
+
 /** Any thread, no allocation. If the sample rate is so low that the hop is below 1, all else stays zero. */
 [[nodiscard]] RenderPlan makePlan (const PlanRequest& request) noexcept;
 

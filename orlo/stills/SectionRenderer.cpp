@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "SectionRenderer.h"
 
-#include "orlo/analysis/Reassignment.h"
+#include "OldShifts.h"
 
 #include <juce_audio_basics/juce_audio_basics.h>
 
@@ -9,18 +9,6 @@ namespace mk::orlo
 {
 namespace
 {
-/** Clears the shifts of bins that the analysis has not reassigned. It leaves them those of whatever frame it made
-    before, and which that was depends on how the picture was cut and on which thread took which section. */
-void clearOldShifts (Frame& frame) noexcept
-{
-    for (size_t k = 0; k < frame.size(); ++k)
-        if (! (frame.magnitudes[k] >= smallestReassignedMagnitude))
-        {
-            frame.timeShifts[k] = 0.0f;
-            frame.freqShifts[k] = 0.0f;
-        }
-}
-
 [[nodiscard]] AnalysisSettings makeAnalysisSettings (const RenderPlan& plan, const RenderSettings& settings)
 {
     AnalysisSettings analysis;

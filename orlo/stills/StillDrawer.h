@@ -3,6 +3,7 @@
 
 #include "StillPicture.h"
 #include "StillPool.h"
+#include "StillScales.h"
 
 #include <juce_events/juce_events.h>
 
@@ -36,7 +37,8 @@ public:
     std::function<void (const juce::String&)> onFailure;
 
     /** Starts on a picture. Does nothing if it is the one that is being made or was made last; then onPicture is not
-        called again. The request must be valid, see StillRequest. Takes about a millisecond. */
+        called again. The request must be valid, see StillRequest. Takes some
+        milliseconds at most. */
     void draw (const StillRequest& request);
 
     /** Forgets the request, so that no picture of it comes any more. */
@@ -56,6 +58,7 @@ private:
     const StillPriority priority;
     const std::shared_ptr<StillPool> pool;
     const std::shared_ptr<Mailbox> mailbox;
+    StillScales scales;
     StillRequest newest;
     std::shared_ptr<StillWork> work; // null when it is finished
 
