@@ -16,6 +16,27 @@ namespace
 {
     return parameter.load (std::memory_order_relaxed) >= 0.5f;
 }
+
+/** What the host tells about the block. While the song stands still it has no time that the sound could have. */
+[[nodiscard]] HostNote makeNote (const juce::AudioPlayHead::PositionInfo& position) noexcept
+{
+    HostNote note;
+
+    if (! position.getIsPlaying())
+        return note;
+
+    note.quarters = position.getPpqPosition().orFallback (HostNote::unknown);
+    note.barStart = position.getPpqPositionOfLastBarStart().orFallback (HostNote::unknown);
+    note.quartersPerMinute = position.getBpm().orFallback (0.0);
+
+    if (const auto signature = position.getTimeSignature())
+    {
+        note.numerator = signature->numerator;
+        note.denominator = signature->denominator;
+    }
+
+    return note;
+}
 } // namespace
 
 AudioPluginAudioProcessor::AudioPluginAudioProcessor (EditorFactory editorFactory,
@@ -102,6 +123,26 @@ void AudioPluginAudioProcessor::setAnalysisSuspended (bool shouldBeSuspended) no
         fftProcessor.discardPending();
 }
 
+void AudioPluginAudioProcessor::setSoundKept (bool shouldBeKept)
+{
+    if (shouldBeKept)
+    {
+        const auto setting = getGlobalSettings()[pluginCore::SettingsIds::historySeconds];
+        soundHistory.start (setting.isVoid() ? SoundHistory::defaultSeconds
+                                             : pluginCore::parseNumber (setting.toString()).value_or (0.0));
+    }
+    else if (isFrozen())
+    {
+        soundHistory.stopButKeep();
+    }
+    else
+    {
+        soundHistory.stop();
+    }
+}
+
+bool AudioPluginAudioProcessor::isFrozen() const noexcept { return isAutoPaused() || isOn (*freezeParam); }
+
 //==============================================================================
 void AudioPluginAudioProcessor::prepareInternal (int maxBlockSize, double rate)
 {
@@ -109,6 +150,7 @@ void AudioPluginAudioProcessor::prepareInternal (int maxBlockSize, double rate)
         return;
 
     fftProcessor.prepareToPlay (rate);
+    soundHistory.prepare (rate, juce::jmax (getTotalNumInputChannels(), getTotalNumOutputChannels()));
     monoBuffer.setSize (1, juce::jmax (0, maxBlockSize), true, false, true);
 }
 
@@ -140,7 +182,11 @@ void AudioPluginAudioProcessor::processInternal (juce::AudioBuffer<float>& buffe
     updateTransport();
 
     if (! updatePause() && buffer.getNumSamples() > 0)
-        fftProcessor.pushSamples (mixToMono (buffer), buffer.getNumSamples());
+    {
+        const auto numSamples = buffer.getNumSamples();
+        soundHistory.push (buffer.getArrayOfReadPointers(), buffer.getNumChannels(), numSamples, hostNote);
+        fftProcessor.pushSamples (mixToMono (buffer), numSamples);
+    }
 }
 
 void AudioPluginAudioProcessor::updateWindowLength() noexcept
@@ -158,10 +204,15 @@ void AudioPluginAudioProcessor::updateWindowLength() noexcept
 
 void AudioPluginAudioProcessor::updateTransport() noexcept
 {
+    hostNote = {};
+
     // If the host gives no position, the last known state is kept.
     if (const auto* const head = getPlayHead())
         if (const auto position = head->getPosition())
+        {
             transportPlaying = position->getIsPlaying();
+            hostNote = makeNote (*position);
+        }
 }
 
 bool AudioPluginAudioProcessor::updatePause() noexcept

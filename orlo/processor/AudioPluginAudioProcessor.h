@@ -5,6 +5,7 @@
 
 #include "orlo/analysis/FFTProcessor.h"
 #include "orlo/analysis/FrameClock.h"
+#include "orlo/analysis/SoundHistory.h"
 #include "orlo/analysis/SpectrogramImageBuilder.h"
 #include "orlo/state/UIView.h"
 #include "plugin_core/processor/PluginProcessor.h"
@@ -45,6 +46,14 @@ public:
         tick instead. */
     void updatePictureSettings();
 
+    /** [message thread] A window keeps the newest sound while it is open, for as long as the user's settings say, 60
+        seconds by default; 0 there turns it off. When the window no longer needs it, the memory is given back, unless the
+        display is frozen: then the sound is still there when the next window opens. */
+    void setSoundKept (bool shouldBeKept);
+
+    /** [message thread] Whether the display stands still, by the parameter or because the host has stopped. */
+    [[nodiscard]] bool isFrozen() const noexcept;
+
     /** Any thread. Whether the host has stopped and Auto Freeze is on. Written by the audio thread. */
     [[nodiscard]] bool isAutoPaused() const noexcept { return autoPaused.load (std::memory_order_relaxed); }
 
@@ -54,6 +63,7 @@ public:
     [[nodiscard]] FFTProcessor& getFftProcessor() noexcept { return fftProcessor; }
     [[nodiscard]] SpectrogramImageBuilder& getImageBuilder() noexcept { return imageBuilder; }
     [[nodiscard]] FrameClock& getFrameClock() noexcept { return frameClock; }
+    [[nodiscard]] const SoundHistory& getSoundHistory() const noexcept { return soundHistory; }
     [[nodiscard]] data::UIView& getUIView() noexcept { return uiView; }
 
 private:
@@ -69,6 +79,7 @@ private:
     const EditorFactory makeEditor;
     LocalisedStringsManager localisedStrings;
     FFTProcessor fftProcessor;
+    SoundHistory soundHistory;
     FrameClock frameClock;
     SpectrogramImageBuilder imageBuilder { fftProcessor, frameClock };
 
@@ -91,6 +102,7 @@ private:
     // Used by the audio thread only.
     juce::AudioBuffer<float> monoBuffer { 1, 0 };
     bool transportPlaying = false;
+    HostNote hostNote; // about the block
 
     data::UIView uiView { getSessionState().getSettings().getTree() };
 

@@ -21,6 +21,10 @@ inline const juce::Identifier preferedMap { "preferedMap" };
 /** Text: "1" means on, anything else off. Absent: on. No code writes it; users edit it by hand. */
 inline const juce::Identifier checkForUpdates { "checkForUpdates" };
 
+/** Text: how many seconds of sound a window keeps, 0 (none) to 600. Absent: 60. No code writes it; users edit it by
+    hand. */
+inline const juce::Identifier historySeconds { "historySeconds" };
+
 /** Text: decimal milliseconds since 1970. Absent: 0. */
 inline const juce::Identifier lastVersionCheck { "lastVersionCheck" };
 inline const juce::Identifier lastChangeLogTime { "lastChangeLogTime" };

@@ -68,8 +68,12 @@ struct PlayingPlayHead final : juce::AudioPlayHead
     {
         PositionInfo info;
         info.setIsPlaying (true);
+        info.setPpqPosition (quarters += 1.0); // a jump in every block
+        info.setBpm (120.0);
         return info;
     }
+
+    mutable double quarters = 0.0;
 };
 
 class AudioThreadTest : public testing::Test
@@ -142,6 +146,23 @@ TEST_F (AudioThreadTest, AnalysingLocksOnlyForTheWakeUp)
 
     // The wake-up's own lock is counted, which shows that the guard sees locks on this path.
     EXPECT_EQ (worstOf (200).locks, 1);
+}
+
+TEST_F (AudioThreadTest, KeepingTheSoundLocksOnlyForTheWakeUp)
+{
+    processor.setSoundKept (true);
+
+    for (const auto numSamples : { 0, 1, 64, 511, 512 })
+        expectOnlyTheWakeUp (worstOf (200, numSamples));
+
+    EXPECT_GT (processor.getSoundHistory().getSound()->getEnd(), 0);
+    EXPECT_GT (processor.getSoundHistory().getSound()->getHostNotes().size(), 100u);
+
+    // Another rate starts anew.
+    processor.prepareToPlay (44100.0, 512);
+    expectOnlyTheWakeUp (worstOf (200));
+    processor.setSoundKept (false);
+    expectOnlyTheWakeUp (worstOf (200));
 }
 
 TEST_F (AudioThreadTest, AMonoLayoutLocksOnlyForTheWakeUp)

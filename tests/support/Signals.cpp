@@ -77,4 +77,15 @@ Samples makeImpulse (int position, int numSamples)
     return samples;
 }
 
+Samples makeQuietNoise (int numSamples, juce::int64 seed)
+{
+    juce::Random random (seed);
+    Samples samples (static_cast<size_t> (numSamples));
+
+    for (auto& sample : samples)
+        sample = 0.5f * random.nextFloat() - 0.25f;
+
+    return samples;
+}
+
 } // namespace mk::orlo::test

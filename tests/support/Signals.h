@@ -22,4 +22,7 @@ using Samples = std::vector<float>;
 /** Zeros with a one at the given place. */
 [[nodiscard]] Samples makeImpulse (int position, int numSamples);
 
+/** Noise of a quarter of full scale, the same for the same seed. */
+[[nodiscard]] Samples makeQuietNoise (int numSamples, juce::int64 seed = 1);
+
 } // namespace mk::orlo::test

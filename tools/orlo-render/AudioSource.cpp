@@ -107,7 +107,7 @@ void AudioSource::checkEnd()
 }
 
 //==============================================================================
-void AudioSource::read (juce::int64 position, std::span<float> destination)
+void AudioSource::read (std::int64_t position, std::span<float> destination)
 {
     const auto count = juce::int64 (destination.size());
     const auto silenceBefore = std::clamp<juce::int64> (-position, 0, count);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "WatchedInputStream.h"
+#include "orlo/stills/SampleSource.h"
 
 #include <juce_audio_formats/juce_audio_formats.h>
 
@@ -12,13 +13,13 @@ namespace mk::orlo::render
 
 /** The audio of a file as one endless mono signal: the mean of its channels, with silence before its start
     and after its end. One thread at a time. */
-class AudioSource
+class AudioSource final : public SampleSource
 {
 public:
     /** Opens the file. Throws RenderError if it does not exist, is not audio that can be read, is empty, or
         holds less than its header promises, as far as its start and its end show that. */
     explicit AudioSource (const juce::File& file);
-    ~AudioSource();
+    ~AudioSource() override;
 
     /** Hertz. */
     [[nodiscard]] double getSampleRate() const noexcept { return reader->sampleRate; }
@@ -29,7 +30,7 @@ public:
     /** Fills the destination with the samples from a position on. The position may be negative, but not below
         the end of the previous read. Allocates a fixed amount.
         Throws RenderError if the file holds less than its header promises. */
-    void read (juce::int64 position, std::span<float> destination);
+    void read (std::int64_t position, std::span<float> destination) override;
 
 private:
     void checkFormat() const;

@@ -53,6 +53,8 @@ private:
             line.action = CommandLine::Action::showHelp;
         else if (argument == "--version")
             line.action = CommandLine::Action::showVersion;
+        else if (argument == "--exact")
+            line.options.exact = true;
         else
             takeValue (argument.upToFirstOccurrenceOf ("=", false, false), argument);
     }
@@ -149,6 +151,9 @@ private:
         if (options.input == options.picture || options.input == options.levels)
             throw usageError ("'" + options.input.getFileName() + "' is both read and written");
 
+        if (options.exact && options.width < 1)
+            throw usageError ("--exact needs --width");
+
         if (options.picture == options.levels)
             throw usageError ("the picture and the levels go to the same file");
     }
@@ -172,6 +177,8 @@ Picture:
   --height N: rows, in pixels (default 1024)
   --width N: pixels; when there are more columns than that, neighbours are merged by maximum
       (default: as many as there are columns)
+  --exact: the picture is as wide as --width says, and each pixel shows exactly its share of the time,
+      with hops as short as that needs
   --start SECONDS: where in the file the picture starts (default 0)
   --duration SECONDS: how much of the file it shows (default: up to the end)
   --levels FILE.npy: also write the columns' levels, 0 to 1, as a float32 NumPy array of rows by columns

@@ -23,6 +23,7 @@ struct RenderOptions
     int height = 1024;                     /**< Pixels. */
     int width = 0;                         /**< Pixels; 0: one for each column. */
     double startSeconds = 0.0;             /**< Where in the file the picture starts. */
+    bool exact = false;                    /**< Whether a pixel shows exactly its share of the duration. */
     std::optional<double> durationSeconds; /**< Up to the file's end if there is none. */
     int numThreads = 0;                    /**< 0: one for each processor. */
 };

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "Renderer.h"
 
-#include "LevelAssembler.h"
 #include "RenderError.h"
-#include "SectionReader.h"
-#include "SectionRenderer.h"
-#include "ThreadTeam.h"
+#include "orlo/stills/LevelAssembler.h"
+#include "orlo/stills/SectionReader.h"
+#include "orlo/stills/SectionRenderer.h"
+#include "orlo/stills/ThreadTeam.h"
 
 #include <atomic>
 #include <memory>

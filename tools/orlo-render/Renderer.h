@@ -2,9 +2,9 @@
 #pragma once
 
 #include "AudioSource.h"
-#include "LevelGrid.h"
-#include "RenderPlan.h"
-#include "RenderSettings.h"
+#include "orlo/stills/LevelGrid.h"
+#include "orlo/stills/RenderPlan.h"
+#include "orlo/stills/RenderSettings.h"
 
 #include <functional>
 

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "RunRender.h"
 
-#include "NpyWriter.h"
 #include "OutputFile.h"
-#include "PngWriter.h"
 #include "RenderError.h"
 #include "orlo/parameters/Params.h"
+#include "orlo/stills/MakeStill.h"
+#include "orlo/stills/NpyWriter.h"
+#include "orlo/stills/PngWriter.h"
 
 #include <cmath>
 #include <optional>
@@ -69,29 +70,74 @@ constexpr std::int64_t mostPixels = std::int64_t (1) << 27;
     return request;
 }
 
-void checkSize (const RenderPlan& plan, int height)
+void checkWidth (const RenderPlan& plan)
 {
-    if (plan.analysis.samplesPerFrame < 1)
-        throw RenderError ("the sample rate is too low for this speed");
-
     if (plan.width < 1 || plan.width > largestSide)
         throw RenderError ("the picture would be " + juce::String (plan.numColumns) + " pixels wide; more than "
                                + juce::String (largestSide) + " are not possible without --width",
                            RenderError::usage);
+}
 
-    if (std::int64_t (plan.width) * height > mostPixels)
-        throw RenderError ("a picture of " + juce::String (plan.width) + " by " + juce::String (height)
+void checkArea (int width, int height)
+{
+    if (std::int64_t (width) * height > mostPixels)
+        throw RenderError ("a picture of " + juce::String (width) + " by " + juce::String (height)
                                + " pixels is too large; " + juce::String (mostPixels) + " pixels are possible",
                            RenderError::usage);
+}
+
+/** The levels of the engine's columns, merged into the width. */
+[[nodiscard]] LevelGrid renderColumns (AudioSource& source,
+                                       const PlanRequest& request,
+                                       const RenderSettings& settings,
+                                       int numThreads,
+                                       const Progress& progress)
+{
+    const auto plan = makePlan (request);
+
+    if (plan.analysis.samplesPerFrame < 1)
+        throw RenderError ("the sample rate is too low for this speed");
+
+    checkWidth (plan);
+    checkArea (plan.width, settings.height);
+    return renderLevels (source, plan, settings, numThreads, progress);
+}
+
+/** The levels of a picture whose pixels show exactly their share of the time. */
+[[nodiscard]] LevelGrid renderExactly (const std::shared_ptr<AudioSource>& source,
+                                       const PlanRequest& range,
+                                       const RenderSettings& settings,
+                                       int numThreads,
+                                       const Progress& progress)
+{
+    checkArea (range.width, settings.height);
+
+    StillRequest request;
+    request.source = source;
+    request.start = double (range.start);
+    request.length = double (range.length);
+    request.width = range.width;
+    request.height = settings.height;
+    request.hop = settings.hop;
+    request.minFreqFraction = settings.minFreqFraction;
+    request.maxFreqFraction = settings.maxFreqFraction;
+    request.scaleType = settings.scaleType;
+
+    const auto still = makeStill (request, numThreads, progress);
+
+    if (still == nullptr)
+        throw RenderError ("interrupted", RenderError::interrupted);
+
+    return still->getLevels (settings.floorDb, settings.ceilingDb);
 }
 } // namespace
 
 void run (const RenderOptions& options, const Progress& progress)
 {
-    AudioSource source (options.input);
-    const auto settings = makeSettings (options, source.getSampleRate());
-    const auto plan = makePlan (makeRequest (options, source, settings.hop));
-    checkSize (plan, settings.height);
+    const auto source = std::make_shared<AudioSource> (options.input);
+    const auto settings = makeSettings (options, source->getSampleRate());
+    const auto request = makeRequest (options, *source, settings.hop);
+    const auto numThreads = options.numThreads > 0 ? options.numThreads : juce::SystemStats::getNumCpus();
 
     OutputFile picture (options.picture);
     std::optional<OutputFile> levelsFile;
@@ -99,8 +145,8 @@ void run (const RenderOptions& options, const Progress& progress)
     if (options.levels != juce::File())
         levelsFile.emplace (options.levels);
 
-    const auto numThreads = options.numThreads > 0 ? options.numThreads : juce::SystemStats::getNumCpus();
-    const auto levels = renderLevels (source, plan, settings, numThreads, progress);
+    const auto levels = options.exact ? renderExactly (source, request, settings, numThreads, progress)
+                                      : renderColumns (*source, request, settings, numThreads, progress);
 
     if (levelsFile)
         writeNpy (levels, levelsFile->getStream());

@@ -48,15 +48,4 @@ void truncateFile (const juce::File& file, juce::int64 numBytes)
     require (stream.openedOk() && stream.setPosition (numBytes) && stream.truncate().wasOk(), file);
 }
 
-Samples makeNoise (int numSamples, juce::int64 seed)
-{
-    juce::Random random (seed);
-    Samples samples (static_cast<size_t> (numSamples));
-
-    for (auto& sample : samples)
-        sample = 0.5f * random.nextFloat() - 0.25f;
-
-    return samples;
-}
-
 } // namespace mk::orlo::test

@@ -17,7 +17,4 @@ void writeAudioFile (const juce::File& file, const Channels& channels, double sa
 /** Cuts a file off after some of its bytes. */
 void truncateFile (const juce::File& file, juce::int64 numBytes);
 
-/** Noise of a quarter of full scale, the same for the same seed. */
-[[nodiscard]] Samples makeNoise (int numSamples, juce::int64 seed = 1);
-
 } // namespace mk::orlo::test

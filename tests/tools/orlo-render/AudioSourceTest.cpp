@@ -131,7 +131,7 @@ TEST (AudioSource, IsSilentBeforeTheStartAndAfterTheEnd)
 TEST (AudioSource, ReadsTheSameSectionFromEveryFormat)
 {
     const FileFolder folder;
-    const auto signal = makeNoise (200000);
+    const auto signal = makeQuietNoise (200000);
     Samples section (1000);
 
     for (const auto* const extension : { "wav", "aiff", "flac" })
@@ -149,7 +149,7 @@ TEST (AudioSource, ReadsTheSameSectionFromEveryFormat)
 TEST (AudioSource, DetectsTheFormatByContentNotByFileName)
 {
     const FileFolder folder;
-    writeAudioFile (folder.getFile ("a.flac"), { makeNoise (1000) }, rate);
+    writeAudioFile (folder.getFile ("a.flac"), { makeQuietNoise (1000) }, rate);
     const auto renamed = folder.getFile ("a.wav");
     ASSERT_TRUE (folder.getFile ("a.flac").moveFileTo (renamed));
     EXPECT_EQ (complaintAbout (renamed), "");
@@ -190,7 +190,7 @@ TEST (AudioSource, RefusesATruncatedFileWhereverItIsCut)
         for (const auto share : { 0.999, 0.9, 0.5, 0.2 })
         {
             const auto file = folder.getFile (juce::String ("a.") + extension);
-            writeAudioFile (file, { makeNoise (100000), makeNoise (100000, 2) }, rate);
+            writeAudioFile (file, { makeQuietNoise (100000), makeQuietNoise (100000, 2) }, rate);
             EXPECT_EQ (complaintAbout (file), "") << extension;
 
             truncateFile (file, juce::int64 (double (file.getSize()) * share));
@@ -210,7 +210,7 @@ TEST (AudioSource, RefusesAFileThatIsCutWithinItsHeader)
 
         for (const auto size : { 1, 4, 10, 20, 40 })
         {
-            writeAudioFile (file, { makeNoise (1000) }, rate);
+            writeAudioFile (file, { makeQuietNoise (1000) }, rate);
             truncateFile (file, size);
             EXPECT_NE (complaintAbout (file), "") << extension << " " << size;
             file.deleteFile();

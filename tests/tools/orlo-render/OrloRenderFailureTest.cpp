@@ -28,7 +28,7 @@ TEST_F (OrloRender, FailsOnATruncatedFile)
 {
     for (const auto* const name : { "in.wav", "in.aiff", "in.flac", "in.ogg" })
     {
-        writeInput ({ makeNoise (100000) }, 16, name);
+        writeInput ({ makeQuietNoise (100000) }, 16, name);
         truncateFile (folder.getFile (name), folder.getFile (name).getSize() / 2);
 
         for (const auto* const threads : { "--threads=1", "--threads=4" })
@@ -40,14 +40,14 @@ TEST_F (OrloRender, FailsOnATruncatedFile)
 
 TEST_F (OrloRender, FailsOnATruncatedFileEvenIfThePictureEndsBeforeTheCut)
 {
-    writeInput ({ makeNoise (100000) });
+    writeInput ({ makeQuietNoise (100000) });
     truncateFile (input, input.getSize() / 2);
     expectFailure (render ({ "--duration=0.5" }), 1, "is truncated");
 }
 
 TEST_F (OrloRender, FailsIfTheTargetCannotBeWritten)
 {
-    writeInput ({ makeNoise (1000) });
+    writeInput ({ makeQuietNoise (1000) });
     const auto target = [&] (const char* name)
     {
         return run ({ ORLO_RENDER_PROGRAM, input.getFullPathName(), folder.getFile (name).getFullPathName() },
@@ -63,7 +63,7 @@ TEST_F (OrloRender, FailsIfTheTargetCannotBeWritten)
 
 TEST_F (OrloRender, FailsOnAFullDiskAndKeepsTheExistingFiles)
 {
-    writeInput ({ makeNoise (40000) });
+    writeInput ({ makeQuietNoise (40000) });
     ASSERT_TRUE (picture.replaceWithText ("old"));
 
     for (const auto* const option : { "", "--levels=" })
@@ -79,7 +79,7 @@ TEST_F (OrloRender, FailsOnAFullDiskAndKeepsTheExistingFiles)
 
 TEST_F (OrloRender, FailsOnUnknownValues)
 {
-    writeInput ({ makeNoise (1000) });
+    writeInput ({ makeQuietNoise (1000) });
     expectFailure (render ({ "--mode", "Best" }), 2, "--mode: 'Best' is not one of Classic, Enhanced");
     expectFailure (render ({ "--colourMap=pink" }), 2, "is not one of gray, cubehelix");
     expectFailure (render ({ "--floor", "-141" }), 2, "lies outside -140 to 0");
@@ -108,7 +108,7 @@ TEST_F (OrloRender, FailsIfThePictureIsTooWideAndNoWidthIsGiven)
 
 TEST_F (OrloRender, FailsIfThePictureIsTooLargeForTheMemory)
 {
-    writeInput ({ makeNoise (5000 * 163) }, 16);
+    writeInput ({ makeQuietNoise (5000 * 163) }, 16);
     expectFailure (render ({ "--height=32767" }), 2, "5000 by 32767 pixels is too large");
 }
 
@@ -132,7 +132,7 @@ TEST_F (OrloRender, MakesDoWithFewerThreadsIfTheSystemRefusesThem)
         GTEST_SKIP() << "a sanitizer reserves more memory than the limit";
 
     // There is room for the stacks of two threads of a gigabyte each, and for the work.
-    writeInput ({ makeNoise (600000) }, 16);
+    writeInput ({ makeQuietNoise (600000) }, 16);
     const auto command = "ulimit -s 1000000; ulimit -v 2500000; exec " + juce::String (ORLO_RENDER_PROGRAM).quoted()
                          + " " + input.getFullPathName().quoted() + " " + picture.getFullPathName().quoted()
                          + " --fftSize 256 --mode Classic --width 50 --threads 8";

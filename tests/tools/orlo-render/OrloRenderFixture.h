@@ -3,7 +3,7 @@
 
 #include "AudioFiles.h"
 #include "FileFolder.h"
-#include "Pictures.h"
+#include "tests/support/Pictures.h"
 
 #include <gmock/gmock.h>
 

@@ -26,7 +26,7 @@ TEST_F (OrloRender, ShowsTheProgressOnATerminal)
     if (! script.existsAsFile())
         GTEST_SKIP() << "needs the program 'script', which provides a terminal";
 
-    writeInput ({ makeNoise (50000) });
+    writeInput ({ makeQuietNoise (50000) });
     const auto command = juce::String (ORLO_RENDER_PROGRAM).quoted ('\'') + " " + input.getFullPathName().quoted ('\'')
                          + " " + picture.getFullPathName().quoted ('\'');
     const auto outcome = run ({ script.getFullPathName(), "--quiet", "--return", "--command", command, "/dev/null" },
@@ -48,7 +48,7 @@ TEST_F (OrloRender, ShowsTheProgressOnATerminal)
 TEST_F (OrloRender, LeavesNoFilesBehindWhenInterrupted)
 {
     // The job takes seconds; it is interrupted as soon as the temporary file exists.
-    writeInput ({ makeNoise (60 * 44100) });
+    writeInput ({ makeQuietNoise (60 * 44100) });
     const auto where = input.getParentDirectory().getFullPathName().quoted ('\'');
     const auto command = juce::String (ORLO_RENDER_PROGRAM).quoted ('\'') + " " + input.getFullPathName().quoted ('\'')
                          + " " + picture.getFullPathName().quoted ('\'')

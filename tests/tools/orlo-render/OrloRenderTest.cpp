@@ -130,7 +130,7 @@ TEST_F (OrloRender, ChannelsOutOfPhaseAreBlack)
 
 TEST_F (OrloRender, TheSameInputGivesTheSameBytes)
 {
-    writeInput ({ makeNoise (50000), makeNoise (50000, 2) });
+    writeInput ({ makeQuietNoise (50000), makeQuietNoise (50000, 2) });
 
     for (const auto* const mode : { "Classic", "Enhanced" })
     {
@@ -151,7 +151,7 @@ TEST_F (OrloRender, TheSameInputGivesTheSameBytes)
 
 TEST_F (OrloRender, AnyNumberOfThreadsGivesTheSameBytes)
 {
-    writeInput ({ makeNoise (80000), makeNoise (80000, 2) });
+    writeInput ({ makeQuietNoise (80000), makeQuietNoise (80000, 2) });
 
     for (const juce::StringArray& options :
          { juce::StringArray { "--mode=Classic" }, { "--mode=Enhanced", "--width=100" }, { "--width=3" } })
@@ -181,7 +181,7 @@ TEST_F (OrloRender, AnyNumberOfThreadsGivesTheSameBytes)
 
 TEST_F (OrloRender, MergesTheColumnsByMaximumIfAWidthIsGiven)
 {
-    writeInput ({ makeNoise (50000) });
+    writeInput ({ makeQuietNoise (50000) });
 
     for (const auto* const mode : { "Classic", "Enhanced" })
     {
@@ -207,14 +207,14 @@ TEST_F (OrloRender, MergesTheColumnsByMaximumIfAWidthIsGiven)
 
 TEST_F (OrloRender, APictureIsNotWiderThanItsNumberOfColumns)
 {
-    writeInput ({ makeNoise (16300) });
+    writeInput ({ makeQuietNoise (16300) });
     EXPECT_EQ (renderLevels ({ "--width=4096" }).columns, 100);
     EXPECT_EQ (readPng (picture).getBounds(), juce::Rectangle<int> (100, 1024));
 }
 
 TEST_F (OrloRender, ShowsTheLevelsInTheColoursOfTheMap)
 {
-    writeInput ({ makeNoise (20000) });
+    writeInput ({ makeQuietNoise (20000) });
     const auto array = renderLevels ({ "--height=100", "--mode=Classic", "--colourMap=turbo", "--floor=-140" });
     const auto image = readPng (picture);
     const ColourMap map (9);
@@ -269,7 +269,7 @@ TEST_F (OrloRender, AcceptsFrequencyLimitsInHertz)
 
 TEST_F (OrloRender, DoubleResolutionHalvesTheTimeOfAColumn)
 {
-    writeInput ({ makeNoise (44100) });
+    writeInput ({ makeQuietNoise (44100) });
     const auto normal = renderLevels().columns;
     const auto twice = renderLevels ({ "--hiDPI", "2x" });
     EXPECT_NEAR (double (twice.columns) / normal, 2.0, 0.03);
@@ -278,7 +278,7 @@ TEST_F (OrloRender, DoubleResolutionHalvesTheTimeOfAColumn)
 
 TEST_F (OrloRender, ParametersWithoutAMeaningForStillPicturesChangeNothing)
 {
-    writeInput ({ makeNoise (20000) });
+    writeInput ({ makeQuietNoise (20000) });
     juce::MemoryBlock plain, loaded;
     ASSERT_EQ (render().exitCode, 0);
     ASSERT_TRUE (picture.loadFileAsData (plain));

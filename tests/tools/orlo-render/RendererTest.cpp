@@ -83,7 +83,7 @@ protected:
 
     const FileFolder folder;
     const juce::File file = folder.getFile ("a.wav");
-    Samples signal = makeNoise (20000);
+    Samples signal = makeQuietNoise (20000);
     RenderSettings settings;
     RenderPlan plan;
 };
@@ -244,7 +244,7 @@ TEST_F (RendererTest, LevelsStayInRangeIfTheAudioHasNaNsAndInfinities)
 
 TEST_F (RendererTest, TheProgressNeverFallsEndsWithOneAndCanStopTheWork)
 {
-    signal = makeNoise (200000);
+    signal = makeQuietNoise (200000);
     writeAudioFile (file, { signal }, rate, 32);
     AudioSource source (file);
     plan = makePlan ({ settings.hop, 0, source.getLength(), 0 });

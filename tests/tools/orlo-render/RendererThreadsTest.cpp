@@ -53,7 +53,7 @@ TEST_F (RendererThreads, ThePictureIsTheSameBitByBitForAnyNumberOfThreads)
         settings.floorDb = float (-20 * random.nextInt (8));
         settings.ceilingDb = float (-20 * random.nextInt (5));
         settings.scaleType = random.nextInt (5);
-        auto signal = makeNoise (1 + random.nextInt (round % 10 == 0 ? 1000 : 60000), round);
+        auto signal = makeQuietNoise (1 + random.nextInt (round % 10 == 0 ? 1000 : 60000), round);
         std::fill (signal.begin(), signal.begin() + int (signal.size()) / 3, 0.0f);
         file.deleteFile();
         writeAudioFile (file, { signal }, rate, 32);
@@ -79,7 +79,7 @@ TEST_F (RendererThreads, ThePictureIsTheSameBitByBitForAnyNumberOfThreads)
 TEST_F (RendererThreads, AFileThatEndsTooEarlyIsTheSameErrorForAnyNumberOfThreads)
 {
     const auto flac = folder.getFile ("a.flac");
-    writeAudioFile (flac, { makeNoise (400000) }, rate, 16);
+    writeAudioFile (flac, { makeQuietNoise (400000) }, rate, 16);
     truncateFile (flac, flac.getSize() / 2);
 
     for (const auto count : { 1, 2, 7 })
@@ -102,7 +102,7 @@ TEST_F (RendererThreads, AFileThatEndsTooEarlyIsTheSameErrorForAnyNumberOfThread
 
 TEST_F (RendererThreads, AnExceptionOfTheProgressFunctionStopsTheThreads)
 {
-    writeAudioFile (file, { makeNoise (200000) }, rate, 32);
+    writeAudioFile (file, { makeQuietNoise (200000) }, rate, 32);
     AudioSource source (file);
     plan = makePlan ({ settings.hop, 0, source.getLength(), 0 });
     const auto fail = [] (double) -> bool { throw std::runtime_error ("bar"); };

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
-#include "tools/orlo-render/SectionReader.h"
+#include "orlo/stills/SectionReader.h"
 
 #include "AudioFiles.h"
 #include "FileFolder.h"
+#include "tools/orlo-render/AudioSource.h"
 #include "tools/orlo-render/RenderError.h"
 
 #include <gtest/gtest.h>
@@ -26,7 +27,7 @@ protected:
     }
 
     const FileFolder folder {};
-    const Samples signal = makeNoise (length);
+    const Samples signal = makeQuietNoise (length);
 };
 
 TEST_F (SectionReaderTest, GivesEachSectionItsSamplesAndSilenceAroundTheFile)
