@@ -38,11 +38,12 @@ void FFTProcessor::setSettings (const AnalysisSettings& settings) noexcept
     setHop (settings.hop);
     setEnhanced (settings.enhanced);
     setMagnitudeThreshold (settings.magnitudeThreshold);
+    setPointsKept (settings.pointsKept);
 }
 
 AnalysisSettings FFTProcessor::getSettings() const noexcept
 {
-    return { pendingConfig.load(), getHop(), isEnhanced(), getMagnitudeThreshold() };
+    return { pendingConfig.load(), getHop(), isEnhanced(), getMagnitudeThreshold(), getPointsKept() };
 }
 
 void FFTProcessor::pushSamples (const float* data, int count) noexcept
@@ -87,7 +88,7 @@ void FFTProcessor::processAvailable()
 
     while (! threadShouldExit() && popHop (settings.hop))
     {
-        analyser.process ({ settings.window, settings.hop, isEnhanced(), getMagnitudeThreshold() },
+        analyser.process ({ settings.window, settings.hop, isEnhanced(), getMagnitudeThreshold(), getPointsKept() },
                           getSampleRate(),
                           frameFifo.getNext());
         frameFifo.push();

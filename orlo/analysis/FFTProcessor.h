@@ -74,6 +74,10 @@ public:
         return magnitudeThreshold.load (std::memory_order_relaxed);
     }
 
+    /** [message thread] Which points of reassigned frames are kept. Wait-free. */
+    void setPointsKept (PointsKept kept) noexcept { pointsKept.store (kept, std::memory_order_relaxed); }
+    [[nodiscard]] PointsKept getPointsKept() const noexcept { return pointsKept.load (std::memory_order_relaxed); }
+
     /** Any thread. Wait-free. */
     [[nodiscard]] AnalysisConfig getCurrentConfig() const noexcept { return currentConfig.load(); }
 
@@ -119,6 +123,7 @@ private:
     std::atomic<int> hop { 0 };
     std::atomic<bool> enhanced { false };
     std::atomic<float> magnitudeThreshold { 0.0f };
+    std::atomic<PointsKept> pointsKept { PointsKept::all };
 
     SampleFifo sampleFifo { sampleFifoSize };
     FrameFifo frameFifo { frameFifoSize };

@@ -11,6 +11,7 @@
 #include "orlo/processor/AudioPluginAudioProcessor.h"
 #include "orlo/processor/ParameterAccess.h"
 #include "orlo/processor/Product.h"
+#include "plugin_core/attachments/UndoFlush.h"
 #include "plugin_core/controls/ComponentIgnoringRightButton.h"
 #include "plugin_core/style/StyleProperties.h"
 
@@ -33,6 +34,8 @@ SpectrogramContainer::SpectrogramContainer (AudioPluginAudioProcessor& audioProc
       rulerParameter (findParameter (audioProcessor, Params::id::ruler)),
       keyboardParameter (findParameter (audioProcessor, Params::id::keyboard)),
       freezeParameter (findParameter (audioProcessor, Params::id::freeze)),
+      modeParameter (findParameter (audioProcessor, Params::id::mode)),
+      pointsParameter (findParameter (audioProcessor, Params::id::pointsKept)),
       rulerAttachment (rulerParameter,
                        [this] (float value)
                        {
@@ -60,6 +63,10 @@ SpectrogramContainer::SpectrogramContainer (AudioPluginAudioProcessor& audioProc
       freqScaleAttachment (findParameter (audioProcessor, Params::id::freqScale),
                            [this] (float value) { scale.setScaleType (juce::roundToInt (value)); }),
       freezeAttachment (freezeParameter, [] (float) {}),
+      pointsAttachment (
+          pointsParameter,
+          [] (float) {},
+          &audioProcessor.getUndoManager()),
       sampleRate (float (audioProcessor.getPreparedRate())),
       octaveOfMiddleC (notes::getOctaveOfMiddleC())
 {
@@ -146,7 +153,9 @@ void SpectrogramContainer::showContextMenu (const juce::PopupMenu::Options& opti
                        { isOn (freezeParameter),
                          processor.getUIView().cleanViewMode.get(),
                          isOn (keyboardParameter),
-                         isOn (rulerParameter) });
+                         isOn (rulerParameter),
+                         isOn (modeParameter),
+                         PointsKept (juce::roundToInt (getCurrentValue (pointsParameter))) });
 
     auto* const editor = findParentComponentOfClass<juce::AudioProcessorEditor>();
     const auto itemHeight = editor != nullptr ? getContextMenuItemHeight (editor->getWidth(), editor->getHeight())
@@ -163,6 +172,12 @@ void SpectrogramContainer::showContextMenu (const juce::PopupMenu::Options& opti
 
 void SpectrogramContainer::carryOut (int menuItem)
 {
+    if (const auto points = contextMenu::findPoints (menuItem))
+    {
+        pointsAttachment.setValueAsCompleteGesture (float (*points));
+        pluginCore::flushIntoTransaction (processor.getParameterState());
+    }
+
     switch (menuItem)
     {
         case contextMenu::freeze: toggle (freezeAttachment, freezeParameter); break;

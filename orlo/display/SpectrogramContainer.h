@@ -82,9 +82,9 @@ private:
     juce::PopupMenu contextMenu;
     const pluginCore::PluginGlobalSettings globalSettings;
 
-    juce::RangedAudioParameter &rulerParameter, &keyboardParameter, &freezeParameter;
+    juce::RangedAudioParameter &rulerParameter, &keyboardParameter, &freezeParameter, &modeParameter, &pointsParameter;
     pluginCore::ParameterAttachment rulerAttachment, keyboardAttachment, minFreqAttachment, maxFreqAttachment,
-        freqScaleAttachment, freezeAttachment;
+        freqScaleAttachment, freezeAttachment, pointsAttachment;
 
     float sampleRate; // hertz
     float minFraction = 0.0f;

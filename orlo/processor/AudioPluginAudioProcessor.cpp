@@ -36,7 +36,8 @@ AudioPluginAudioProcessor::AudioPluginAudioProcessor (EditorFactory editorFactor
       drawModeParam (getParameterState().getRawParameterValue (Params::id::drawMode)),
       freqScaleParam (getParameterState().getRawParameterValue (Params::id::freqScale)),
       minFreqParam (getParameterState().getRawParameterValue (Params::id::minFreq)),
-      maxFreqParam (getParameterState().getRawParameterValue (Params::id::maxFreq))
+      maxFreqParam (getParameterState().getRawParameterValue (Params::id::maxFreq)),
+      pointsKeptParam (getParameterState().getRawParameterValue (Params::id::pointsKept))
 {
     localisedStrings.chooseLanguage();
     getSessionState().getSettings().onReplaced = [this] { uiView.bind(); };
@@ -54,6 +55,7 @@ void AudioPluginAudioProcessor::updatePictureSettings()
     // The floor may be above the ceiling, which inverts the picture. The threshold below which bins count as
     // silence is the lower of the two in both cases.
     fftProcessor.setMagnitudeThreshold (magnitudeForDecibels (juce::jmin (floorDb, ceilingDb)));
+    fftProcessor.setPointsKept (PointsKept (juce::roundToInt (pointsKeptParam->load (std::memory_order_relaxed))));
     imageBuilder.setLevelRange (floorDb, ceilingDb);
     imageBuilder.setScrollMode (juce::roundToInt (drawModeParam->load (std::memory_order_relaxed)) == 1);
     imageBuilder.getFrequencyScale().setScaleType (juce::roundToInt (freqScaleParam->load (std::memory_order_relaxed)));

@@ -40,7 +40,7 @@ public:
         samples and frames that still wait, so that the picture never starts with old audio. */
     void setAnalysisSuspended (bool shouldBeSuspended) noexcept;
 
-    /** [message thread] Passes the parameters for levels, range, scale and drawing on to worker and builder. Hosts
+    /** [message thread] Passes the parameters for levels, points, range, scale and drawing on to worker and builder. Hosts
         automate from within the audio callback, where no message may be posted, so the view calls this at every
         tick instead. */
     void updatePictureSettings();
@@ -87,6 +87,7 @@ private:
     std::atomic<float>* const freqScaleParam;
     std::atomic<float>* const minFreqParam;
     std::atomic<float>* const maxFreqParam;
+    std::atomic<float>* const pointsKeptParam;
 
     // Used by the audio thread only.
     juce::AudioBuffer<float> monoBuffer { 1, 0 };

@@ -156,6 +156,44 @@ TEST_F (SpectrogramContainerTest, TheMenuOpensTheManualOfThisVersion)
     EXPECT_TRUE (processor.getReleaseNotesUrl().endsWith ("/releaseNotes/orlo"));
 }
 
+TEST_F (SpectrogramContainerTest, TheMenuChoosesThePointsInOneStepOfUndo)
+{
+    processor.applyInitialSettings();
+    auto& undo = processor.getUndoManager();
+    GestureRecorder gestures (*processor.getParameterState().getParameter (Params::id::pointsKept));
+    container->carryOut (contextMenu::points + int (PointsKept::clicks));
+    EXPECT_EQ (get (Params::id::pointsKept), 2.0f);
+    EXPECT_EQ (gestures.take(), "[.]");
+    container->carryOut (contextMenu::points + int (PointsKept::lines));
+    ASSERT_TRUE (undo.undo());
+    EXPECT_EQ (get (Params::id::pointsKept), 2.0f);
+    ASSERT_TRUE (undo.undo());
+    EXPECT_EQ (get (Params::id::pointsKept), 0.0f);
+}
+
+TEST_F (SpectrogramContainerTest, ThePointsReachTheWorkerAndPresets)
+{
+    container->carryOut (contextMenu::points + int (PointsKept::linesAndClicks));
+    processor.updatePictureSettings();
+    EXPECT_EQ (processor.getFftProcessor().getPointsKept(), PointsKept::linesAndClicks);
+
+    const TemporaryFolder folder;
+    const auto file = folder.get().getChildFile ("a.mkpreset");
+    auto& presets = processor.getPresetsManager();
+    presets.savePresetFile (file, false);
+    set (Params::id::pointsKept, 0.0f);
+    ASSERT_TRUE (presets.loadPresetFile (file, &processor.getUndoManager()));
+    EXPECT_EQ (get (Params::id::pointsKept), 3.0f);
+    ASSERT_TRUE (processor.getUndoManager().undo());
+    EXPECT_EQ (get (Params::id::pointsKept), 0.0f);
+
+    // A preset of an earlier version, which has no such entry, shows all points.
+    set (Params::id::pointsKept, 1.0f);
+    ASSERT_TRUE (folder.get().getChildFile ("old.mkpreset").replaceWithText ("<Orlo><PARAMS/></Orlo>"));
+    ASSERT_TRUE (presets.loadPresetFile (folder.get().getChildFile ("old.mkpreset"), nullptr));
+    EXPECT_EQ (get (Params::id::pointsKept), 0.0f);
+}
+
 TEST_F (SpectrogramContainerTest, OtherResultsOfTheMenuDoNothing)
 {
     const auto state = processor.getStateXml (true)->toString();
