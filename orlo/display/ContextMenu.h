@@ -20,7 +20,11 @@ enum Item
     view,
     manual,
 
-    points = 1000 /**< The first of the choices of points; the others follow in the order of PointsKept. */
+    points = 1000, /**< The first of the choices of points; the others follow in the order of PointsKept. */
+
+    concertPitch = 1200,      /**< The first of the pitches offered. */
+    otherConcertPitch = 1299, /**< To type one. */
+    middleC = 1300            /**< As the host names it; the number of an octave is added for each of the others. */
 };
 
 /** The state that decides on the texts of the menu and on which entries are enabled. */
@@ -29,6 +33,9 @@ struct State
     bool isFrozen, isFullView, isKeyboardOn, isRulerOn;
     bool isEnhanced = true; /**< Only Enhanced has points to choose from. */
     PointsKept pointsKept = PointsKept::all;
+    double concertPitch = 440.0;   /**< Hertz. */
+    std::optional<int> middleC {}; /**< The number of its octave, or nothing if it is the host's. */
+    int hostsMiddleC = 3;
 };
 
 /** Replaces the menu's content with the entries for the state. */
@@ -36,5 +43,11 @@ void fill (juce::PopupMenu& menu, const State& state);
 
 /** The points that an item chooses, or nothing for another item. */
 [[nodiscard]] std::optional<PointsKept> findPoints (int item) noexcept;
+
+/** The pitch in hertz that an item chooses, or nothing for another item. */
+[[nodiscard]] std::optional<double> findConcertPitch (int item) noexcept;
+
+/** The octave of middle C that an item chooses, which is nothing if it is the host's, or nothing for another item. */
+[[nodiscard]] std::optional<std::optional<int>> findMiddleC (int item) noexcept;
 
 } // namespace mk::orlo::contextMenu

@@ -68,7 +68,7 @@ SpectrogramContainer::SpectrogramContainer (AudioPluginAudioProcessor& audioProc
           [] (float) {},
           &audioProcessor.getUndoManager()),
       sampleRate (float (audioProcessor.getPreparedRate())),
-      octaveOfMiddleC (notes::getOctaveOfMiddleC())
+      tuning (audioProcessor.getUIView())
 {
     for (auto* const component : { static_cast<juce::Component*> (this),
                                    static_cast<juce::Component*> (&ruler),
@@ -81,6 +81,7 @@ SpectrogramContainer::SpectrogramContainer (AudioPluginAudioProcessor& audioProc
     addChildComponent (keyboard);
     addChildComponent (readout);
     addAndMakeVisible (tooltipDisplay);
+    addChildComponent (tuning.getEntry());
     tooltipDisplay.setHideWhenEmpty (true);
 
     for (auto* const attachment :
@@ -94,6 +95,9 @@ SpectrogramContainer::SpectrogramContainer (AudioPluginAudioProcessor& audioProc
         component->setMouseClickGrabsKeyboardFocus (false);
 
     connectMouse();
+    keyboard.setTuning (tuning.getTuning());
+    tuning.onChanged = [this] { keyboard.setTuning (tuning.getTuning()); };
+    tuning.onChosen = [this] { processor.nudgeInternalParameter(); };
     spectrogram.onSampleRateChanged = [this] (double rate) { sampleRateChanged (rate); };
     updateRange();
 
@@ -111,7 +115,8 @@ void SpectrogramContainer::connectMouse()
     spectrogram.onMouseHeld = [this] (const juce::MouseEvent& event, float hz)
     {
         showReadout (event, hz, true);
-        keyboard.setHighlightedNote (juce::roundToInt (notes::noteForFrequency (double (hz))));
+        keyboard.setHighlightedNote (
+            juce::roundToInt (notes::noteForFrequency (double (hz), tuning.getTuning().concertPitch)));
     };
 
     spectrogram.onMouseEntered = [this] (const juce::MouseEvent&) { readout.setVisible (true); };
@@ -123,7 +128,7 @@ void SpectrogramContainer::connectMouse()
 
 void SpectrogramContainer::showReadout (const juce::MouseEvent& event, float hz, bool followCursor)
 {
-    readout.show (event, formatReadout (double (hz), octaveOfMiddleC), followCursor, spectrogram.getBounds());
+    readout.show (event, formatReadout (double (hz), tuning.getTuning()), followCursor, spectrogram.getBounds());
 }
 
 void SpectrogramContainer::mouseDown (const juce::MouseEvent& event)
@@ -149,13 +154,13 @@ void SpectrogramContainer::showContextMenuOnPicture()
 
 void SpectrogramContainer::showContextMenu (const juce::PopupMenu::Options& options)
 {
-    contextMenu::fill (contextMenu,
-                       { isOn (freezeParameter),
-                         processor.getUIView().cleanViewMode.get(),
-                         isOn (keyboardParameter),
-                         isOn (rulerParameter),
-                         isOn (modeParameter),
-                         PointsKept (juce::roundToInt (getCurrentValue (pointsParameter))) });
+    contextMenu::State state {
+        isOn (freezeParameter),   processor.getUIView().cleanViewMode.get(),
+        isOn (keyboardParameter), isOn (rulerParameter),
+        isOn (modeParameter),     PointsKept (juce::roundToInt (getCurrentValue (pointsParameter)))
+    };
+    tuning.describe (state);
+    contextMenu::fill (contextMenu, state);
 
     auto* const editor = findParentComponentOfClass<juce::AudioProcessorEditor>();
     const auto itemHeight = editor != nullptr ? getContextMenuItemHeight (editor->getWidth(), editor->getHeight())
@@ -177,6 +182,8 @@ void SpectrogramContainer::carryOut (int menuItem)
         pointsAttachment.setValueAsCompleteGesture (float (*points));
         pluginCore::flushIntoTransaction (processor.getParameterState());
     }
+
+    tuning.carryOut (menuItem);
 
     switch (menuItem)
     {

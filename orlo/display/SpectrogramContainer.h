@@ -6,6 +6,7 @@
 #include "KeyboardScaleComponent.h"
 #include "PictureWriter.h"
 #include "SpectrogramComponent.h"
+#include "TuningControl.h"
 
 #include "plugin_core/attachments/ParameterAttachment.h"
 #include "plugin_core/display/TooltipDisplayComponent.h"
@@ -53,6 +54,7 @@ public:
     [[nodiscard]] KeyboardScaleComponent& getKeyboard() noexcept { return keyboard; }
     [[nodiscard]] FreqReadoutPopup& getReadout() noexcept { return readout; }
     [[nodiscard]] pluginCore::TooltipDisplayComponent& getHelpLine() noexcept { return tooltipDisplay; }
+    [[nodiscard]] TuningControl& getTuningControl() noexcept { return tuning; }
     [[nodiscard]] const juce::PopupMenu& getContextMenu() const noexcept { return contextMenu; }
 
     //==============================================================================
@@ -89,7 +91,7 @@ private:
     float sampleRate; // hertz
     float minFraction = 0.0f;
     float maxFraction = 1.0f;
-    const int octaveOfMiddleC;
+    TuningControl tuning;
     PictureWriter pictureWriter;
     std::unique_ptr<juce::FileChooser> fileChooser;
 

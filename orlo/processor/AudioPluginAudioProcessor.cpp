@@ -4,6 +4,7 @@
 #include "ParameterAccess.h"
 #include "Product.h"
 #include "orlo/parameters/Params.h"
+#include "orlo/state/TuningSettings.h"
 
 #include "plugin_core/text/NumberText.h"
 
@@ -73,6 +74,7 @@ void AudioPluginAudioProcessor::applyInitialSettings()
 {
     PluginProcessor::applyInitialSettings();
     applyPreferredColourMap();
+    data::TuningSettings (uiView).takeUsersChoice();
     getSessionState().forgetUndoHistory();
 }
 

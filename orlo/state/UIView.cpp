@@ -9,6 +9,8 @@ const juce::Identifier viewType { "UIVIEW" };
 const juce::Identifier cleanViewModeId { "CLEAN_VIEW_MODE" };
 const juce::Identifier cleanBoundsId { "CLEAN_BOUNDS" };
 const juce::Identifier normalBoundsId { "NORMAL_BOUNDS" };
+const juce::Identifier concertPitchId { "CONCERT_PITCH" };
+const juce::Identifier middleCId { "MIDDLE_C" };
 
 /** Whether a stored value reads as true. */
 [[nodiscard]] bool isTrue (const juce::var& value) { return value.isBool() ? bool (value) : value.toString() == "1"; }
@@ -18,7 +20,9 @@ UIView::UIView (juce::ValueTree parentTree)
     : parent (std::move (parentTree)),
       cleanViewModeSource (new pluginCore::TreePropertySource (cleanViewModeId, false)),
       cleanBoundsSource (new pluginCore::TreePropertySource (cleanBoundsId, juce::String())),
-      normalBoundsSource (new pluginCore::TreePropertySource (normalBoundsId, juce::String()))
+      normalBoundsSource (new pluginCore::TreePropertySource (normalBoundsId, juce::String())),
+      concertPitchSource (new pluginCore::TreePropertySource (concertPitchId, juce::String())),
+      middleCSource (new pluginCore::TreePropertySource (middleCId, juce::String()))
 {
     bind();
     parent.addListener (this);
@@ -37,8 +41,11 @@ void UIView::bind()
     cleanViewMode.referTo (tree, cleanViewModeId, nullptr, false);
     cleanBounds.referTo (tree, cleanBoundsId, nullptr, {});
     normalBounds.referTo (tree, normalBoundsId, nullptr, {});
+    concertPitch.referTo (tree, concertPitchId, nullptr, {});
+    middleC.referTo (tree, middleCId, nullptr, {});
 
-    for (auto* const source : { cleanViewModeSource.get(), cleanBoundsSource.get(), normalBoundsSource.get() })
+    for (const auto& source :
+         { cleanViewModeSource, cleanBoundsSource, normalBoundsSource, concertPitchSource, middleCSource })
         source->setTree (tree);
 }
 

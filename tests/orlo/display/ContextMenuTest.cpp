@@ -62,15 +62,53 @@ TEST (ContextMenu, IsRebuiltEachTime)
     juce::PopupMenu menu;
     contextMenu::fill (menu, { false, false, false, false });
     contextMenu::fill (menu, { false, false, false, false });
-    EXPECT_EQ (menu.getNumItems(), 7);
+    EXPECT_EQ (menu.getNumItems(), 9);
 }
 
 TEST (ContextMenu, TicksTheChosenPointsAndOffersThemInEnhancedOnly)
 {
-    EXPECT_EQ (textFrom ("Points", { false, false, false, false }),
-               "Points: [1000 All (ticked); 1001 Lines; 1002 Clicks; 1003 Lines and Clicks]");
-    EXPECT_EQ (textFrom ("Points", { false, false, false, false, false, PointsKept::linesAndClicks }),
-               "Points (off): [1000 All; 1001 Lines; 1002 Clicks; 1003 Lines and Clicks (ticked)]");
+    EXPECT_THAT (textFrom ("Points", { false, false, false, false }).toStdString(),
+                 testing::StartsWith ("Points: [1000 All (ticked); 1001 Lines; 1002 Clicks; 1003 Lines and Clicks]; "));
+    EXPECT_THAT (
+        textFrom ("Points", { false, false, false, false, false, PointsKept::linesAndClicks }).toStdString(),
+        testing::StartsWith ("Points (off): [1000 All; 1001 Lines; 1002 Clicks; 1003 Lines and Clicks (ticked)]; "));
+}
+
+TEST (ContextMenu, TicksTheConcertPitchAndShowsOneThatIsNotOffered)
+{
+    contextMenu::State state { false, false, false, false };
+    EXPECT_THAT (textFrom ("A4", state).toStdString(),
+                 testing::StartsWith (
+                     "A4: [1200 415 Hz; 1201 430 Hz; 1202 432 Hz; 1203 435 Hz; 1204 440 Hz (ticked); 1205 441 Hz; 1206 "
+                     "442 Hz; 1207 443 Hz; 1208 444 Hz; 1209 466 Hz; -; 1299 Other...]; "));
+    state.concertPitch = 442.5;
+    EXPECT_THAT (textFrom ("1204", state).toStdString(), testing::StartsWith ("1204 440 Hz; 1205"));
+    EXPECT_THAT (textFrom ("1299", state).toStdString(), testing::StartsWith ("1299 Other... (442.5) (ticked)]"));
+}
+
+TEST (ContextMenu, TicksTheNameOfMiddleC)
+{
+    contextMenu::State state { false, false, false, false };
+    state.hostsMiddleC = 4;
+    EXPECT_EQ (textFrom ("Middle C", state),
+               "Middle C: [1300 As in the host (C4) (ticked); 1303 C3; 1304 C4; 1305 C5]");
+    state.middleC = 5;
+    EXPECT_EQ (textFrom ("1300", state), "1300 As in the host (C4); 1303 C3; 1304 C4; 1305 C5 (ticked)]");
+}
+
+TEST (ContextMenu, FindsPitchesAndOctavesOfItsItems)
+{
+    EXPECT_EQ (contextMenu::findConcertPitch (1199), std::nullopt);
+    EXPECT_EQ (contextMenu::findConcertPitch (1200), 415.0);
+    EXPECT_EQ (contextMenu::findConcertPitch (1209), 466.0);
+    EXPECT_EQ (contextMenu::findConcertPitch (1210), std::nullopt);
+    EXPECT_EQ (contextMenu::findConcertPitch (contextMenu::otherConcertPitch), std::nullopt);
+    ASSERT_TRUE (contextMenu::findMiddleC (1300).has_value());
+    EXPECT_EQ (*contextMenu::findMiddleC (1300), std::nullopt);
+    EXPECT_EQ (contextMenu::findMiddleC (1305).value_or (std::nullopt), 5);
+
+    for (const auto item : { 1299, 1301, 1302, 1306 })
+        EXPECT_FALSE (contextMenu::findMiddleC (item).has_value()) << item;
 }
 
 TEST (ContextMenu, FindsThePointsOfItsItems)

@@ -194,6 +194,60 @@ TEST_F (SpectrogramContainerTest, ThePointsReachTheWorkerAndPresets)
     EXPECT_EQ (get (Params::id::pointsKept), 0.0f);
 }
 
+TEST_F (SpectrogramContainerTest, TheMenuTunesTheKeyboardAndMarksTheSessionAsChanged)
+{
+    set (Params::id::keyboard, 1.0f);
+    set (Params::id::internal, 0.0f);
+    const auto findA = [this] { return findKeyForFrequency (container->getKeyboard().getKeys(), 415.0f)->noteNumber; };
+    EXPECT_EQ (findA(), 68);
+
+    container->carryOut (contextMenu::concertPitch);
+    EXPECT_EQ (findA(), 69);
+    EXPECT_NEAR (get (Params::id::internal), 0.01f, 1.0e-6f);
+
+    container->carryOut (contextMenu::middleC + 5);
+    EXPECT_EQ (container->getTuningControl().getTuning(), (notes::Tuning { 5, 415.0 }));
+
+    for (const auto& key : container->getKeyboard().getKeys())
+        EXPECT_TRUE (key.noteNumber != 60 || key.label == "C5");
+
+    EXPECT_NEAR (get (Params::id::internal), 0.02f, 1.0e-6f);
+}
+
+TEST_F (SpectrogramContainerTest, TheTuningFollowsAnotherSession)
+{
+    processor.getUIView().concertPitch = "435";
+    ASSERT_TRUE (pumpUntil ([this] { return container->getTuningControl().getTuning().concertPitch == 435.0; }));
+}
+
+TEST_F (SpectrogramContainerTest, AConcertPitchIsTypedAndRefusedIfItIsNone)
+{
+    auto& entry = container->getTuningControl().getEntry();
+    EXPECT_FALSE (entry.isVisible());
+    container->carryOut (contextMenu::otherConcertPitch);
+    ASSERT_TRUE (entry.isVisible());
+    EXPECT_TRUE (container->getLocalBounds().contains (entry.getBounds()));
+    EXPECT_EQ (entry.getField().getText(), "440");
+
+    entry.getField().setText ("high");
+    ASSERT_TRUE (entry.getField().keyPressed (juce::KeyPress (juce::KeyPress::returnKey)));
+    EXPECT_TRUE (pumpUntil ([&] { return ! entry.getField().getHighlightedRegion().isEmpty(); }));
+    EXPECT_TRUE (entry.isVisible());
+    EXPECT_EQ (container->getTuningControl().getTuning().concertPitch, 440.0);
+
+    entry.getField().setText ("441.5 Hz");
+    ASSERT_TRUE (entry.getField().keyPressed (juce::KeyPress (juce::KeyPress::returnKey)));
+    EXPECT_TRUE (pumpUntil ([&] { return ! entry.isVisible(); }));
+    EXPECT_EQ (container->getTuningControl().getTuning().concertPitch, 441.5);
+
+    container->carryOut (contextMenu::otherConcertPitch);
+    EXPECT_EQ (entry.getField().getText(), "441.5");
+    entry.getField().setText ("415");
+    ASSERT_TRUE (entry.getField().keyPressed (juce::KeyPress (juce::KeyPress::escapeKey)));
+    EXPECT_TRUE (pumpUntil ([&] { return ! entry.isVisible(); }));
+    EXPECT_EQ (container->getTuningControl().getTuning().concertPitch, 441.5);
+}
+
 TEST_F (SpectrogramContainerTest, OtherResultsOfTheMenuDoNothing)
 {
     const auto state = processor.getStateXml (true)->toString();
