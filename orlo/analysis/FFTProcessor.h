@@ -11,6 +11,8 @@
 #include <juce_audio_basics/juce_audio_basics.h>
 
 #include <functional>
+#include <limits>
+#include <memory>
 
 namespace mk::orlo
 {
@@ -42,6 +44,18 @@ public:
     /** [audio thread] Appends mono samples and wakes the worker when a hop is complete. No allocation and
         no lock except that of the wake-up event. When the ring is full, the oldest samples are dropped. */
     void pushSamples (const float* data, int count) noexcept;
+
+    /** [message thread] Makes it possible to push two streams. Allocates at the first call. The audio thread must get to
+        know of it afterwards, by an operation that acquires what this thread releases. */
+    void makeRoomForSecondStream() { sampleFifo.makeRoomForSecond(); }
+
+    /** [audio thread] Appends samples of two streams, whose frames belong together. */
+    void pushSamples (const float* first, const float* second, int count) noexcept;
+
+    /** [audio thread] Says that the samples from the next ones on are of another signal, and of how many streams, 1 or
+        2. Those that wait are dropped, and frames are silent until their window holds the new signal only, so that no
+        frame shows both. Wait-free but for the worker's reading. */
+    void startSignal (int numStreams) noexcept;
 
     /** Any thread. Sets all settings in one call, for tools that own them all; in the plug-in each of the setters
         below is called by one thread instead. Wait-free. */
@@ -109,8 +123,20 @@ public:
     void run() override;
 
 private:
+    /** Samples of one source: which of all samples pushed is the first, and the number of streams. */
+    struct Signal
+    {
+        SampleFifo::Position start = 0;
+        int numStreams = 1;
+
+        bool operator== (const Signal&) const noexcept = default;
+    };
+
     void applyConfig (AnalysisConfig config);
+    void wakeIfHopIsReady();
+    [[nodiscard]] Signal getNewestSignal() const noexcept;
     [[nodiscard]] bool popHop (int numSamples);
+    void analyseHop (const AnalysisSettings& settings, Frame& frame);
 
     static constexpr int sampleFifoSize = 163840;
     static constexpr int frameFifoSize = 50;
@@ -128,8 +154,14 @@ private:
     SampleFifo sampleFifo { sampleFifoSize };
     FrameFifo frameFifo { frameFifoSize };
 
+    // A Signal's values, written by the audio thread, read by the worker.
+    std::atomic<std::int64_t> newestSignal { 0 };
+
     // Used by the worker only.
     SpectralAnalyser analyser;
+    std::unique_ptr<SpectralAnalyser> secondAnalyser; // of the second stream, made when there is one
+    Signal signal;
+    std::int64_t numSamplesOfSignal = std::numeric_limits<std::int32_t>::max(); // counts until any window is full
 
     // Copies of the analyser's values, written by the worker, read by any thread.
     AtomicAnalysisConfig currentConfig { analyser.getConfig() };

@@ -24,6 +24,16 @@ constexpr std::array pointsTexts { "All", "Lines", "Clicks", "Lines and Clicks" 
     return menu;
 }
 
+[[nodiscard]] juce::PopupMenu makeSourceMenu (Source current)
+{
+    juce::PopupMenu menu;
+
+    for (int i = 0; i < int (sourceNames.size()); ++i)
+        menu.addItem (source + i, juce::translate (sourceNames[size_t (i)]), true, i == int (current));
+
+    return menu;
+}
+
 [[nodiscard]] juce::PopupMenu makeConcertPitchMenu (double current)
 {
     juce::PopupMenu menu;
@@ -72,6 +82,7 @@ void fill (juce::PopupMenu& menu, const State& state)
     menu.addItem (manual, juce::translate ("Manual"));
     menu.addSeparator();
     menu.addSubMenu (juce::translate ("Points"), makePointsMenu (state.pointsKept), state.isEnhanced);
+    menu.addSubMenu (juce::translate ("Source"), makeSourceMenu (state.source), state.isStereo);
     menu.addSubMenu (juce::translate ("A4"), makeConcertPitchMenu (state.concertPitch));
     menu.addSubMenu (juce::translate ("Middle C"), makeMiddleCMenu (state.middleC, state.hostsMiddleC));
 }
@@ -82,6 +93,14 @@ std::optional<PointsKept> findPoints (int item) noexcept
         return std::nullopt;
 
     return PointsKept (item - points);
+}
+
+std::optional<Source> findSource (int item) noexcept
+{
+    if (item < source || item >= source + int (sourceNames.size()))
+        return std::nullopt;
+
+    return Source (item - source);
 }
 
 std::optional<double> findConcertPitch (int item) noexcept

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "orlo/analysis/PointsKept.h"
+#include "orlo/analysis/Source.h"
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
@@ -22,6 +23,8 @@ enum Item
 
     points = 1000, /**< The first of the choices of points; the others follow in the order of PointsKept. */
 
+    source = 1100, /**< The mean; the others follow in the order of Source. */
+
     concertPitch = 1200,      /**< The first of the pitches offered. */
     otherConcertPitch = 1299, /**< To type one. */
     middleC = 1300            /**< As the host names it; the number of an octave is added for each of the others. */
@@ -36,6 +39,8 @@ struct State
     double concertPitch = 440.0;   /**< Hertz. */
     std::optional<int> middleC {}; /**< The number of its octave, or nothing if it is the host's. */
     int hostsMiddleC = 3;
+    bool isStereo = true; /**< One channel has no sources to choose from. */
+    Source source = Source::mean;
 };
 
 /** Replaces the menu's content with the entries for the state. */
@@ -43,6 +48,9 @@ void fill (juce::PopupMenu& menu, const State& state);
 
 /** The points that an item chooses, or nothing for another item. */
 [[nodiscard]] std::optional<PointsKept> findPoints (int item) noexcept;
+
+/** The source that an item chooses, or nothing for another item. */
+[[nodiscard]] std::optional<Source> findSource (int item) noexcept;
 
 /** The pitch in hertz that an item chooses, or nothing for another item. */
 [[nodiscard]] std::optional<double> findConcertPitch (int item) noexcept;

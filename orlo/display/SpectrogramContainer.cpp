@@ -160,6 +160,8 @@ void SpectrogramContainer::showContextMenu (const juce::PopupMenu::Options& opti
         isOn (modeParameter),     PointsKept (juce::roundToInt (getCurrentValue (pointsParameter)))
     };
     tuning.describe (state);
+    state.isStereo = processor.getTotalNumInputChannels() > 1;
+    state.source = processor.getUIView().getSource();
     contextMenu::fill (contextMenu, state);
 
     auto* const editor = findParentComponentOfClass<juce::AudioProcessorEditor>();
@@ -181,6 +183,12 @@ void SpectrogramContainer::carryOut (int menuItem)
     {
         pointsAttachment.setValueAsCompleteGesture (float (*points));
         pluginCore::flushIntoTransaction (processor.getParameterState());
+    }
+
+    if (const auto source = contextMenu::findSource (menuItem))
+    {
+        processor.getUIView().setSource (*source);
+        processor.nudgeInternalParameter();
     }
 
     tuning.carryOut (menuItem);

@@ -8,6 +8,8 @@
 
 #include "plugin_core/text/NumberText.h"
 
+#include <utility>
+
 namespace mk::orlo
 {
 namespace
@@ -62,6 +64,20 @@ void AudioPluginAudioProcessor::updatePictureSettings()
     imageBuilder.getFrequencyScale().setScaleType (juce::roundToInt (freqScaleParam->load (std::memory_order_relaxed)));
     imageBuilder.setMinFreqFraction (minFreqParam->load (std::memory_order_relaxed) * 0.01f);
     imageBuilder.setMaxFreqFraction (maxFreqParam->load (std::memory_order_relaxed) * 0.01f);
+    updateSource();
+}
+
+void AudioPluginAudioProcessor::updateSource()
+{
+    const auto source = uiView.getSource();
+
+    if (source == requestedSource.load (std::memory_order_relaxed))
+        return;
+
+    if (source == Source::loudest)
+        fftProcessor.makeRoomForSecondStream();
+
+    requestedSource.store (source, std::memory_order_release);
 }
 
 //==============================================================================
@@ -100,6 +116,9 @@ std::unique_ptr<pluginCore::ProcessorEditor> AudioPluginAudioProcessor::createEd
 
 void AudioPluginAudioProcessor::setAnalysisSuspended (bool shouldBeSuspended) noexcept
 {
+    if (! shouldBeSuspended)
+        updateSource();
+
     analysisSuspended.store (shouldBeSuspended, std::memory_order_relaxed);
 
     if (! shouldBeSuspended)
@@ -113,7 +132,7 @@ void AudioPluginAudioProcessor::prepareInternal (int maxBlockSize, double rate)
         return;
 
     fftProcessor.prepareToPlay (rate);
-    monoBuffer.setSize (1, juce::jmax (0, maxBlockSize), true, false, true);
+    sourceMixer.prepare (maxBlockSize);
 }
 
 void AudioPluginAudioProcessor::processInternal (juce::AudioBuffer<float>& buffer, juce::MidiBuffer&)
@@ -144,7 +163,7 @@ void AudioPluginAudioProcessor::processInternal (juce::AudioBuffer<float>& buffe
     updateTransport();
 
     if (! updatePause() && buffer.getNumSamples() > 0)
-        fftProcessor.pushSamples (mixToMono (buffer), buffer.getNumSamples());
+        pushSource (buffer);
 }
 
 void AudioPluginAudioProcessor::updateWindowLength() noexcept
@@ -175,23 +194,17 @@ bool AudioPluginAudioProcessor::updatePause() noexcept
     return stopped || isOn (*freezeParam);
 }
 
-const float* AudioPluginAudioProcessor::mixToMono (const juce::AudioBuffer<float>& buffer) noexcept
+void AudioPluginAudioProcessor::pushSource (const juce::AudioBuffer<float>& buffer) noexcept
 {
-    const auto numChannels = buffer.getNumChannels();
-    const auto numSamples = buffer.getNumSamples();
+    // Acquires the room for a second stream, see updateSource().
+    const auto wanted = requestedSource.load (std::memory_order_acquire);
+    const auto source = SourceMixer::findSource (wanted, buffer.getNumChannels());
 
-    if (numChannels == 1)
-        return buffer.getReadPointer (0);
+    if (std::exchange (analysedSource, source) != source)
+        fftProcessor.startSignal (source == Source::loudest ? 2 : 1);
 
-    // Allocates only if the host sends a larger block than it announced.
-    monoBuffer.setSize (1, numSamples, false, false, true);
-    monoBuffer.copyFrom (0, 0, buffer, 0, 0, numSamples);
-
-    for (int channel = 1; channel < numChannels; ++channel)
-        monoBuffer.addFrom (0, 0, buffer, channel, 0, numSamples);
-
-    monoBuffer.applyGain (1.0f / float (numChannels));
-    return monoBuffer.getReadPointer (0);
+    const auto streams = sourceMixer.mix (buffer, source);
+    fftProcessor.pushSamples (streams.first, streams.second, buffer.getNumSamples());
 }
 
 } // namespace mk::orlo

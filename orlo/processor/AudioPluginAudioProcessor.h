@@ -2,6 +2,7 @@
 #pragma once
 
 #include "LocalisedStringsManager.h"
+#include "SourceMixer.h"
 
 #include "orlo/analysis/FFTProcessor.h"
 #include "orlo/analysis/FrameClock.h"
@@ -14,7 +15,7 @@
 namespace mk::orlo
 {
 
-/** The product's processor: passes the audio through untouched and feeds a mono mix of it to the analysis. */
+/** The product's processor: passes the audio through untouched and feeds a mix of it to the analysis. */
 class AudioPluginAudioProcessor : public pluginCore::PluginProcessor
 {
 public:
@@ -42,7 +43,7 @@ public:
 
     /** [message thread] Passes the parameters for levels, points, range, scale and drawing on to worker and builder. Hosts
         automate from within the audio callback, where no message may be posted, so the view calls this at every
-        tick instead. */
+        tick instead. Also follows the source that the view's state has. */
     void updatePictureSettings();
 
     /** Any thread. Whether the host has stopped and Auto Freeze is on. Written by the audio thread. */
@@ -64,7 +65,11 @@ private:
     /** [audio thread] Updates isAutoPaused(). Returns whether the display is frozen. */
     [[nodiscard]] bool updatePause() noexcept;
 
-    [[nodiscard]] const float* mixToMono (const juce::AudioBuffer<float>& buffer) noexcept;
+    /** [audio thread] Passes what is to be analysed of a block on to the worker. */
+    void pushSource (const juce::AudioBuffer<float>& buffer) noexcept;
+
+    /** [message thread] Requests the source that the view has. */
+    void updateSource();
 
     const EditorFactory makeEditor;
     LocalisedStringsManager localisedStrings;
@@ -73,6 +78,8 @@ private:
     SpectrogramImageBuilder imageBuilder { fftProcessor, frameClock };
 
     std::atomic<bool> analysisSuspended { true }; // written by the message thread, read by the audio thread
+
+    std::atomic<Source> requestedSource { Source::mean }; // written by the message thread, read by the audio thread
 
     // Polled by the audio thread once per block.
     std::atomic<float>* const fftSizeParam;
@@ -90,7 +97,8 @@ private:
     std::atomic<float>* const pointsKeptParam;
 
     // Used by the audio thread only.
-    juce::AudioBuffer<float> monoBuffer { 1, 0 };
+    SourceMixer sourceMixer;
+    Source analysedSource = Source::mean;
     bool transportPlaying = false;
 
     data::UIView uiView { getSessionState().getSettings().getTree() };

@@ -62,7 +62,7 @@ TEST (ContextMenu, IsRebuiltEachTime)
     juce::PopupMenu menu;
     contextMenu::fill (menu, { false, false, false, false });
     contextMenu::fill (menu, { false, false, false, false });
-    EXPECT_EQ (menu.getNumItems(), 9);
+    EXPECT_EQ (menu.getNumItems(), 10);
 }
 
 TEST (ContextMenu, TicksTheChosenPointsAndOffersThemInEnhancedOnly)
@@ -109,6 +109,21 @@ TEST (ContextMenu, FindsPitchesAndOctavesOfItsItems)
 
     for (const auto item : { 1299, 1301, 1302, 1306 })
         EXPECT_FALSE (contextMenu::findMiddleC (item).has_value()) << item;
+}
+
+TEST (ContextMenu, TicksTheSourceAndOffersItForTwoChannelsOnly)
+{
+    contextMenu::State state { false, false, false, false };
+    EXPECT_THAT (textFrom ("Source", state).toStdString(),
+                 testing::StartsWith ("Source: [1100 Mean (ticked); 1101 Left; 1102 Right; 1103 Mid; 1104 Side; 1105 "
+                                      "Loudest]; A4"));
+    state.isStereo = false;
+    state.source = Source::loudest;
+    EXPECT_THAT (textFrom ("Source", state).toStdString(), testing::StartsWith ("Source (off): [1100 Mean; "));
+    EXPECT_THAT (textFrom ("1105", state).toStdString(), testing::StartsWith ("1105 Loudest (ticked)]"));
+    EXPECT_EQ (contextMenu::findSource (1099), std::nullopt);
+    EXPECT_EQ (contextMenu::findSource (1104), Source::side);
+    EXPECT_EQ (contextMenu::findSource (1106), std::nullopt);
 }
 
 TEST (ContextMenu, FindsThePointsOfItsItems)

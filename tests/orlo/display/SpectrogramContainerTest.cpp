@@ -248,6 +248,14 @@ TEST_F (SpectrogramContainerTest, AConcertPitchIsTypedAndRefusedIfItIsNone)
     EXPECT_EQ (container->getTuningControl().getTuning().concertPitch, 441.5);
 }
 
+TEST_F (SpectrogramContainerTest, TheMenuChoosesTheSourceAndMarksTheSessionAsChanged)
+{
+    set (Params::id::internal, 0.0f);
+    container->carryOut (contextMenu::source + int (Source::side));
+    EXPECT_EQ (processor.getUIView().getSource(), Source::side);
+    EXPECT_NEAR (get (Params::id::internal), 0.01f, 1.0e-6f);
+}
+
 TEST_F (SpectrogramContainerTest, OtherResultsOfTheMenuDoNothing)
 {
     const auto state = processor.getStateXml (true)->toString();
