@@ -17,6 +17,7 @@ constexpr std::array pointsTexts { "All", "Lines", "Clicks", "Lines and Clicks" 
 [[nodiscard]] juce::PopupMenu makePointsMenu (PointsKept current)
 {
     juce::PopupMenu menu;
+    menu.addSectionHeader (juce::translate ("Which points Enhanced draws"));
 
     for (int i = 0; i < int (pointsTexts.size()); ++i)
         menu.addItem (points + i, juce::translate (pointsTexts[size_t (i)]), true, i == int (current));
@@ -27,6 +28,7 @@ constexpr std::array pointsTexts { "All", "Lines", "Clicks", "Lines and Clicks" 
 [[nodiscard]] juce::PopupMenu makeSourceMenu (Source current)
 {
     juce::PopupMenu menu;
+    menu.addSectionHeader (juce::translate ("Which channels are analysed"));
 
     for (int i = 0; i < int (sourceNames.size()); ++i)
         menu.addItem (source + i, juce::translate (sourceNames[size_t (i)]), true, i == int (current));
@@ -37,6 +39,7 @@ constexpr std::array pointsTexts { "All", "Lines", "Clicks", "Lines and Clicks" 
 [[nodiscard]] juce::PopupMenu makeConcertPitchMenu (double current)
 {
     juce::PopupMenu menu;
+    menu.addSectionHeader (juce::translate ("The pitch that notes are named by"));
     auto isOffered = false;
 
     for (int i = 0; i < int (concertPitches.size()); ++i)
@@ -58,6 +61,7 @@ constexpr std::array pointsTexts { "All", "Lines", "Clicks", "Lines and Clicks" 
 [[nodiscard]] juce::PopupMenu makeMiddleCMenu (std::optional<int> current, int hostsOctave)
 {
     juce::PopupMenu menu;
+    menu.addSectionHeader (juce::translate ("The name of the middle C of the piano"));
     menu.addItem (
         middleC, juce::translate ("As in the host") + " (" + getMiddleCName (hostsOctave) + ")", true, ! current);
 

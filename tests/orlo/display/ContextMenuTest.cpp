@@ -18,6 +18,9 @@ namespace
         const auto& item = i.getItem();
         const auto text = item.text + (item.isEnabled ? "" : " (off)") + (item.isTicked ? " (ticked)" : "");
 
+        if (item.isSectionHeader)
+            continue;
+
         if (item.isSeparator)
             rows.add ("-");
         else if (item.subMenu != nullptr)
@@ -29,7 +32,7 @@ namespace
     return rows.joinIntoString ("; ");
 }
 
-/** Lists the rows of the menu: id, text, "(off)" if the row is disabled, and the rows of its submenu. */
+/** Lists the rows of the menu without headings: id, text, "(off)" if the row is disabled, the rows of its submenu. */
 [[nodiscard]] juce::String toText (const contextMenu::State& state)
 {
     juce::PopupMenu menu;
@@ -124,6 +127,21 @@ TEST (ContextMenu, TicksTheSourceAndOffersItForTwoChannelsOnly)
     EXPECT_EQ (contextMenu::findSource (1099), std::nullopt);
     EXPECT_EQ (contextMenu::findSource (1104), Source::side);
     EXPECT_EQ (contextMenu::findSource (1106), std::nullopt);
+}
+
+TEST (ContextMenu, SaysInEachSubmenuWhatItDecides)
+{
+    juce::PopupMenu menu;
+    contextMenu::fill (menu, { false, false, false, false });
+    juce::StringArray headings;
+
+    for (juce::PopupMenu::MenuItemIterator i (menu, true); i.next();)
+        if (i.getItem().isSectionHeader)
+            headings.add (i.getItem().text);
+
+    EXPECT_EQ (headings.joinIntoString ("; "),
+               "Which points Enhanced draws; Which channels are analysed; The pitch that notes are named by; "
+               "The name of the middle C of the piano");
 }
 
 TEST (ContextMenu, FindsThePointsOfItsItems)
