@@ -2,6 +2,7 @@
 #pragma once
 
 #include "AnalysisConfig.h"
+#include "PointsKept.h"
 
 namespace mk::orlo
 {
@@ -14,6 +15,8 @@ struct AnalysisSettings
     int hop = 0;                     /**< Samples from one frame to the next; below 1 there is no analysis. */
     bool enhanced = false;           /**< Whether frames are reassigned. */
     float magnitudeThreshold = 0.0f; /**< Linear. Bins not above it read 0. */
+
+    PointsKept pointsKept = PointsKept::all; /**< Of reassigned frames. The bins of the other points read 0. */
 
     bool operator== (const AnalysisSettings&) const noexcept = default;
 };

@@ -61,6 +61,7 @@ void AnalysisWindows::rebuild (int length, int type)
     const auto size = size_t (juce::jmax (2, length));
     plain.resize (size);
     ramp.resize (size);
+    rampDerivative.resize (size);
 
     if (type < int (WindowType::gaussian))
     {
@@ -78,7 +79,11 @@ void AnalysisWindows::rebuild (int length, int type)
     const auto middle = int (size / 2);
 
     for (size_t n = 0; n < size; ++n)
-        ramp[n] = float (int (n) - middle) * plain[n];
+    {
+        const auto distance = float (int (n) - middle);
+        ramp[n] = distance * plain[n];
+        rampDerivative[n] = distance * derivative[n];
+    }
 }
 
 } // namespace mk::orlo

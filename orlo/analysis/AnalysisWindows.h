@@ -8,18 +8,19 @@
 namespace mk::orlo
 {
 
-/** The three windows of time-frequency reassignment, each of the same number of samples.
+/** The windows of time-frequency reassignment, each of the same number of samples.
 
     The method is that of Auger and Flandrin (1995): the transform under the plain window gives the
-    amplitude, the one under its derivative the frequency, the one under its time ramp the time.
+    amplitude, the one under its derivative the frequency, the one under its time ramp the time. The fourth window tells lines and clicks apart, see getFrequencySlope().
 */
 struct AnalysisWindows
 {
-    std::vector<float> plain;      /**< Mean 1 for the types below gaussian; not normalised above. */
-    std::vector<float> derivative; /**< Change of the plain window per sample. */
-    std::vector<float> ramp;       /**< The plain window times the distance in samples from length / 2. */
+    std::vector<float> plain;          /**< Mean 1 for the types below gaussian; not normalised above. */
+    std::vector<float> derivative;     /**< Change of the plain window per sample. */
+    std::vector<float> ramp;           /**< The plain window times the distance in samples from length / 2. */
+    std::vector<float> rampDerivative; /**< The derivative times the same distance. */
 
-    /** Builds all three for a length of at least 2 samples. Allocates.
+    /** Builds all of them for a length of at least 2 samples. Allocates.
         A type value from 9 up is taken as gaussianNumericDerivative. */
     void rebuild (int length, int type);
 };

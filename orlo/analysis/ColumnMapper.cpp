@@ -36,6 +36,18 @@ void ColumnMapper::shiftHistory (const ColumnSettings& settings)
     std::fill (history.back().begin(), history.back().end(), 0.0f);
 }
 
+const Frame& ColumnMapper::mergeLoudest (const Frame& frame)
+{
+    loudest.format = frame.format;
+    loudest.magnitudes = frame.magnitudes;
+
+    for (const auto& other : frame.others)
+        for (size_t k = 0; k < loudest.magnitudes.size(); ++k)
+            loudest.magnitudes[k] = std::max (loudest.magnitudes[k], other.magnitudes[k]);
+
+    return loudest;
+}
+
 void ColumnMapper::map (const Frame& frame, const ColumnSettings& settings, FrequencyScale& scale, Column& column)
 {
     scale.setRange (settings.minHz, settings.maxHz);
@@ -43,9 +55,16 @@ void ColumnMapper::map (const Frame& frame, const ColumnSettings& settings, Freq
     shiftHistory (settings);
 
     if (settings.enhanced)
+    {
         enhanced.plot (frame, settings, scale, history);
+
+        for (const auto& other : frame.others)
+            enhanced.plot (other, settings, scale, history);
+    }
     else
-        classic.fill (frame, settings, scale, history.front());
+    {
+        classic.fill (frame.others.empty() ? frame : mergeLoudest (frame), settings, scale, history.front());
+    }
 
     column = history.front();
 }

@@ -21,8 +21,8 @@ class FrequencyScale;
 class ColumnMapper
 {
 public:
-    /** Sets the scale to the settings' range, maps the frame and writes settings.numRows levels into
-        column. Allocates only when sizes change. */
+    /** Sets the scale to the settings' range, maps the frame and the others that belong to it, of which the loudest
+        show, and writes settings.numRows levels into column. Allocates only when sizes change. */
     void map (const Frame& frame, const ColumnSettings& settings, FrequencyScale& scale, Column& column);
 
     /** How many columns a window's span touches, that is, how many are kept. Both in samples, hop at least 1. */
@@ -32,10 +32,14 @@ private:
     void startAnewIfFormatChanged (const FrameFormat& newFormat);
     void shiftHistory (const ColumnSettings& settings);
 
+    /** Each bin of the frame and of the others as loud as the loudest of them. */
+    [[nodiscard]] const Frame& mergeLoudest (const Frame& frame);
+
     ClassicColumnMapper classic;
     EnhancedColumnPlotter enhanced;
     FrameFormat format;          // of the frames in the history
     std::vector<Column> history; // oldest first
+    Frame loudest;               // a member, so that a call does not allocate
 };
 
 } // namespace mk::orlo

@@ -3,6 +3,8 @@
 
 #include <juce_events/juce_events.h>
 
+#include <algorithm>
+
 namespace mk::orlo
 {
 
@@ -38,17 +40,42 @@ void FFTProcessor::setSettings (const AnalysisSettings& settings) noexcept
     setHop (settings.hop);
     setEnhanced (settings.enhanced);
     setMagnitudeThreshold (settings.magnitudeThreshold);
+    setPointsKept (settings.pointsKept);
 }
 
 AnalysisSettings FFTProcessor::getSettings() const noexcept
 {
-    return { pendingConfig.load(), getHop(), isEnhanced(), getMagnitudeThreshold() };
+    return { pendingConfig.load(), getHop(), isEnhanced(), getMagnitudeThreshold(), getPointsKept() };
 }
 
 void FFTProcessor::pushSamples (const float* data, int count) noexcept
 {
     sampleFifo.push (data, count);
+    wakeIfHopIsReady();
+}
 
+void FFTProcessor::pushSamples (const float* first, const float* second, int count) noexcept
+{
+    sampleFifo.push (first, count, second);
+    wakeIfHopIsReady();
+}
+
+void FFTProcessor::startSignal (int numStreams) noexcept
+{
+    // The samples of the new signal are pushed after it has been announced, so a worker that has got some of them also
+    // sees the announcement; and those before it are gone, so a hop never holds samples of both.
+    sampleFifo.discardAll();
+    newestSignal.store (sampleFifo.getWritePosition() * 2 + (numStreams - 1));
+}
+
+FFTProcessor::Signal FFTProcessor::getNewestSignal() const noexcept
+{
+    const auto packed = newestSignal.load();
+    return { packed / 2, int (packed % 2) + 1 };
+}
+
+void FFTProcessor::wakeIfHopIsReady()
+{
     const auto wanted = juce::jmin (getCurrentConfig().windowLength, getHop());
 
     if (sampleFifo.getNumReady() >= wanted)
@@ -87,24 +114,74 @@ void FFTProcessor::processAvailable()
 
     while (! threadShouldExit() && popHop (settings.hop))
     {
-        analyser.process ({ settings.window, settings.hop, isEnhanced(), getMagnitudeThreshold() },
-                          getSampleRate(),
-                          frameFifo.getNext());
+        analyseHop ({ settings.window, settings.hop, isEnhanced(), getMagnitudeThreshold(), getPointsKept() },
+                    frameFifo.getNext());
         frameFifo.push();
     }
+}
+
+void FFTProcessor::analyseHop (const AnalysisSettings& settings, Frame& frame)
+{
+    const auto rate = getSampleRate();
+    analyser.process (settings, rate, frame);
+    frame.others.resize (size_t (signal.numStreams) - 1);
+
+    for (auto& other : frame.others)
+        secondAnalyser->process (settings, rate, other);
+
+    if (numSamplesOfSignal >= settings.window.windowLength)
+        return;
+
+    // The window still holds samples of the signal before.
+    std::fill (frame.magnitudes.begin(), frame.magnitudes.end(), 0.0f);
+
+    for (auto& other : frame.others)
+        std::fill (other.magnitudes.begin(), other.magnitudes.end(), 0.0f);
 }
 
 void FFTProcessor::applyConfig (AnalysisConfig config)
 {
     analyser.configure (config);
+
+    if (secondAnalyser != nullptr)
+        secondAnalyser->configure (config);
+
     fftSize.store (analyser.getFftSize(), std::memory_order_relaxed);
     currentConfig.store (analyser.getConfig());
 }
 
 bool FFTProcessor::popHop (int numSamples)
 {
-    const auto numRead = analyser.getNumSamplesRead (numSamples);
-    return sampleFifo.pop (analyser.getHopBuffer (numSamples), numRead, numSamples - numRead);
+    for (;;)
+    {
+        const auto newest = getNewestSignal();
+
+        if (newest.numStreams > 1 && secondAnalyser == nullptr)
+        {
+            secondAnalyser = std::make_unique<SpectralAnalyser>();
+            secondAnalyser->configure (analyser.getConfig());
+        }
+
+        const auto numRead = analyser.getNumSamplesRead (numSamples);
+        auto* const second = newest.numStreams > 1 ? secondAnalyser->getHopBuffer (numSamples) : nullptr;
+
+        if (! sampleFifo.pop (analyser.getHopBuffer (numSamples), numRead, numSamples - numRead, second))
+            return false;
+
+        // If a signal has begun meanwhile, the samples may be of either, so they are not used.
+        if (newest != getNewestSignal() || sampleFifo.getPoppedPosition() < newest.start)
+            continue;
+
+        if (newest != signal)
+        {
+            signal = newest;
+            numSamplesOfSignal = 0;
+        }
+
+        numSamplesOfSignal =
+            std::min<std::int64_t> (numSamplesOfSignal + numSamples, std::numeric_limits<std::int32_t>::max());
+        return true;
+    }
 }
 
 } // namespace mk::orlo

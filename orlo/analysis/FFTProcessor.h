@@ -11,6 +11,8 @@
 #include <juce_audio_basics/juce_audio_basics.h>
 
 #include <functional>
+#include <limits>
+#include <memory>
 
 namespace mk::orlo
 {
@@ -43,6 +45,18 @@ public:
         no lock except that of the wake-up event. When the ring is full, the oldest samples are dropped. */
     void pushSamples (const float* data, int count) noexcept;
 
+    /** [message thread] Makes it possible to push two streams. Allocates at the first call. The audio thread must get to
+        know of it afterwards, by an operation that acquires what this thread releases. */
+    void makeRoomForSecondStream() { sampleFifo.makeRoomForSecond(); }
+
+    /** [audio thread] Appends samples of two streams, whose frames belong together. */
+    void pushSamples (const float* first, const float* second, int count) noexcept;
+
+    /** [audio thread] Says that the samples from the next ones on are of another signal, and of how many streams, 1 or
+        2. Those that wait are dropped, and frames are silent until their window holds the new signal only, so that no
+        frame shows both. Wait-free but for the worker's reading. */
+    void startSignal (int numStreams) noexcept;
+
     /** Any thread. Sets all settings in one call, for tools that own them all; in the plug-in each of the setters
         below is called by one thread instead. Wait-free. */
     void setSettings (const AnalysisSettings& settings) noexcept;
@@ -73,6 +87,10 @@ public:
     {
         return magnitudeThreshold.load (std::memory_order_relaxed);
     }
+
+    /** [message thread] Which points of reassigned frames are kept. Wait-free. */
+    void setPointsKept (PointsKept kept) noexcept { pointsKept.store (kept, std::memory_order_relaxed); }
+    [[nodiscard]] PointsKept getPointsKept() const noexcept { return pointsKept.load (std::memory_order_relaxed); }
 
     /** Any thread. Wait-free. */
     [[nodiscard]] AnalysisConfig getCurrentConfig() const noexcept { return currentConfig.load(); }
@@ -105,8 +123,20 @@ public:
     void run() override;
 
 private:
+    /** Samples of one source: which of all samples pushed is the first, and the number of streams. */
+    struct Signal
+    {
+        SampleFifo::Position start = 0;
+        int numStreams = 1;
+
+        bool operator== (const Signal&) const noexcept = default;
+    };
+
     void applyConfig (AnalysisConfig config);
+    void wakeIfHopIsReady();
+    [[nodiscard]] Signal getNewestSignal() const noexcept;
     [[nodiscard]] bool popHop (int numSamples);
+    void analyseHop (const AnalysisSettings& settings, Frame& frame);
 
     static constexpr int sampleFifoSize = 163840;
     static constexpr int frameFifoSize = 50;
@@ -119,12 +149,19 @@ private:
     std::atomic<int> hop { 0 };
     std::atomic<bool> enhanced { false };
     std::atomic<float> magnitudeThreshold { 0.0f };
+    std::atomic<PointsKept> pointsKept { PointsKept::all };
 
     SampleFifo sampleFifo { sampleFifoSize };
     FrameFifo frameFifo { frameFifoSize };
 
+    // A Signal's values, written by the audio thread, read by the worker.
+    std::atomic<std::int64_t> newestSignal { 0 };
+
     // Used by the worker only.
     SpectralAnalyser analyser;
+    std::unique_ptr<SpectralAnalyser> secondAnalyser; // of the second stream, made when there is one
+    Signal signal;
+    std::int64_t numSamplesOfSignal = std::numeric_limits<std::int32_t>::max(); // counts until any window is full
 
     // Copies of the analyser's values, written by the worker, read by any thread.
     AtomicAnalysisConfig currentConfig { analyser.getConfig() };

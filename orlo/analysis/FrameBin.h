@@ -70,6 +70,9 @@ struct Frame
     std::vector<float> magnitudes; /**< As in FrameBin. */
     std::vector<float> timeShifts; /**< As in FrameBin; without meaning if the format is not Enhanced. */
     std::vector<float> freqShifts; /**< As in FrameBin; without meaning if the format is not Enhanced. */
+
+    /** The frames of the same time and format whose bins and points are shown if they are louder; usually none. */
+    std::vector<Frame> others;
 };
 
 } // namespace mk::orlo

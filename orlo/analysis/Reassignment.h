@@ -38,4 +38,29 @@ struct ReassignmentShifts
              -((derivative.im * plain.re - derivative.re * plain.im) * inverse) * rate * inverseTwoPi };
 }
 
+/** The change of the reassigned frequency from bin to bin, as a share of the bins' distance, which is also the mixed
+    derivative of the phase: 1 + Re (X_td / X - X_d X_t / X^2) with the transforms under the window, its derivative,
+    its ramp, and the product of both (Nelson, JASA 110, 2001; Fulop and Fitz, JASA 121, 2007,
+    10.1121/1.2431329). 0 for a steady tone, of which all bins have the same frequency; 1 for a click, of which each
+    bin keeps its own; any number in noise and between components.
+
+    @param rampDerivative  transform under the time-weighted derivative of the window, scaled like plain
+
+    The other parameters are those of reassign(). */
+[[nodiscard]] inline float getFrequencySlope (ComplexValue plain,
+                                              ComplexValue derivative,
+                                              ComplexValue ramp,
+                                              ComplexValue rampDerivative,
+                                              float magnitude) noexcept
+{
+    const auto inverse = 1.0f / (magnitude * magnitude);
+    const ComplexValue d { (derivative.re * plain.re + derivative.im * plain.im) * inverse,
+                           (derivative.im * plain.re - derivative.re * plain.im) * inverse };
+    const ComplexValue t { (ramp.re * plain.re + ramp.im * plain.im) * inverse,
+                           (ramp.im * plain.re - ramp.re * plain.im) * inverse };
+    const auto both = (rampDerivative.re * plain.re + rampDerivative.im * plain.im) * inverse;
+
+    return 1.0f + both - (d.re * t.re - d.im * t.im);
+}
+
 } // namespace mk::orlo

@@ -2,6 +2,7 @@
 #include "SpectralAnalyser.h"
 
 #include "AnalysisWindows.h"
+#include "PointSelection.h"
 #include "Reassignment.h"
 
 #include <juce_core/juce_core.h>
@@ -86,21 +87,23 @@ void SpectralAnalyser::configure (AnalysisConfig newConfig)
     const auto scale = 1.0f / float (fftSize);
     derivativeGain = findGain (windows.derivative, windows.ramp);
     plainWindow.resize (length);
+    rampDerivativeWindow.resize (length);
     shiftWindows.resize (2 * length);
 
     for (size_t n = 0; n < length; ++n)
     {
         plainWindow[n] = windows.plain[n] * scale;
+        rampDerivativeWindow[n] = windows.rampDerivative[n] * scale;
         shiftWindows[2 * n] = windows.derivative[n] * scale * derivativeGain;
         shiftWindows[2 * n + 1] = windows.ramp[n] * scale;
     }
 
-    plainTransform = std::make_unique<RealTransform> (fftSize);
+    transform = std::make_unique<RealTransform> (fftSize);
     shiftTransform = std::make_unique<RealPairTransform> (fftSize);
 
     const auto numBins = size_t (fftSize) / 2;
 
-    for (auto* spectrum : { &plain, &derivative, &ramp })
+    for (auto* spectrum : { &plain, &derivative, &ramp, &rampDerivative })
         spectrum->resize (numBins);
 
     for (auto* values : { &magnitudes, &timeShifts, &freqShifts })
@@ -122,30 +125,39 @@ void SpectralAnalyser::process (const AnalysisSettings& settings, double sampleR
     frame.format = { config.windowLength, fftSize, settings.hop, settings.enhanced, float (sampleRate) };
     frame.resize (size_t (fftSize) / 2 + 1);
 
-    transformPlain();
+    transformWith (plainWindow, plain);
     fillMagnitudes (settings.magnitudeThreshold, frame);
 
     if (settings.enhanced)
     {
         transformForShifts();
         fillShifts (settings.magnitudeThreshold, frame);
+
+        if (settings.pointsKept != PointsKept::all)
+        {
+            transformWith (rampDerivativeWindow, rampDerivative);
+            dropPoints (settings.pointsKept,
+                        { plain, derivative, ramp, rampDerivative, derivativeGain },
+                        magnitudes,
+                        frame.magnitudes.data());
+        }
     }
 }
 
 //==============================================================================
-void SpectralAnalyser::transformPlain() noexcept
+void SpectralAnalyser::transformWith (const AlignedFloats& windowToUse, Spectrum& spectrum) noexcept
 {
     const auto* const values = samples.getSamples();
-    const auto* const window = plainWindow.data();
+    const auto* const window = windowToUse.data();
     const auto numSamples = samples.getNumSamples();
-    float* __restrict input = plainTransform->getInput();
+    float* __restrict input = transform->getInput();
 
     for (size_t n = 0; n < numSamples; ++n)
         input[n] = values[n] * window[n];
 
-    std::fill (input + numSamples, input + plainWindow.size(), 0.0f);
-    plainTransform->run (plain);
-    halveDC (plain);
+    std::fill (input + numSamples, input + windowToUse.size(), 0.0f);
+    transform->run (spectrum);
+    halveDC (spectrum);
 }
 
 void SpectralAnalyser::transformForShifts() noexcept

@@ -53,8 +53,8 @@ public:
     void process (const float* hopSamples, const AnalysisSettings& settings, double sampleRate, Frame& frame);
 
 private:
-    void transformPlain() noexcept;
     void transformForShifts() noexcept;
+    void transformWith (const AlignedFloats& window, Spectrum& spectrum) noexcept;
     void fillMagnitudes (float threshold, Frame& frame) noexcept;
     void fillShifts (float threshold, Frame& frame) noexcept;
 
@@ -62,14 +62,14 @@ private:
     int fftSize = 0;
     SlidingWindow samples;
 
-    // The windows with all factors that the transforms need. In the second, values of the derivative window, which
+    // The windows with all factors that the transforms need. In the last, values of the derivative window, which
     // is made louder by derivativeGain, and of the ramp window take turns, as the transform wants them.
-    AlignedFloats plainWindow, shiftWindows;
+    AlignedFloats plainWindow, rampDerivativeWindow, shiftWindows;
     float derivativeGain = 1.0f;
 
-    std::unique_ptr<RealTransform> plainTransform;
+    std::unique_ptr<RealTransform> transform; // of one window after the other
     std::unique_ptr<RealPairTransform> shiftTransform;
-    Spectrum plain, derivative, ramp;
+    Spectrum plain, derivative, ramp, rampDerivative;
     AlignedFloats magnitudes;             // of the bins below Nyquist, before the threshold
     AlignedFloats timeShifts, freqShifts; // of the newest reassigned frame
 };

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "KeyboardKeys.h"
 
-#include "NoteNames.h"
-
 #include <algorithm>
 #include <cmath>
 
@@ -69,7 +67,8 @@ private:
 
 int getBlackKeyWidth (int stripWidth) noexcept { return juce::jmax (int (float (stripWidth) * 0.6f), 1); }
 
-std::vector<KeyboardKey> buildKeyboardKeys (const FrequencyScale& scale, int width, int height, int octaveOfMiddleC)
+std::vector<KeyboardKey>
+    buildKeyboardKeys (const FrequencyScale& scale, int width, int height, const notes::Tuning& tuning)
 {
     const auto min = scale.getMinFrequency();
     const auto max = scale.getMaxFrequency();
@@ -78,14 +77,18 @@ std::vector<KeyboardKey> buildKeyboardKeys (const FrequencyScale& scale, int wid
     if (! (min >= 0.0f && max > min))
         return {};
 
-    const auto first = juce::jmax (int (std::floor (notes::noteForFrequency (double (min)))), lowestInnerNote) - 1;
-    const auto last = juce::jmin (int (std::ceil (notes::noteForFrequency (double (max)))), highestInnerNote) + 1;
+    const auto first =
+        juce::jmax (int (std::floor (notes::noteForFrequency (double (min), tuning.concertPitch))), lowestInnerNote)
+        - 1;
+    const auto last =
+        juce::jmin (int (std::ceil (notes::noteForFrequency (double (max), tuning.concertPitch))), highestInnerNote)
+        + 1;
     const Rows rows { scale, height };
     std::vector<KeyboardKey> keys;
 
     for (int note = first; note <= last; ++note)
     {
-        const auto centre = notes::frequencyForNote (note);
+        const auto centre = notes::frequencyForNote (note, tuning.concertPitch);
 
         KeyboardKey key {};
         key.noteNumber = note;
@@ -105,7 +108,7 @@ std::vector<KeyboardKey> buildKeyboardKeys (const FrequencyScale& scale, int wid
         key.hasLabel = notes::getPitchClass (note) == 0;
 
         if (key.hasLabel)
-            key.label = notes::getNoteName (note, octaveOfMiddleC);
+            key.label = notes::getNoteName (note, tuning.octaveOfMiddleC);
 
         const auto labelTop = int (std::floor (rows.exactRow (key.highFrequency)));
         const auto labelBottom = int (std::ceil (rows.exactRow (key.lowFrequency)));

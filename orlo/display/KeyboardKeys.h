@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
+#include "NoteNames.h"
 #include "orlo/analysis/FrequencyScale.h"
 
 #include <juce_graphics/juce_graphics.h>
@@ -13,7 +14,7 @@ namespace mk::orlo
 /** One key of the keyboard beside the picture. */
 struct KeyboardKey
 {
-    int noteNumber;                    /**< MIDI numbering, 69 is A at 440 Hz. */
+    int noteNumber;                    /**< MIDI numbering, 69 is A at the concert pitch. */
     float lowFrequency, highFrequency; /**< Hertz: a semitone, cut to the range of the scale. */
     bool isBlack, hasLabel;
 
@@ -32,7 +33,7 @@ struct KeyboardKey
 /** The keys that a strip of the given size shows, ascending: from the C two octaves below middle C to the C five
     octaves above it, as far as they lie in the range. [owner thread of the scale] */
 [[nodiscard]] std::vector<KeyboardKey>
-    buildKeyboardKeys (const FrequencyScale& scale, int width, int height, int octaveOfMiddleC);
+    buildKeyboardKeys (const FrequencyScale& scale, int width, int height, const notes::Tuning& tuning);
 
 /** The line, a pixel high, that separates two white keys: at the lower edge of C and F, and behind a black
     key. Empty if the key has none or is too thin for it. */

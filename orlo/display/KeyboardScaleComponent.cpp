@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "KeyboardScaleComponent.h"
 
-#include "NoteNames.h"
 #include "PixelGrid.h"
 #include "StripText.h"
 #include "orlo/style/OrloColours.h"
@@ -38,9 +37,16 @@ KeyboardScaleComponent::~KeyboardScaleComponent()
 //==============================================================================
 void KeyboardScaleComponent::updateFont() { font = makeStripFont (*this); }
 
-void KeyboardScaleComponent::rebuild()
+void KeyboardScaleComponent::rebuild() { keys = buildKeyboardKeys (scale, getWidth(), getHeight(), tuning); }
+
+void KeyboardScaleComponent::setTuning (const notes::Tuning& newTuning)
 {
-    keys = buildKeyboardKeys (scale, getWidth(), getHeight(), notes::getOctaveOfMiddleC());
+    if (newTuning == tuning)
+        return;
+
+    tuning = newTuning;
+    rebuild();
+    repaint();
 }
 
 void KeyboardScaleComponent::setHighlightedNote (int note)

@@ -26,6 +26,9 @@ public:
     /** Gets the key under the mouse as it moves over the keyboard. */
     std::function<void (const KeyboardKey&)> onKeyHovered;
 
+    /** Changes how notes are named, and where they lie; by default A is at 440 Hz, and octaves are those of the host. */
+    void setTuning (const notes::Tuning& newTuning);
+
     /** Highlights the key of a MIDI note, if it is shown; noNote highlights none. */
     void setHighlightedNote (int note);
     [[nodiscard]] int getHighlightedNote() const noexcept { return highlightedNote; }
@@ -54,6 +57,7 @@ private:
 
     FrequencyScale& scale;
     std::vector<KeyboardKey> keys;
+    notes::Tuning tuning { notes::getOctaveOfMiddleC() };
     int highlightedNote = noNote;
     juce::Font font;
 

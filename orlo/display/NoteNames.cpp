@@ -9,21 +9,20 @@ namespace mk::orlo::notes
 namespace
 {
 constexpr int concertA = 69;
-constexpr double concertPitch = 440.0;
 constexpr int notesPerOctave = 12;
 
 constexpr std::array<const char*, notesPerOctave> names { "C",  "C#", "D",  "D#", "E",  "F",
                                                           "F#", "G",  "G#", "A",  "A#", "B" };
 } // namespace
 
-double noteForFrequency (double hz) noexcept
+double noteForFrequency (double hz, double concertPitch) noexcept
 {
     // The logarithm of zero is minus infinity and that of a negative number is NaN.
     const auto ratio = hz < 1.0e-6 ? 2.2727273e-9 : hz / concertPitch;
     return double (concertA) + double (notesPerOctave) * std::log2 (ratio);
 }
 
-double frequencyForNote (int note) noexcept
+double frequencyForNote (int note, double concertPitch) noexcept
 {
     return concertPitch * std::exp2 (double (note - concertA) / double (notesPerOctave));
 }

@@ -3,15 +3,24 @@
 
 #include <juce_audio_processors/juce_audio_processors.h>
 
-/** Notes by their MIDI number, 69 being A at 440 Hz. */
+/** Notes by their MIDI number, 69 being A at the concert pitch, which is in hertz. */
 namespace mk::orlo::notes
 {
 
+/** How frequencies become names. */
+struct Tuning
+{
+    int octaveOfMiddleC = 3; /**< The number of the octave of note 60. */
+    double concertPitch = 440.0;
+
+    bool operator== (const Tuning&) const noexcept = default;
+};
+
 /** The note of a frequency in hertz, with its fraction. Frequencies below 1e-6 Hz all give the same note. */
-[[nodiscard]] double noteForFrequency (double hz) noexcept;
+[[nodiscard]] double noteForFrequency (double hz, double concertPitch) noexcept;
 
 /** The centre frequency of the note, in hertz. */
-[[nodiscard]] double frequencyForNote (int note) noexcept;
+[[nodiscard]] double frequencyForNote (int note, double concertPitch) noexcept;
 
 [[nodiscard]] bool isBlackKey (int note) noexcept;
 

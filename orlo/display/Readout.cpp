@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "Readout.h"
 
-#include "NoteNames.h"
-
 #include <cmath>
 
 namespace mk::orlo
@@ -15,12 +13,12 @@ constexpr int heightWithoutEditor = 40;
 constexpr int smallestHeight = 15;
 constexpr int columnOfName = 3;
 
-[[nodiscard]] juce::String formatNote (double hz, int octaveOfMiddleC)
+[[nodiscard]] juce::String formatNote (double hz, const notes::Tuning& tuning)
 {
-    const auto note = notes::noteForFrequency (hz);
+    const auto note = notes::noteForFrequency (hz, tuning.concertPitch);
     const auto nearest = std::round (note);
     const auto cents = int (std::round ((note - nearest) * 100.0));
-    auto name = notes::getNoteName (int (nearest), octaveOfMiddleC);
+    auto name = notes::getNoteName (int (nearest), tuning.octaveOfMiddleC);
 
     if (cents == 0)
         return name;
@@ -37,12 +35,11 @@ constexpr int columnOfName = 3;
 }
 } // namespace
 
-juce::String formatReadout (double hz, int octaveOfMiddleC)
+juce::String formatReadout (double hz, const notes::Tuning& tuning)
 {
     const auto frequency = juce::String (hz, 2) + juce::translate ("Hz") + " ";
 
-    return hz > lowestWithNote && hz < highestWithNote ? frequency + "(" + formatNote (hz, octaveOfMiddleC) + ")"
-                                                       : frequency;
+    return hz > lowestWithNote && hz < highestWithNote ? frequency + "(" + formatNote (hz, tuning) + ")" : frequency;
 }
 
 int getReadoutHeight (int editorHeight) noexcept

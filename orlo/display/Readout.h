@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
+#include "NoteNames.h"
+
 #include <juce_graphics/juce_graphics.h>
 
 namespace mk::orlo
@@ -8,7 +10,7 @@ namespace mk::orlo
 
 /** The text for a frequency, such as "445.00Hz (A3 +20cents)": the note only between 20 and 10000 Hz, the
     cents only if they are not 0. */
-[[nodiscard]] juce::String formatReadout (double hz, int octaveOfMiddleC);
+[[nodiscard]] juce::String formatReadout (double hz, const notes::Tuning& tuning);
 
 /** The height of the tag in an editor of the given height; 0 if there is no editor. */
 [[nodiscard]] int getReadoutHeight (int editorHeight) noexcept;

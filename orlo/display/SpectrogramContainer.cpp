@@ -11,6 +11,7 @@
 #include "orlo/processor/AudioPluginAudioProcessor.h"
 #include "orlo/processor/ParameterAccess.h"
 #include "orlo/processor/Product.h"
+#include "plugin_core/attachments/UndoFlush.h"
 #include "plugin_core/controls/ComponentIgnoringRightButton.h"
 #include "plugin_core/style/StyleProperties.h"
 
@@ -33,6 +34,8 @@ SpectrogramContainer::SpectrogramContainer (AudioPluginAudioProcessor& audioProc
       rulerParameter (findParameter (audioProcessor, Params::id::ruler)),
       keyboardParameter (findParameter (audioProcessor, Params::id::keyboard)),
       freezeParameter (findParameter (audioProcessor, Params::id::freeze)),
+      modeParameter (findParameter (audioProcessor, Params::id::mode)),
+      pointsParameter (findParameter (audioProcessor, Params::id::pointsKept)),
       rulerAttachment (rulerParameter,
                        [this] (float value)
                        {
@@ -60,8 +63,12 @@ SpectrogramContainer::SpectrogramContainer (AudioPluginAudioProcessor& audioProc
       freqScaleAttachment (findParameter (audioProcessor, Params::id::freqScale),
                            [this] (float value) { scale.setScaleType (juce::roundToInt (value)); }),
       freezeAttachment (freezeParameter, [] (float) {}),
+      pointsAttachment (
+          pointsParameter,
+          [] (float) {},
+          &audioProcessor.getUndoManager()),
       sampleRate (float (audioProcessor.getPreparedRate())),
-      octaveOfMiddleC (notes::getOctaveOfMiddleC())
+      tuning (audioProcessor.getUIView())
 {
     for (auto* const component : { static_cast<juce::Component*> (this),
                                    static_cast<juce::Component*> (&ruler),
@@ -74,6 +81,7 @@ SpectrogramContainer::SpectrogramContainer (AudioPluginAudioProcessor& audioProc
     addChildComponent (keyboard);
     addChildComponent (readout);
     addAndMakeVisible (tooltipDisplay);
+    addChildComponent (tuning.getEntry());
     tooltipDisplay.setHideWhenEmpty (true);
 
     for (auto* const attachment :
@@ -87,6 +95,9 @@ SpectrogramContainer::SpectrogramContainer (AudioPluginAudioProcessor& audioProc
         component->setMouseClickGrabsKeyboardFocus (false);
 
     connectMouse();
+    keyboard.setTuning (tuning.getTuning());
+    tuning.onChanged = [this] { keyboard.setTuning (tuning.getTuning()); };
+    tuning.onChosen = [this] { processor.nudgeInternalParameter(); };
     spectrogram.onSampleRateChanged = [this] (double rate) { sampleRateChanged (rate); };
     updateRange();
 
@@ -104,7 +115,8 @@ void SpectrogramContainer::connectMouse()
     spectrogram.onMouseHeld = [this] (const juce::MouseEvent& event, float hz)
     {
         showReadout (event, hz, true);
-        keyboard.setHighlightedNote (juce::roundToInt (notes::noteForFrequency (double (hz))));
+        keyboard.setHighlightedNote (
+            juce::roundToInt (notes::noteForFrequency (double (hz), tuning.getTuning().concertPitch)));
     };
 
     spectrogram.onMouseEntered = [this] (const juce::MouseEvent&) { readout.setVisible (true); };
@@ -116,7 +128,7 @@ void SpectrogramContainer::connectMouse()
 
 void SpectrogramContainer::showReadout (const juce::MouseEvent& event, float hz, bool followCursor)
 {
-    readout.show (event, formatReadout (double (hz), octaveOfMiddleC), followCursor, spectrogram.getBounds());
+    readout.show (event, formatReadout (double (hz), tuning.getTuning()), followCursor, spectrogram.getBounds());
 }
 
 void SpectrogramContainer::mouseDown (const juce::MouseEvent& event)
@@ -142,11 +154,15 @@ void SpectrogramContainer::showContextMenuOnPicture()
 
 void SpectrogramContainer::showContextMenu (const juce::PopupMenu::Options& options)
 {
-    contextMenu::fill (contextMenu,
-                       { isOn (freezeParameter),
-                         processor.getUIView().cleanViewMode.get(),
-                         isOn (keyboardParameter),
-                         isOn (rulerParameter) });
+    contextMenu::State state {
+        isOn (freezeParameter),   processor.getUIView().cleanViewMode.get(),
+        isOn (keyboardParameter), isOn (rulerParameter),
+        isOn (modeParameter),     PointsKept (juce::roundToInt (getCurrentValue (pointsParameter)))
+    };
+    tuning.describe (state);
+    state.isStereo = processor.getTotalNumInputChannels() > 1;
+    state.source = processor.getUIView().getSource();
+    contextMenu::fill (contextMenu, state);
 
     auto* const editor = findParentComponentOfClass<juce::AudioProcessorEditor>();
     const auto itemHeight = editor != nullptr ? getContextMenuItemHeight (editor->getWidth(), editor->getHeight())
@@ -163,6 +179,20 @@ void SpectrogramContainer::showContextMenu (const juce::PopupMenu::Options& opti
 
 void SpectrogramContainer::carryOut (int menuItem)
 {
+    if (const auto points = contextMenu::findPoints (menuItem))
+    {
+        pointsAttachment.setValueAsCompleteGesture (float (*points));
+        pluginCore::flushIntoTransaction (processor.getParameterState());
+    }
+
+    if (const auto source = contextMenu::findSource (menuItem))
+    {
+        processor.getUIView().setSource (*source);
+        processor.nudgeInternalParameter();
+    }
+
+    tuning.carryOut (menuItem);
+
     switch (menuItem)
     {
         case contextMenu::freeze: toggle (freezeAttachment, freezeParameter); break;

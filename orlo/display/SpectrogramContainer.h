@@ -6,6 +6,7 @@
 #include "KeyboardScaleComponent.h"
 #include "PictureWriter.h"
 #include "SpectrogramComponent.h"
+#include "TuningControl.h"
 
 #include "plugin_core/attachments/ParameterAttachment.h"
 #include "plugin_core/display/TooltipDisplayComponent.h"
@@ -53,6 +54,7 @@ public:
     [[nodiscard]] KeyboardScaleComponent& getKeyboard() noexcept { return keyboard; }
     [[nodiscard]] FreqReadoutPopup& getReadout() noexcept { return readout; }
     [[nodiscard]] pluginCore::TooltipDisplayComponent& getHelpLine() noexcept { return tooltipDisplay; }
+    [[nodiscard]] TuningControl& getTuningControl() noexcept { return tuning; }
     [[nodiscard]] const juce::PopupMenu& getContextMenu() const noexcept { return contextMenu; }
 
     //==============================================================================
@@ -82,14 +84,14 @@ private:
     juce::PopupMenu contextMenu;
     const pluginCore::PluginGlobalSettings globalSettings;
 
-    juce::RangedAudioParameter &rulerParameter, &keyboardParameter, &freezeParameter;
+    juce::RangedAudioParameter &rulerParameter, &keyboardParameter, &freezeParameter, &modeParameter, &pointsParameter;
     pluginCore::ParameterAttachment rulerAttachment, keyboardAttachment, minFreqAttachment, maxFreqAttachment,
-        freqScaleAttachment, freezeAttachment;
+        freqScaleAttachment, freezeAttachment, pointsAttachment;
 
     float sampleRate; // hertz
     float minFraction = 0.0f;
     float maxFraction = 1.0f;
-    const int octaveOfMiddleC;
+    TuningControl tuning;
     PictureWriter pictureWriter;
     std::unique_ptr<juce::FileChooser> fileChooser;
 

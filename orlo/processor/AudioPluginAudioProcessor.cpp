@@ -4,8 +4,11 @@
 #include "ParameterAccess.h"
 #include "Product.h"
 #include "orlo/parameters/Params.h"
+#include "orlo/state/TuningSettings.h"
 
 #include "plugin_core/text/NumberText.h"
+
+#include <utility>
 
 namespace mk::orlo
 {
@@ -57,7 +60,8 @@ AudioPluginAudioProcessor::AudioPluginAudioProcessor (EditorFactory editorFactor
       drawModeParam (getParameterState().getRawParameterValue (Params::id::drawMode)),
       freqScaleParam (getParameterState().getRawParameterValue (Params::id::freqScale)),
       minFreqParam (getParameterState().getRawParameterValue (Params::id::minFreq)),
-      maxFreqParam (getParameterState().getRawParameterValue (Params::id::maxFreq))
+      maxFreqParam (getParameterState().getRawParameterValue (Params::id::maxFreq)),
+      pointsKeptParam (getParameterState().getRawParameterValue (Params::id::pointsKept))
 {
     localisedStrings.chooseLanguage();
     getSessionState().getSettings().onReplaced = [this] { uiView.bind(); };
@@ -75,11 +79,26 @@ void AudioPluginAudioProcessor::updatePictureSettings()
     // The floor may be above the ceiling, which inverts the picture. The threshold below which bins count as
     // silence is the lower of the two in both cases.
     fftProcessor.setMagnitudeThreshold (magnitudeForDecibels (juce::jmin (floorDb, ceilingDb)));
+    fftProcessor.setPointsKept (PointsKept (juce::roundToInt (pointsKeptParam->load (std::memory_order_relaxed))));
     imageBuilder.setLevelRange (floorDb, ceilingDb);
     imageBuilder.setScrollMode (juce::roundToInt (drawModeParam->load (std::memory_order_relaxed)) == 1);
     imageBuilder.getFrequencyScale().setScaleType (juce::roundToInt (freqScaleParam->load (std::memory_order_relaxed)));
     imageBuilder.setMinFreqFraction (minFreqParam->load (std::memory_order_relaxed) * 0.01f);
     imageBuilder.setMaxFreqFraction (maxFreqParam->load (std::memory_order_relaxed) * 0.01f);
+    updateSource();
+}
+
+void AudioPluginAudioProcessor::updateSource()
+{
+    const auto source = uiView.getSource();
+
+    if (source == requestedSource.load (std::memory_order_relaxed))
+        return;
+
+    if (source == Source::loudest)
+        fftProcessor.makeRoomForSecondStream();
+
+    requestedSource.store (source, std::memory_order_release);
 }
 
 //==============================================================================
@@ -92,6 +111,7 @@ void AudioPluginAudioProcessor::applyInitialSettings()
 {
     PluginProcessor::applyInitialSettings();
     applyPreferredColourMap();
+    data::TuningSettings (uiView).takeUsersChoice();
     getSessionState().forgetUndoHistory();
 }
 
@@ -117,6 +137,9 @@ std::unique_ptr<pluginCore::ProcessorEditor> AudioPluginAudioProcessor::createEd
 
 void AudioPluginAudioProcessor::setAnalysisSuspended (bool shouldBeSuspended) noexcept
 {
+    if (! shouldBeSuspended)
+        updateSource();
+
     analysisSuspended.store (shouldBeSuspended, std::memory_order_relaxed);
 
     if (! shouldBeSuspended)
@@ -151,7 +174,7 @@ void AudioPluginAudioProcessor::prepareInternal (int maxBlockSize, double rate)
 
     fftProcessor.prepareToPlay (rate);
     soundHistory.prepare (rate, juce::jmax (getTotalNumInputChannels(), getTotalNumOutputChannels()));
-    monoBuffer.setSize (1, juce::jmax (0, maxBlockSize), true, false, true);
+    sourceMixer.prepare (maxBlockSize);
 }
 
 void AudioPluginAudioProcessor::processInternal (juce::AudioBuffer<float>& buffer, juce::MidiBuffer&)
@@ -183,9 +206,8 @@ void AudioPluginAudioProcessor::processInternal (juce::AudioBuffer<float>& buffe
 
     if (! updatePause() && buffer.getNumSamples() > 0)
     {
-        const auto numSamples = buffer.getNumSamples();
-        soundHistory.push (buffer.getArrayOfReadPointers(), buffer.getNumChannels(), numSamples, hostNote);
-        fftProcessor.pushSamples (mixToMono (buffer), numSamples);
+        soundHistory.push (buffer.getArrayOfReadPointers(), buffer.getNumChannels(), buffer.getNumSamples(), hostNote);
+        pushSource (buffer);
     }
 }
 
@@ -222,23 +244,17 @@ bool AudioPluginAudioProcessor::updatePause() noexcept
     return stopped || isOn (*freezeParam);
 }
 
-const float* AudioPluginAudioProcessor::mixToMono (const juce::AudioBuffer<float>& buffer) noexcept
+void AudioPluginAudioProcessor::pushSource (const juce::AudioBuffer<float>& buffer) noexcept
 {
-    const auto numChannels = buffer.getNumChannels();
-    const auto numSamples = buffer.getNumSamples();
+    // Acquires the room for a second stream, see updateSource().
+    const auto wanted = requestedSource.load (std::memory_order_acquire);
+    const auto source = SourceMixer::findSource (wanted, buffer.getNumChannels());
 
-    if (numChannels == 1)
-        return buffer.getReadPointer (0);
+    if (std::exchange (analysedSource, source) != source)
+        fftProcessor.startSignal (source == Source::loudest ? 2 : 1);
 
-    // Allocates only if the host sends a larger block than it announced.
-    monoBuffer.setSize (1, numSamples, false, false, true);
-    monoBuffer.copyFrom (0, 0, buffer, 0, 0, numSamples);
-
-    for (int channel = 1; channel < numChannels; ++channel)
-        monoBuffer.addFrom (0, 0, buffer, channel, 0, numSamples);
-
-    monoBuffer.applyGain (1.0f / float (numChannels));
-    return monoBuffer.getReadPointer (0);
+    const auto streams = sourceMixer.mix (buffer, source);
+    fftProcessor.pushSamples (streams.first, streams.second, buffer.getNumSamples());
 }
 
 } // namespace mk::orlo

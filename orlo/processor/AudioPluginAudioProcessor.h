@@ -2,6 +2,7 @@
 #pragma once
 
 #include "LocalisedStringsManager.h"
+#include "SourceMixer.h"
 
 #include "orlo/analysis/FFTProcessor.h"
 #include "orlo/analysis/FrameClock.h"
@@ -15,7 +16,7 @@
 namespace mk::orlo
 {
 
-/** The product's processor: passes the audio through untouched and feeds a mono mix of it to the analysis. */
+/** The product's processor: passes the audio through untouched and feeds a mix of it to the analysis. */
 class AudioPluginAudioProcessor : public pluginCore::PluginProcessor
 {
 public:
@@ -41,9 +42,9 @@ public:
         samples and frames that still wait, so that the picture never starts with old audio. */
     void setAnalysisSuspended (bool shouldBeSuspended) noexcept;
 
-    /** [message thread] Passes the parameters for levels, range, scale and drawing on to worker and builder. Hosts
+    /** [message thread] Passes the parameters for levels, points, range, scale and drawing on to worker and builder. Hosts
         automate from within the audio callback, where no message may be posted, so the view calls this at every
-        tick instead. */
+        tick instead. Also follows the source that the view's state has. */
     void updatePictureSettings();
 
     /** [message thread] A window keeps the newest sound while it is open, for as long as the user's settings say, 60
@@ -74,7 +75,11 @@ private:
     /** [audio thread] Updates isAutoPaused(). Returns whether the display is frozen. */
     [[nodiscard]] bool updatePause() noexcept;
 
-    [[nodiscard]] const float* mixToMono (const juce::AudioBuffer<float>& buffer) noexcept;
+    /** [audio thread] Passes what is to be analysed of a block on to the worker. */
+    void pushSource (const juce::AudioBuffer<float>& buffer) noexcept;
+
+    /** [message thread] Requests the source that the view has. */
+    void updateSource();
 
     const EditorFactory makeEditor;
     LocalisedStringsManager localisedStrings;
@@ -84,6 +89,8 @@ private:
     SpectrogramImageBuilder imageBuilder { fftProcessor, frameClock };
 
     std::atomic<bool> analysisSuspended { true }; // written by the message thread, read by the audio thread
+
+    std::atomic<Source> requestedSource { Source::mean }; // written by the message thread, read by the audio thread
 
     // Polled by the audio thread once per block.
     std::atomic<float>* const fftSizeParam;
@@ -98,9 +105,11 @@ private:
     std::atomic<float>* const freqScaleParam;
     std::atomic<float>* const minFreqParam;
     std::atomic<float>* const maxFreqParam;
+    std::atomic<float>* const pointsKeptParam;
 
     // Used by the audio thread only.
-    juce::AudioBuffer<float> monoBuffer { 1, 0 };
+    SourceMixer sourceMixer;
+    Source analysedSource = Source::mean;
     bool transportPlaying = false;
     HostNote hostNote; // about the block
 

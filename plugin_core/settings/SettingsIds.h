@@ -39,6 +39,12 @@ inline const juce::Identifier lastExportFile { "lastExportFile" };
 /** Text: "x y width height" in pixels with x and y 0. Absent: empty. */
 inline const juce::Identifier latestCleanViewBounds { "latestCleanViewBounds" };
 
+/** Text: the concert pitch that the user has chosen last, in hertz. Absent: 440. */
+inline const juce::Identifier concertPitch { "concertPitch" };
+
+/** Text: the number of middle C's octave, or "host" for that of the host, as the user has chosen last. Absent: "host". */
+inline const juce::Identifier middleC { "middleC" };
+
 /** Reserved keys of the file: no code may read or write them. */
 inline const juce::Identifier lastWidth { "lastWidth" };
 inline const juce::Identifier lastHeight { "lastHeight" };

@@ -202,6 +202,16 @@ TEST_F (AudioThreadTest, ChangingTheWindowAndTheModeLocksOnlyForTheWakeUp)
     }
 }
 
+TEST_F (AudioThreadTest, ChangingTheSourceLocksOnlyForTheWakeUp)
+{
+    for (int i = 0; i < 24; ++i)
+    {
+        processor.getUIView().setSource (Source (i % 6));
+        processor.updatePictureSettings();
+        expectOnlyTheWakeUp (worstOf (5));
+    }
+}
+
 TEST_F (AudioThreadTest, AFullSampleRingLocksOnlyForTheWakeUp)
 {
     processor.getFftProcessor().stopThread (1000);

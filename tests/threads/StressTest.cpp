@@ -83,6 +83,9 @@ TEST (AllThreads, RunWhileEverythingChanges)
         builder.setFramesPerColumn (1 + i % 5);
         builder.setColourMap (i % 46);
 
+        if (i % 10 == 0)
+            processor.getUIView().setSource (Source (i / 10 % 6));
+
         if (i % 50 == 0)
             builder.setRequestedSize (100 + (i * 13) % 500, 1 + (i * 7) % 300);
 

@@ -340,5 +340,49 @@ TEST (ColumnMapper, SurvivesEveryChangeOfSizeHopAndMode)
     }
 }
 
+TEST (ColumnOfSeveralFrames, ShowsThePointsOfAllOfThem)
+{
+    // The two frames have their energy of bin 50 in different places, so neither hides the other's.
+    auto frame = makeFrame (50, { 0.5f, 0.0f, 0.0f });
+    frame.set (60, { 0.1f, 0.0f, 0.0f });
+    frame.others.push_back (makeFrame (50, { 0.25f, 0.0f, 60.0f }));
+    frame.others[0].set (60, { 0.2f, 0.0f, 0.0f });
+
+    const auto settings = makeSettings (true);
+    FrequencyScale scale;
+    ColumnMapper mapper;
+    Column column;
+    mapper.map (frame, settings, scale, column);
+
+    // Time shift 0 lies in the middle of the window, so the points come out after half of it.
+    const auto silent = makeSilentFrame();
+
+    for (int i = 0; i < 20 && litRows (column).empty(); ++i)
+        mapper.map (silent, settings, scale, column);
+
+    EXPECT_EQ (litRows (column), (std::vector<size_t> { 68, 77, 78 }));
+    EXPECT_NEAR (column[78], settings.levelForDecibels (decibelsForMagnitude (0.5f)), 1.0e-4f);
+    EXPECT_NEAR (column[77], settings.levelForDecibels (decibelsForMagnitude (0.25f)), 1.0e-4f);
+    EXPECT_NEAR (column[68], settings.levelForDecibels (decibelsForMagnitude (0.2f)), 1.0e-4f);
+}
+
+TEST (ColumnOfSeveralFrames, ShowsTheLoudestOfEachBinInClassic)
+{
+    auto frame = makeFrame (50, { 0.5f, 0.0f, 0.0f });
+    frame.set (60, { 0.1f, 0.0f, 0.0f });
+    frame.others.push_back (makeFrame (50, { 0.25f, 0.0f, 0.0f }));
+    frame.others[0].set (60, { 0.2f, 0.0f, 0.0f });
+
+    auto loudest = makeFrame (50, { 0.5f, 0.0f, 0.0f });
+    loudest.set (60, { 0.2f, 0.0f, 0.0f });
+
+    auto settings = makeSettings (false);
+    EXPECT_EQ (mapOnce (frame, settings), mapOnce (loudest, settings));
+
+    // With the floor above the ceiling the louder bin is the darker one.
+    std::swap (settings.floorDb, settings.ceilingDb);
+    EXPECT_EQ (mapOnce (frame, settings), mapOnce (loudest, settings));
+}
+
 } // namespace
 } // namespace mk::orlo::test

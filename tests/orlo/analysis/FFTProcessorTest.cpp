@@ -75,7 +75,7 @@ TEST_F (FFTProcessorTest, AFrameHoldsTheFormatItWasAnalysedWith)
 
 TEST_F (FFTProcessorTest, ReturnsTheSettingsThatWereSet)
 {
-    const AnalysisSettings settings { { 255, 0, int (WindowType::hann) }, 77, true, 0.25f };
+    const AnalysisSettings settings { { 255, 0, int (WindowType::hann) }, 77, true, 0.25f, PointsKept::lines };
     worker.setSettings (settings);
     EXPECT_EQ (worker.getSettings(), settings);
 }

@@ -101,6 +101,35 @@ TEST (SampleFifo, WithTooFewSamplesReadyNothingIsRemoved)
     EXPECT_EQ (popAll (fifo), countUp (0, 5));
 }
 
+TEST (SampleFifo, KeepsASecondStreamBesideTheFirst)
+{
+    SampleFifo fifo (10);
+    fifo.makeRoomForSecond();
+
+    for (int round = 0; round < 20; ++round)
+    {
+        const auto first = countUp (round * 7, 7), second = countUp (1000 + round * 7, 7);
+        fifo.push (first.data(), 7, second.data());
+        std::vector<float> poppedFirst (5), poppedSecond (5);
+        ASSERT_TRUE (fifo.pop (poppedFirst.data(), 5, 2, poppedSecond.data()));
+        EXPECT_EQ (poppedFirst, countUp (round * 7, 5));
+        EXPECT_EQ (poppedSecond, countUp (1000 + round * 7, 5));
+        EXPECT_EQ (fifo.getPoppedPosition(), 7 * round);
+        EXPECT_EQ (fifo.getWritePosition(), 7 * round + 7);
+    }
+}
+
+TEST (SampleFifo, ABlockLargerThanTheRingKeepsTheNewestSamplesOfBothStreams)
+{
+    SampleFifo fifo (10);
+    fifo.makeRoomForSecond();
+    fifo.push (countUp (0, 25).data(), 25, countUp (100, 25).data());
+    std::vector<float> first (9), second (9);
+    ASSERT_TRUE (fifo.pop (first.data(), 9, 0, second.data()));
+    EXPECT_EQ (first, countUp (16, 9));
+    EXPECT_EQ (second, countUp (116, 9));
+}
+
 // Samples count up to here, the last of the whole numbers that a float can hold one by one, and start again.
 constexpr int numValues = 1 << 24;
 

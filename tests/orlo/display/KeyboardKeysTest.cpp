@@ -21,7 +21,7 @@ struct Keyboard
     {
         scale.setRange (minHz, maxHz);
         scale.setScaleType (type);
-        keys = buildKeyboardKeys (scale, width, height, 3);
+        keys = buildKeyboardKeys (scale, width, height, {});
     }
 
     [[nodiscard]] const KeyboardKey* find (int note) const
@@ -66,7 +66,7 @@ TEST (KeyboardKeys, SpanOneSemitoneEach)
     for (const auto& key : keyboard.keys)
     {
         EXPECT_NEAR (key.highFrequency / key.lowFrequency, std::exp2 (1.0f / 12.0f), 1.0e-5f);
-        EXPECT_NEAR (notes::noteForFrequency (double (key.lowFrequency)), double (key.noteNumber) - 0.5, 1.0e-4);
+        EXPECT_NEAR (notes::noteForFrequency (double (key.lowFrequency), 440.0), double (key.noteNumber) - 0.5, 1.0e-4);
         EXPECT_EQ (key.isBlack, notes::isBlackKey (key.noteNumber));
     }
 }
@@ -243,8 +243,23 @@ TEST (KeyboardKeys, AreNamedByTheHostsMiddleC)
     scale.setRange (440.0f, 880.0f);
 
     for (const auto& [octave, name] : { std::pair { 3, "C4" }, { 4, "C5" } })
-        for (const auto& key : buildKeyboardKeys (scale, stripWidth, 500, octave))
+        for (const auto& key : buildKeyboardKeys (scale, stripWidth, 500, { octave }))
             EXPECT_TRUE (! key.hasLabel || key.label == name);
+}
+
+TEST (KeyboardKeys, LieWhereTheConcertPitchPutsThem)
+{
+    FrequencyScale scale;
+    scale.setRange (300.0f, 600.0f);
+
+    for (const auto pitch : { 415.0, 442.5 })
+    {
+        const auto keys = buildKeyboardKeys (scale, stripWidth, 500, { 3, pitch });
+        const auto* const a = findKeyForFrequency (keys, float (pitch));
+        ASSERT_NE (a, nullptr);
+        EXPECT_EQ (a->noteNumber, 69);
+        EXPECT_NEAR (std::sqrt (double (a->lowFrequency) * double (a->highFrequency)), pitch, 0.01);
+    }
 }
 
 TEST (KeyboardKeys, TheLowerKeyIsFoundOnABoundary)

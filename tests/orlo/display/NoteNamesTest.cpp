@@ -59,17 +59,19 @@ TEST (NoteNames, SixHostsCallMiddleCTheFourthOctaveAndAllOthersTheThird)
 
 TEST (NoteNames, NotesAndFrequenciesAreInverse)
 {
-    EXPECT_DOUBLE_EQ (notes::frequencyForNote (69), 440.0);
-    EXPECT_DOUBLE_EQ (notes::frequencyForNote (81), 880.0);
+    EXPECT_DOUBLE_EQ (notes::frequencyForNote (69, 440.0), 440.0);
+    EXPECT_DOUBLE_EQ (notes::frequencyForNote (81, 440.0), 880.0);
+    EXPECT_DOUBLE_EQ (notes::frequencyForNote (57, 443.0), 221.5);
+    EXPECT_DOUBLE_EQ (notes::noteForFrequency (886.0, 443.0), 81.0);
 
     for (int note = 0; note < 128; ++note)
-        EXPECT_NEAR (notes::noteForFrequency (notes::frequencyForNote (note)), double (note), 1.0e-9);
+        EXPECT_NEAR (notes::noteForFrequency (notes::frequencyForNote (note, 440.0), 440.0), double (note), 1.0e-9);
 }
 
 TEST (NoteNames, TheNoteOfZeroHertzIsVeryLowButFinite)
 {
-    EXPECT_NEAR (notes::noteForFrequency (0.0), -275.5, 0.1);
-    EXPECT_EQ (notes::noteForFrequency (-5.0), notes::noteForFrequency (0.0));
+    EXPECT_NEAR (notes::noteForFrequency (0.0, 440.0), -275.5, 0.1);
+    EXPECT_EQ (notes::noteForFrequency (-5.0, 440.0), notes::noteForFrequency (0.0, 440.0));
     EXPECT_EQ (notes::getPitchClass (-1), 11);
 }
 

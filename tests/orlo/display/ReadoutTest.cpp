@@ -12,34 +12,44 @@ namespace mk::orlo::test
 namespace
 {
 
+TEST (ReadoutText, CountsCentsFromTheConcertPitch)
+{
+    EXPECT_EQ (formatReadout (442.0, { 3, 442.0 }), "442.00Hz (A3)");
+    EXPECT_EQ (formatReadout (440.0, { 5, 442.0 }), "440.00Hz (A5  -8cents)");
+    EXPECT_EQ (formatReadout (440.0, { 3, 415.0 }), "440.00Hz (A#3 +1cents)");
+    EXPECT_EQ (formatReadout (440.0, { 3, 466.0 }), "440.00Hz (G#3 +1cents)");
+}
+
 TEST (ReadoutText, HasNoteAndCentsOnlyWhereThereAreAny)
 {
-    EXPECT_EQ (formatReadout (440.0, 3), "440.00Hz (A3)");
-    EXPECT_EQ (formatReadout (440.0, 4), "440.00Hz (A4)");
-    EXPECT_EQ (formatReadout (445.0, 3), "445.00Hz (A3 +20cents)");
-    EXPECT_EQ (formatReadout (442.0, 3), "442.00Hz (A3  +8cents)");
-    EXPECT_EQ (formatReadout (430.0, 3), "430.00Hz (A3 -40cents)");
+    EXPECT_EQ (formatReadout (440.0, {}), "440.00Hz (A3)");
+    EXPECT_EQ (formatReadout (440.0, { 4 }), "440.00Hz (A4)");
+    EXPECT_EQ (formatReadout (445.0, {}), "445.00Hz (A3 +20cents)");
+    EXPECT_EQ (formatReadout (442.0, {}), "442.00Hz (A3  +8cents)");
+    EXPECT_EQ (formatReadout (430.0, {}), "430.00Hz (A3 -40cents)");
 }
 
 TEST (ReadoutText, ALongNameReplacesThePaddingBlanks)
 {
-    EXPECT_EQ (formatReadout (notes::frequencyForNote (61) * std::exp2 (20.0 / 1200.0), 3), "280.40Hz (C#3+20cents)");
-    EXPECT_EQ (formatReadout (25.0, 3), "25.00Hz (G-1+35cents)");
+    EXPECT_EQ (formatReadout (notes::frequencyForNote (61, 440.0) * std::exp2 (20.0 / 1200.0), {}),
+               "280.40Hz (C#3+20cents)");
+    EXPECT_EQ (formatReadout (25.0, {}), "25.00Hz (G-1+35cents)");
 }
 
 TEST (ReadoutText, HasNoNoteAtTheEndsOfTheRange)
 {
-    EXPECT_EQ (formatReadout (20.0, 3), "20.00Hz ");
-    EXPECT_EQ (formatReadout (10000.0, 3), "10000.00Hz ");
-    EXPECT_EQ (formatReadout (0.0, 3), "0.00Hz ");
-    EXPECT_EQ (formatReadout (22050.0, 3), "22050.00Hz ");
-    EXPECT_TRUE (formatReadout (20.01, 3).contains ("("));
-    EXPECT_TRUE (formatReadout (9999.99, 3).contains ("("));
+    EXPECT_EQ (formatReadout (20.0, {}), "20.00Hz ");
+    EXPECT_EQ (formatReadout (10000.0, {}), "10000.00Hz ");
+    EXPECT_EQ (formatReadout (0.0, {}), "0.00Hz ");
+    EXPECT_EQ (formatReadout (22050.0, {}), "22050.00Hz ");
+    EXPECT_TRUE (formatReadout (20.01, {}).contains ("("));
+    EXPECT_TRUE (formatReadout (9999.99, {}).contains ("("));
 }
 
 TEST (ReadoutText, NamesTheNearerNoteAroundTheMiddleOfTwo)
 {
-    const auto at = [] (double semitonesFromA) { return formatReadout (440.0 * std::exp2 (semitonesFromA / 12.0), 3); };
+    const auto at = [] (double semitonesFromA)
+    { return formatReadout (440.0 * std::exp2 (semitonesFromA / 12.0), {}); };
 
     EXPECT_TRUE (at (0.4999).endsWith ("(A3 +50cents)"));
     EXPECT_TRUE (at (0.5001).endsWith ("(A#3-50cents)"));
@@ -53,7 +63,7 @@ TEST (ReadoutText, IsTranslated)
 {
     juce::LocalisedStrings::setCurrentMappings (
         new juce::LocalisedStrings ("language: [test]\ncountries: [xx]\n\"cents\" = \"Cent\"\n", false));
-    EXPECT_EQ (formatReadout (445.0, 3), "445.00Hz (A3 +20Cent)");
+    EXPECT_EQ (formatReadout (445.0, {}), "445.00Hz (A3 +20Cent)");
     juce::LocalisedStrings::setCurrentMappings (nullptr);
 }
 

@@ -156,6 +156,106 @@ TEST_F (SpectrogramContainerTest, TheMenuOpensTheManualOfThisVersion)
     EXPECT_TRUE (processor.getReleaseNotesUrl().endsWith ("/releaseNotes/orlo"));
 }
 
+TEST_F (SpectrogramContainerTest, TheMenuChoosesThePointsInOneStepOfUndo)
+{
+    processor.applyInitialSettings();
+    auto& undo = processor.getUndoManager();
+    GestureRecorder gestures (*processor.getParameterState().getParameter (Params::id::pointsKept));
+    container->carryOut (contextMenu::points + int (PointsKept::clicks));
+    EXPECT_EQ (get (Params::id::pointsKept), 2.0f);
+    EXPECT_EQ (gestures.take(), "[.]");
+    container->carryOut (contextMenu::points + int (PointsKept::lines));
+    ASSERT_TRUE (undo.undo());
+    EXPECT_EQ (get (Params::id::pointsKept), 2.0f);
+    ASSERT_TRUE (undo.undo());
+    EXPECT_EQ (get (Params::id::pointsKept), 0.0f);
+}
+
+TEST_F (SpectrogramContainerTest, ThePointsReachTheWorkerAndPresets)
+{
+    container->carryOut (contextMenu::points + int (PointsKept::linesAndClicks));
+    processor.updatePictureSettings();
+    EXPECT_EQ (processor.getFftProcessor().getPointsKept(), PointsKept::linesAndClicks);
+
+    const TemporaryFolder folder;
+    const auto file = folder.get().getChildFile ("a.mkpreset");
+    auto& presets = processor.getPresetsManager();
+    presets.savePresetFile (file, false);
+    set (Params::id::pointsKept, 0.0f);
+    ASSERT_TRUE (presets.loadPresetFile (file, &processor.getUndoManager()));
+    EXPECT_EQ (get (Params::id::pointsKept), 3.0f);
+    ASSERT_TRUE (processor.getUndoManager().undo());
+    EXPECT_EQ (get (Params::id::pointsKept), 0.0f);
+
+    // A preset of an earlier version, which has no such entry, shows all points.
+    set (Params::id::pointsKept, 1.0f);
+    ASSERT_TRUE (folder.get().getChildFile ("old.mkpreset").replaceWithText ("<Orlo><PARAMS/></Orlo>"));
+    ASSERT_TRUE (presets.loadPresetFile (folder.get().getChildFile ("old.mkpreset"), nullptr));
+    EXPECT_EQ (get (Params::id::pointsKept), 0.0f);
+}
+
+TEST_F (SpectrogramContainerTest, TheMenuTunesTheKeyboardAndMarksTheSessionAsChanged)
+{
+    set (Params::id::keyboard, 1.0f);
+    set (Params::id::internal, 0.0f);
+    const auto findA = [this] { return findKeyForFrequency (container->getKeyboard().getKeys(), 415.0f)->noteNumber; };
+    EXPECT_EQ (findA(), 68);
+
+    container->carryOut (contextMenu::concertPitch);
+    EXPECT_EQ (findA(), 69);
+    EXPECT_NEAR (get (Params::id::internal), 0.01f, 1.0e-6f);
+
+    container->carryOut (contextMenu::middleC + 5);
+    EXPECT_EQ (container->getTuningControl().getTuning(), (notes::Tuning { 5, 415.0 }));
+
+    for (const auto& key : container->getKeyboard().getKeys())
+        EXPECT_TRUE (key.noteNumber != 60 || key.label == "C5");
+
+    EXPECT_NEAR (get (Params::id::internal), 0.02f, 1.0e-6f);
+}
+
+TEST_F (SpectrogramContainerTest, TheTuningFollowsAnotherSession)
+{
+    processor.getUIView().concertPitch = "435";
+    ASSERT_TRUE (pumpUntil ([this] { return container->getTuningControl().getTuning().concertPitch == 435.0; }));
+}
+
+TEST_F (SpectrogramContainerTest, AConcertPitchIsTypedAndRefusedIfItIsNone)
+{
+    auto& entry = container->getTuningControl().getEntry();
+    EXPECT_FALSE (entry.isVisible());
+    container->carryOut (contextMenu::otherConcertPitch);
+    ASSERT_TRUE (entry.isVisible());
+    EXPECT_TRUE (container->getLocalBounds().contains (entry.getBounds()));
+    EXPECT_EQ (entry.getField().getText(), "440");
+
+    entry.getField().setText ("high");
+    ASSERT_TRUE (entry.getField().keyPressed (juce::KeyPress (juce::KeyPress::returnKey)));
+    EXPECT_TRUE (pumpUntil ([&] { return ! entry.getField().getHighlightedRegion().isEmpty(); }));
+    EXPECT_TRUE (entry.isVisible());
+    EXPECT_EQ (container->getTuningControl().getTuning().concertPitch, 440.0);
+
+    entry.getField().setText ("441.5 Hz");
+    ASSERT_TRUE (entry.getField().keyPressed (juce::KeyPress (juce::KeyPress::returnKey)));
+    EXPECT_TRUE (pumpUntil ([&] { return ! entry.isVisible(); }));
+    EXPECT_EQ (container->getTuningControl().getTuning().concertPitch, 441.5);
+
+    container->carryOut (contextMenu::otherConcertPitch);
+    EXPECT_EQ (entry.getField().getText(), "441.5");
+    entry.getField().setText ("415");
+    ASSERT_TRUE (entry.getField().keyPressed (juce::KeyPress (juce::KeyPress::escapeKey)));
+    EXPECT_TRUE (pumpUntil ([&] { return ! entry.isVisible(); }));
+    EXPECT_EQ (container->getTuningControl().getTuning().concertPitch, 441.5);
+}
+
+TEST_F (SpectrogramContainerTest, TheMenuChoosesTheSourceAndMarksTheSessionAsChanged)
+{
+    set (Params::id::internal, 0.0f);
+    container->carryOut (contextMenu::source + int (Source::side));
+    EXPECT_EQ (processor.getUIView().getSource(), Source::side);
+    EXPECT_NEAR (get (Params::id::internal), 0.01f, 1.0e-6f);
+}
+
 TEST_F (SpectrogramContainerTest, OtherResultsOfTheMenuDoNothing)
 {
     const auto state = processor.getStateXml (true)->toString();
