@@ -11,7 +11,6 @@
 #include "orlo/processor/AudioPluginAudioProcessor.h"
 #include "orlo/processor/ParameterAccess.h"
 #include "orlo/processor/Product.h"
-#include "plugin_core/attachments/UndoFlush.h"
 #include "plugin_core/controls/ComponentIgnoringRightButton.h"
 #include "plugin_core/style/StyleProperties.h"
 
@@ -35,7 +34,6 @@ SpectrogramContainer::SpectrogramContainer (AudioPluginAudioProcessor& audioProc
       keyboardParameter (findParameter (audioProcessor, Params::id::keyboard)),
       freezeParameter (findParameter (audioProcessor, Params::id::freeze)),
       modeParameter (findParameter (audioProcessor, Params::id::mode)),
-      pointsParameter (findParameter (audioProcessor, Params::id::pointsKept)),
       rulerAttachment (rulerParameter,
                        [this] (float value)
                        {
@@ -63,10 +61,6 @@ SpectrogramContainer::SpectrogramContainer (AudioPluginAudioProcessor& audioProc
       freqScaleAttachment (findParameter (audioProcessor, Params::id::freqScale),
                            [this] (float value) { scale.setScaleType (juce::roundToInt (value)); }),
       freezeAttachment (freezeParameter, [] (float) {}),
-      pointsAttachment (
-          pointsParameter,
-          [] (float) {},
-          &audioProcessor.getUndoManager()),
       sampleRate (float (audioProcessor.getPreparedRate())),
       tuning (audioProcessor.getUIView())
 {
@@ -157,7 +151,7 @@ void SpectrogramContainer::showContextMenu (const juce::PopupMenu::Options& opti
     contextMenu::State state {
         isOn (freezeParameter),   processor.getUIView().cleanViewMode.get(),
         isOn (keyboardParameter), isOn (rulerParameter),
-        isOn (modeParameter),     PointsKept (juce::roundToInt (getCurrentValue (pointsParameter)))
+        isOn (modeParameter),     processor.getPointsKept()
     };
     tuning.describe (state);
     state.isStereo = processor.getTotalNumInputChannels() > 1;
@@ -180,10 +174,7 @@ void SpectrogramContainer::showContextMenu (const juce::PopupMenu::Options& opti
 void SpectrogramContainer::carryOut (int menuItem)
 {
     if (const auto points = contextMenu::findPoints (menuItem))
-    {
-        pointsAttachment.setValueAsCompleteGesture (float (*points));
-        pluginCore::flushIntoTransaction (processor.getParameterState());
-    }
+        processor.setPointsKept (*points);
 
     if (const auto source = contextMenu::findSource (menuItem))
     {

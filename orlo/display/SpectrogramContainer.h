@@ -84,9 +84,9 @@ private:
     juce::PopupMenu contextMenu;
     const pluginCore::PluginGlobalSettings globalSettings;
 
-    juce::RangedAudioParameter &rulerParameter, &keyboardParameter, &freezeParameter, &modeParameter, &pointsParameter;
+    juce::RangedAudioParameter &rulerParameter, &keyboardParameter, &freezeParameter, &modeParameter;
     pluginCore::ParameterAttachment rulerAttachment, keyboardAttachment, minFreqAttachment, maxFreqAttachment,
-        freqScaleAttachment, freezeAttachment, pointsAttachment;
+        freqScaleAttachment, freezeAttachment;
 
     float sampleRate; // hertz
     float minFraction = 0.0f;

@@ -116,7 +116,6 @@ std::vector<std::unique_ptr<juce::RangedAudioParameter>> createParameters()
     all.push_back (makeBool (id::autoFreeze, 3, "Auto Freeze"));
     all.push_back (pluginCore::createInternalParam (3));
     all.push_back (makeChoice (id::colourMap, 1, "Colour Map", getColourMapChoices(), 0));
-    all.push_back (makeChoice (id::pointsKept, 4, "Points", { "All", "Lines", "Clicks", "Lines and Clicks" }, 0));
     return all;
 }
 

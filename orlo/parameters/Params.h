@@ -29,10 +29,9 @@ inline constexpr auto keyboard = "keyboard";
 inline constexpr auto autoFreeze = "autoFreeze";
 inline constexpr auto internal = "internal";
 inline constexpr auto colourMap = "colourMap";
-inline constexpr auto pointsKept = "pointsKept";
 } // namespace id
 
-/** All of them, in the order that hosts see. For code that needs their ranges, choices and texts without a
+/** All sixteen, in the order that hosts see. For code that needs their ranges, choices and texts without a
     processor. */
 [[nodiscard]] std::vector<std::unique_ptr<juce::RangedAudioParameter>> createParameters();
 

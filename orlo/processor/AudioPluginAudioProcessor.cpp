@@ -60,11 +60,11 @@ AudioPluginAudioProcessor::AudioPluginAudioProcessor (EditorFactory editorFactor
       drawModeParam (getParameterState().getRawParameterValue (Params::id::drawMode)),
       freqScaleParam (getParameterState().getRawParameterValue (Params::id::freqScale)),
       minFreqParam (getParameterState().getRawParameterValue (Params::id::minFreq)),
-      maxFreqParam (getParameterState().getRawParameterValue (Params::id::maxFreq)),
-      pointsKeptParam (getParameterState().getRawParameterValue (Params::id::pointsKept))
+      maxFreqParam (getParameterState().getRawParameterValue (Params::id::maxFreq))
 {
     localisedStrings.chooseLanguage();
     getSessionState().getSettings().onReplaced = [this] { uiView.bind(); };
+    getSessionState().setPresetProperties ({ data::PointsChoice::property });
     updatePictureSettings();
     fftProcessor.startThread (juce::Thread::Priority::highest);
 }
@@ -79,7 +79,7 @@ void AudioPluginAudioProcessor::updatePictureSettings()
     // The floor may be above the ceiling, which inverts the picture. The threshold below which bins count as
     // silence is the lower of the two in both cases.
     fftProcessor.setMagnitudeThreshold (magnitudeForDecibels (juce::jmin (floorDb, ceilingDb)));
-    fftProcessor.setPointsKept (PointsKept (juce::roundToInt (pointsKeptParam->load (std::memory_order_relaxed))));
+    fftProcessor.setPointsKept (pointsChoice.get());
     imageBuilder.setLevelRange (floorDb, ceilingDb);
     imageBuilder.setScrollMode (juce::roundToInt (drawModeParam->load (std::memory_order_relaxed)) == 1);
     imageBuilder.getFrequencyScale().setScaleType (juce::roundToInt (freqScaleParam->load (std::memory_order_relaxed)));
@@ -144,6 +144,18 @@ void AudioPluginAudioProcessor::setAnalysisSuspended (bool shouldBeSuspended) no
 
     if (! shouldBeSuspended)
         fftProcessor.discardPending();
+}
+
+void AudioPluginAudioProcessor::setPointsKept (PointsKept chosen)
+{
+    if (chosen == pointsChoice.get())
+        return;
+
+    flushParameterChanges(); // they belong to the step of undo before
+    pointsChoice.set (chosen, getUndoManager());
+    setDirty();
+    nudgeInternalParameter();
+    flushParameterChanges();
 }
 
 void AudioPluginAudioProcessor::setSoundKept (bool shouldBeKept)

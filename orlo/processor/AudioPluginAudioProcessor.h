@@ -8,6 +8,7 @@
 #include "orlo/analysis/FrameClock.h"
 #include "orlo/analysis/SoundHistory.h"
 #include "orlo/analysis/SpectrogramImageBuilder.h"
+#include "orlo/state/PointsChoice.h"
 #include "orlo/state/UIView.h"
 #include "plugin_core/processor/PluginProcessor.h"
 
@@ -67,6 +68,12 @@ public:
     [[nodiscard]] const SoundHistory& getSoundHistory() const noexcept { return soundHistory; }
     [[nodiscard]] data::UIView& getUIView() noexcept { return uiView; }
 
+    /** [message thread] */
+    [[nodiscard]] PointsKept getPointsKept() const noexcept { return pointsChoice.get(); }
+
+    /** [message thread] One step of undo. Presets and the host learn that the state has changed. */
+    void setPointsKept (PointsKept chosen);
+
 private:
     void applyPreferredColourMap();
     void updateWindowLength() noexcept;
@@ -105,7 +112,6 @@ private:
     std::atomic<float>* const freqScaleParam;
     std::atomic<float>* const minFreqParam;
     std::atomic<float>* const maxFreqParam;
-    std::atomic<float>* const pointsKeptParam;
 
     // Used by the audio thread only.
     SourceMixer sourceMixer;
@@ -114,6 +120,7 @@ private:
     HostNote hostNote; // about the block
 
     data::UIView uiView { getSessionState().getSettings().getTree() };
+    data::PointsChoice pointsChoice { getSessionState().getData().getTree() };
 
     std::atomic<bool> autoPaused { false };
 

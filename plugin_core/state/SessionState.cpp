@@ -29,10 +29,14 @@ void addIfAboveZero (juce::XmlElement& xml, const char* name, int value)
     return parseInteger (xml.getStringAttribute (name)).value_or (-1);
 }
 
-void replaceFromChild (StateTree& tree, const juce::XmlElement& parent)
+bool replaceFromChild (StateTree& tree, const juce::XmlElement& parent)
 {
-    if (const auto* const child = parent.getChildByName (tree.getTree().getType()))
+    const auto* const child = parent.getChildByName (tree.getTree().getType());
+
+    if (child != nullptr)
         tree.replaceContent (*child);
+
+    return child != nullptr;
 }
 } // namespace
 
@@ -78,7 +82,8 @@ void SessionState::readFrom (const juce::XmlElement& xml, bool forSession)
         followOnMessageThread();
     }
 
-    replaceFromChild (data, xml);
+    if (! replaceFromChild (data, xml))
+        data.removeProperties (presetProperties);
 
     if (forSession)
         replaceFromChild (settings, xml);

@@ -51,6 +51,10 @@ public:
     /** The product's own data, stored in sessions and presets. */
     [[nodiscard]] StateTree& getData() noexcept { return data; }
 
+    /** [message thread, before any state is read] The properties of the data that presets hold. A preset or session
+        without data sets them back. */
+    void setPresetProperties (juce::StringArray names) { presetProperties = std::move (names); }
+
     /** The settings that outlive the editor; stored in sessions but not in presets. */
     [[nodiscard]] StateTree& getSettings() noexcept { return settings; }
 
@@ -65,6 +69,7 @@ private:
     juce::UndoManager& undoManager;
     ParameterStore parameters;
     StateTree data { "Data" }, settings { "Settings" };
+    juce::StringArray presetProperties; // constant after the start
 
     std::atomic<bool> undoHistoryIsOld { false }; // set by any thread, cleared by the message thread
 

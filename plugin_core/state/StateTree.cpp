@@ -51,6 +51,18 @@ void StateTree::replaceContent (const juce::XmlElement& xml)
         triggerAsyncUpdate();
 }
 
+void StateTree::removeProperties (const juce::StringArray& names)
+{
+    const auto xml = createXml();
+    const auto numBefore = xml->getNumAttributes();
+
+    for (const auto& name : names)
+        xml->removeAttribute (name);
+
+    if (xml->getNumAttributes() < numBefore)
+        replaceContent (*xml);
+}
+
 void StateTree::handleAsyncUpdate()
 {
     juce::ValueTree replacement;

@@ -32,6 +32,9 @@ public:
         updated later, and changes made to the tree until then are lost. */
     void replaceContent (const juce::XmlElement& xml);
 
+    /** Any thread. Replaces the content by one without these properties, if it has any of them. */
+    void removeProperties (const juce::StringArray& names);
+
     /** [message thread] Called after the tree has been updated to a replacement. */
     std::function<void()> onReplaced;
 

@@ -160,15 +160,18 @@ TEST_F (SpectrogramContainerTest, TheMenuChoosesThePointsInOneStepOfUndo)
 {
     processor.applyInitialSettings();
     auto& undo = processor.getUndoManager();
-    GestureRecorder gestures (*processor.getParameterState().getParameter (Params::id::pointsKept));
     container->carryOut (contextMenu::points + int (PointsKept::clicks));
-    EXPECT_EQ (get (Params::id::pointsKept), 2.0f);
-    EXPECT_EQ (gestures.take(), "[.]");
+    EXPECT_EQ (processor.getPointsKept(), PointsKept::clicks);
+    EXPECT_TRUE (processor.getPresetsManager().isDirty());
+    EXPECT_GT (get (Params::id::internal), 0.0f) << "the host does not learn that the session has changed";
     container->carryOut (contextMenu::points + int (PointsKept::lines));
     ASSERT_TRUE (undo.undo());
-    EXPECT_EQ (get (Params::id::pointsKept), 2.0f);
+    EXPECT_EQ (processor.getPointsKept(), PointsKept::clicks);
     ASSERT_TRUE (undo.undo());
-    EXPECT_EQ (get (Params::id::pointsKept), 0.0f);
+    EXPECT_EQ (processor.getPointsKept(), PointsKept::all);
+    EXPECT_FALSE (undo.canUndo());
+    ASSERT_TRUE (undo.redo());
+    EXPECT_EQ (processor.getPointsKept(), PointsKept::clicks);
 }
 
 TEST_F (SpectrogramContainerTest, ThePointsReachTheWorkerAndPresets)
@@ -181,17 +184,17 @@ TEST_F (SpectrogramContainerTest, ThePointsReachTheWorkerAndPresets)
     const auto file = folder.get().getChildFile ("a.mkpreset");
     auto& presets = processor.getPresetsManager();
     presets.savePresetFile (file, false);
-    set (Params::id::pointsKept, 0.0f);
+    processor.setPointsKept (PointsKept::all);
     ASSERT_TRUE (presets.loadPresetFile (file, &processor.getUndoManager()));
-    EXPECT_EQ (get (Params::id::pointsKept), 3.0f);
+    EXPECT_EQ (processor.getPointsKept(), PointsKept::linesAndClicks);
     ASSERT_TRUE (processor.getUndoManager().undo());
-    EXPECT_EQ (get (Params::id::pointsKept), 0.0f);
+    EXPECT_EQ (processor.getPointsKept(), PointsKept::all);
 
     // A preset of an earlier version, which has no such entry, shows all points.
-    set (Params::id::pointsKept, 1.0f);
+    processor.setPointsKept (PointsKept::lines);
     ASSERT_TRUE (folder.get().getChildFile ("old.mkpreset").replaceWithText ("<Orlo><PARAMS/></Orlo>"));
     ASSERT_TRUE (presets.loadPresetFile (folder.get().getChildFile ("old.mkpreset"), nullptr));
-    EXPECT_EQ (get (Params::id::pointsKept), 0.0f);
+    EXPECT_EQ (processor.getPointsKept(), PointsKept::all);
 }
 
 TEST_F (SpectrogramContainerTest, TheMenuTunesTheKeyboardAndMarksTheSessionAsChanged)

@@ -37,7 +37,6 @@ constexpr Expected contract[] {
     { "autoFreeze", "Auto Freeze", 3, 0.0f, 0 },
     { "internal", "internal", 3, 0.0f, 0 },
     { "colourMap", "Colour Map", 1, 0.0f, 128 },
-    { "pointsKept", "Points", 4, 0.0f, 4 },
 };
 
 class ParamsTest : public testing::Test
@@ -90,7 +89,6 @@ TEST_F (ParamsTest, ChoicesAreInOrderWithReservedPlacesBehind)
     EXPECT_EQ (choicesOf ("fftSize").joinIntoString (","), "256,512,1024,2048,4096,8192,,,,");
     EXPECT_EQ (choicesOf ("hiDPI").joinIntoString (","), "Normal,2x");
     EXPECT_EQ (choicesOf ("drawMode").joinIntoString (","), "Static,Scroll");
-    EXPECT_EQ (choicesOf ("pointsKept").joinIntoString (","), "All,Lines,Clicks,Lines and Clicks");
     EXPECT_EQ (choicesOf ("freqScale").joinIntoString (","), "Linear,Log,Mel,Bark,ERB,");
 
     const auto maps = choicesOf ("colourMap");

@@ -27,7 +27,7 @@ protected:
     const pluginCore::PluginGlobalSettings settings;
 };
 
-TEST_F (ProductSessionTest, HoldsAllParametersAndTheView)
+TEST_F (ProductSessionTest, HoldsAllSixteenParametersAndTheView)
 {
     AudioPluginAudioProcessor processor;
     processor.applyInitialSettings();
@@ -37,7 +37,7 @@ TEST_F (ProductSessionTest, HoldsAllParametersAndTheView)
     EXPECT_EQ (xml->getStringAttribute ("version"), "1.2.1");
     EXPECT_EQ (xml->getNumChildElements(), 2);
     EXPECT_EQ (xml->getChildElement (0)->getTagName(), "PARAMS");
-    EXPECT_EQ (xml->getChildElement (0)->getNumChildElements(), 17);
+    EXPECT_EQ (xml->getChildElement (0)->getNumChildElements(), 16);
     EXPECT_EQ (xml->getChildElement (1)->getTagName(), "Settings");
     EXPECT_NE (xml->getChildElement (1)->getChildByName ("UIVIEW"), nullptr);
 }

@@ -75,7 +75,7 @@ TEST (ParameterValues, KnowEveryParameterOfThePlugInAndNothingElse)
 
     EXPECT_FALSE (values.contains ("height"));
     EXPECT_FALSE (values.contains (""));
-    EXPECT_EQ (values.describe().size(), 17);
+    EXPECT_EQ (values.describe().size(), 16);
 }
 
 TEST (ParameterValues, AcceptChoicesByTheirTexts)
