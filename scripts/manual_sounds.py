@@ -133,7 +133,8 @@ def drum():
             for part in parts:
                 sound.add_tone(start, 1.3,
                                lambda t, hertz=110.0 * ratio * part: hertz * (1.0 + 0.06 * math.exp(-t / 0.03)),
-                               lambda t, ratio=ratio, level=level / len(parts): 0.3 * level * math.exp(-3.2 * ratio * t),
+                               lambda t, ratio=ratio, loudest=0.3 * level / len(parts):
+                                   loudest * math.exp(-3.2 * ratio * t),
                                0.002, 0.2)
         sound.add_noise(start, 0.05, lambda t: 0.25 * math.exp(-t / 0.01), 3)
 
@@ -209,7 +210,8 @@ def takes():
             begin = start + (late if number == 2 else 0.0)
             pitch = hertz * 2.0 ** (-(flat if number == 3 else 0.0) / 1200.0)
             for n in range(1, 8):
-                sound.add_tone(begin, 0.45, pitch * n, lambda t, n=n: 0.2 / n ** 1.2 * math.exp(-0.8 * n * t), 0.01, 0.08)
+                sound.add_tone(begin, 0.45, pitch * n, lambda t, n=n: 0.2 / n ** 1.2 * math.exp(-0.8 * n * t), 0.01,
+                               0.08)
         files.append(sound)
 
     return files
