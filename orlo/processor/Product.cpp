@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "Product.h"
 
+#include "ManualPage.h"
+
 namespace mk::orlo
 {
 
@@ -10,8 +12,10 @@ juce::String getVendorSite() { return ORLO_VENDOR_SITE; }
 
 juce::URL getManualUrl (const pluginCore::PluginProcessor& processor)
 {
-    return juce::URL (processor.getReleaseNotesUrl())
-        .getChildURL ("manual.html?s=orlo&v=" + processor.getProductInfo().version.removeCharacters (" \t\r\n"));
+    const auto version = processor.getProductInfo().version.removeCharacters (" \t\r\n");
+    return manual::choosePage (
+        manual::getFolders(),
+        juce::URL (processor.getReleaseNotesUrl()).getChildURL ("manual.html?s=orlo&v=" + version));
 }
 
 } // namespace mk::orlo

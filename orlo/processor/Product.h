@@ -12,7 +12,8 @@ namespace mk::orlo
 /** The vendor's site; the addresses of the product's pages begin with it. */
 [[nodiscard]] juce::String getVendorSite();
 
-/** The page of the manual for this version. */
+/** The manual: the page that is installed on this computer, or else the site's page for this version. Looks at the disk;
+    any thread but the audio thread. */
 [[nodiscard]] juce::URL getManualUrl (const pluginCore::PluginProcessor& processor);
 
 } // namespace mk::orlo

@@ -16,6 +16,9 @@ constexpr auto homeVariable = "HOME";
 // Where Linux looks for the files that an installation has put there for all users.
 constexpr auto dataVariable = "XDG_DATA_DIRS";
 
+// Where Linux looks for the files that an installation has put there for one user, if not in the home folder.
+constexpr auto ownDataVariable = "XDG_DATA_HOME";
+
 // Where Linux looks for the user's configuration, if not in the home folder.
 constexpr auto configurationVariable = "XDG_CONFIG_HOME";
 
@@ -33,10 +36,12 @@ void setVariable ([[maybe_unused]] const char* name, [[maybe_unused]] const juce
 TemporaryHome::TemporaryHome()
     : formerHome (juce::SystemStats::getEnvironmentVariable (homeVariable, {})),
       formerData (juce::SystemStats::getEnvironmentVariable (dataVariable, {})),
+      formerOwnData (juce::SystemStats::getEnvironmentVariable (ownDataVariable, {})),
       formerConfiguration (juce::SystemStats::getEnvironmentVariable (configurationVariable, {}))
 {
     setVariable (homeVariable, folder.get().getFullPathName());
     setVariable (dataVariable, systemData.get().getFullPathName());
+    setVariable (ownDataVariable, {});
     setVariable (configurationVariable, {});
 
     // A data folder counts as the installation's only if it holds the product's files.
@@ -47,6 +52,7 @@ TemporaryHome::~TemporaryHome()
 {
     setVariable (homeVariable, formerHome);
     setVariable (dataVariable, formerData);
+    setVariable (ownDataVariable, formerOwnData);
     setVariable (configurationVariable, formerConfiguration);
 }
 

@@ -22,7 +22,7 @@ public:
 
 private:
     const TemporaryFolder folder, systemData;
-    const juce::String formerHome, formerData, formerConfiguration;
+    const juce::String formerHome, formerData, formerOwnData, formerConfiguration;
 
     JUCE_DECLARE_NON_COPYABLE (TemporaryHome)
 };

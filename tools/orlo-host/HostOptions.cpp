@@ -119,6 +119,8 @@ HostOptions parseHostOptions (const juce::StringArray& arguments)
             options.screenshot = toFile (reader.nextValueOf (argument));
         else if (argument == "--state-in")
             options.stateIn = toFile (reader.nextValueOf (argument));
+        else if (argument == "--preset")
+            options.preset = toFile (reader.nextValueOf (argument));
         else if (argument == "--state-out")
             options.stateOut = toFile (reader.nextValueOf (argument));
         else if (argument.startsWith ("-"))
@@ -146,6 +148,7 @@ repeats until the window is closed or the time given by --seconds is over. Witho
 still runs through the plug-in in real time, but is not heard.
 
   --plugin PATH          the VST3 bundle to load (default: the one of this build)
+  --preset FILE          loads a preset file of the plug-in, before --set is applied
   --set ID=VALUE         sets a parameter by its id and text, --set colourMap=viridis; may be repeated
   --size WIDTHxHEIGHT    the editor's size in pixels
   --seconds N            quits after N seconds

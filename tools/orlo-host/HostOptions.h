@@ -24,7 +24,7 @@ struct HostOptions
     std::optional<juce::File> plugin; /**< Without it the bundle of this build is loaded. */
     std::vector<ParameterSetting> settings;
     std::optional<double> seconds; /**< How long to play; without it until the window is closed. */
-    std::optional<juce::File> screenshot, stateIn, stateOut;
+    std::optional<juce::File> screenshot, stateIn, stateOut, preset;
     std::optional<juce::Rectangle<int>> editorSize;
     bool showWindow = true;
     bool useSoundCard = true;

@@ -19,6 +19,9 @@ HostSession::HostSession (HostOptions optionsToUse) : options (std::move (option
     if (options.stateIn)
         loadState (*plugin, *options.stateIn);
 
+    if (options.preset)
+        loadPreset (*plugin, *options.preset);
+
     for (const auto& setting : options.settings)
         setParameter (*plugin, setting);
 

@@ -5,6 +5,12 @@
 
 namespace mk::orlo::host
 {
+namespace
+{
+// JUCE's VST3 hosting wraps a plug-in's state into these XML elements.
+constexpr auto containerTag = "VST3PluginState";
+constexpr auto componentTag = "IComponent";
+} // namespace
 
 void saveState (juce::AudioPluginInstance& plugin, const juce::File& file)
 {
@@ -20,12 +26,27 @@ void loadState (juce::AudioPluginInstance& plugin, const juce::File& file)
     if (! file.existsAsFile() || ! file.loadFileAsData (state))
         throw HostError ("cannot read " + file.getFullPathName());
 
-    // JUCE's VST3 hosting wraps a plug-in's state into this XML element.
     const auto container = juce::AudioProcessor::getXmlFromBinary (state.getData(), int (state.getSize()));
 
-    if (container == nullptr || ! container->hasTagName ("VST3PluginState"))
+    if (container == nullptr || ! container->hasTagName (containerTag))
         throw HostError (file.getFullPathName() + " holds no state of a plug-in");
 
+    plugin.setStateInformation (state.getData(), int (state.getSize()));
+}
+
+void loadPreset (juce::AudioPluginInstance& plugin, const juce::File& file)
+{
+    const auto preset = file.existsAsFile() ? juce::parseXML (file) : nullptr;
+
+    if (preset == nullptr || preset->getChildByName ("PARAMS") == nullptr)
+        throw HostError (file.getFullPathName() + " is no preset");
+
+    juce::MemoryBlock component, state;
+    juce::AudioProcessor::copyXmlToBinary (*preset, component);
+
+    juce::XmlElement container (containerTag);
+    container.createNewChildElement (componentTag)->addTextElement (component.toBase64Encoding());
+    juce::AudioProcessor::copyXmlToBinary (container, state);
     plugin.setStateInformation (state.getData(), int (state.getSize()));
 }
 

@@ -14,6 +14,11 @@ void saveState (juce::AudioPluginInstance& plugin, const juce::File& file);
     something else, throws HostError and leaves the plug-in unchanged. */
 void loadState (juce::AudioPluginInstance& plugin, const juce::File& file);
 
+/** [message thread] Loads a preset file of the plug-in into it, as a session that consists of the preset's values. If
+    the file cannot be read or is no preset, throws HostError and leaves the plug-in unchanged. The plug-in ignores
+    presets of other products. */
+void loadPreset (juce::AudioPluginInstance& plugin, const juce::File& file);
+
 /** Replaces a file's content. If that fails, throws HostError and leaves the file unchanged. */
 void writeWholeFile (const juce::File& file, const void* data, size_t size);
 

@@ -78,6 +78,17 @@ TEST_F (HostErrors, NameAStateThatCannotBeRead)
     expectError ({ "--state-in", scratch.getPath ("bad") }, scratch.getPath ("bad") + " holds no state of a plug-in");
 }
 
+TEST_F (HostErrors, NameAPresetThatIsNone)
+{
+    expectError ({ "--preset", scratch.getPath ("none") }, scratch.getPath ("none") + " is no preset");
+
+    for (const auto* const text : { "not a preset", "<Orlo/>" })
+    {
+        ASSERT_TRUE (scratch.getFile ("bad").replaceWithText (text));
+        expectError ({ "--preset", scratch.getPath ("bad") }, scratch.getPath ("bad") + " is no preset");
+    }
+}
+
 TEST_F (HostErrors, NameAStateThatCannotBeWritten)
 {
     const auto path = scratch.getPath ("no/folder/state");

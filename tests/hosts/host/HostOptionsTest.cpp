@@ -40,6 +40,7 @@ TEST (HostOptions, AreAWindowWithTheDemoSignalByDefault)
     EXPECT_FALSE (options.screenshot);
     EXPECT_FALSE (options.stateIn);
     EXPECT_FALSE (options.stateOut);
+    EXPECT_FALSE (options.preset);
     EXPECT_FALSE (options.editorSize);
     EXPECT_TRUE (options.showWindow);
     EXPECT_TRUE (options.useSoundCard);
@@ -64,6 +65,8 @@ TEST (HostOptions, HoldEverythingThatWasGiven)
                                              "in",
                                              "--state-out",
                                              "/out",
+                                             "--preset",
+                                             "mine.mkpreset",
                                              "--no-sound",
                                              "song.flac" });
 
@@ -74,6 +77,7 @@ TEST (HostOptions, HoldEverythingThatWasGiven)
     EXPECT_EQ (options.screenshot, inWorkingDirectory ("shot.png"));
     EXPECT_EQ (options.stateIn, inWorkingDirectory ("in"));
     EXPECT_EQ (options.stateOut, juce::File ("/out"));
+    EXPECT_EQ (options.preset, inWorkingDirectory ("mine.mkpreset"));
     EXPECT_EQ (options.audio, inWorkingDirectory ("song.flac"));
     EXPECT_FALSE (options.useSoundCard);
     EXPECT_TRUE (options.showWindow);
@@ -93,7 +97,7 @@ TEST (HostOptions, CanBeAskedForHelpWhateverElseIsThere)
 TEST (HostOptions, WithoutTheirValueAreAnError)
 {
     for (const auto* const option :
-         { "--plugin", "--set", "--seconds", "--size", "--screenshot", "--state-in", "--state-out" })
+         { "--plugin", "--set", "--seconds", "--size", "--screenshot", "--state-in", "--state-out", "--preset" })
         EXPECT_EQ (errorFor ({ option }), juce::String (option) + " needs a value");
 }
 

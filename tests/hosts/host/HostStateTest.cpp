@@ -4,6 +4,7 @@
 #include "tests/hosts/support/HostProcess.h"
 #include "tests/hosts/support/ScratchFolder.h"
 #include "tests/hosts/support/VirtualDisplay.h"
+#include "tests/support/SourceTree.h"
 #include "tests/support/TemporaryHome.h"
 
 #include <gtest/gtest.h>
@@ -104,6 +105,21 @@ TEST_F (HostState, IsOverruledByTheSettingsGiven)
 
     EXPECT_NEAR (getSaved ("second", Params::id::floor), -75.0f, 1.0e-4f);
     EXPECT_NEAR (getSaved ("second", Params::id::speed), 25.0f, 1.0e-4f);
+}
+
+TEST_F (HostState, CanComeFromAPresetThatTheSettingsGivenOverrule)
+{
+    const auto preset = getSourceFolder().getChildFile ("resources/presets/Mixing.mkpreset").getFullPathName();
+    save ("preset", { "--preset", preset });
+    EXPECT_EQ (getSaved ("preset", Params::id::fftSize), 4.0f);
+    EXPECT_EQ (getSaved ("preset", Params::id::drawMode), 1.0f);
+    EXPECT_EQ (getSaved ("preset", Params::id::colourMap), 5.0f);
+    EXPECT_NEAR (getSaved ("preset", Params::id::floor), -96.0f, 1.0e-4f);
+    EXPECT_NEAR (getSaved ("preset", Params::id::maxFreq), 91.0f, 1.0e-3f);
+
+    save ("changed", { "--set", "floor=-75", "--preset", preset });
+    EXPECT_NEAR (getSaved ("changed", Params::id::floor), -75.0f, 1.0e-4f);
+    EXPECT_NEAR (getSaved ("changed", Params::id::maxFreq), 91.0f, 1.0e-3f);
 }
 
 TEST_F (HostState, OfAFreshInstanceComesFromTheUsersDefaults)
