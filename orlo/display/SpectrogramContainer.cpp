@@ -148,11 +148,9 @@ void SpectrogramContainer::showContextMenuOnPicture()
 
 void SpectrogramContainer::showContextMenu (const juce::PopupMenu::Options& options)
 {
-    contextMenu::State state {
-        isOn (freezeParameter),   processor.getUIView().cleanViewMode.get(),
-        isOn (keyboardParameter), isOn (rulerParameter),
-        isOn (modeParameter),     processor.getPointsKept()
-    };
+    contextMenu::State state { isOn (freezeParameter),   processor.getUIView().cleanViewMode.get(),
+                               isOn (keyboardParameter), isOn (rulerParameter),
+                               isOn (modeParameter),     processor.getPointsKept() };
     tuning.describe (state);
     state.isStereo = processor.getTotalNumInputChannels() > 1;
     state.source = processor.getUIView().getSource();

@@ -49,26 +49,10 @@ TEST (HostOptions, AreAWindowWithTheDemoSignalByDefault)
 
 TEST (HostOptions, HoldEverythingThatWasGiven)
 {
-    const auto options = parseHostOptions ({ "--plugin",
-                                             "Other.vst3",
-                                             "--set",
-                                             "floor=-90",
-                                             "--set",
-                                             " a b = c = d ",
-                                             "--size",
-                                             "640x360",
-                                             "--seconds",
-                                             "2.5",
-                                             "--screenshot",
-                                             "shot.png",
-                                             "--state-in",
-                                             "in",
-                                             "--state-out",
-                                             "/out",
-                                             "--preset",
-                                             "mine.mkpreset",
-                                             "--no-sound",
-                                             "song.flac" });
+    const auto options = parseHostOptions (
+        { "--plugin",    "Other.vst3", "--set",    "floor=-90",     "--set",      " a b = c = d ", "--size",
+          "640x360",     "--seconds",  "2.5",      "--screenshot",  "shot.png",   "--state-in",    "in",
+          "--state-out", "/out",       "--preset", "mine.mkpreset", "--no-sound", "song.flac" });
 
     EXPECT_EQ (options.plugin, inWorkingDirectory ("Other.vst3"));
     EXPECT_EQ (options.settings, (std::vector<ParameterSetting> { { "floor", "-90" }, { "a b", "c = d" } }));
