@@ -6,10 +6,10 @@
 namespace mk::pluginCore
 {
 
-/** The folder for all users' application data, one file per platform. On Linux the first of the
-    system's data folders (XDG_DATA_DIRS) that contains the product's own folder, else the data folder
-    that this build is installed into. productPath is the path of the product's folder below it; its parts
-    are separated by "/". */
+/** The folder of installed application data, one file per platform. On Linux the first that contains the product's own
+    folder: the user's data folder (XDG_DATA_HOME), which an installation for one user fills, then the system's
+    (XDG_DATA_DIRS); else the data folder that this build is installed into. productPath is the path of the product's
+    folder below it; its parts are separated by "/". */
 [[nodiscard]] juce::File getSystemPresetBase (const juce::String& productPath);
 
 /** The folder for the user's own application data. */

@@ -6,7 +6,7 @@
 namespace mk::orlo::host
 {
 
-/** The bundle that was built together with this program. Its path is relative to the program's own. */
+/** The bundle that was built or installed together with this program. Its path is relative to the program's own. */
 [[nodiscard]] juce::File getBuiltPlugin();
 
 } // namespace mk::orlo::host

@@ -3,6 +3,8 @@
 
 #include "HostError.h"
 
+#include <array>
+
 namespace mk::orlo::host
 {
 
@@ -28,6 +30,20 @@ std::unique_ptr<juce::AudioPluginInstance> loadPlugin (const juce::File& bundle,
 
     plugin->enableAllBuses();
     return plugin;
+}
+
+juce::File findPlugin (const juce::File& programFolder, const juce::String& pathInBuild)
+{
+    // Installed with a prefix, as /usr is one, and for one user, into the home folder's .local/bin.
+    constexpr std::array installed { "../lib/vst3/Orlo.vst3", "../../.vst3/Orlo.vst3" };
+    const auto built = programFolder.getChildFile (pathInBuild);
+
+    if (! built.exists())
+        for (const auto* path : installed)
+            if (const auto plugin = programFolder.getChildFile (path); plugin.exists())
+                return plugin;
+
+    return built;
 }
 
 } // namespace mk::orlo::host

@@ -13,4 +13,8 @@ namespace mk::orlo::host
 [[nodiscard]] std::unique_ptr<juce::AudioPluginInstance>
     loadPlugin (const juce::File& bundle, double sampleRate, int blockSize);
 
+/** The bundle for a program in a folder: at a path relative to it if it is there, else where installations put it; the
+    former if it is nowhere. */
+[[nodiscard]] juce::File findPlugin (const juce::File& programFolder, const juce::String& pathInBuild);
+
 } // namespace mk::orlo::host

@@ -6,6 +6,7 @@
 #include "tests/support/FailingDisk.h"
 #include "tests/support/TemporaryHome.h"
 
+#include <cstdlib>
 #include <gtest/gtest.h>
 
 namespace mk::pluginCore
@@ -65,6 +66,23 @@ TEST (PresetFolders, OnLinuxADataFolderWithoutTheProductIsSkipped)
     const orlo::test::TemporaryHome home;
     ASSERT_TRUE (home.getSystemDataFolder().getChildFile ("Morlek").deleteRecursively());
     EXPECT_NE (getSystemPresetBase ("Morlek/Orlo"), home.getSystemDataFolder());
+}
+
+TEST (PresetFolders, OnLinuxAnInstallationForOneUserIsFoundBeforeTheSystems)
+{
+    const orlo::test::TemporaryHome home;
+    const auto ownData = home.getFolder().getChildFile (".local/share");
+    ASSERT_TRUE (ownData.getChildFile ("Morlek/Orlo/presets").createDirectory());
+    EXPECT_EQ (getSystemPresetBase ("Morlek/Orlo"), ownData);
+}
+
+TEST (PresetFolders, OnLinuxTheUsersDataFolderMayBeElsewhere)
+{
+    const orlo::test::TemporaryHome home;
+    const orlo::test::TemporaryFolder elsewhere;
+    ASSERT_TRUE (elsewhere.get().getChildFile ("Morlek/Orlo/presets").createDirectory());
+    setenv ("XDG_DATA_HOME", elsewhere.get().getFullPathName().toRawUTF8(), 1);
+    EXPECT_EQ (getSystemPresetBase ("Morlek/Orlo"), elsewhere.get());
 }
 #endif
 

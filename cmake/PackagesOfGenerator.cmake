@@ -1,0 +1,11 @@
+# Read by cpack once for each kind of package.
+if (CPACK_GENERATOR STREQUAL "TGZ")
+    set (CPACK_COMPONENTS_ALL plugin application presets manual tools archive)
+    set (CPACK_COMPONENTS_GROUPING ALL_COMPONENTS_IN_ONE)
+    set (CPACK_COMPONENT_INCLUDE_TOPLEVEL_DIRECTORY ON)
+    set (CPACK_PACKAGING_INSTALL_PREFIX "/")
+    set (CPACK_PACKAGE_FILE_NAME "${CPACK_ARCHIVE_FILE_NAME}")
+elseif (CPACK_GENERATOR MATCHES "^(DEB|RPM)$")
+    set (CPACK_COMPONENTS_ALL plugin application presets manual tools)
+    set (CPACK_PACKAGING_INSTALL_PREFIX "/usr")
+endif()
