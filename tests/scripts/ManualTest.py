@@ -101,6 +101,14 @@ class Manual(unittest.TestCase):
         for choice in choices + sizes:
             self.assertRegex(self.pages["controls"], rf"\b{choice}\b")
 
+    def test_every_option_in_the_examples_is_one_of_orlo_render(self):
+        examples = "".join(re.findall(r"^```\n(.*?)^```", self.pages["orlo-render"], re.MULTILINE | re.DOTALL))
+        calls = re.findall(r"orlo-render ((?:[^\n]|\\\n)+)", examples.replace("\\\n", ""))
+        used = {option for call in calls for option in re.findall(r"--(\w+)", call)}
+        known = set(re.findall(r'"--(\w+)', read("tools", "orlo-render", "CommandLine.cpp"))) | set(read_parameters())
+        self.assertGreater(len(used), 10)
+        self.assertEqual(used - known, set())
+
     def test_links_lead_somewhere(self):
         for name, page in self.pages.items():
             for target, anchor in re.findall(r"(?<!!)\[[^\]]+\]\(([\w.-]+)\.md(?:#([\w-]+))?\)", page):
