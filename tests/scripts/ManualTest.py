@@ -39,8 +39,8 @@ def read_parameters():
 
 
 def read_texts(*path):
-    """The texts that a source file shows in the user's language."""
-    return re.findall(r'juce::translate \("([^"]+)"\)', read(*path))
+    """The texts that a source file shows in the user's language, but for the headings of menus."""
+    return re.findall(r'(?<!SectionHeader \()juce::translate \("([^"]+)"\)', read(*path))
 
 
 def get_anchor(heading):
@@ -94,10 +94,20 @@ class Manual(unittest.TestCase):
         source = read("orlo", "parameters", "Params.cpp")
         choices = [word for call in re.findall(r"\(makeChoice \(.*?;", source, re.DOTALL)
                    for group in re.findall(r"\{ ([^}]+) \}", call) for word in re.findall(r'"([^"]+)"', group)]
+        for path, name in (("orlo/analysis/Source.h", "sourceNames"), ("orlo/display/ContextMenu.cpp", "pointsTexts")):
+            choices += re.findall(r'"([^"]+)"', re.search(rf"{name} \{{ ([^}}]+) \}}", read(path)).group(1))
         sizes = re.search(r"windowSizes \{ ([^}]+) \}", source).group(1).split(", ")
-        self.assertGreaterEqual(len(choices) + len(sizes), 17)
+        self.assertGreaterEqual(len(choices) + len(sizes), 27)
         for choice in choices + sizes:
             self.assertRegex(self.pages["controls"], rf"\b{choice}\b")
+
+    def test_every_option_in_the_examples_is_one_of_orlo_render(self):
+        examples = "".join(re.findall(r"^```\n(.*?)^```", self.pages["orlo-render"], re.MULTILINE | re.DOTALL))
+        calls = re.findall(r"orlo-render ((?:[^\n]|\\\n)+)", examples.replace("\\\n", ""))
+        used = {option for call in calls for option in re.findall(r"--(\w+)", call)}
+        known = set(re.findall(r'"--(\w+)', read("tools", "orlo-render", "CommandLine.cpp"))) | set(read_parameters())
+        self.assertGreater(len(used), 10)
+        self.assertEqual(used - known, set())
 
     def test_links_lead_somewhere(self):
         for name, page in self.pages.items():

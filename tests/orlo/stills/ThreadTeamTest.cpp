@@ -4,11 +4,13 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <chrono>
 #include <latch>
 #include <stdexcept>
 
 namespace mk::orlo::test
 {
+using namespace std::chrono_literals;
 
 TEST (ThreadTeam, RunsAllThreadsAtTheSameTimeEachWithItsIndex)
 {
