@@ -2,6 +2,7 @@
 #pragma once
 
 #include "orlo/analysis/HopPlan.h"
+#include "orlo/analysis/PointsKept.h"
 
 namespace mk::orlo
 {
@@ -16,6 +17,7 @@ struct RenderSettings
     float maxFreqFraction = 1.0f;
     int scaleType = 0; /**< A FrequencyScale::Type. */
     int height = 1024; /**< Pixels. */
+    PointsKept pointsKept = PointsKept::all;
 };
 
 } // namespace mk::orlo

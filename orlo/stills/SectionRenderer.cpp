@@ -16,6 +16,7 @@ namespace
     analysis.hop = plan.analysis.samplesPerFrame;
     analysis.enhanced = settings.hop.enhanced;
     analysis.magnitudeThreshold = magnitudeForDecibels (juce::jmin (settings.floorDb, settings.ceilingDb));
+    analysis.pointsKept = settings.pointsKept;
     return analysis;
 }
 } // namespace

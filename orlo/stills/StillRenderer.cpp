@@ -23,6 +23,7 @@ StillRenderer::StillRenderer (const StillPlan& stillPlan, const StillRequest& re
     analysis.window.windowLength = plan.windowLength;
     analysis.enhanced = hop.enhanced;
     analysis.magnitudeThreshold = 0.0f;
+    analysis.pointsKept = request.pointsKept;
     analyser.configure (analysis.window);
 }
 

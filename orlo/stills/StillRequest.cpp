@@ -23,7 +23,8 @@ bool showsTheSame (const StillRequest& left, const StillRequest& right) noexcept
            && hops.windowSize == otherHops.windowSize && isSameNumber (hops.sampleRate, otherHops.sampleRate)
            && isSameNumber (hops.speed, otherHops.speed) && hops.doubleResolution == otherHops.doubleResolution
            && hops.enhanced == otherHops.enhanced && isSameNumber (left.minFreqFraction, right.minFreqFraction)
-           && isSameNumber (left.maxFreqFraction, right.maxFreqFraction) && left.scaleType == right.scaleType;
+           && isSameNumber (left.maxFreqFraction, right.maxFreqFraction) && left.scaleType == right.scaleType
+           && left.pointsKept == right.pointsKept;
 }
 
 } // namespace mk::orlo

@@ -3,6 +3,7 @@
 
 #include "SampleSource.h"
 #include "orlo/analysis/HopPlan.h"
+#include "orlo/analysis/PointsKept.h"
 
 #include <memory>
 
@@ -30,6 +31,7 @@ struct StillRequest
     float minFreqFraction = 0.0f; /**< The shown range, as shares 0 .. 1 of half the sample rate. */
     float maxFreqFraction = 1.0f;
     int scaleType = 0; /**< A FrequencyScale::Type. */
+    PointsKept pointsKept = PointsKept::all;
 
     [[nodiscard]] double getSamplesPerPixel() const noexcept { return length / double (width); }
 };

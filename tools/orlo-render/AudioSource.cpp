@@ -31,7 +31,8 @@ constexpr int blockSize = 8192;
 }
 } // namespace
 
-AudioSource::AudioSource (const juce::File& file) : name (file.getFileName())
+AudioSource::AudioSource (const juce::File& file, SourceChoice sourceChoice)
+    : name (file.getFileName()), choice (sourceChoice)
 {
     if (file.isDirectory())
         fail ("is a folder");
@@ -58,6 +59,7 @@ AudioSource::AudioSource (const juce::File& file) : name (file.getFileName())
         fail ("is not audio that can be read (WAV, AIFF, FLAC or Ogg Vorbis)");
 
     checkFormat();
+    checkChannels();
     checkEnd();
     stream->forget(); // only reads of audio count, not those of headers or of the end
 }
@@ -83,6 +85,16 @@ void AudioSource::checkFormat() const
 
     if (reader->lengthInSamples < 1)
         fail ("holds no audio");
+}
+
+void AudioSource::checkChannels() const
+{
+    const auto numWanted = choice.channel >= 0 ? choice.channel + 1 : choice.source == Source::mean ? 1 : 2;
+
+    if (getNumChannels() < numWanted)
+        throw RenderError ("--source needs " + juce::String (numWanted) + " channels; '" + name + "' has "
+                               + juce::String (getNumChannels()),
+                           RenderError::usage);
 }
 
 void AudioSource::checkEnd()
@@ -159,6 +171,31 @@ void AudioSource::readMono (juce::int64 position, float* destination, int count)
 }
 
 void AudioSource::mixChannels (float* destination, int count) const
+{
+    using Vector = juce::FloatVectorOperations;
+    const auto channel = [this] (int index) { return channels.getReadPointer (index); };
+
+    if (choice.channel >= 0)
+    {
+        Vector::copy (destination, channel (choice.channel), count);
+        return;
+    }
+
+    switch (choice.source)
+    {
+        case Source::left: Vector::copy (destination, channel (0), count); break;
+        case Source::right: Vector::copy (destination, channel (1), count); break;
+        case Source::mid: Vector::add (destination, channel (0), channel (1), count); break;
+        case Source::side: Vector::subtract (destination, channel (0), channel (1), count); break;
+        case Source::mean:
+        case Source::loudest: mixMean (destination, count); break;
+    }
+
+    if (choice.source == Source::mid || choice.source == Source::side)
+        Vector::multiply (destination, 0.5f, count);
+}
+
+void AudioSource::mixMean (float* destination, int count) const
 {
     using Vector = juce::FloatVectorOperations;
     const auto numChannels = channels.getNumChannels();

@@ -66,6 +66,10 @@ private:
 
         if (options.parameters.contains (id))
             options.parameters.set (id, valueOf (option, argument));
+        else if (option == "--points-kept")
+            options.pointsKept = parsePoints (valueOf (option, argument));
+        else if (option == "--source")
+            options.source = parseSource (valueOf (option, argument));
         else if (option == "--height")
             options.height = wholeNumberOf (option, argument, largestSide);
         else if (option == "--width")
@@ -80,6 +84,16 @@ private:
             options.levels = fileOf (valueOf (option, argument));
         else
             throw usageError ("unknown option '" + option + "' (see --help)");
+    }
+
+    [[nodiscard]] static PointsKept parsePoints (const juce::String& text)
+    {
+        const juce::StringArray names { "all", "lines", "clicks", "both" }; // in the order of PointsKept
+
+        if (const auto index = names.indexOf (text, true); index >= 0)
+            return PointsKept (index);
+
+        throw usageError ("--points-kept: '" + text + "' is not one of " + names.joinIntoString (", "));
     }
 
     [[nodiscard]] juce::String valueOf (const juce::String& option, const juce::String& argument)
@@ -181,6 +195,8 @@ Picture:
       with hops as short as that needs
   --start SECONDS: where in the file the picture starts (default 0)
   --duration SECONDS: how much of the file it shows (default: up to the end)
+  --source mean, left, right, mid, side, loudest, or the number of a channel: what of the file is shown (default mean)
+  --points-kept all, lines, clicks, both: which points Enhanced draws (default all)
   --levels FILE.npy: also write the columns' levels, 0 to 1, as a float32 NumPy array of rows by columns
   --threads N: how many threads work on the picture (default: one for each processor)
   --help, --version
@@ -193,7 +209,7 @@ hiDPI 2x halves the time that a column stands for, as on a display with double r
 those of --height. freeze, drawMode, ruler, keyboard, autoFreeze and internal are accepted and change
 nothing in a still picture.
 
-All channels are mixed to their mean. The left edge of the picture is the start, its right edge the end: the
+The left edge of the picture is the start, its right edge the end: the
 delay that a live picture has is removed, and after the end of the file the analysis gets silence until the
 last point is drawn. At the edges of a section it gets the audio around the section.
 )";

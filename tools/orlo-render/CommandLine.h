@@ -2,6 +2,8 @@
 #pragma once
 
 #include "ParameterValues.h"
+#include "SourceChoice.h"
+#include "orlo/analysis/PointsKept.h"
 
 #include <optional>
 
@@ -20,6 +22,8 @@ struct RenderOptions
     juce::File input, picture;
     juce::File levels; /**< Where the levels go; no file if none are asked for. */
     ParameterValues parameters;
+    SourceChoice source; /**< Which channels are shown. */
+    PointsKept pointsKept = PointsKept::all;
     int height = 1024;                     /**< Pixels. */
     int width = 0;                         /**< Pixels; 0: one for each column. */
     double startSeconds = 0.0;             /**< Where in the file the picture starts. */

@@ -8,8 +8,10 @@
 #include "orlo/stills/NpyWriter.h"
 #include "orlo/stills/PngWriter.h"
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
+#include <vector>
 
 namespace mk::orlo::render
 {
@@ -39,6 +41,7 @@ constexpr std::int64_t mostPixels = std::int64_t (1) << 27;
     settings.maxFreqFraction = parameters.getFrequencyFraction (Params::id::maxFreq, sampleRate);
     settings.scaleType = getIndex (parameters, Params::id::freqScale);
     settings.height = options.height;
+    settings.pointsKept = options.pointsKept;
     return settings;
 }
 
@@ -122,6 +125,7 @@ void checkArea (int width, int height)
     request.minFreqFraction = settings.minFreqFraction;
     request.maxFreqFraction = settings.maxFreqFraction;
     request.scaleType = settings.scaleType;
+    request.pointsKept = settings.pointsKept;
 
     const auto still = makeStill (request, numThreads, progress);
 
@@ -130,13 +134,75 @@ void checkArea (int width, int height)
 
     return still->getLevels (settings.floorDb, settings.ceilingDb);
 }
+/** Keeps the louder level of each pixel. The louder a pixel of Classic is, the lower its level if the floor is above the
+    ceiling; of Enhanced's points the one of the higher level shows, as in a single picture. */
+void keepLouder (LevelGrid& levels, const LevelGrid& others, bool isInverted)
+{
+    std::vector<float> column (size_t (levels.getHeight()));
+
+    for (int x = 0; x < levels.getWidth(); ++x)
+    {
+        const auto kept = levels.getColumn (x), other = others.getColumn (x);
+
+        for (size_t y = 0; y < column.size(); ++y)
+            column[y] = isInverted ? std::min (kept[y], other[y]) : std::max (kept[y], other[y]);
+
+        levels.setColumn (x, column);
+    }
+}
+
+/** The signals of the file that are shown: one for each channel if the loudest of them is. */
+[[nodiscard]] std::vector<std::shared_ptr<AudioSource>> openSources (const RenderOptions& options)
+{
+    if (options.source.source != Source::loudest)
+        return { std::make_shared<AudioSource> (options.input, options.source) };
+
+    std::vector<std::shared_ptr<AudioSource>> sources;
+    auto numChannels = 1;
+
+    for (int channel = 0; channel < numChannels; ++channel)
+    {
+        sources.push_back (std::make_shared<AudioSource> (options.input, SourceChoice { Source::mean, channel }));
+        numChannels = sources.front()->getNumChannels();
+    }
+
+    return sources;
+}
+
+[[nodiscard]] LevelGrid renderSources (const RenderOptions& options,
+                                       const std::vector<std::shared_ptr<AudioSource>>& sources,
+                                       const PlanRequest& request,
+                                       const RenderSettings& settings,
+                                       const Progress& progress)
+{
+    const auto numThreads = options.numThreads > 0 ? options.numThreads : juce::SystemStats::getNumCpus();
+    const auto isInverted = ! settings.hop.enhanced && settings.floorDb > settings.ceilingDb;
+    std::optional<LevelGrid> loudest;
+
+    for (size_t i = 0; i < sources.size(); ++i)
+    {
+        const auto progressOfAll = [&] (double share)
+        { return progress ((double (i) + share) / double (sources.size())); };
+
+        auto levels = options.exact ? renderExactly (sources[i], request, settings, numThreads, progressOfAll)
+                                    : renderColumns (*sources[i], request, settings, numThreads, progressOfAll);
+
+        if (loudest)
+            keepLouder (*loudest, levels, isInverted);
+        else
+            loudest = std::move (levels);
+    }
+
+    return std::move (*loudest);
+}
 } // namespace
 
 void run (const RenderOptions& options, const Progress& progress)
 {
-    const auto source = std::make_shared<AudioSource> (options.input);
-    const auto settings = makeSettings (options, source->getSampleRate());
-    const auto request = makeRequest (options, *source, settings.hop);
+    const auto sources = openSources (options);
+    const auto& source = *sources.front();
+    const auto settings = makeSettings (options, source.getSampleRate());
+    const auto request = makeRequest (options, source, settings.hop);
     const auto numThreads = options.numThreads > 0 ? options.numThreads : juce::SystemStats::getNumCpus();
 
     OutputFile picture (options.picture);
@@ -145,8 +211,7 @@ void run (const RenderOptions& options, const Progress& progress)
     if (options.levels != juce::File())
         levelsFile.emplace (options.levels);
 
-    const auto levels = options.exact ? renderExactly (source, request, settings, numThreads, progress)
-                                      : renderColumns (*source, request, settings, numThreads, progress);
+    const auto levels = renderSources (options, sources, request, settings, progress);
 
     if (levelsFile)
         writeNpy (levels, levelsFile->getStream());

@@ -7,6 +7,7 @@
 
 #include <gmock/gmock.h>
 
+#include <array>
 #include <numeric>
 
 namespace mk::orlo::test
@@ -91,6 +92,73 @@ INSTANTIATE_TEST_SUITE_P (All,
                                                              Format { "flac", 24, 1.0e-6f },
                                                              Format { "ogg", 16, 1.0e-1f }),
                                             testing::Values (1, 2, 6)));
+
+/** Channels that no source of which is that of another. */
+[[nodiscard]] Channels makeThreeChannels()
+{
+    Channels channels;
+
+    for (const auto hz : { 200.0, 330.0, 470.0 })
+        channels.push_back (makeSine (hz, 0.4f, 3000, rate));
+
+    return channels;
+}
+
+struct Mix
+{
+    SourceChoice choice;
+    std::array<float, 3> gains;
+};
+
+class AudioSourceMixes : public testing::TestWithParam<Mix>
+{
+};
+
+TEST_P (AudioSourceMixes, AreThoseOfTheirChannels)
+{
+    const auto& [choice, gains] = GetParam();
+    const FileFolder folder;
+    const auto channels = makeThreeChannels();
+    writeAudioFile (folder.getFile ("a.wav"), channels, rate, 32);
+    Samples expected (3000);
+
+    for (size_t channel = 0; channel < 3; ++channel)
+        for (size_t n = 0; n < expected.size(); ++n)
+            expected[n] += gains[channel] * channels[channel][n];
+
+    AudioSource source (folder.getFile ("a.wav"), choice);
+    EXPECT_EQ (source.getNumChannels(), 3);
+    EXPECT_LE (largestDifference (readAll (source), expected), 1.0e-6f);
+}
+
+INSTANTIATE_TEST_SUITE_P (All,
+                          AudioSourceMixes,
+                          testing::Values (Mix { { Source::mean, -1 }, { 1.0f / 3, 1.0f / 3, 1.0f / 3 } },
+                                           Mix { { Source::left, -1 }, { 1.0f, 0.0f, 0.0f } },
+                                           Mix { { Source::right, -1 }, { 0.0f, 1.0f, 0.0f } },
+                                           Mix { { Source::mid, -1 }, { 0.5f, 0.5f, 0.0f } },
+                                           Mix { { Source::side, -1 }, { 0.5f, -0.5f, 0.0f } },
+                                           Mix { { Source::mean, 2 }, { 0.0f, 0.0f, 1.0f } }));
+
+TEST (AudioSource, RefusesAChannelThatTheFileDoesNotHave)
+{
+    const FileFolder folder;
+    writeAudioFile (folder.getFile ("a.wav"), { makeSine (200.0, 0.4f, 3000, rate) }, rate, 16);
+
+    for (const auto choice : { SourceChoice { Source::side, -1 }, SourceChoice { Source::mean, 1 } })
+    {
+        try
+        {
+            const AudioSource source (folder.getFile ("a.wav"), choice);
+            ADD_FAILURE() << "was opened";
+        }
+        catch (const RenderError& error)
+        {
+            EXPECT_THAT (error.what(), HasSubstr ("--source needs 2 channels; 'a.wav' has 1"));
+            EXPECT_EQ (error.getExitCode(), RenderError::usage);
+        }
+    }
+}
 
 [[nodiscard]] std::string complaintAbout (const juce::File& file)
 {

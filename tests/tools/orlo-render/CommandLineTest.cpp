@@ -47,6 +47,38 @@ TEST (CommandLine, NeedsOnlyTwoFiles)
     EXPECT_EQ (command.options.numThreads, 0);
 }
 
+TEST (CommandLine, TakesTheSource)
+{
+    const auto sourceOf = [] (const char* text) {
+        return parseCommandLine ({ "in.wav", "out.png", "--source", text }).options.source;
+    };
+
+    EXPECT_EQ (parseCommandLine ({ "in.wav", "out.png" }).options.source, (SourceChoice { Source::mean, -1 }));
+    EXPECT_EQ (sourceOf ("mean"), (SourceChoice { Source::mean, -1 }));
+    EXPECT_EQ (sourceOf ("Side"), (SourceChoice { Source::side, -1 }));
+    EXPECT_EQ (sourceOf ("loudest"), (SourceChoice { Source::loudest, -1 }));
+    EXPECT_EQ (sourceOf ("6"), (SourceChoice { Source::mean, 5 }));
+
+    for (const auto* const text : { "0", "-1", "centre", "" })
+        EXPECT_THAT (complaintAbout ({ "in.wav", "out.png", juce::String ("--source=") + text }),
+                     HasSubstr ("is neither a channel's number nor one of Mean, Left, Right, Mid, Side, Loudest"));
+}
+
+TEST (CommandLine, TakesThePoints)
+{
+    const auto pointsOf = [] (const char* text) {
+        return parseCommandLine ({ "in.wav", "out.png", "--points-kept", text }).options.pointsKept;
+    };
+
+    EXPECT_EQ (parseCommandLine ({ "in.wav", "out.png" }).options.pointsKept, PointsKept::all);
+    EXPECT_EQ (pointsOf ("all"), PointsKept::all);
+    EXPECT_EQ (pointsOf ("lines"), PointsKept::lines);
+    EXPECT_EQ (pointsOf ("Clicks"), PointsKept::clicks);
+    EXPECT_EQ (pointsOf ("both"), PointsKept::linesAndClicks);
+    EXPECT_THAT (complaintAbout ({ "in.wav", "out.png", "--points-kept", "some" }),
+                 HasSubstr ("--points-kept: 'some' is not one of all, lines, clicks, both"));
+}
+
 TEST (CommandLine, TakesTheNumberOfThreads)
 {
     EXPECT_EQ (parseCommandLine ({ "in.wav", "out.png", "--threads", "3" }).options.numThreads, 3);
