@@ -9,6 +9,7 @@
 
 namespace mk::orlo::test
 {
+using namespace std::chrono_literals;
 
 TEST (ThreadTeam, RunsAllThreadsAtTheSameTimeEachWithItsIndex)
 {
