@@ -48,6 +48,7 @@ public:
 
 private:
     [[nodiscard]] size_t selectPoints (const Frame& frame) noexcept;
+    void raisePixels (size_t count, const Columns& columns, const OwnColumns& own, MagnitudeGrid& grid) noexcept;
 
     // One entry for every bin at first, and then for every point that is plotted. Each step has its own loop over all
     // points, as most of these are vectorised.

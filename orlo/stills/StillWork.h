@@ -39,9 +39,11 @@ public:
     };
 
     /** Any thread. Prepares the work. Throws std::bad_alloc.
-        @param scale  of the request's rows, see makeStillScale() */
+        @param scale   of the request's rows, see makeStillScale()
+        @param memory  where that of the picture comes from */
     StillWork (const StillRequest& request,
                std::shared_ptr<const FrequencyScale> scale,
+               std::shared_ptr<StillMemory> memory,
                Coarse coarse,
                OnPicture onPicture,
                OnFailure onFailure);
@@ -92,8 +94,6 @@ private:
     void readSamples (const FrameOrder& order, Slice& slice);
     void makeFrames (Slice& slice);
     void makePixels (const Slice& slice);
-    [[nodiscard]] int getFirstColumnShownAt (int x) const noexcept;
-    void fillColumn (int first, float* decibels) const;
     [[nodiscard]] Outcome completeSlice (Slice& slice);
     void openPhase (size_t index);
     void fail (std::exception_ptr error) noexcept;
@@ -103,6 +103,7 @@ private:
     const OnPicture onPicture;
     const OnFailure onFailure;
     const std::shared_ptr<const FrequencyScale> scale;
+    const std::shared_ptr<StillMemory> memory;
     MagnitudeGrid grid;
     std::vector<Phase> phases;
     std::int64_t numFrames = 0;            // of all phases

@@ -21,7 +21,8 @@ namespace
     request.width = 1301;
     request.height = 3;
     request.length = 1.0;
-    StillPicture picture (request, false);
+    const auto memory = std::make_shared<StillMemory>();
+    StillPicture picture (request, false, *memory);
 
     for (int y = 0; y < 3; ++y)
         for (int x = 0; x < request.width; ++x)
