@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "PointPlotter.h"
 
-#include <algorithm>
 #include <bit>
 #include <cmath>
 
@@ -106,9 +105,8 @@ void PointPlotter::raisePixels (size_t count,
                                 MagnitudeGrid& grid) noexcept
 {
     const auto centre = int (columns.ofCentre);
-    const auto [least, most] = std::minmax_element (column.begin(), column.begin() + std::ptrdiff_t (count));
 
-    if (count == 0 || (own.contains (centre + *least) && own.contains (centre + *most)))
+    if (own.contains (columns.ofCentre - columns.reach) && own.contains (columns.ofCentre + columns.reach))
     {
         for (size_t i = 0; i < count; ++i)
             grid.raiseOwn (centre + column[i], row[i], magnitude[i]);

@@ -26,7 +26,8 @@ constexpr std::int64_t workWorthACoarsePicture = 32'000'000;
 
 [[nodiscard]] std::int64_t getWorkOfFrame (const StillPlan& plan, const StillRequest& request) noexcept
 {
-    return std::int64_t (plan.windowLength) * (request.hop.enhanced ? 3 : 1);
+    const auto numTransforms = ! request.hop.enhanced ? 1 : request.pointsKept == PointsKept::all ? 3 : 4;
+    return std::int64_t (plan.windowLength) * numTransforms * (request.otherSource != nullptr ? 2 : 1);
 }
 } // namespace
 
@@ -134,6 +135,7 @@ bool StillWork::takeSlice (Slice& slice)
     {
         slice.renderer = std::move (renderers.back().renderer);
         slice.samples = std::move (renderers.back().samples);
+        slice.others = std::move (renderers.back().others);
         renderers.pop_back();
     }
 
@@ -148,17 +150,25 @@ void StillWork::readSamples (const FrameOrder& order, Slice& slice)
     const auto start = plan.getCentre (first.column, first.part) - plan.getHalf();
     const auto end = plan.getCentre (last.column, last.part) + plan.getHalf();
 
-    slice.firstSample = start;
-    slice.samples.resize (size_t (end - start));
-
     // Each sample is read only once in a phase.
     const auto tailEnd = tailStart + std::int64_t (tail.size());
     const auto numKnown = start >= tailStart ? std::clamp<std::int64_t> (tailEnd - start, 0, end - start) : 0;
-    std::copy_n (tail.end() - numKnown, numKnown, slice.samples.begin());
-    request.source->read (start + numKnown, std::span (slice.samples).subspan (size_t (numKnown)));
-
     const auto tailLength = std::min<std::int64_t> (2 * plan.getHalf(), end - start);
-    tail.assign (slice.samples.end() - tailLength, slice.samples.end());
+
+    const auto read = [&] (SampleSource& source, std::vector<float>& samples, std::vector<float>& lastTail)
+    {
+        samples.resize (size_t (end - start));
+        std::copy_n (lastTail.end() - numKnown, numKnown, samples.begin());
+        source.read (start + numKnown, std::span (samples).subspan (size_t (numKnown)));
+        lastTail.assign (samples.end() - tailLength, samples.end());
+    };
+
+    read (*request.source, slice.samples, tail);
+
+    if (request.otherSource != nullptr)
+        read (*request.otherSource, slice.others, otherTail);
+
+    slice.firstSample = start;
     tailStart = end - tailLength;
 }
 
@@ -170,7 +180,8 @@ void StillWork::makeFrames (Slice& slice)
         slice.renderer = std::make_unique<StillRenderer> (plan, request, *scale);
 
     auto& renderer = *slice.renderer;
-    renderer.startRun ({ slice.firstSample, slice.samples }, order.getOwnColumns (slice.first, slice.end));
+    renderer.startRun ({ slice.firstSample, slice.samples, slice.others },
+                       order.getOwnColumns (slice.first, slice.end));
 
     for (auto i = slice.first; i < slice.end && ! isFinished(); ++i)
     {
@@ -199,7 +210,7 @@ StillJob::Outcome StillWork::completeSlice (Slice& slice)
         const std::lock_guard lock (mutex);
 
         if (slice.renderer != nullptr)
-            renderers.push_back ({ std::move (slice.renderer), std::move (slice.samples) });
+            renderers.push_back ({ std::move (slice.renderer), std::move (slice.samples), std::move (slice.others) });
 
         numItemsDone += slice.end - slice.first;
 
@@ -231,6 +242,7 @@ void StillWork::openPhase (size_t index)
     nextItem = 0;
     numItemsDone = 0;
     tail.clear();
+    otherTail.clear();
     open.store (true, std::memory_order_relaxed);
 }
 

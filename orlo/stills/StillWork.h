@@ -76,7 +76,7 @@ private:
     struct Engine
     {
         std::unique_ptr<StillRenderer> renderer;
-        std::vector<float> samples;
+        std::vector<float> samples, others;
     };
 
     /** Items of the open phase that one thread does. */
@@ -84,7 +84,7 @@ private:
     {
         std::int64_t first = 0, end = 0;
         std::unique_ptr<StillRenderer> renderer;
-        std::vector<float> samples;
+        std::vector<float> samples, others; // of the first and of the second signal
         std::int64_t firstSample = 0;
     };
 
@@ -113,7 +113,7 @@ private:
     std::mutex mutex;                            // guards the members below, and the source
     std::int64_t nextItem = 0, numItemsDone = 0; // of the phase
     std::vector<Engine> renderers;               // those that no thread uses
-    std::vector<float> tail;                     // the end of the samples that were read last
+    std::vector<float> tail, otherTail;          // the end of the samples that were read last
     std::int64_t tailStart = 0;
 
     std::atomic<bool> open { true }; // whether the phase has slices left

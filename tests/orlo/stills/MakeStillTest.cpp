@@ -11,6 +11,7 @@
 #include <limits>
 #include <stdexcept>
 #include <tuple>
+#include <utility>
 
 namespace mk::orlo::test
 {
@@ -113,6 +114,56 @@ TEST (MakeStill, ShowsSilenceAroundTheSound)
 
         EXPECT_GT (getLoudness (*picture, 35), 1.0);
     }
+}
+
+TEST (MakeStill, ShowsTheLouderOfTwoSignals)
+{
+    const auto left = makeSine (3000.0, 0.5f, 30000, 44100.0), right = makeQuietNoise (30000);
+
+    for (const auto samplesPerPixel : { 1.0, 100.0, 600.0 })
+        for (const auto enhanced : { false, true })
+        {
+            auto request = makeRequest (left, 5000.0, 40.0 * samplesPerPixel, 40, 100, enhanced);
+            const auto first = drawStill (request);
+            request.otherSource = std::make_shared<MemorySource> (right);
+            const auto both = drawStill (request);
+            std::swap (request.source, request.otherSource);
+            expectSame (*drawStill (request), *both);
+            request.otherSource = nullptr;
+            const auto second = drawStill (request);
+
+            for (int x = 0; x < 40; ++x)
+                for (int y = 0; y < 100; ++y)
+                {
+                    const auto louder = std::max (first->getDecibels (x, y), second->getDecibels (x, y));
+
+                    // In Classic a row between two bins may get one of each signal.
+                    ASSERT_GE (both->getDecibels (x, y), louder - 1.0e-4f);
+                    ASSERT_LE (both->getDecibels (x, y), enhanced ? louder : louder + 6.1f);
+                }
+        }
+}
+
+TEST (MakeStill, ShowsThePointsThatAreKept)
+{
+    auto signal = makeSine (3000.0, 0.3f, 40000, 44100.0);
+    signal[20000] += 0.9f;
+    auto request = makeRequest (signal, 10000.0, 20000.0, 100, 200, true);
+
+    const auto levelsOf = [&] (PointsKept kept)
+    {
+        request.pointsKept = kept;
+        const auto picture = drawStill (request);
+        const auto row = findLoudestRow (*drawStill (makeRequest (signal, 10000.0, 20000.0, 100, 200, true)), 20);
+        return std::pair { picture->getDecibels (20, row), picture->getDecibels (50, row / 2) };
+    };
+
+    // The tone far from the click, and the click far from the tone.
+    EXPECT_GT (levelsOf (PointsKept::all).first, -20.0f);
+    EXPECT_GT (levelsOf (PointsKept::all).second, silenceDb);
+    EXPECT_GT (levelsOf (PointsKept::lines).first, -20.0f);
+    EXPECT_EQ (levelsOf (PointsKept::clicks).first, silenceDb);
+    EXPECT_GT (levelsOf (PointsKept::linesAndClicks).first, -20.0f);
 }
 
 TEST (MakeStill, HasNoNumbersThatAreNone)
