@@ -3,109 +3,18 @@
 #include "orlo/analysis/ColumnMapper.h"
 #include "orlo/analysis/FrequencyScale.h"
 #include "orlo/analysis/SpectralAnalyser.h"
-#include "orlo/processor/AudioPluginAudioProcessor.h"
-#include "orlo/stills/HistorySource.h"
-#include "orlo/stills/StillScales.h"
-#include "orlo/stills/StillWork.h"
 #include "tools/orlo-render/Renderer.h"
 
 #include "benchmarks/support/Measure.h"
+#include "benchmarks/support/Stills.h"
 
-#include <array>
-#include <chrono>
+#include <algorithm>
 #include <cstdio>
-#include <future>
 
 namespace mk::orlo::bench
 {
 namespace
 {
-constexpr double rate = 44100.0;
-constexpr int width = 1600, height = 1000;
-
-using Clock = std::chrono::steady_clock;
-
-[[nodiscard]] double millisecondsSince (Clock::time_point start)
-{
-    return std::chrono::duration<double, std::milli> (Clock::now() - start).count();
-}
-
-/** A minute of stereo: noise, which has points everywhere, and a chord. */
-[[nodiscard]] std::shared_ptr<KeptSound> makeSound()
-{
-    constexpr int blockSize = 4410;
-    auto sound = std::make_shared<KeptSound> (rate, 2, std::int64_t (60.0 * rate));
-    juce::Random random (1);
-    std::vector<float> left (blockSize), right (blockSize);
-
-    for (int block = 0; block < 600; ++block)
-    {
-        for (int i = 0; i < blockSize; ++i)
-        {
-            const auto time = double (block * blockSize + i) / rate * juce::MathConstants<double>::twoPi;
-            const auto chord = 0.1 * (std::sin (220.0 * time) + std::sin (277.2 * time) + std::sin (329.6 * time));
-            left[size_t (i)] = float (chord) + 0.1f * (random.nextFloat() - 0.5f);
-            right[size_t (i)] = float (chord) + 0.1f * (random.nextFloat() - 0.5f);
-        }
-
-        const std::array<const float*, 2> channels { left.data(), right.data() };
-        sound->push (channels.data(), 2, blockSize, {});
-    }
-
-    return sound;
-}
-
-[[nodiscard]] StillRequest makeRequest (const std::shared_ptr<KeptSound>& sound, double seconds)
-{
-    StillRequest request;
-    request.source = std::make_shared<HistorySource> (sound);
-    request.start = seconds < 60.0 ? 10.0 * rate : 0.0;
-    request.length = seconds * rate;
-    request.width = width;
-    request.height = height;
-    return request;
-}
-
-/** What a view keeps from picture to picture. */
-struct Studio
-{
-    StillPool threads { int (std::thread::hardware_concurrency()) };
-    StillScales scales;
-};
-
-/** Makes the picture on the pool and returns it and the milliseconds until the first picture came. */
-struct Drawing
-{
-    Drawing (StillPool& pool, StillScales& scales, const StillRequest& request)
-    {
-        std::promise<void> end;
-        auto atEnd = end.get_future();
-        const auto start = Clock::now();
-
-        const auto work = std::make_shared<StillWork> (
-            request,
-            scales.obtain (request),
-            StillWork::Coarse::ifSlow,
-            [&] (std::shared_ptr<const StillPicture> made)
-            {
-                if (picture == nullptr)
-                    msToFirst = millisecondsSince (start);
-
-                picture = std::move (made);
-
-                if (! picture->isCoarse())
-                    end.set_value();
-            },
-            [] (const std::exception_ptr&) {});
-
-        pool.add (work, StillPriority::onScreen);
-        atEnd.wait();
-    }
-
-    std::shared_ptr<const StillPicture> picture;
-    double msToFirst = 0.0;
-};
-
 /** The live picture's columns of a run of sound, on this thread and without queues. */
 void runEngine (HistorySource& source, const StillRequest& request)
 {
@@ -148,7 +57,7 @@ void compareWithEngine (const std::shared_ptr<KeptSound>& sound, const std::shar
 
             compare (
                 name,
-                [=] { const Drawing drawing (studio->threads, studio->scales, request); },
+                [=] { const Drawing drawing (*studio, request); },
                 [=, source = std::make_shared<HistorySource> (sound)] { runEngine (*source, request); },
                 0.7);
         }
@@ -156,7 +65,7 @@ void compareWithEngine (const std::shared_ptr<KeptSound>& sound, const std::shar
 
 void compareColouring (const std::shared_ptr<KeptSound>& sound, const std::shared_ptr<Studio>& studio)
 {
-    const auto picture = Drawing (studio->threads, studio->scales, makeRequest (sound, 4.0)).picture;
+    const auto picture = Drawing (*studio, makeRequest (sound, 4.0)).picture;
     const StillColours colours { -90.0f, -10.0f, std::make_shared<const ColourMap> (3u) };
     const auto still =
         std::make_shared<juce::Image> (juce::Image::RGB, width, height, false, juce::SoftwareImageType());
@@ -204,7 +113,7 @@ void compareWithRenderer (const std::shared_ptr<KeptSound>& sound, const std::sh
 
     compare (
         "Enhanced 2048, 60 s on view",
-        [=] { const Drawing drawing (studio->threads, studio->scales, request); },
+        [=] { const Drawing drawing (*studio, request); },
         [=]
         {
             render::AudioSource source (file->getFile());
@@ -235,7 +144,7 @@ void reportTimes (const std::shared_ptr<KeptSound>& sound, const std::shared_ptr
     for (const auto seconds : { 0.1, 4.0, 60.0 })
     {
         const auto request = makeRequest (sound, seconds);
-        const auto first = medianOf ([&] { return Drawing (studio->threads, studio->scales, request).msToFirst; });
+        const auto first = medianOf ([&] { return Drawing (*studio, request).msToFirst; });
         std::printf (
             "%.1f s on view: first picture after %.1f ms (wanted %d)\n", seconds, first, seconds > 4.0 ? 100 : 60);
     }
@@ -247,7 +156,12 @@ void reportTimes (const std::shared_ptr<KeptSound>& sound, const std::shared_ptr
         {
             const auto start = Clock::now();
             const StillWork work (
-                request, makeStillScale (request), StillWork::Coarse::ifSlow, [] (const auto&) {}, [] (const auto&) {});
+                request,
+                makeStillScale (request),
+                std::make_shared<StillMemory>(),
+                StillWork::Coarse::ifSlow,
+                [] (const auto&) {},
+                [] (const auto&) {});
             return millisecondsSince (start);
         });
     const auto leave = medianOf (
@@ -255,7 +169,12 @@ void reportTimes (const std::shared_ptr<KeptSound>& sound, const std::shared_ptr
         {
             StillPool own (2);
             const auto work = std::make_shared<StillWork> (
-                request, makeStillScale (request), StillWork::Coarse::ifSlow, [] (const auto&) {}, [] (const auto&) {});
+                request,
+                makeStillScale (request),
+                std::make_shared<StillMemory>(),
+                StillWork::Coarse::ifSlow,
+                [] (const auto&) {},
+                [] (const auto&) {});
             own.add (work, StillPriority::onScreen);
 
             while (work->getProgress() < 0.05)
@@ -297,40 +216,6 @@ void reportTimes (const std::shared_ptr<KeptSound>& sound, const std::shared_ptr
         });
     std::printf ("request %.2f ms, cancelled after %.2f ms (wanted 5)\n", prepare, leave);
 }
-
-/** A processor that analyses, with or without keeping the sound. */
-struct Plugin
-{
-    explicit Plugin (bool keepsSound)
-    {
-        processor.prepareToPlay (48000.0, 512);
-        processor.setAnalysisSuspended (false);
-        processor.setSoundKept (keepsSound);
-        buffer.clear();
-    }
-
-    AudioPluginAudioProcessor processor;
-    juce::AudioBuffer<float> buffer { 2, 512 };
-    juce::MidiBuffer midi;
-};
-
-void compareCallback (const std::shared_ptr<KeptSound>& sound)
-{
-    const auto block = std::make_shared<std::vector<float>> (512);
-    measure ("keeping a block, stereo 512 (wanted 300)",
-             [=]
-             {
-                 const std::array<const float*, 2> channels { block->data(), block->data() };
-                 sound->push (channels.data(), 2, 512, {});
-             });
-
-    const auto with = std::make_shared<Plugin> (true), without = std::make_shared<Plugin> (false);
-    compare (
-        "processBlock, stereo 512, keeping the sound or not",
-        [=] { with->processor.processBlock (with->buffer, with->midi); },
-        [=] { without->processor.processBlock (without->buffer, without->midi); },
-        1.1);
-}
 } // namespace
 
 void registerBenchmarks()
@@ -342,7 +227,6 @@ void registerBenchmarks()
     compareWithEngine (sound, studio);
     compareColouring (sound, studio);
     compareWithRenderer (sound, studio);
-    compareCallback (makeSound());
 }
 
 } // namespace mk::orlo::bench

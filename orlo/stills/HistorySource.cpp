@@ -13,13 +13,16 @@ namespace
 constexpr std::int64_t blockSize = 4096;
 } // namespace
 
-HistorySource::HistorySource (std::shared_ptr<const KeptSound> keptSound)
-    : HistorySource (keptSound, keptSound->getStart(), keptSound->getEnd())
+HistorySource::HistorySource (std::shared_ptr<const KeptSound> keptSound, Source source)
+    : HistorySource (keptSound, keptSound->getStart(), keptSound->getEnd(), source)
 {
 }
 
-HistorySource::HistorySource (std::shared_ptr<const KeptSound> keptSound, std::int64_t from, std::int64_t to)
-    : sound (std::move (keptSound)), start (from), end (to)
+HistorySource::HistorySource (std::shared_ptr<const KeptSound> keptSound,
+                              std::int64_t from,
+                              std::int64_t to,
+                              Source source)
+    : sound (std::move (keptSound)), start (from), end (to), what (sound->getNumChannels() > 1 ? source : Source::left)
 {
 }
 
@@ -32,30 +35,44 @@ void HistorySource::read (std::int64_t position, std::span<float> destination)
     std::fill_n (destination.begin(), silenceBefore, 0.0f);
 
     for (auto done = silenceBefore; done < soundEnd; done += blockSize)
-        readMean (position + done, destination.subspan (size_t (done), size_t (std::min (blockSize, soundEnd - done))));
+        readMixed (position + done,
+                   destination.subspan (size_t (done), size_t (std::min (blockSize, soundEnd - done))));
 
     std::fill (destination.begin() + soundEnd, destination.end(), 0.0f);
 }
 
-void HistorySource::readMean (std::int64_t position, std::span<float> destination) const
+void HistorySource::readMixed (std::int64_t position, std::span<float> destination) const
 {
     using Vector = juce::FloatVectorOperations;
     const auto count = int (destination.size());
 
-    if (! sound->read (0, position, destination.data(), count))
-        throw SoundOverwritten();
+    readChannel (what == Source::right ? 1 : 0, position, destination);
 
-    if (sound->getNumChannels() < 2)
+    if (what == Source::left || what == Source::right)
         return;
 
-    std::array<float, size_t (blockSize)> other;
+    std::array<float, size_t (blockSize)> right;
+    readChannel (1, position, std::span (right).first (destination.size()));
 
-    if (! sound->read (1, position, other.data(), count))
-        throw SoundOverwritten();
+    if (what == Source::side)
+        Vector::subtract (destination.data(), right.data(), count);
+    else
+        Vector::add (destination.data(), right.data(), count);
 
-    // As the analysis gets it.
-    Vector::add (destination.data(), other.data(), count);
     Vector::multiply (destination.data(), 0.5f, count);
+}
+
+void HistorySource::readChannel (int channel, std::int64_t position, std::span<float> destination) const
+{
+    if (! sound->read (channel, position, destination.data(), int (destination.size())))
+        throw SoundOverwritten();
+}
+
+void setSource (StillRequest& request, const std::shared_ptr<const KeptSound>& sound, Source what)
+{
+    const auto hasTwo = what == Source::loudest && sound->getNumChannels() > 1;
+    request.source = std::make_shared<HistorySource> (sound, hasTwo ? Source::left : what);
+    request.otherSource = hasTwo ? std::make_shared<HistorySource> (sound, Source::right) : nullptr;
 }
 
 } // namespace mk::orlo

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
-#include <juce_core/juce_core.h>
+#include "StillMemory.h"
 
 #include <atomic>
-#include <cstddef>
 #include <span>
 
 namespace mk::orlo
@@ -15,9 +14,9 @@ namespace mk::orlo
 class MagnitudeGrid
 {
 public:
-    /** All are zero. Large grids are of memory that the system has cleared, which takes no time here, but when a column
-        is first used. Throws std::bad_alloc. */
-    MagnitudeGrid (int numColumns, int numRows) : height (size_t (numRows)), values (size_t (numColumns) * height, true)
+    /** All are zero. Throws std::bad_alloc. */
+    MagnitudeGrid (int numColumns, int numRows, StillMemory& memory)
+        : height (size_t (numRows)), values (memory.obtainCleared (size_t (numColumns) * height))
     {
     }
 
@@ -30,10 +29,10 @@ public:
     /** Raises a magnitude that no other thread can raise at this time. Does nothing for a NaN. */
     void raiseOwn (int column, int row, float magnitude) noexcept
     {
+        // Stored in any case: in noise a branch would be mispredicted often.
         const std::atomic_ref<float> value (getValue (column, row));
-
-        if (magnitude > value.load (std::memory_order_relaxed))
-            value.store (magnitude, std::memory_order_relaxed);
+        const auto before = value.load (std::memory_order_relaxed);
+        value.store (magnitude > before ? magnitude : before, std::memory_order_relaxed);
     }
 
     /** Raises a magnitude that another thread may be raising. Does nothing for a NaN. */
@@ -50,11 +49,11 @@ public:
 private:
     [[nodiscard]] float& getValue (int column, int row) noexcept
     {
-        return values[size_t (column) * height + size_t (row)];
+        return values.get()[size_t (column) * height + size_t (row)];
     }
 
     const size_t height;
-    juce::HeapBlock<float, true> values; // throws if there is no memory
+    const StillMemory::Block values;
 
     static_assert (std::atomic_ref<float>::is_always_lock_free);
 };

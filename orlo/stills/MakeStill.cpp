@@ -26,6 +26,7 @@ std::shared_ptr<const StillPicture>
     const auto work = std::make_shared<StillWork> (
         request,
         makeStillScale (request),
+        std::make_shared<StillMemory>(),
         StillWork::Coarse::never,
         [&promise] (std::shared_ptr<const StillPicture> picture) { promise.set_value (std::move (picture)); },
         [&promise] (std::exception_ptr error) { promise.set_exception (std::move (error)); });

@@ -96,28 +96,48 @@ void PointPlotter::plot (const Frame& frame,
     scale.getForwardMap().convert (hz.data(), position.data(), count);
     placeRows (position.data(), row.data(), count, settings.numRows);
 
-    for (size_t i = 0; i < count; ++i)
-    {
-        const auto x = int (columns.ofCentre + column[i]);
+    raisePixels (count, columns, own, grid);
+}
 
-        if (own.contains (x))
-            grid.raiseOwn (x, row[i], magnitude[i]);
-        else
-            grid.raiseShared (x, row[i], magnitude[i]);
+void PointPlotter::raisePixels (size_t count,
+                                const Columns& columns,
+                                const OwnColumns& own,
+                                MagnitudeGrid& grid) noexcept
+{
+    const auto centre = int (columns.ofCentre);
+
+    if (own.contains (columns.ofCentre - columns.reach) && own.contains (columns.ofCentre + columns.reach))
+    {
+        for (size_t i = 0; i < count; ++i)
+            grid.raiseOwn (centre + column[i], row[i], magnitude[i]);
+
+        return;
     }
+
+    for (size_t i = 0; i < count; ++i)
+        if (own.contains (centre + column[i]))
+            grid.raiseOwn (centre + column[i], row[i], magnitude[i]);
+        else
+            grid.raiseShared (centre + column[i], row[i], magnitude[i]);
 }
 
 size_t PointPlotter::selectPoints (const Frame& frame) noexcept
 {
     // Compacted in place and without a branch, which noise would make the processor guess wrong.
+    const auto* const magnitudes = frame.magnitudes.data();
+    const auto* const plotted = isPlotted.data();
+    auto* const frequencies = hz.data();
+    auto* const columns = column.data();
+    auto* const kept = magnitude.data();
     size_t count = 0;
 
     for (size_t k = 1; k < frame.size(); ++k)
     {
-        hz[count] = hz[k];
-        column[count] = column[k];
-        magnitude[count] = frame.magnitudes[k];
-        count += size_t (isPlotted[k]);
+        const auto x = columns[k];
+        frequencies[count] = frequencies[k];
+        kept[count] = magnitudes[k];
+        columns[count] = x;
+        count += size_t (plotted[k]);
     }
 
     return count;

@@ -33,6 +33,7 @@ public:
         std::int64_t ofCentre;  /**< The column that the middle of the frame's centre sample lies in. */
         float positionInColumn; /**< Where in it that lies, 0 .. 1. */
         float perSample;        /**< Columns in a sample, at most 1. */
+        int reach;              /**< The columns on each side of it that points may lie in. */
         int numColumns;         /**< Points outside of the columns 0 .. numColumns - 1 are left out. */
     };
 
@@ -48,6 +49,7 @@ public:
 
 private:
     [[nodiscard]] size_t selectPoints (const Frame& frame) noexcept;
+    void raisePixels (size_t count, const Columns& columns, const OwnColumns& own, MagnitudeGrid& grid) noexcept;
 
     // One entry for every bin at first, and then for every point that is plotted. Each step has its own loop over all
     // points, as most of these are vectorised.

@@ -105,7 +105,7 @@ void StillDrawer::draw (const StillRequest& request)
     try
     {
         work = std::make_shared<StillWork> (
-            request, scales.obtain (request), StillWork::Coarse::ifSlow, leave, leaveFailure);
+            request, scales.obtain (request), memory, StillWork::Coarse::ifSlow, leave, leaveFailure);
         pool->add (work, priority);
     }
     catch (const std::bad_alloc&)

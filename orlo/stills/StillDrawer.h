@@ -59,6 +59,7 @@ private:
     const std::shared_ptr<StillPool> pool;
     const std::shared_ptr<Mailbox> mailbox;
     StillScales scales;
+    const std::shared_ptr<StillMemory> memory = std::make_shared<StillMemory>();
     StillRequest newest;
     std::shared_ptr<StillWork> work; // null when it is finished
 

@@ -82,10 +82,8 @@ void paintRow (std::span<const float> decibels, juce::uint8* line, int pixelStri
 }
 } // namespace
 
-StillPicture::StillPicture (const StillRequest& shown, bool isCoarsePicture)
-    : request (shown),
-      coarse (isCoarsePicture),
-      decibels (std::make_unique_for_overwrite<float[]> (size_t (shown.width) * size_t (shown.height)))
+StillPicture::StillPicture (const StillRequest& shown, bool isCoarsePicture, StillMemory& memory)
+    : request (shown), coarse (isCoarsePicture), decibels (memory.obtain (size_t (shown.width) * size_t (shown.height)))
 {
 }
 

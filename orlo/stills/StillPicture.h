@@ -2,6 +2,7 @@
 #pragma once
 
 #include "LevelGrid.h"
+#include "StillMemory.h"
 #include "StillRequest.h"
 #include "orlo/analysis/ColourMap.h"
 
@@ -28,8 +29,9 @@ class StillPicture
 {
 public:
     /** A picture of what the request says. Its levels have no values yet. Allocates.
-        @param isCoarse  whether a finer picture of the same request follows */
-    StillPicture (const StillRequest& request, bool isCoarse);
+        @param isCoarse  whether a finer picture of the same request follows
+        @param memory    where its memory comes from */
+    StillPicture (const StillRequest& request, bool isCoarse, StillMemory& memory);
 
     /** What it shows; the source is the request's. */
     [[nodiscard]] const StillRequest& getRequest() const noexcept { return request; }
@@ -60,7 +62,7 @@ public:
 private:
     const StillRequest request;
     const bool coarse;
-    std::unique_ptr<float[]> decibels;
+    const StillMemory::Block decibels;
 };
 
 } // namespace mk::orlo

@@ -14,6 +14,12 @@ constexpr double rounding = 1.0e-6;
 // A column may have hops that are longer than the live picture's by a quarter, rather than a frame more.
 constexpr double longestHop = 1.25;
 
+/** Whether a pixel shows less than a sample. */
+[[nodiscard]] bool isWithinSamples (const StillRequest& request) noexcept
+{
+    return request.getSamplesPerPixel() < 1.0 - rounding;
+}
+
 [[nodiscard]] int chooseFramesPerColumn (const StillRequest& request, double samplesPerColumn) noexcept
 {
     const auto hop = double (std::max (1, planHop (request.hop).samplesPerFrame));
@@ -35,13 +41,12 @@ StillPlan makeStillPlan (const StillRequest& request) noexcept
     StillPlan plan;
     plan.windowLength = request.hop.windowSize - 1;
     plan.firstSample = request.start;
-    plan.samplesPerColumn = request.getSamplesPerPixel();
+    plan.samplesPerColumn = std::max (1.0, request.getSamplesPerPixel());
     plan.numColumns = request.width;
 
-    if (plan.samplesPerColumn < 1.0)
+    if (isWithinSamples (request))
     {
         plan.firstSample = std::floor (request.start + rounding);
-        plan.samplesPerColumn = 1.0;
         plan.numColumns = 1 + getColumnOfPixel (plan, request, request.width - 1);
     }
 
@@ -55,7 +60,7 @@ StillPlan makeStillPlan (const StillRequest& request) noexcept
 
 int getColumnOfPixel (const StillPlan& plan, const StillRequest& request, int x) noexcept
 {
-    if (plan.samplesPerColumn > 1.0 || request.getSamplesPerPixel() >= 1.0)
+    if (! isWithinSamples (request))
         return x;
 
     const auto sample = request.start + (double (x) + 0.5) * request.getSamplesPerPixel();

@@ -25,6 +25,9 @@ StillRenderer::StillRenderer (const StillPlan& stillPlan, const StillRequest& re
     analysis.magnitudeThreshold = 0.0f;
     analysis.pointsKept = request.pointsKept;
     analyser.configure (analysis.window);
+
+    if (request.otherSource != nullptr)
+        otherAnalyser.emplace().configure (analysis.window);
 }
 
 void StillRenderer::startRun (SampleRun newRun, OwnColumns ownColumns) noexcept
@@ -44,39 +47,59 @@ void StillRenderer::moveWindowTo (std::int64_t centre)
 
     analysis.hop = int (numNew);
     analyser.process (run.samples.data() + (end - numNew - run.start), analysis, hop.sampleRate, frame);
+
+    if (otherAnalyser)
+        otherAnalyser->process (run.others.data() + (end - numNew - run.start), analysis, hop.sampleRate, otherFrame);
 }
 
 void StillRenderer::add (std::int64_t column, int part, MagnitudeGrid& grid)
 {
     const auto centre = plan.getCentre (column, part);
     moveWindowTo (centre);
-    const auto settings = makeColumnSettings (frame.format, range);
 
     if (! hop.enhanced)
     {
-        addMagnitudes (column, settings, grid);
+        addMagnitudes (column, grid);
         return;
     }
 
     clearOldShifts (frame);
-    const auto position = plan.getColumnPosition (centre);
-    const auto ofCentre = std::floor (position);
-    points.plot (
-        frame,
-        settings,
-        scale,
-        { std::int64_t (ofCentre), float (position - ofCentre), float (1.0 / plan.samplesPerColumn), plan.numColumns },
-        own,
-        grid);
+    plotPoints (frame, centre, grid);
+
+    if (otherAnalyser)
+    {
+        clearOldShifts (otherFrame);
+        plotPoints (otherFrame, centre, grid);
+    }
 }
 
-void StillRenderer::addMagnitudes (std::int64_t column, const ColumnSettings& settings, MagnitudeGrid& grid)
+void StillRenderer::plotPoints (const Frame& reassigned, std::int64_t centre, MagnitudeGrid& grid)
+{
+    const auto position = plan.getColumnPosition (centre);
+    const auto ofCentre = std::floor (position);
+    points.plot (reassigned,
+                 makeColumnSettings (reassigned.format, range),
+                 scale,
+                 { std::int64_t (ofCentre),
+                   float (position - ofCentre),
+                   float (1.0 / plan.samplesPerColumn),
+                   plan.margin,
+                   plan.numColumns },
+                 own,
+                 grid);
+}
+
+void StillRenderer::addMagnitudes (std::int64_t column, MagnitudeGrid& grid)
 {
     if (hasMerged && column != mergedColumn)
         finishRun (grid);
 
+    // The live picture, too, takes the louder of two bins before it looks between them.
+    if (otherAnalyser)
+        mergeColumns (frame.magnitudes, otherFrame.magnitudes);
+
     auto& target = hasMerged ? newest : merged;
-    bins.fillMagnitudes (frame, settings, scale, target);
+    bins.fillMagnitudes (frame, makeColumnSettings (frame.format, range), scale, target);
 
     if (std::exchange (hasMerged, true))
         mergeColumns (merged, newest);

@@ -6,6 +6,7 @@
 #include "orlo/analysis/ClassicColumnMapper.h"
 #include "orlo/analysis/SpectralAnalyser.h"
 
+#include <optional>
 #include <span>
 
 namespace mk::orlo
@@ -16,6 +17,7 @@ struct SampleRun
 {
     std::int64_t start = 0;
     std::span<const float> samples;
+    std::span<const float> others; /**< Of the second signal, as many; empty if there is none. */
 };
 
 /** Makes frames of a still picture and raises its pixels by them. What a frame adds depends on its samples only, whichever
@@ -39,7 +41,8 @@ public:
 
 private:
     void moveWindowTo (std::int64_t centre);
-    void addMagnitudes (std::int64_t column, const ColumnSettings& settings, MagnitudeGrid& grid);
+    void plotPoints (const Frame& reassigned, std::int64_t centre, MagnitudeGrid& grid);
+    void addMagnitudes (std::int64_t column, MagnitudeGrid& grid);
 
     const StillPlan plan;
     const ShownRange range;
@@ -47,8 +50,9 @@ private:
     const FrequencyScale& scale;
 
     SpectralAnalyser analyser;
+    std::optional<SpectralAnalyser> otherAnalyser; // of the second signal, if there is one
     AnalysisSettings analysis;
-    Frame frame;
+    Frame frame, otherFrame;
 
     PointPlotter points;
     ClassicColumnMapper bins;

@@ -18,13 +18,13 @@ bool showsTheSame (const StillRequest& left, const StillRequest& right) noexcept
     const auto& hops = left.hop;
     const auto& otherHops = right.hop;
 
-    return left.source == right.source && isSameNumber (left.start, right.start)
-           && isSameNumber (left.length, right.length) && left.width == right.width && left.height == right.height
-           && hops.windowSize == otherHops.windowSize && isSameNumber (hops.sampleRate, otherHops.sampleRate)
-           && isSameNumber (hops.speed, otherHops.speed) && hops.doubleResolution == otherHops.doubleResolution
-           && hops.enhanced == otherHops.enhanced && isSameNumber (left.minFreqFraction, right.minFreqFraction)
-           && isSameNumber (left.maxFreqFraction, right.maxFreqFraction) && left.scaleType == right.scaleType
-           && left.pointsKept == right.pointsKept;
+    return left.source == right.source && left.otherSource == right.otherSource && left.pointsKept == right.pointsKept
+           && isSameNumber (left.start, right.start) && isSameNumber (left.length, right.length)
+           && left.width == right.width && left.height == right.height && hops.windowSize == otherHops.windowSize
+           && isSameNumber (hops.sampleRate, otherHops.sampleRate) && isSameNumber (hops.speed, otherHops.speed)
+           && hops.doubleResolution == otherHops.doubleResolution && hops.enhanced == otherHops.enhanced
+           && isSameNumber (left.minFreqFraction, right.minFreqFraction)
+           && isSameNumber (left.maxFreqFraction, right.maxFreqFraction) && left.scaleType == right.scaleType;
 }
 
 } // namespace mk::orlo

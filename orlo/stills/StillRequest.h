@@ -16,6 +16,9 @@ struct StillRequest
 {
     std::shared_ptr<SampleSource> source; /**< Several pictures may read it at the same time, at any position. */
 
+    /** Usually null; else a second signal, read like the first: of each bin and point the louder one is shown. */
+    std::shared_ptr<SampleSource> otherSource;
+
     /** The range, in samples: column i of the width shows those from start + i * length / width on, up to the next
         column's. Fractions are possible, so that a view can move by less than a sample. The range may reach beyond the
         sound; there is silence. */
@@ -27,11 +30,11 @@ struct StillRequest
     /** Window, sample rate and mode. The speed gives the longest hop: that of the live picture. A picture that shows
         more detail than that takes shorter hops. */
     HopSettings hop;
+    PointsKept pointsKept = PointsKept::all; /**< In Enhanced. */
 
     float minFreqFraction = 0.0f; /**< The shown range, as shares 0 .. 1 of half the sample rate. */
     float maxFreqFraction = 1.0f;
     int scaleType = 0; /**< A FrequencyScale::Type. */
-    PointsKept pointsKept = PointsKept::all;
 
     [[nodiscard]] double getSamplesPerPixel() const noexcept { return length / double (width); }
 };

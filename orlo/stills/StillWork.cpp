@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "StillWork.h"
 
+#include "StillPixels.h"
+
 #include <juce_audio_basics/juce_audio_basics.h>
 
 #include <algorithm>
@@ -22,17 +24,16 @@ constexpr double samplesPerSlice = 262'144.0;
 // About 100 ms for one core of a usual machine.
 constexpr std::int64_t workWorthACoarsePicture = 32'000'000;
 
-// So many floats are a line of the cache.
-constexpr int stripWidth = 16;
-
 [[nodiscard]] std::int64_t getWorkOfFrame (const StillPlan& plan, const StillRequest& request) noexcept
 {
-    return std::int64_t (plan.windowLength) * (request.hop.enhanced ? 3 : 1);
+    const auto numTransforms = ! request.hop.enhanced ? 1 : request.pointsKept == PointsKept::all ? 3 : 4;
+    return std::int64_t (plan.windowLength) * numTransforms * (request.otherSource != nullptr ? 2 : 1);
 }
 } // namespace
 
 StillWork::StillWork (const StillRequest& stillRequest,
                       std::shared_ptr<const FrequencyScale> rowScale,
+                      std::shared_ptr<StillMemory> memoryOfPictures,
                       Coarse coarse,
                       OnPicture pictureSink,
                       OnFailure failureSink)
@@ -41,7 +42,8 @@ StillWork::StillWork (const StillRequest& stillRequest,
       onPicture (std::move (pictureSink)),
       onFailure (std::move (failureSink)),
       scale (std::move (rowScale)),
-      grid (plan.numColumns, request.height)
+      memory (std::move (memoryOfPictures)),
+      grid (plan.numColumns, request.height, *memory)
 {
     const auto numAll = FrameOrder (plan, FrameOrder::Which::all).getNumFrames();
 
@@ -77,7 +79,7 @@ void StillWork::addFrames (FrameOrder::Which which)
 
 void StillWork::addPixels (bool isCoarse)
 {
-    phases.push_back ({ std::nullopt, isCoarse, (request.width + stripWidth - 1) / stripWidth, 1 });
+    phases.push_back ({ std::nullopt, isCoarse, getNumStrips (request.width), 1 });
 }
 
 double StillWork::getProgress() const noexcept
@@ -133,6 +135,7 @@ bool StillWork::takeSlice (Slice& slice)
     {
         slice.renderer = std::move (renderers.back().renderer);
         slice.samples = std::move (renderers.back().samples);
+        slice.others = std::move (renderers.back().others);
         renderers.pop_back();
     }
 
@@ -147,17 +150,25 @@ void StillWork::readSamples (const FrameOrder& order, Slice& slice)
     const auto start = plan.getCentre (first.column, first.part) - plan.getHalf();
     const auto end = plan.getCentre (last.column, last.part) + plan.getHalf();
 
-    slice.firstSample = start;
-    slice.samples.resize (size_t (end - start));
-
     // Each sample is read only once in a phase.
     const auto tailEnd = tailStart + std::int64_t (tail.size());
     const auto numKnown = start >= tailStart ? std::clamp<std::int64_t> (tailEnd - start, 0, end - start) : 0;
-    std::copy_n (tail.end() - numKnown, numKnown, slice.samples.begin());
-    request.source->read (start + numKnown, std::span (slice.samples).subspan (size_t (numKnown)));
-
     const auto tailLength = std::min<std::int64_t> (2 * plan.getHalf(), end - start);
-    tail.assign (slice.samples.end() - tailLength, slice.samples.end());
+
+    const auto read = [&] (SampleSource& source, std::vector<float>& samples, std::vector<float>& lastTail)
+    {
+        samples.resize (size_t (end - start));
+        std::copy_n (lastTail.end() - numKnown, numKnown, samples.begin());
+        source.read (start + numKnown, std::span (samples).subspan (size_t (numKnown)));
+        lastTail.assign (samples.end() - tailLength, samples.end());
+    };
+
+    read (*request.source, slice.samples, tail);
+
+    if (request.otherSource != nullptr)
+        read (*request.otherSource, slice.others, otherTail);
+
+    slice.firstSample = start;
     tailStart = end - tailLength;
 }
 
@@ -169,7 +180,8 @@ void StillWork::makeFrames (Slice& slice)
         slice.renderer = std::make_unique<StillRenderer> (plan, request, *scale);
 
     auto& renderer = *slice.renderer;
-    renderer.startRun ({ slice.firstSample, slice.samples }, order.getOwnColumns (slice.first, slice.end));
+    renderer.startRun ({ slice.firstSample, slice.samples, slice.others },
+                       order.getOwnColumns (slice.first, slice.end));
 
     for (auto i = slice.first; i < slice.end && ! isFinished(); ++i)
     {
@@ -184,62 +196,8 @@ void StillWork::makeFrames (Slice& slice)
 //==============================================================================
 void StillWork::makePixels (const Slice& slice)
 {
-    const auto height = size_t (request.height);
-    std::vector<float> strip (size_t (stripWidth) * height);
-
     for (auto i = slice.first; i < slice.end && ! isFinished(); ++i)
-    {
-        const auto left = int (i) * stripWidth;
-        const auto width = std::min (stripWidth, request.width - left);
-
-        for (int x = 0; x < width; ++x)
-        {
-            auto* const column = strip.data() + size_t (x) * height;
-
-            if (x > 0 && getFirstColumnShownAt (left + x) == getFirstColumnShownAt (left + x - 1))
-                std::copy_n (column - height, height, column);
-            else
-                fillColumn (getFirstColumnShownAt (left + x), column);
-        }
-
-        for (int y = 0; y < request.height; ++y)
-        {
-            auto* const row = picture->getRow (y).data() + left;
-
-            for (int x = 0; x < width; ++x)
-                row[x] = strip[size_t (x) * height + size_t (y)];
-        }
-    }
-}
-
-int StillWork::getFirstColumnShownAt (int x) const noexcept
-{
-    const auto column = getColumnOfPixel (plan, request, x);
-    return picture->isCoarse() ? column - column % FrameOrder::coarseness : column;
-}
-
-void StillWork::fillColumn (int first, float* decibels) const
-{
-    const auto height = size_t (request.height);
-
-    if (! picture->isCoarse())
-    {
-        fastDecibels (grid.getColumn (first).data(), decibels, height);
-        return;
-    }
-
-    // Of the columns of a group only the first has frames so far, but its points may lie in any of them.
-    const auto end = std::min (first + FrameOrder::coarseness, plan.numColumns);
-    std::vector<float> loudest (height);
-
-    for (auto column = first; column < end; ++column)
-        std::transform (loudest.begin(),
-                        loudest.end(),
-                        grid.getColumn (column).begin(),
-                        loudest.begin(),
-                        [] (float left, float right) { return right > left ? right : left; });
-
-    fastDecibels (loudest.data(), decibels, height);
+        fillStrip (grid, plan, int (i), *picture);
 }
 
 //==============================================================================
@@ -252,7 +210,7 @@ StillJob::Outcome StillWork::completeSlice (Slice& slice)
         const std::lock_guard lock (mutex);
 
         if (slice.renderer != nullptr)
-            renderers.push_back ({ std::move (slice.renderer), std::move (slice.samples) });
+            renderers.push_back ({ std::move (slice.renderer), std::move (slice.samples), std::move (slice.others) });
 
         numItemsDone += slice.end - slice.first;
 
@@ -277,13 +235,14 @@ void StillWork::openPhase (size_t index)
     }
 
     if (! phases[index].order)
-        picture = std::make_shared<StillPicture> (request, phases[index].isCoarse);
+        picture = std::make_shared<StillPicture> (request, phases[index].isCoarse, *memory);
 
     const std::lock_guard lock (mutex);
     phaseIndex.store (index, std::memory_order_relaxed);
     nextItem = 0;
     numItemsDone = 0;
     tail.clear();
+    otherTail.clear();
     open.store (true, std::memory_order_relaxed);
 }
 

@@ -39,9 +39,11 @@ public:
     };
 
     /** Any thread. Prepares the work. Throws std::bad_alloc.
-        @param scale  of the request's rows, see makeStillScale() */
+        @param scale   of the request's rows, see makeStillScale()
+        @param memory  where that of the picture comes from */
     StillWork (const StillRequest& request,
                std::shared_ptr<const FrequencyScale> scale,
+               std::shared_ptr<StillMemory> memory,
                Coarse coarse,
                OnPicture onPicture,
                OnFailure onFailure);
@@ -74,7 +76,7 @@ private:
     struct Engine
     {
         std::unique_ptr<StillRenderer> renderer;
-        std::vector<float> samples;
+        std::vector<float> samples, others;
     };
 
     /** Items of the open phase that one thread does. */
@@ -82,7 +84,7 @@ private:
     {
         std::int64_t first = 0, end = 0;
         std::unique_ptr<StillRenderer> renderer;
-        std::vector<float> samples;
+        std::vector<float> samples, others; // of the first and of the second signal
         std::int64_t firstSample = 0;
     };
 
@@ -92,8 +94,6 @@ private:
     void readSamples (const FrameOrder& order, Slice& slice);
     void makeFrames (Slice& slice);
     void makePixels (const Slice& slice);
-    [[nodiscard]] int getFirstColumnShownAt (int x) const noexcept;
-    void fillColumn (int first, float* decibels) const;
     [[nodiscard]] Outcome completeSlice (Slice& slice);
     void openPhase (size_t index);
     void fail (std::exception_ptr error) noexcept;
@@ -103,6 +103,7 @@ private:
     const OnPicture onPicture;
     const OnFailure onFailure;
     const std::shared_ptr<const FrequencyScale> scale;
+    const std::shared_ptr<StillMemory> memory;
     MagnitudeGrid grid;
     std::vector<Phase> phases;
     std::int64_t numFrames = 0;            // of all phases
@@ -112,7 +113,7 @@ private:
     std::mutex mutex;                            // guards the members below, and the source
     std::int64_t nextItem = 0, numItemsDone = 0; // of the phase
     std::vector<Engine> renderers;               // those that no thread uses
-    std::vector<float> tail;                     // the end of the samples that were read last
+    std::vector<float> tail, otherTail;          // the end of the samples that were read last
     std::int64_t tailStart = 0;
 
     std::atomic<bool> open { true }; // whether the phase has slices left

@@ -12,6 +12,7 @@ namespace mk::orlo::test
 {
 namespace
 {
+using testing::ElementsAre;
 
 /** A merged part of a pixel, of one row. */
 struct MergedPart

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <utility>
 
 namespace mk::orlo::test
 {
@@ -44,6 +45,42 @@ TEST (HistorySource, IsTheMeanOfTheChannelsWithSilenceAroundTheRange)
         EXPECT_EQ (outside, std::vector<float> (10));
         source.read (20000, outside);
         EXPECT_EQ (outside, std::vector<float> (10));
+    }
+}
+
+TEST (HistorySource, IsTheChosenOneOfTwoChannels)
+{
+    for (const auto numChannels : { 1, 2 })
+    {
+        const auto sound = std::make_shared<KeptSound> (48000.0, numChannels, 20000);
+        pushRamp (*sound, 10000);
+
+        for (const auto& [what, factor] : { std::pair { Source::mean, 1.5f },
+                                            { Source::left, 1.0f },
+                                            { Source::right, 2.0f },
+                                            { Source::mid, 1.5f },
+                                            { Source::side, -0.5f } })
+        {
+            StillRequest request;
+            setSource (request, sound, what);
+            EXPECT_EQ (request.otherSource, nullptr);
+            std::vector<float> samples (100);
+            request.source->read (5000, samples);
+            EXPECT_EQ (samples[7], 5007.0f * (numChannels == 1 ? 1.0f : factor)) << int (what);
+        }
+
+        StillRequest request;
+        setSource (request, sound, Source::loudest);
+        std::vector<float> samples (100);
+        request.source->read (5000, samples);
+        EXPECT_EQ (samples[7], 5007.0f);
+        ASSERT_EQ (request.otherSource != nullptr, numChannels == 2);
+
+        if (numChannels == 2)
+        {
+            request.otherSource->read (5000, samples);
+            EXPECT_EQ (samples[7], 2.0f * 5007.0f);
+        }
     }
 }
 

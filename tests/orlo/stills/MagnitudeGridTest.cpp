@@ -15,7 +15,8 @@ namespace
 
 TEST (MagnitudeGrid, KeepsTheLargestOfEachPixel)
 {
-    MagnitudeGrid grid (3, 4);
+    const auto memory = std::make_shared<StillMemory>();
+    MagnitudeGrid grid (3, 4, *memory);
     EXPECT_TRUE (std::ranges::all_of (grid.getColumn (1), [] (float value) { return ! (value > 0.0f); }));
 
     grid.raiseOwn (1, 2, 0.5f);
@@ -34,10 +35,36 @@ TEST (MagnitudeGrid, KeepsTheLargestOfEachPixel)
     EXPECT_EQ (grid.getColumn (0)[0], 0.0f);
 }
 
+TEST (MagnitudeGrid, IsClearedWhenItGetsTheMemoryOfAnother)
+{
+    const auto memory = std::make_shared<StillMemory>();
+    const float* place = nullptr;
+
+    {
+        MagnitudeGrid grid (20, 40, *memory);
+        grid.raiseOwn (7, 9, 1.0f);
+        place = grid.getColumn (0).data();
+    }
+
+    const MagnitudeGrid again (20, 40, *memory);
+    EXPECT_EQ (again.getColumn (0).data(), place);
+    EXPECT_EQ (again.getColumn (7)[9], 0.0f);
+}
+
+TEST (StillMemory, IsFreedByWhoeverIsLast)
+{
+    auto memory = std::make_shared<StillMemory>();
+    const auto block = memory->obtain (1000);
+    EXPECT_NE (memory->obtain (1000), nullptr);
+    memory = nullptr;
+    block[999] = 1.0f;
+}
+
 TEST (MagnitudeGrid, KeepsTheLargestOfSeveralThreads)
 {
     constexpr int numThreads = 4, numValues = 20000;
-    MagnitudeGrid grid (2, 8);
+    const auto memory = std::make_shared<StillMemory>();
+    MagnitudeGrid grid (2, 8, *memory);
     std::vector<std::thread> threads;
 
     for (int thread = 0; thread < numThreads; ++thread)

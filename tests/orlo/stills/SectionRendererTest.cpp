@@ -13,7 +13,7 @@ namespace mk::orlo::test
 namespace
 {
 constexpr double rate = 44100.0;
-constexpr int length = 20000;
+constexpr int signalLength = 20000;
 
 /** The finished columns by pixel, where there is a pixel for each. */
 using Columns = std::map<int, Column>;
@@ -27,7 +27,7 @@ protected:
     void plan (int window, float speed, bool enhanced)
     {
         settings.hop = { window, rate, speed, false, enhanced };
-        wholePlan = makePlan ({ settings.hop, 0, length, 0 });
+        wholePlan = makePlan ({ settings.hop, 0, signalLength, 0 });
     }
 
     /** The plan's sections, of that many frames each. */
@@ -44,7 +44,7 @@ protected:
         std::vector<float> samples;
 
         for (auto n = section.firstSample; n < section.firstSample + section.numSamples; ++n)
-            samples.push_back (n >= 0 && n < length ? signal[size_t (n)] : 0.0f);
+            samples.push_back (n >= 0 && n < signalLength ? signal[size_t (n)] : 0.0f);
 
         EXPECT_TRUE (renderer.render (
             section,
@@ -76,7 +76,7 @@ protected:
         return columns;
     }
 
-    Samples signal = makeQuietNoise (length);
+    Samples signal = makeQuietNoise (signalLength);
     RenderSettings settings;
     RenderPlan wholePlan;
 };
@@ -103,7 +103,7 @@ TEST_F (SectionRendererTest, BinsTooQuietForReassignmentDoNotDependOnEarlierSect
     // Loud, then below -120 dB, where the analysis makes no shifts but the levels still show the bins.
     settings.floorDb = -140.0f;
 
-    for (size_t i = length / 2; i < length; ++i)
+    for (size_t i = signalLength / 2; i < signalLength; ++i)
         signal[i] *= 1.0e-5f;
 
     plan (1024, 40.0f, true);
@@ -125,7 +125,7 @@ TEST_F (SectionRendererTest, AllowsAHopMuchLongerThanTheWindow)
 {
     // 16 ms at 1 MHz: 16000 samples a hop.
     settings.hop = { 256, 1.0e6, 0.0f, false, false };
-    wholePlan = makePlan ({ settings.hop, 0, length, 0 });
+    wholePlan = makePlan ({ settings.hop, 0, signalLength, 0 });
     ASSERT_EQ (wholePlan.analysis.samplesPerFrame, 16000);
     const auto whole = renderAll (1000);
     EXPECT_EQ (int (whole.size()), 2);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "orlo/stills/StillPicture.h"
 
+#include "MemorySource.h"
 #include "orlo/analysis/Decibels.h"
 #include "orlo/stills/IndexedPicture.h"
 
@@ -21,7 +22,8 @@ namespace
     request.width = 1301;
     request.height = 3;
     request.length = 1.0;
-    StillPicture picture (request, false);
+    const auto memory = std::make_shared<StillMemory>();
+    StillPicture picture (request, false, *memory);
 
     for (int y = 0; y < 3; ++y)
         for (int x = 0; x < request.width; ++x)
@@ -101,6 +103,9 @@ TEST (StillPicture, IsTheSameForRequestsThatShowTheSame)
     EXPECT_TRUE (differs ([] (auto& other) { other.minFreqFraction = 0.01f; }));
     EXPECT_TRUE (differs ([] (auto& other) { other.maxFreqFraction = 0.99f; }));
     EXPECT_TRUE (differs ([] (auto& other) { other.scaleType = 1; }));
+    EXPECT_TRUE (differs ([] (auto& other) { other.pointsKept = PointsKept::lines; }));
+    EXPECT_TRUE (differs ([] (auto& other) { other.otherSource = std::make_shared<MemorySource> (Samples {}); }));
+    EXPECT_TRUE (differs ([] (auto& other) { other.source = std::make_shared<MemorySource> (Samples {}); }));
 }
 
 } // namespace
