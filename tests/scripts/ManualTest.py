@@ -104,8 +104,8 @@ class Manual(unittest.TestCase):
     def test_every_option_in_the_examples_is_one_of_orlo_render(self):
         examples = "".join(re.findall(r"^```\n(.*?)^```", self.pages["orlo-render"], re.MULTILINE | re.DOTALL))
         calls = re.findall(r"orlo-render ((?:[^\n]|\\\n)+)", examples.replace("\\\n", ""))
-        used = {option for call in calls for option in re.findall(r"--(\w+)", call)}
-        known = set(re.findall(r'"--(\w+)', read("tools", "orlo-render", "CommandLine.cpp"))) | set(read_parameters())
+        used = {option for call in calls for option in re.findall(r"--([\w-]+)", call)}
+        known = set(re.findall(r'"--([\w-]+)', read("tools", "orlo-render", "CommandLine.cpp"))) | set(read_parameters())
         self.assertGreater(len(used), 10)
         self.assertEqual(used - known, set())
 
