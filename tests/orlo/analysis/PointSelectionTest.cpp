@@ -194,9 +194,9 @@ TEST_P (Points, OfWhiteNoiseAreMostlyNeither)
 
 TEST_P (Points, OfAToneWithClicksAreToldApart)
 {
-    // The tone is 32 times as loud in its bins as a click in the middle of the window.
+    // The tone is 40 times as loud in its bins as a click in the middle of the window.
     constexpr double hz = 3000.3;
-    auto signal = makeSine (hz, 1.0f / 64.0f, lengthFor (size), rate);
+    auto signal = makeSine (hz, 40.0f * 4.0f / 8192.0f, lengthFor (size), rate);
     add (signal, makeImpulses (2 * size, float (size) / 8192.0f, lengthFor (size)));
 
     const auto tone = measure (signal, near (hz, 2.0));
