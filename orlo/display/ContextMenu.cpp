@@ -118,7 +118,7 @@ std::optional<double> findConcertPitch (int item) noexcept
 std::optional<std::optional<int>> findMiddleC (int item) noexcept
 {
     if (item == middleC)
-        return std::optional<int>();
+        return std::optional<std::optional<int>> (std::in_place);
 
     const auto octave = item - middleC;
 
