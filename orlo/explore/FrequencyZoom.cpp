@@ -15,14 +15,15 @@ namespace
 constexpr double narrowestShareOfTop = 0.004;
 
 // As in FrequencyScale: the log scale is straight below this frequency, over one octave's height.
-constexpr double lowBandTop = 50.0;
+constexpr double straightBandTop = 50.0;
 
 /** Proportional to the height on the scale. */
 [[nodiscard]] double heightOf (int type, double hz) noexcept
 {
     switch (type)
     {
-        case FrequencyScale::log: return hz < lowBandTop ? hz / lowBandTop - 1.0 : std::log2 (hz / lowBandTop);
+        case FrequencyScale::log:
+            return hz < straightBandTop ? hz / straightBandTop - 1.0 : std::log2 (hz / straightBandTop);
         case FrequencyScale::mel: return formulas::melFromHertz (hz);
         case FrequencyScale::bark: return formulas::barkFromHertz (hz);
         case FrequencyScale::erb: return formulas::erbFromHertz (hz);
@@ -34,7 +35,8 @@ constexpr double lowBandTop = 50.0;
 {
     switch (type)
     {
-        case FrequencyScale::log: return height < 0.0 ? (height + 1.0) * lowBandTop : std::exp2 (height) * lowBandTop;
+        case FrequencyScale::log:
+            return height < 0.0 ? (height + 1.0) * straightBandTop : std::exp2 (height) * straightBandTop;
         case FrequencyScale::mel: return formulas::hertzFromMel (height);
         case FrequencyScale::bark: return formulas::hertzFromBark (height);
         case FrequencyScale::erb: return formulas::hertzFromErb (height);

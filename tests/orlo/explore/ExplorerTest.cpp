@@ -14,14 +14,14 @@ namespace mk::orlo::test
 namespace
 {
 
-constexpr int soundLength = 44100;
+constexpr int exploredLength = 44100;
 
 class ExplorerTest : public testing::Test, protected Explorer::Listener
 {
 protected:
     ExplorerTest()
     {
-        push (soundLength);
+        push (exploredLength);
         settings.colours.map = std::make_shared<const ColourMap> (0u);
         explorer.addListener (this);
     }
@@ -38,7 +38,7 @@ protected:
     [[nodiscard]] bool begin()
     {
         explorer.setSize (80, 40);
-        return explorer.begin (sound, soundLength - 20000.0, 20000.0, settings);
+        return explorer.begin (sound, exploredLength - 20000.0, 20000.0, settings);
     }
 
     [[nodiscard]] bool waitForPicture()
@@ -74,7 +74,7 @@ TEST_F (ExplorerTest, ShowsTheHomeRangeFirst)
     ASSERT_TRUE (waitForPicture());
 
     const auto expected = makeStill (explorer.getPicture()->getRequest(), 1, [] (double) { return true; });
-    EXPECT_EQ (expected->getRequest().start, soundLength - 20000.0);
+    EXPECT_EQ (expected->getRequest().start, exploredLength - 20000.0);
     EXPECT_EQ (expected->getWidth(), 80);
     EXPECT_EQ (expected->getHeight(), 40);
 

@@ -12,7 +12,7 @@ namespace mk::orlo::test
 namespace
 {
 
-constexpr double nyquist = 22050.0;
+constexpr double zoomNyquist = 22050.0;
 
 class FrequencyZoomTest : public testing::TestWithParam<int>
 {
@@ -22,13 +22,13 @@ protected:
     /** The frequency that the display has at a position of the range. */
     [[nodiscard]] double getFrequency (FrequencyRange range, double position)
     {
-        scale.setRange (float (range.min * nyquist), float (range.max * nyquist));
+        scale.setRange (float (range.min * zoomNyquist), float (range.max * zoomNyquist));
         return double (scale.frequencyForPosition (float (position)));
     }
 
     [[nodiscard]] double getPosition (FrequencyRange range, double hz)
     {
-        scale.setRange (float (range.min * nyquist), float (range.max * nyquist));
+        scale.setRange (float (range.min * zoomNyquist), float (range.max * zoomNyquist));
         return double (scale.positionForFrequency (float (hz)));
     }
 
@@ -42,7 +42,7 @@ TEST_P (FrequencyZoomTest, KeepsTheFrequencyUnderThePoint)
         {
             const FrequencyRange range { 0.05, 0.6 };
             const auto hz = getFrequency (range, position);
-            const auto zoomed = zoomFrequencies (range, GetParam(), nyquist, position, factor);
+            const auto zoomed = zoomFrequencies (range, GetParam(), zoomNyquist, position, factor);
             EXPECT_NEAR (getPosition (zoomed, hz), position, 0.002) << factor;
             EXPECT_EQ (zoomed.max - zoomed.min < range.max - range.min, factor < 1.0);
         }
@@ -50,7 +50,7 @@ TEST_P (FrequencyZoomTest, KeepsTheFrequencyUnderThePoint)
 
 TEST_P (FrequencyZoomTest, ZoomingOutEndsAtTheWholeRange)
 {
-    const auto all = zoomFrequencies ({ 0.2, 0.3 }, GetParam(), nyquist, 0.9, 1000.0);
+    const auto all = zoomFrequencies ({ 0.2, 0.3 }, GetParam(), zoomNyquist, 0.9, 1000.0);
     EXPECT_NEAR (all.min, 0.0, 1.0e-9);
     EXPECT_NEAR (all.max, 1.0, 1.0e-9);
 }
@@ -60,7 +60,7 @@ TEST_P (FrequencyZoomTest, ZoomingInEndsBeforeTheScaleBecomesTooCoarse)
     FrequencyRange range { 0.0, 1.0 };
 
     for (int i = 0; i < 200; ++i)
-        range = zoomFrequencies (range, GetParam(), nyquist, 0.5, 0.9);
+        range = zoomFrequencies (range, GetParam(), zoomNyquist, 0.5, 0.9);
 
     EXPECT_LT (range.max - range.min, 0.01 * range.max);
     EXPECT_GE (range.max - range.min, 0.001 * range.max);
@@ -69,18 +69,18 @@ TEST_P (FrequencyZoomTest, ZoomingInEndsBeforeTheScaleBecomesTooCoarse)
 TEST_P (FrequencyZoomTest, MovesUntilTheEnds)
 {
     const FrequencyRange range { 0.1, 0.3 };
-    const auto up = moveFrequencies (range, GetParam(), nyquist, 0.25);
-    EXPECT_NEAR (getPosition (range, up.min * nyquist), 0.25, 0.002);
+    const auto up = moveFrequencies (range, GetParam(), zoomNyquist, 0.25);
+    EXPECT_NEAR (getPosition (range, up.min * zoomNyquist), 0.25, 0.002);
 
-    EXPECT_NEAR (moveFrequencies (range, GetParam(), nyquist, 1000.0).max, 1.0, 1.0e-9);
-    EXPECT_NEAR (moveFrequencies (range, GetParam(), nyquist, -1000.0).min, 0.0, 1.0e-9);
+    EXPECT_NEAR (moveFrequencies (range, GetParam(), zoomNyquist, 1000.0).max, 1.0, 1.0e-9);
+    EXPECT_NEAR (moveFrequencies (range, GetParam(), zoomNyquist, -1000.0).min, 0.0, 1.0e-9);
 }
 
 TEST_P (FrequencyZoomTest, IgnoresFactorsThatAreNone)
 {
     for (const auto factor : { 0.0, -1.0, std::numeric_limits<double>::quiet_NaN() })
     {
-        const auto range = zoomFrequencies ({ 0.1, 0.3 }, GetParam(), nyquist, 0.5, factor);
+        const auto range = zoomFrequencies ({ 0.1, 0.3 }, GetParam(), zoomNyquist, 0.5, factor);
         EXPECT_EQ (range.min, 0.1);
         EXPECT_EQ (range.max, 0.3);
     }

@@ -10,14 +10,14 @@ namespace mk::orlo::test
 namespace
 {
 
-constexpr double rate = 1000.0;
+constexpr double viewRate = 1000.0;
 
 /** Ten seconds of sound, of which the last second is the frozen picture. */
-[[nodiscard]] TimeView makeView() { return { 500.0, 10500.0, rate, 9500.0, 1000.0 }; }
+[[nodiscard]] TimeView makeTimeView() { return { 500.0, 10500.0, viewRate, 9500.0, 1000.0 }; }
 
 TEST (TimeView, StartsAtHome)
 {
-    const auto view = makeView();
+    const auto view = makeTimeView();
     EXPECT_TRUE (view.isHome());
     EXPECT_EQ (view.getStart(), 9500.0);
     EXPECT_EQ (view.getEnd(), 10500.0);
@@ -28,7 +28,7 @@ TEST (TimeView, StartsAtHome)
 
 TEST (TimeView, ZoomsAboutAPoint)
 {
-    auto view = makeView();
+    auto view = makeTimeView();
     view.zoom (0.5, view.getSampleAt (0.3), 0.3);
     EXPECT_FALSE (view.isHome());
     EXPECT_DOUBLE_EQ (view.getLength(), 500.0);
@@ -40,7 +40,7 @@ TEST (TimeView, ZoomsAboutAPoint)
 
 TEST (TimeView, ZoomsFromFiveMillisecondsToTheWholeSound)
 {
-    auto view = makeView();
+    auto view = makeTimeView();
     view.zoom (1.0e-9, 9700.0, 0.5);
     EXPECT_DOUBLE_EQ (view.getLength(), 5.0);
     EXPECT_DOUBLE_EQ (view.getSampleAt (0.5), 9700.0);
@@ -52,7 +52,7 @@ TEST (TimeView, ZoomsFromFiveMillisecondsToTheWholeSound)
 
 TEST (TimeView, ZoomsOutToAHomeThatIsLongerThanTheSound)
 {
-    TimeView view (0.0, 300.0, rate, -700.0, 1000.0);
+    TimeView view (0.0, 300.0, viewRate, -700.0, 1000.0);
     view.zoom (0.1, 200.0, 0.5);
     EXPECT_DOUBLE_EQ (view.getStart(), 150.0);
     view.zoom (1.0e9, 200.0, 0.5);
@@ -63,7 +63,7 @@ TEST (TimeView, ZoomsOutToAHomeThatIsLongerThanTheSound)
 
 TEST (TimeView, MovesAsFarAsThereIsSound)
 {
-    auto view = makeView();
+    auto view = makeTimeView();
     view.moveBy (-250.0);
     EXPECT_EQ (view.getStart(), 9250.0);
     view.moveBy (-1.0e9);
@@ -85,7 +85,7 @@ TEST (TimeView, IgnoresWhatIsNoNumber)
 {
     constexpr auto nan = std::numeric_limits<double>::quiet_NaN();
     constexpr auto infinity = std::numeric_limits<double>::infinity();
-    auto view = makeView();
+    auto view = makeTimeView();
 
     for (const auto value : { nan, infinity, -infinity })
     {
