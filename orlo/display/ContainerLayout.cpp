@@ -8,6 +8,7 @@ namespace mk::orlo
 namespace
 {
 constexpr int smallestText = 15;
+constexpr int timeStripTexts = 4;
 constexpr float helpLinePerHeight = 0.05f;
 constexpr int helpLineWithoutEditor = 50;
 constexpr double menuItemHeight = 46.0;
@@ -20,7 +21,8 @@ ContainerLayout layOutContainer (int width,
                                  float textHeight,
                                  int editorHeight,
                                  bool isRulerShown,
-                                 bool isKeyboardShown) noexcept
+                                 bool isKeyboardShown,
+                                 bool isExploring) noexcept
 {
     ContainerLayout layout;
     auto rest = juce::Rectangle { width, height };
@@ -29,11 +31,20 @@ ContainerLayout layOutContainer (int width,
         juce::roundToInt (juce::jmin (juce::jmax (textHeight, float (smallestText)), float (juce::jmax (0, height))));
     const auto strip = 2 * text;
 
+    if (isExploring)
+        layout.timeStrip = rest.removeFromBottom (juce::jmin (rest.getHeight() / 3, timeStripTexts * text));
+
     if (isRulerShown)
         layout.ruler = rest.removeFromRight (juce::jmin (rest.getWidth(), strip));
 
     if (isKeyboardShown)
         layout.keyboard = rest.removeFromRight (juce::jmin (rest.getWidth(), strip));
+
+    if (isExploring)
+    {
+        layout.levelBar = rest.removeFromRight (juce::jmin (rest.getWidth(), strip));
+        layout.timeStrip = layout.timeStrip.withWidth (rest.getWidth());
+    }
 
     layout.picture = rest;
 

@@ -10,9 +10,11 @@ namespace mk::orlo
 struct ContainerLayout
 {
     juce::Rectangle<int> picture, keyboard, ruler, helpLine;
+    juce::Rectangle<int> levelBar, timeStrip; /**< While exploring. */
 };
 
-/** From left to right: picture, keyboard, ruler; the help line is at the bottom of the picture. Any thread.
+/** From left to right: picture, level bar, keyboard, ruler; the help line is at the bottom of the picture, and the time
+    strip below it. Any thread.
 
     @param textHeight    of the strips' size class, in pixels; a strip is two text heights wide
     @param editorHeight  of the plug-in's window, 0 if there is none
@@ -22,7 +24,8 @@ struct ContainerLayout
                                                float textHeight,
                                                int editorHeight,
                                                bool isRulerShown,
-                                               bool isKeyboardShown) noexcept;
+                                               bool isKeyboardShown,
+                                               bool isExploring = false) noexcept;
 
 /** The height of an entry of the picture's menu, proportional to the diagonal of the plug-in's window; without
     a window it is that for the design size. */

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #include "SpectrogramComponent.h"
 
+#include "ExploredPainter.h"
+
 #include "orlo/analysis/HopPlan.h"
 #include "orlo/parameters/Params.h"
 #include "orlo/processor/AudioPluginAudioProcessor.h"
@@ -30,6 +32,7 @@ SpectrogramComponent::SpectrogramComponent (AudioPluginAudioProcessor& audioProc
       freezeAttachment (freezeParameter, [] (float) {}),
       speedAttachment (speedParameter, [this] (float) { recomputeHop(); })
 {
+    explorer.addListener (this);
     fftProcessor.onSampleRateChanged = [this] (double rate) { sampleRateChanged (rate); };
     fftProcessor.discardPending();
     recomputeHop();
@@ -52,6 +55,7 @@ SpectrogramComponent::SpectrogramComponent (AudioPluginAudioProcessor& audioProc
 SpectrogramComponent::~SpectrogramComponent()
 {
     visibilityObserver = nullptr;
+    explorer.removeListener (this);
     processor.setAnalysisSuspended (true);
     imageBuilder.stopThread (1000);
     fftProcessor.onSampleRateChanged = nullptr;
@@ -85,6 +89,9 @@ void SpectrogramComponent::tick (double now)
     lastTickTime = now;
     attachmentPoller->deliverNow();
     processor.updatePictureSettings();
+
+    if (onTick != nullptr)
+        onTick();
 
     const auto changes = imageBuilder.fetchColumns();
     painter.noteChanges (changes);
@@ -138,11 +145,23 @@ void SpectrogramComponent::setDoubleResolution (bool shouldBeDouble)
 
 void SpectrogramComponent::requestImageSize()
 {
-    if (hopSize >= 1 && samplesPerColumn >= 1 && getWidth() >= 1 && getHeight() >= 1)
+    // The frozen picture keeps its size, for the time after exploring.
+    if (explorer.isExploring())
+        explorer.setSize (getWidth() << int (doubleResolution), getHeight() << int (doubleResolution));
+    else if (hopSize >= 1 && samplesPerColumn >= 1 && getWidth() >= 1 && getHeight() >= 1)
         imageBuilder.setRequestedSize (getWidth() << int (doubleResolution), getHeight() << int (doubleResolution));
 }
 
 void SpectrogramComponent::resized() { requestImageSize(); }
+
+void SpectrogramComponent::exploringChanged()
+{
+    // After exploring, the builder is asked only once the view has its old size again.
+    if (explorer.isExploring())
+        requestImageSize();
+
+    repaint();
+}
 
 //==============================================================================
 void SpectrogramComponent::paint (juce::Graphics& g)
@@ -155,7 +174,8 @@ void SpectrogramComponent::paint (juce::Graphics& g)
         return;
     }
 
-    painter.paint (g, picture, imageBuilder.isPictureScrolling(), getLocalBounds());
+    if (! paintExplored (g, explorer, getLocalBounds()))
+        painter.paint (g, picture, imageBuilder.isPictureScrolling(), getLocalBounds());
 
     if (crosshairVisible)
     {
@@ -170,7 +190,8 @@ float SpectrogramComponent::getFrequencyAt (float y) const
 {
     const auto height = float (getHeight());
     const auto position = height > 0.0f ? 1.0f - juce::jlimit (0.0f, height, y + 0.5f) / height : 0.0f;
-    return imageBuilder.getFrequencyScale().frequencyForPosition (position);
+    const auto explored = explorer.getFrequencyScale();
+    return (explored != nullptr ? *explored : imageBuilder.getFrequencyScale()).frequencyForPosition (position);
 }
 
 //==============================================================================

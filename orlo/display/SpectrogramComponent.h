@@ -4,6 +4,7 @@
 #include "Crosshair.h"
 #include "PicturePainter.h"
 
+#include "orlo/explore/Explorer.h"
 #include "plugin_core/attachments/ParameterAttachment.h"
 #include "plugin_core/window/ComponentVisibilityObserver.h"
 
@@ -21,7 +22,7 @@ class SpectrogramImageBuilder;
 
 /** Shows the picture and drives the whole display: each refresh of the screen is a tick for the image
     builder, and analysis runs only while the component is visible. [message thread] */
-class SpectrogramComponent final : public juce::Component
+class SpectrogramComponent final : public juce::Component, private Explorer::Listener
 {
 public:
     /** All three must outlive the component. */
@@ -41,6 +42,12 @@ public:
 
     /** Called when a key or a screen reader requests the menu. */
     std::function<void()> onMenuRequested;
+
+    /** Gets a key before the component does; returns whether it has done something. */
+    std::function<bool (const juce::KeyPress&)> onKeyPressed;
+
+    /** Called at each tick that is not ignored, before anything new is painted. */
+    std::function<void()> onTick;
 
     /** Gets the new rate in hertz, after the component has applied it. */
     std::function<void (double)> onSampleRateChanged;
@@ -63,6 +70,9 @@ public:
 
     [[nodiscard]] SpectrogramImageBuilder& getImageBuilder() noexcept { return imageBuilder; }
 
+    /** While it explores, its picture takes the place of the frozen one, and nothing is asked of the image builder. */
+    [[nodiscard]] Explorer& getExplorer() noexcept { return explorer; }
+
     [[nodiscard]] bool isCrosshairVisible() const noexcept { return crosshairVisible; }
 
     //==============================================================================
@@ -80,6 +90,10 @@ public:
 private:
     using MouseCallback = std::function<void (const juce::MouseEvent&, float)>;
 
+    void exploringChanged() override;
+    void exploredRangeChanged() override { repaint(); }
+    void exploredPictureChanged() override { repaint(); }
+
     void onVisibilityChanged (bool isVisible);
     void repaintCrosshair();
     void requestImageSize();
@@ -96,6 +110,7 @@ private:
     SpectrogramImageBuilder& imageBuilder;
 
     PicturePainter painter;
+    Explorer explorer;
     bool crosshairVisible = false;
     float cursorX = 0.0f, cursorY = 0.0f;
 

@@ -116,7 +116,10 @@ void SpectrogramComponent::toggleFreeze()
 }
 
 //==============================================================================
-bool SpectrogramComponent::keyPressed (const juce::KeyPress& key) { return menuKey::isShiftF10 (key) && requestMenu(); }
+bool SpectrogramComponent::keyPressed (const juce::KeyPress& key)
+{
+    return (onKeyPressed != nullptr && onKeyPressed (key)) || (menuKey::isShiftF10 (key) && requestMenu());
+}
 
 bool SpectrogramComponent::keyStateChanged (bool isKeyDown)
 {

@@ -30,6 +30,8 @@ SpectrogramContainer::SpectrogramContainer (AudioPluginAudioProcessor& audioProc
     : openPage ([] (const juce::URL& url) { url.launchInDefaultBrowser(); }),
       processor (audioProcessor),
       spectrogram (audioProcessor, fftProcessor, imageBuilder),
+      exploration (audioProcessor, spectrogram),
+      exploreGestures (exploration, spectrogram),
       rulerParameter (findParameter (audioProcessor, Params::id::ruler)),
       keyboardParameter (findParameter (audioProcessor, Params::id::keyboard)),
       freezeParameter (findParameter (audioProcessor, Params::id::freeze)),
@@ -73,6 +75,8 @@ SpectrogramContainer::SpectrogramContainer (AudioPluginAudioProcessor& audioProc
     addAndMakeVisible (spectrogram);
     addChildComponent (ruler);
     addChildComponent (keyboard);
+    addChildComponent (timeStrip);
+    addChildComponent (levelBar);
     addChildComponent (readout);
     addAndMakeVisible (tooltipDisplay);
     addChildComponent (tuning.getEntry());
@@ -89,6 +93,8 @@ SpectrogramContainer::SpectrogramContainer (AudioPluginAudioProcessor& audioProc
         component->setMouseClickGrabsKeyboardFocus (false);
 
     connectMouse();
+    exploreGestures.addStrip (timeStrip);
+    spectrogram.getExplorer().addListener (this);
     keyboard.setTuning (tuning.getTuning());
     tuning.onChanged = [this] { keyboard.setTuning (tuning.getTuning()); };
     tuning.onChosen = [this] { processor.nudgeInternalParameter(); };
@@ -99,7 +105,11 @@ SpectrogramContainer::SpectrogramContainer (AudioPluginAudioProcessor& audioProc
     addMouseListener (this, true);
 }
 
-SpectrogramContainer::~SpectrogramContainer() { removeMouseListener (this); }
+SpectrogramContainer::~SpectrogramContainer()
+{
+    spectrogram.getExplorer().removeListener (this);
+    removeMouseListener (this);
+}
 
 //==============================================================================
 void SpectrogramContainer::connectMouse()
@@ -117,6 +127,7 @@ void SpectrogramContainer::connectMouse()
     spectrogram.onMouseExited = [this] (const juce::MouseEvent&) { readout.setVisible (false); };
     spectrogram.onMouseReleased = [this] (const juce::MouseEvent&)
     { keyboard.setHighlightedNote (KeyboardScaleComponent::noNote); };
+    spectrogram.onTick = [this] { exploration.tick(); };
     spectrogram.onMenuRequested = [this] { showContextMenuOnPicture(); };
 }
 
@@ -127,7 +138,8 @@ void SpectrogramContainer::showReadout (const juce::MouseEvent& event, float hz,
 
 void SpectrogramContainer::mouseDown (const juce::MouseEvent& event)
 {
-    if (pluginCore::isMenuClick (event.mods))
+    // The strip has a menu of its own.
+    if (pluginCore::isMenuClick (event.mods) && event.eventComponent != &timeStrip)
         showContextMenuAtMouse();
 }
 
@@ -272,11 +284,22 @@ void SpectrogramContainer::resized()
                                          pluginCore::scaleRule::textHeight (*this),
                                          editor != nullptr ? editor->getHeight() : 0,
                                          ruler.isVisible(),
-                                         keyboard.isVisible());
+                                         keyboard.isVisible(),
+                                         spectrogram.getExplorer().isExploring());
     ruler.setBounds (layout.ruler);
     keyboard.setBounds (layout.keyboard);
+    timeStrip.setBounds (layout.timeStrip);
+    levelBar.setBounds (layout.levelBar);
     spectrogram.setBounds (layout.picture);
     tooltipDisplay.setBounds (layout.helpLine);
+}
+
+void SpectrogramContainer::exploringChanged()
+{
+    const auto isExploring = spectrogram.getExplorer().isExploring();
+    timeStrip.setVisible (isExploring);
+    levelBar.setVisible (isExploring);
+    resized();
 }
 
 void SpectrogramContainer::lookAndFeelChanged() { resized(); }

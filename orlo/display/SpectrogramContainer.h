@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
+#include "ExploreGestures.h"
 #include "FreqReadoutPopup.h"
 #include "FreqScaleComponent.h"
 #include "KeyboardScaleComponent.h"
+#include "LevelBar.h"
 #include "PictureWriter.h"
 #include "SpectrogramComponent.h"
+#include "TimeStrip.h"
 #include "TuningControl.h"
 
 #include "plugin_core/attachments/ParameterAttachment.h"
@@ -17,7 +20,7 @@ namespace mk::orlo
 
 /** The picture with everything on it and beside it: ruler, keyboard, readout, help line, context menu and
     the export as PNG. [message thread] */
-class SpectrogramContainer final : public juce::Component
+class SpectrogramContainer final : public juce::Component, private Explorer::Listener
 {
 public:
     /** All three must outlive the component. */
@@ -49,6 +52,9 @@ public:
 
     //==============================================================================
     [[nodiscard]] SpectrogramComponent& getSpectrogram() noexcept { return spectrogram; }
+    [[nodiscard]] Exploration& getExploration() noexcept { return exploration; }
+    [[nodiscard]] TimeStrip& getTimeStrip() noexcept { return timeStrip; }
+    [[nodiscard]] LevelBar& getLevelBar() noexcept { return levelBar; }
     [[nodiscard]] FrequencyScale& getFrequencyScale() noexcept { return scale; }
     [[nodiscard]] FreqScaleComponent& getRuler() noexcept { return ruler; }
     [[nodiscard]] KeyboardScaleComponent& getKeyboard() noexcept { return keyboard; }
@@ -64,6 +70,7 @@ public:
     void parentHierarchyChanged() override;
 
 private:
+    void exploringChanged() override;
     void connectMouse();
     void showReadout (const juce::MouseEvent& event, float hz, bool followCursor);
     void showContextMenu (const juce::PopupMenu::Options& options);
@@ -76,6 +83,10 @@ private:
 
     AudioPluginAudioProcessor& processor;
     SpectrogramComponent spectrogram;
+    Exploration exploration;
+    ExploreGestures exploreGestures;
+    TimeStrip timeStrip { spectrogram.getExplorer() };
+    LevelBar levelBar { spectrogram.getExplorer() };
     FrequencyScale scale;
     FreqScaleComponent ruler { scale };
     KeyboardScaleComponent keyboard { scale };

@@ -1,0 +1,272 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#include "Exploration.h"
+
+#include "orlo/parameters/Params.h"
+#include "orlo/processor/AudioPluginAudioProcessor.h"
+#include "orlo/processor/ParameterAccess.h"
+
+namespace mk::orlo
+{
+namespace
+{
+[[nodiscard]] bool looksTheSame (FrequencyGesture::Values left, FrequencyGesture::Values right) noexcept
+{
+    return juce::approximatelyEqual (left.min, right.min) && juce::approximatelyEqual (left.max, right.max);
+}
+
+[[nodiscard]] bool looksTheSame (const ExploreSettings& left, const ExploreSettings& right) noexcept
+{
+    return needTheSameLevels (left, right) && haveTheSameColours (left, right);
+}
+} // namespace
+
+Exploration::Exploration (AudioPluginAudioProcessor& processorToUse, SpectrogramComponent& viewToUse)
+    : processor (processorToUse),
+      view (viewToUse),
+      explorer (viewToUse.getExplorer()),
+      mode (findParameter (processorToUse, Params::id::mode)),
+      fftSize (findParameter (processorToUse, Params::id::fftSize)),
+      speed (findParameter (processorToUse, Params::id::speed)),
+      floorGain (findParameter (processorToUse, Params::id::floor)),
+      ceiling (findParameter (processorToUse, Params::id::ceiling)),
+      freqScale (findParameter (processorToUse, Params::id::freqScale)),
+      frequencies (processorToUse)
+{
+    processor.setSoundKept (true);
+}
+
+Exploration::~Exploration()
+{
+    explorer.end();
+    processor.setSoundKept (false);
+}
+
+//==============================================================================
+ExploreSettings Exploration::readSettings() const
+{
+    const auto range = frequencies.getRange();
+
+    ExploreSettings settings;
+    settings.hop.windowSize = Params::getWindowSize (getCurrentValue (fftSize));
+    settings.hop.speed = getCurrentValue (speed);
+    settings.hop.doubleResolution = view.isDoubleResolution();
+    settings.hop.enhanced = juce::roundToInt (getCurrentValue (mode)) != 0;
+    settings.minFreqFraction = float (range.min);
+    settings.maxFreqFraction = juce::jmax (settings.minFreqFraction, float (range.max));
+    settings.scaleType = juce::roundToInt (getCurrentValue (freqScale));
+    settings.colours = { getCurrentValue (floorGain),
+                         getCurrentValue (ceiling),
+                         processor.getImageBuilder().getColourMap() };
+    return settings;
+}
+
+Exploration::Frozen Exploration::readState() const
+{
+    const auto* const window = view.findParentComponentOfClass<juce::AudioProcessorEditor>();
+    return { readSettings(),
+             window != nullptr ? juce::Point { window->getWidth(), window->getHeight() } : juce::Point<int>() };
+}
+
+std::shared_ptr<const KeptSound> Exploration::findSound() const { return processor.getSoundHistory().getSound(); }
+
+FrozenPicture Exploration::findPicture (double rate) const
+{
+    const auto& builder = processor.getImageBuilder();
+    const auto& ring = builder.getPicture();
+    auto& worker = processor.getFftProcessor();
+    const auto sound = findSound();
+
+    FrozenState state;
+    state.hop = frozen->settings.hop;
+    state.hop.sampleRate = rate;
+    state.soundEnd = sound != nullptr ? sound->getEnd() : 0;
+    state.samplesWaiting = worker.getNumSamplesReady();
+    state.framesWaiting = worker.getNumFramesReady();
+    state.pictureWidth = ring.getWidth();
+    state.writeColumn = ring.getWriteX();
+    state.isScrolling = builder.isPictureScrolling();
+    return findFrozenPicture (state);
+}
+
+//==============================================================================
+void Exploration::tick()
+{
+    if (! processor.isFrozen())
+    {
+        frozen.reset();
+        valuesBefore.reset();
+        explorer.end();
+        return;
+    }
+
+    if (! explorer.isExploring())
+    {
+        auto now = readState();
+
+        if (! frozen.has_value())
+            frozen = std::move (now);
+        else if ((! looksTheSame (frozen->settings, now.settings) || frozen->windowSize != now.windowSize) && ! begin())
+            frozen = std::move (now);
+
+        return;
+    }
+
+    // A host has changed the sample rate: this sound goes no further.
+    if (findSound() != explorer.getSound())
+        stop();
+    else
+        follow (readSettings());
+}
+
+void Exploration::follow (const ExploreSettings& settings)
+{
+    const auto& old = explorer.getSettings();
+
+    // At another speed the picture would show more or less time up to the same end.
+    if (! juce::exactlyEqual (old.hop.speed, settings.hop.speed))
+    {
+        const auto ratio =
+            double (planHop (settings.hop).secondsPerColumn) / double (planHop (old.hop).secondsPerColumn);
+        const auto before = explorer.getTimeView();
+        const auto newHome = before.getHomeLength() * ratio;
+
+        TimeView after (before.getSoundStart(),
+                        before.getSoundEnd(),
+                        before.getSampleRate(),
+                        before.getHomeStart() + before.getHomeLength() - newHome,
+                        newHome);
+
+        if (! before.isHome())
+            after.setRange (before.getEnd() - before.getLength() * ratio, before.getLength() * ratio);
+
+        explorer.setTimeView (after);
+    }
+
+    explorer.setSettings (settings);
+}
+
+bool Exploration::isPossible() const
+{
+    if (explorer.isExploring())
+        return true;
+
+    const auto sound = findSound();
+    return processor.isFrozen() && sound != nullptr && sound->getEnd() > sound->getStart()
+           && processor.getImageBuilder().getPicture().getWidth() > 0;
+}
+
+bool Exploration::begin()
+{
+    if (explorer.isExploring())
+        return true;
+
+    if (! isPossible())
+        return false;
+
+    if (! frozen.has_value())
+        frozen = readState();
+
+    const auto sound = findSound();
+    picture = findPicture (sound->getSampleRate());
+    valuesBefore.reset();
+
+    // What changed since the freeze is taken over as if it had changed now.
+    if (! explorer.begin (sound, picture.start, picture.length, frozen->settings))
+        return false;
+
+    follow (readSettings());
+    return true;
+}
+
+//==============================================================================
+bool Exploration::zoomTime (double factor, float x)
+{
+    const auto wasExploring = explorer.isExploring();
+    const auto oldShare = double (x) / double (juce::jmax (1, view.getWidth()));
+
+    if (! begin())
+        return false;
+
+    // The view may have become smaller by now.
+    const auto share = double (x) / double (juce::jmax (1, view.getWidth()));
+    auto times = explorer.getTimeView();
+    times.zoom (factor, wasExploring ? times.getSampleAt (share) : picture.getSampleAt (oldShare), share);
+    explorer.setTimeView (times);
+    return true;
+}
+
+bool Exploration::changeTimeView (const std::function<void (TimeView&)>& change)
+{
+    if (! begin())
+        return false;
+
+    auto times = explorer.getTimeView();
+    change (times);
+    explorer.setTimeView (times);
+    return true;
+}
+
+bool Exploration::zoomFrequencies (double factor, float y)
+{
+    if (! begin())
+        return false;
+
+    const auto range = frequencies.getRange();
+    const auto position = 1.0 - juce::jlimit (0.0, 1.0, double (y) / double (juce::jmax (1, view.getHeight())));
+    const auto zoomed = mk::orlo::zoomFrequencies (
+        range, explorer.getSettings().scaleType, explorer.getSound()->getSampleRate() * 0.5, position, factor);
+
+    if (! valuesBefore.has_value())
+        valuesBefore = frequencies.getValues();
+
+    frequencies.set (zoomed);
+    valuesAfter = frequencies.getValues();
+    follow (readSettings());
+    return true;
+}
+
+//==============================================================================
+void Exploration::restoreFrequencies()
+{
+    frequencies.finish();
+
+    // If another control has moved the range since, that is what the user wants.
+    if (valuesBefore.has_value() && valuesAfter.has_value() && looksTheSame (frequencies.getValues(), *valuesAfter))
+    {
+        frequencies.setValues (*valuesBefore);
+        frequencies.finish();
+    }
+
+    valuesBefore.reset();
+}
+
+void Exploration::goHome()
+{
+    if (! explorer.isExploring())
+        return;
+
+    restoreFrequencies();
+
+    if (const auto now = readState();
+        looksTheSame (frozen->settings, now.settings) && frozen->windowSize == now.windowSize)
+    {
+        explorer.end();
+        return;
+    }
+
+    changeTimeView ([] (TimeView& times) { times.goHome(); });
+    follow (readSettings());
+}
+
+bool Exploration::stop()
+{
+    if (! explorer.isExploring())
+        return false;
+
+    restoreFrequencies();
+    explorer.end();
+    frozen = readState();
+    return true;
+}
+
+} // namespace mk::orlo

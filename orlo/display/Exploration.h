@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: AGPL-3.0-or-later
+#pragma once
+
+#include "FrequencyGesture.h"
+#include "FrozenPicture.h"
+#include "SpectrogramComponent.h"
+
+#include <optional>
+
+namespace mk::orlo
+{
+
+/** Lets the user look at the sound of the frozen picture: begins to explore with the user's first act or a changed
+    setting while the display stands still, and ends it when the display moves on. Nothing else decides that. The sound is
+    kept for as long as this exists. [message thread] */
+class Exploration final
+{
+public:
+    /** Both must outlive this. */
+    Exploration (AudioPluginAudioProcessor& processor, SpectrogramComponent& view);
+    ~Exploration();
+
+    /** To be called at every refresh of the display, before anything new is painted. */
+    void tick();
+
+    /** Whether there is a frozen picture whose sound is kept, so that the acts below do something. */
+    [[nodiscard]] bool isPossible() const;
+
+    /** The acts of the user. Each begins exploring, if that is possible; else it returns false.
+        @param factor  of the range on view; below 1 zooms in
+        @param x       in the view's units, of the time that stays where it is; likewise y */
+    bool zoomTime (double factor, float x);
+    bool zoomFrequencies (double factor, float y);
+    bool changeTimeView (const std::function<void (TimeView&)>& change);
+
+    /** Goes back to the range of the frozen picture, and to that picture itself unless a setting differs from then.
+        Does nothing while not exploring. */
+    void goHome();
+
+    /** Goes back to the frozen picture. False while not exploring. */
+    bool stop();
+
+    [[nodiscard]] Explorer& getExplorer() noexcept { return explorer; }
+    [[nodiscard]] FrequencyGesture& getFrequencyGesture() noexcept { return frequencies; }
+
+private:
+    /** What the frozen picture was made with. */
+    struct Frozen
+    {
+        ExploreSettings settings;
+        juce::Point<int> windowSize;
+    };
+
+    [[nodiscard]] ExploreSettings readSettings() const;
+    [[nodiscard]] Frozen readState() const;
+    [[nodiscard]] std::shared_ptr<const KeptSound> findSound() const;
+    [[nodiscard]] FrozenPicture findPicture (double rate) const;
+    bool begin();
+    void follow (const ExploreSettings& settings);
+    void restoreFrequencies();
+
+    AudioPluginAudioProcessor& processor;
+    SpectrogramComponent& view;
+    Explorer& explorer;
+    juce::RangedAudioParameter &mode, &fftSize, &speed, &floorGain, &ceiling, &freqScale;
+    FrequencyGesture frequencies;
+
+    std::optional<Frozen> frozen; // while the display stands still
+    FrozenPicture picture;        // while exploring
+
+    // While exploring, from the first zoom of frequencies on: the values before it, and those after the last.
+    std::optional<FrequencyGesture::Values> valuesBefore, valuesAfter;
+
+    JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (Exploration)
+};
+
+} // namespace mk::orlo
