@@ -90,12 +90,16 @@ TEST_F (OrloRender, KeepsTheToneOrTheClickAsAsked)
         auto options = with (more);
         options.addArray ({ "--points-kept", points, "--floor=-80", "--duration=0.6" });
         const auto array = renderLevels (options);
+        const auto toneRow = int (std::lround ((1.0 - 3000.0 / (rate / 2)) * (array.rows - 1)));
         std::pair<int, int> lit; // in the row of the tone, and far above it
 
         for (int row = 0; row < array.rows; ++row)
             for (int column = 0; column < array.columns; ++column)
-                if (array.values[size_t (row * array.columns + column)] > 0.0f)
-                    ++(row < array.rows / 2 ? lit.second : lit.first);
+                if (array.get (row, column) > 0.0f)
+                {
+                    lit.first += std::abs (row - toneRow) <= 1 ? 1 : 0;
+                    lit.second += row < array.rows / 2 ? 1 : 0;
+                }
 
         return lit;
     };
