@@ -25,7 +25,8 @@ protected:
         const auto start = getTimes().getStart(), length = getTimes().getLength();
         window->typeKey (symbol);
         return pumpUntil (
-            [&] {
+            [&]
+            {
                 return ! juce::exactlyEqual (getTimes().getStart(), start)
                        || ! juce::exactlyEqual (getTimes().getLength(), length);
             });
@@ -101,7 +102,11 @@ TEST_F (ExploreGesturesTest, CtrlWheelZoomsFrequencyInOneUndoStep)
     GestureRecorder minimum (*processor.getParameterState().getParameter (Params::id::minFreq));
     GestureRecorder maximum (*processor.getParameterState().getParameter (Params::id::maxFreq));
     const auto y = float (getPicture().getMouseXYRelative().y);
-    const auto hz = [&] { return window->getContainer().getFrequencyScale().frequencyForPosition (1.0f - y / float (getPicture().getHeight())); };
+    const auto hz = [&]
+    {
+        return window->getContainer().getFrequencyScale().frequencyForPosition (1.0f
+                                                                                - y / float (getPicture().getHeight()));
+    };
 
     ASSERT_TRUE (holdModifier (Screen::controlKey, juce::ModifierKeys::ctrlModifier));
     turnWheel (wheelUp);
