@@ -108,14 +108,37 @@ TEST_F (ExplorationTest, TheSoundSurvivesClosingAndReopeningWhileExploring)
 {
     freeze();
     zoomIn();
-    const auto end = getTimes().getSoundEnd();
+    waitForTicks();
+    const auto before = getTimes();
     window = nullptr;
     open();
-    waitForTicks();
-    EXPECT_FALSE (getExplorer().isExploring());
-    zoomIn();
-    EXPECT_EQ (getTimes().getSoundEnd(), end);
+    ASSERT_TRUE (waitForExploring());
+    EXPECT_EQ (getTimes().getSoundEnd(), before.getSoundEnd());
+    EXPECT_NEAR (getTimes().getStart(), before.getStart(), 1.0);
+    EXPECT_NEAR (getTimes().getLength(), before.getLength(), 1.0);
     EXPECT_TRUE (waitForPicture());
+
+    set (Params::id::freeze, 0.0f);
+    ASSERT_TRUE (waitForExploring (false));
+    EXPECT_TRUE (processor.getUIView().explored.get().isEmpty());
+}
+
+TEST_F (ExplorationTest, ASessionWithoutItsSoundIsNotExplored)
+{
+    set (Params::id::freeze, 1.0f);
+    processor.getUIView().explored = "-1.0 0.5";
+    juce::MemoryBlock stored;
+    processor.getStateInformation (stored);
+
+    AudioPluginAudioProcessor other { createEditor };
+    other.prepareToPlay (44100.0, 512);
+    other.setStateInformation (stored.getData(), int (stored.getSize()));
+    window = nullptr;
+    EditorWindow otherWindow (other);
+    ASSERT_TRUE (otherWindow.isOpen);
+    const auto& count = other.getFrameClock().tickCount;
+    ASSERT_TRUE (pumpUntil ([&] { return count.load (std::memory_order_relaxed) > 3; }));
+    EXPECT_FALSE (otherWindow.getPicture().getExplorer().isExploring());
 }
 
 TEST_F (ExplorationTest, UndoAndARestoredSessionAreFollowed)
