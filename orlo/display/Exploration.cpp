@@ -55,6 +55,8 @@ ExploreSettings Exploration::readSettings() const
     settings.minFreqFraction = float (range.min);
     settings.maxFreqFraction = juce::jmax (settings.minFreqFraction, float (range.max));
     settings.scaleType = juce::roundToInt (getCurrentValue (freqScale));
+    settings.pointsKept = processor.getPointsKept();
+    settings.source = processor.getUIView().getSource();
     settings.colours = { getCurrentValue (floorGain),
                          getCurrentValue (ceiling),
                          processor.getImageBuilder().getColourMap() };
