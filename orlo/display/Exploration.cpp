@@ -4,6 +4,7 @@
 #include "orlo/parameters/Params.h"
 #include "orlo/processor/AudioPluginAudioProcessor.h"
 #include "orlo/processor/ParameterAccess.h"
+#include "plugin_core/text/NumberText.h"
 
 namespace mk::orlo
 {
@@ -54,6 +55,8 @@ ExploreSettings Exploration::readSettings() const
     settings.minFreqFraction = float (range.min);
     settings.maxFreqFraction = juce::jmax (settings.minFreqFraction, float (range.max));
     settings.scaleType = juce::roundToInt (getCurrentValue (freqScale));
+    settings.pointsKept = processor.getPointsKept();
+    settings.source = processor.getUIView().getSource();
     settings.colours = { getCurrentValue (floorGain),
                          getCurrentValue (ceiling),
                          processor.getImageBuilder().getColourMap() };
@@ -95,9 +98,12 @@ void Exploration::tick()
     {
         frozen.reset();
         valuesBefore.reset();
-        explorer.end();
+        end();
         return;
     }
+
+    if (! explorer.isExploring())
+        resume();
 
     if (! explorer.isExploring())
     {
@@ -113,9 +119,54 @@ void Exploration::tick()
 
     // A host has changed the sample rate: this sound goes no further.
     if (findSound() != explorer.getSound())
+    {
         stop();
+        return;
+    }
+
+    follow (readSettings());
+    remember();
+}
+
+void Exploration::remember()
+{
+    const auto& times = explorer.getTimeView();
+    auto& explored = processor.getUIView().explored;
+
+    if (explored.get().isNotEmpty() && juce::exactlyEqual (times.getStart(), remembered.getStart())
+        && juce::exactlyEqual (times.getLength(), remembered.getLength()))
+        return;
+
+    remembered = times;
+    explored = juce::String (times.getSecondsAt (times.getStart()), 6) + " "
+               + juce::String (times.getLength() / times.getSampleRate(), 6);
+}
+
+void Exploration::resume()
+{
+    const auto text = processor.getUIView().explored.get();
+
+    if (text.isEmpty() || ! isPossible())
+        return;
+
+    const auto start = pluginCore::parseNumber (text.upToFirstOccurrenceOf (" ", false, false));
+    const auto length = pluginCore::parseNumber (text.fromFirstOccurrenceOf (" ", false, false));
+
+    if (start && length)
+        changeTimeView (
+            [&] (TimeView& times) {
+                times.setRange (times.getSoundEnd() + *start * times.getSampleRate(), *length * times.getSampleRate());
+            });
     else
-        follow (readSettings());
+        end();
+}
+
+void Exploration::end()
+{
+    explorer.end();
+
+    if (auto& explored = processor.getUIView().explored; explored.get().isNotEmpty())
+        explored.resetToDefault();
 }
 
 void Exploration::follow (const ExploreSettings& settings)
@@ -250,7 +301,7 @@ void Exploration::goHome()
     if (const auto now = readState();
         looksTheSame (frozen->settings, now.settings) && frozen->windowSize == now.windowSize)
     {
-        explorer.end();
+        end();
         return;
     }
 
@@ -264,7 +315,7 @@ bool Exploration::stop()
         return false;
 
     restoreFrequencies();
-    explorer.end();
+    end();
     frozen = readState();
     return true;
 }

@@ -12,7 +12,8 @@ namespace mk::orlo
 
 /** Lets the user look at the sound of the frozen picture: begins to explore with the user's first act or a changed
     setting while the display stands still, and ends it when the display moves on. Nothing else decides that. The sound is
-    kept for as long as this exists. [message thread] */
+    kept for as long as this exists. The session keeps the range, so that a window that is opened again on the same frozen
+    picture goes on there. [message thread] */
 class Exploration final
 {
 public:
@@ -58,6 +59,9 @@ private:
     bool begin();
     void follow (const ExploreSettings& settings);
     void restoreFrequencies();
+    void end();
+    void remember();
+    void resume();
 
     AudioPluginAudioProcessor& processor;
     SpectrogramComponent& view;
@@ -67,6 +71,7 @@ private:
 
     std::optional<Frozen> frozen; // while the display stands still
     FrozenPicture picture;        // while exploring
+    TimeView remembered;          // the range that the session has
 
     // While exploring, from the first zoom of frequencies on: the values before it, and those after the last.
     std::optional<FrequencyGesture::Values> valuesBefore, valuesAfter;

@@ -63,22 +63,17 @@ void SoundOverview::draw()
     if (drawer == nullptr || width < 1 || height < 1)
         return;
 
-    const auto& settings = explorer.getSettings();
     const auto& view = explorer.getTimeView();
 
-    StillRequest request;
-    request.source = explorer.getSource();
+    auto request = explorer.makeRequest();
     request.start = view.getSoundStart();
     request.length = view.getSoundEnd() - view.getSoundStart();
     request.width = width;
     request.height = height;
-    request.hop.sampleRate = view.getSampleRate();
     request.hop.windowSize = overviewWindow;
     request.hop.speed = 0.0f;
+    request.hop.doubleResolution = false;
     request.hop.enhanced = false;
-    request.minFreqFraction = settings.minFreqFraction;
-    request.maxFreqFraction = settings.maxFreqFraction;
-    request.scaleType = settings.scaleType;
     drawer->draw (request);
 }
 

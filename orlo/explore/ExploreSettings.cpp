@@ -13,13 +13,14 @@ namespace
     request.minFreqFraction = settings.minFreqFraction;
     request.maxFreqFraction = settings.maxFreqFraction;
     request.scaleType = settings.scaleType;
+    request.pointsKept = settings.pointsKept;
     return request;
 }
 } // namespace
 
 bool needTheSameLevels (const ExploreSettings& left, const ExploreSettings& right) noexcept
 {
-    return showsTheSame (requestFor (left), requestFor (right));
+    return left.source == right.source && showsTheSame (requestFor (left), requestFor (right));
 }
 
 bool haveTheSameColours (const ExploreSettings& left, const ExploreSettings& right) noexcept

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
+#include "orlo/analysis/Source.h"
 #include "orlo/stills/StillPicture.h"
 
 namespace mk::orlo
@@ -13,6 +14,8 @@ struct ExploreSettings
     float minFreqFraction = 0.0f; /**< Of half the sample rate, as maxFreqFraction. */
     float maxFreqFraction = 1.0f;
     int scaleType = 0; /**< A FrequencyScale::Type. */
+    PointsKept pointsKept = PointsKept::all;
+    Source source = Source::mean; /**< Of sound with two channels. */
     StillColours colours;
 };
 

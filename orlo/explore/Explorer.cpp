@@ -30,13 +30,11 @@ bool Explorer::begin (std::shared_ptr<const KeptSound> newSound,
     drawer->onFailure = [this] (const juce::String&) { readAgain(); };
 
     sound = std::move (newSound);
-    source = std::make_shared<HistorySource> (sound);
-    timeView = {
-        double (source->getStart()), double (source->getEnd()), sound->getSampleRate(), homeStart, homeLength
-    };
+    timeView = { double (sound->getStart()), double (sound->getEnd()), sound->getSampleRate(), homeStart, homeLength };
     settings = newSettings;
     picture = nullptr;
     image = {};
+    updateSources();
     updateScale();
     draw();
     listeners.call (&Listener::exploringChanged);
@@ -52,7 +50,7 @@ void Explorer::end()
     picture = nullptr;
     image = {};
     scale = nullptr;
-    source = nullptr;
+    sources = {};
     sound = nullptr;
     listeners.call (&Listener::exploringChanged);
 }
@@ -68,6 +66,7 @@ void Explorer::setSize (int newWidth, int newHeight)
 void Explorer::setSettings (const ExploreSettings& newSettings)
 {
     const auto isOtherColour = ! haveTheSameColours (settings, newSettings);
+    const auto isOtherSource = settings.source != newSettings.source;
     const auto isOtherLevel = ! needTheSameLevels (settings, newSettings);
 
     settings = newSettings;
@@ -80,6 +79,9 @@ void Explorer::setSettings (const ExploreSettings& newSettings)
         paintImage();
         listeners.call (&Listener::exploredPictureChanged);
     }
+
+    if (isOtherSource)
+        updateSources();
 
     if (isOtherLevel)
     {
@@ -101,23 +103,29 @@ void Explorer::setTimeView (const TimeView& newView)
 //==============================================================================
 StillRequest Explorer::makeRequest() const
 {
-    StillRequest request;
-    request.source = source;
+    auto request = sources;
     request.start = timeView.getStart();
     request.length = timeView.getLength();
     request.width = width;
     request.height = height;
     request.hop = settings.hop;
-    request.hop.sampleRate = sound->getSampleRate();
+    request.hop.sampleRate = timeView.getSampleRate();
     request.minFreqFraction = settings.minFreqFraction;
     request.maxFreqFraction = settings.maxFreqFraction;
     request.scaleType = settings.scaleType;
+    request.pointsKept = settings.pointsKept;
     return request;
 }
 
 bool Explorer::isPictureCurrent() const noexcept
 {
     return picture != nullptr && ! picture->isCoarse() && showsTheSame (picture->getRequest(), makeRequest());
+}
+
+void Explorer::updateSources()
+{
+    sources = {};
+    setSource (sources, sound, settings.source);
 }
 
 void Explorer::updateScale() { scale = scales.obtain (makeRequest()); }
@@ -143,12 +151,18 @@ void Explorer::paintImage()
 void Explorer::readAgain()
 {
     // A block that came after the freeze may have overwritten the oldest sound. If it is that, there is less of it now.
-    const auto rest = std::make_shared<HistorySource> (sound);
-
-    if (rest->getStart() <= source->getStart())
+    if (double (sound->getStart()) <= timeView.getSoundStart())
         return;
 
-    source = rest;
+    // The range that is looked at stays, with silence for what is lost.
+    TimeView rest (double (sound->getStart()),
+                   timeView.getSoundEnd(),
+                   timeView.getSampleRate(),
+                   timeView.getHomeStart(),
+                   timeView.getHomeLength());
+    rest.setRange (timeView.getStart(), timeView.getLength());
+    timeView = rest;
+    updateSources();
     draw();
 }
 

@@ -45,7 +45,7 @@ public:
     /** Forgets the sound and the picture. */
     void end();
 
-    [[nodiscard]] bool isExploring() const noexcept { return source != nullptr; }
+    [[nodiscard]] bool isExploring() const noexcept { return sound != nullptr; }
 
     /** The picture's size in pixels; without pixels nothing is drawn. */
     void setSize (int width, int height);
@@ -60,8 +60,8 @@ public:
     /** The sound that is looked at; null while not exploring. */
     [[nodiscard]] std::shared_ptr<const KeptSound> getSound() const noexcept { return sound; }
 
-    /** The part of the sound that is looked at; null while not exploring. */
-    [[nodiscard]] std::shared_ptr<HistorySource> getSource() const noexcept { return source; }
+    /** What the picture is to show. Its source is null while not exploring. */
+    [[nodiscard]] StillRequest makeRequest() const;
 
     /** The newest picture; null before the first one. */
     [[nodiscard]] std::shared_ptr<const StillPicture> getPicture() const noexcept { return picture; }
@@ -79,7 +79,7 @@ public:
     void removeListener (Listener* listener) { listeners.remove (listener); }
 
 private:
-    [[nodiscard]] StillRequest makeRequest() const;
+    void updateSources();
     void updateScale();
     void draw();
     void takePicture (std::shared_ptr<const StillPicture> newPicture);
@@ -87,7 +87,7 @@ private:
     void paintImage();
 
     std::shared_ptr<const KeptSound> sound;
-    std::shared_ptr<HistorySource> source;
+    StillRequest sources;                // of which only the sound is set
     std::unique_ptr<StillDrawer> drawer; // while exploring
     TimeView timeView;
     ExploreSettings settings;

@@ -13,6 +13,7 @@ const juce::Identifier cleanBoundsId { "CLEAN_BOUNDS" };
 const juce::Identifier normalBoundsId { "NORMAL_BOUNDS" };
 const juce::Identifier concertPitchId { "CONCERT_PITCH" };
 const juce::Identifier middleCId { "MIDDLE_C" };
+const juce::Identifier exploredId { "EXPLORED" };
 const juce::Identifier sourceId { "SOURCE" };
 
 /** Whether a stored value reads as true. */
@@ -46,6 +47,7 @@ void UIView::bind()
     normalBounds.referTo (tree, normalBoundsId, nullptr, {});
     concertPitch.referTo (tree, concertPitchId, nullptr, {});
     middleC.referTo (tree, middleCId, nullptr, {});
+    explored.referTo (tree, exploredId, nullptr, {});
     source.referTo (tree, sourceId, nullptr, {});
 
     for (const auto& valueSource :

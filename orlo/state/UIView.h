@@ -28,12 +28,16 @@ public:
     juce::CachedValue<juce::String> concertPitch; /**< CONCERT_PITCH: see TuningSettings. */
     juce::CachedValue<juce::String> middleC;      /**< MIDDLE_C: see TuningSettings. */
 
+    /** EXPLORED: the range that is explored, as "START LENGTH" in seconds from the end of the kept sound; empty while none
+        is. A window that opens on a frozen picture goes on there. */
+    juce::CachedValue<juce::String> explored;
+
     juce::CachedValue<juce::String> source; /**< SOURCE: one of sourceNames; another text is the mean. */
 
     [[nodiscard]] Source getSource() const noexcept { return currentSource; }
     void setSource (Source newSource);
 
-    /** All but the source as values to listen to. They keep referring to the current session's view when another session is
+    /** All but the source and the explored range as values to listen to. They keep referring to the current session's view when another session is
         loaded, and notify asynchronously. */
     [[nodiscard]] juce::Value getCleanViewModeValue() const { return juce::Value (cleanViewModeSource.get()); }
     [[nodiscard]] juce::Value getCleanBoundsValue() const { return juce::Value (cleanBoundsSource.get()); }

@@ -53,14 +53,25 @@ private:
     return { id, text.fromFirstOccurrenceOf ("=", false, false).trim() };
 }
 
-[[nodiscard]] double toSeconds (const juce::String& text)
+[[nodiscard]] double toSeconds (const juce::String& option, const juce::String& text)
 {
     const auto seconds = pluginCore::parseQuantity (text);
 
     if (! seconds || *seconds < 0.0 || *seconds > longestRunSeconds)
-        throw HostError ("--seconds wants a number from 0 up, not '" + text + "'");
+        throw HostError (option + " wants a number from 0 up, not '" + text + "'");
 
     return *seconds;
+}
+
+[[nodiscard]] ExploredRange toRange (const juce::String& text)
+{
+    const auto start = pluginCore::parseQuantity (text.upToFirstOccurrenceOf (",", false, false));
+    const auto length = pluginCore::parseQuantity (text.fromFirstOccurrenceOf (",", false, false));
+
+    if (! start || ! length || *start > 0.0 || *length <= 0.0 || *length > longestRunSeconds)
+        throw HostError ("--explore wants START,LENGTH in seconds, with START up to 0, not '" + text + "'");
+
+    return { *start, *length };
 }
 
 [[nodiscard]] juce::Rectangle<int> toSize (const juce::String& text)
@@ -87,6 +98,9 @@ void checkThatAllGoesTogether (const HostOptions& options)
     if (options.screenshot && ! options.showWindow)
         throw HostError ("--screenshot and --no-window exclude each other");
 
+    if (options.explore && ! options.freezeAt)
+        throw HostError ("--explore needs --freeze-at, as only a frozen picture can be explored");
+
     if (options.editorSize && ! options.showWindow)
         throw HostError ("--size and --no-window exclude each other");
 }
@@ -112,7 +126,11 @@ HostOptions parseHostOptions (const juce::StringArray& arguments)
         else if (argument == "--set")
             options.settings.push_back (toSetting (reader.nextValueOf (argument)));
         else if (argument == "--seconds")
-            options.seconds = toSeconds (reader.nextValueOf (argument));
+            options.seconds = toSeconds (argument, reader.nextValueOf (argument));
+        else if (argument == "--freeze-at")
+            options.freezeAt = toSeconds (argument, reader.nextValueOf (argument));
+        else if (argument == "--explore")
+            options.explore = toRange (reader.nextValueOf (argument));
         else if (argument == "--size")
             options.editorSize = toSize (reader.nextValueOf (argument));
         else if (argument == "--screenshot")
@@ -152,6 +170,8 @@ still runs through the plug-in in real time, but is not heard.
   --set ID=VALUE         sets a parameter by its id and text, --set colourMap=viridis; may be repeated
   --size WIDTHxHEIGHT    the editor's size in pixels
   --seconds N            quits after N seconds
+  --freeze-at N          freezes the picture after N seconds
+  --explore START,LENGTH looks at a part of the frozen sound: START in seconds from the freeze, as -2.5
   --screenshot FILE.png  saves the editor as it is on the screen when the time is over
   --state-in FILE        loads the plug-in's state from a file, before --set is applied
   --state-out FILE       saves the plug-in's state on quitting

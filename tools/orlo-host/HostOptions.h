@@ -17,13 +17,21 @@ struct ParameterSetting
     [[nodiscard]] bool operator== (const ParameterSetting&) const = default;
 };
 
+/** A range of time in seconds, counted from the freeze: one before it starts below 0. */
+struct ExploredRange
+{
+    double start = 0.0, length = 0.0;
+};
+
 /** Everything that the user asked for. */
 struct HostOptions
 {
     std::optional<juce::File> audio;  /**< Without it the demo signal plays. */
     std::optional<juce::File> plugin; /**< Without it the bundle of this build is loaded. */
     std::vector<ParameterSetting> settings;
-    std::optional<double> seconds; /**< How long to play; without it until the window is closed. */
+    std::optional<double> seconds;        /**< How long to play; without it until the window is closed. */
+    std::optional<double> freezeAt;       /**< When to freeze the picture, in seconds. */
+    std::optional<ExploredRange> explore; /**< What to look at then. */
     std::optional<juce::File> screenshot, stateIn, stateOut, preset;
     std::optional<juce::Rectangle<int>> editorSize;
     bool showWindow = true;

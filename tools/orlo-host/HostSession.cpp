@@ -2,6 +2,7 @@
 #include "HostSession.h"
 
 #include "BuiltPlugin.h"
+#include "HostError.h"
 #include "PluginLoader.h"
 #include "PluginParameters.h"
 #include "PluginState.h"
@@ -39,12 +40,22 @@ HostSession::HostSession (HostOptions optionsToUse) : options (std::move (option
     startOutput();
 
     if (options.seconds)
-        startTimer (juce::jmax (1, juce::roundToInt (*options.seconds * 1000.0)));
+        startTimerFor (endTimer, *options.seconds);
+
+    if (options.freezeAt)
+        startTimerFor (freezeTimer, *options.freezeAt);
+}
+
+void HostSession::startTimerFor (int timer, double seconds)
+{
+    startTimer (timer, juce::jmax (1, juce::roundToInt (seconds * 1000.0)));
 }
 
 HostSession::~HostSession()
 {
-    stopTimer();
+    for (const auto timer : { endTimer, freezeTimer, exploreTimer })
+        stopTimer (timer);
+
     timedOutput = nullptr;
     soundCard = nullptr;
     window = nullptr;
@@ -76,6 +87,9 @@ juce::String HostSession::describe() const
 
 void HostSession::writeResults()
 {
+    if (failure != nullptr)
+        std::rethrow_exception (failure);
+
     if (options.screenshot)
         writePng (captureFromScreen (window->getEditor()), *options.screenshot);
 
@@ -83,10 +97,37 @@ void HostSession::writeResults()
         saveState (*plugin, *options.stateOut);
 }
 
-void HostSession::timerCallback()
+void HostSession::timerCallback (int timer)
 {
-    stopTimer();
-    finish();
+    // The picture comes to rest within some refreshes of the display.
+    constexpr auto secondsToRest = 0.5;
+
+    stopTimer (timer);
+
+    if (timer == endTimer)
+    {
+        finish();
+        return;
+    }
+
+    try
+    {
+        if (timer == exploreTimer)
+        {
+            explore (*plugin, *options.explore);
+            return;
+        }
+
+        setParameter (*plugin, { "freeze", "On" });
+
+        if (options.explore)
+            startTimerFor (exploreTimer, secondsToRest);
+    }
+    catch (const HostError&)
+    {
+        failure = std::current_exception();
+        finish();
+    }
 }
 
 void HostSession::finish()

@@ -6,6 +6,7 @@
 #include "SoundCardOutput.h"
 #include "TimedOutput.h"
 
+#include <exception>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -14,7 +15,7 @@ namespace mk::orlo::host
 {
 
 /** One run of the program: loads the plug-in, plays audio through it and shows its editor. [message thread] */
-class HostSession final : private juce::Timer
+class HostSession final : private juce::MultiTimer
 {
 public:
     /** Loads the plug-in, opens the window and starts the audio. On failure stops all and throws HostError. */
@@ -29,11 +30,19 @@ public:
     /** One line that names the track, the plug-in and the output device. */
     [[nodiscard]] juce::String describe() const;
 
-    /** Writes what the options ask for: the picture, then the state. Throws HostError. */
+    /** Writes what the options ask for: the picture, then the state. Throws HostError, also for what failed on the way. */
     void writeResults();
 
 private:
-    void timerCallback() override;
+    enum Timers
+    {
+        endTimer,
+        freezeTimer,
+        exploreTimer
+    };
+
+    void timerCallback (int timer) override;
+    void startTimerFor (int timer, double seconds);
     void finish();
     void startOutput();
 
@@ -45,6 +54,7 @@ private:
     std::unique_ptr<EditorWindow> window;
     std::unique_ptr<SoundCardOutput> soundCard;
     std::unique_ptr<TimedOutput> timedOutput;
+    std::exception_ptr failure; // of what the timers did
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (HostSession)
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
+#include "HostOptions.h"
+
 #include <juce_audio_processors/juce_audio_processors.h>
 
 namespace mk::orlo::host
@@ -21,5 +23,9 @@ void loadPreset (juce::AudioPluginInstance& plugin, const juce::File& file);
 
 /** Replaces a file's content. If that fails, throws HostError and leaves the file unchanged. */
 void writeWholeFile (const juce::File& file, const void* data, size_t size);
+
+/** [message thread] Lets the plug-in explore a part of the sound of its frozen picture, by its session's state. Throws
+    HostError if the state has another form. */
+void explore (juce::AudioPluginInstance& plugin, const ExploredRange& range);
 
 } // namespace mk::orlo::host

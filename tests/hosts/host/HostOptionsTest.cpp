@@ -116,5 +116,19 @@ TEST (HostOptions, ThatExcludeEachOtherAreAnError)
     EXPECT_EQ (errorFor ({ "--size", "10x10", "--no-window" }), "--size and --no-window exclude each other");
     EXPECT_EQ (errorFor ({ "a.wav", "b.wav" }), "one audio file at a time, 'b.wav' is the second");
 }
+TEST (HostOptions, FreezeAndExploreAPartOfTheSound)
+{
+    const auto options = parseHostOptions ({ "--freeze-at", "4.5", "--explore", "-2,0.05" });
+    EXPECT_EQ (options.freezeAt, 4.5);
+    ASSERT_TRUE (options.explore);
+    EXPECT_EQ (options.explore->start, -2.0);
+    EXPECT_EQ (options.explore->length, 0.05);
+
+    EXPECT_TRUE (errorFor ({ "--explore", "-2,1" }).contains ("needs --freeze-at"));
+
+    for (const auto* const range : { "", "-2", "-2,", "1,1", "-2,0", "-2,-1", "x,1" })
+        EXPECT_TRUE (errorFor ({ "--freeze-at", "4", "--explore", range }).contains ("wants START,LENGTH")) << range;
+}
+
 } // namespace
 } // namespace mk::orlo::test
