@@ -38,11 +38,6 @@ function (orlo_install_documents package component)
  -- Morlek <orlo@morlek.example>  ${changelog_date}
 ")
     orlo_install_compressed ("${linux_files}/${package}-changelog" "${documents}" changelog ${component})
-    install (
-        FILES "${PROJECT_SOURCE_DIR}/packaging/linux/${package}.lintian-overrides"
-        DESTINATION "${CMAKE_INSTALL_DATADIR}/lintian/overrides"
-        RENAME ${package}
-        COMPONENT ${component})
 endfunction()
 
 #---------------------------------------------------------------------------------------------------

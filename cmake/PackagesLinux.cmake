@@ -54,8 +54,8 @@ set (CPACK_RPM_TOOLS_PACKAGE_REQUIRES "orlo = ${PROJECT_VERSION}, ${x11_librarie
 # Folders that belong to the system.
 set (CPACK_RPM_EXCLUDE_FROM_AUTO_FILELIST_ADDITION
     /usr/lib/vst3 /usr/lib/lv2 /usr/share/applications /usr/share/doc /usr/share/icons /usr/share/icons/hicolor
-    /usr/share/icons/hicolor/scalable /usr/share/icons/hicolor/scalable/apps /usr/share/lintian
-    /usr/share/lintian/overrides /usr/share/man /usr/share/man/man1 /usr/share/metainfo)
+    /usr/share/icons/hicolor/scalable /usr/share/icons/hicolor/scalable/apps /usr/share/man
+    /usr/share/man/man1 /usr/share/metainfo)
 
 foreach (size IN ITEMS 16 22 24 32 48 64 128 256 512)
     list (APPEND CPACK_RPM_EXCLUDE_FROM_AUTO_FILELIST_ADDITION
@@ -65,6 +65,7 @@ endforeach()
 set (CPACK_RPM_SPEC_MORE_DEFINE "
 %define _build_id_links none
 %define _buildhost localhost
+%define packager Morlek <orlo@morlek.example>
 %define use_source_date_epoch_as_buildtime 1
 %define clamp_mtime_to_source_date_epoch 1")
 

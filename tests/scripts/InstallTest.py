@@ -10,8 +10,7 @@ import unittest
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 FILES = {
     "plugin": ["lib/vst3/Orlo.vst3/Contents/x86_64-linux/Orlo.so", "lib/lv2/Orlo.lv2/manifest.ttl"],
-    "application": ["bin/orlo", "share/icons/hicolor/16x16/apps/com.morlek.orlo.png", "share/doc/orlo/copyright",
-                    "share/lintian/overrides/orlo"],
+    "application": ["bin/orlo", "share/icons/hicolor/16x16/apps/com.morlek.orlo.png", "share/doc/orlo/copyright"],
     "presets": ["share/Morlek/Orlo/presets/Init.mkpreset", "share/Morlek/Orlo/presets/Two words.mkpreset"],
     "tools": ["bin/orlo-host", "share/man/man1/orlo-host.1.gz"],
 }
@@ -86,7 +85,6 @@ class Install(unittest.TestCase):
                      ".local/share/icons/hicolor/16x16/apps/com.morlek.orlo.png"):
             self.assertEqual(read(self.at_home(path)), "first", path)
         self.assertTrue(os.path.isdir(self.at_home(".local/share/Morlek/Orlo/DesignersPresets")))
-        self.assertFalse(os.path.exists(self.at_home(".local/share/lintian")))
 
     def test_menus_start_the_program_without_a_search_path(self):
         self.run_script("install", self.build)
