@@ -77,7 +77,7 @@ TEST (FreqScaleComponent, RebuildsWhenTheScaleHasChanged)
 }
 
 /** Counts the repaints that a component requests, on the message thread and on others. */
-class RepaintRecorder final : public juce::CachedComponentImage
+class RepaintCounter final : public juce::CachedComponentImage
 {
 public:
     struct Counts
@@ -85,7 +85,7 @@ public:
         int numOnMessageThread = 0, numElsewhere = 0;
     };
 
-    explicit RepaintRecorder (Counts& countsToRaise) : counts (countsToRaise) {}
+    explicit RepaintCounter (Counts& countsToRaise) : counts (countsToRaise) {}
 
     bool invalidateAll() override
     {
@@ -118,8 +118,8 @@ TEST (FreqScaleComponent, AScaleSetByAnotherThreadIsPaintedByTheMessageThread)
     };
     const auto linear = getTexts();
 
-    RepaintRecorder::Counts repaints;
-    test.ruler.setCachedComponentImage (new RepaintRecorder (repaints));
+    RepaintCounter::Counts repaints;
+    test.ruler.setCachedComponentImage (new RepaintCounter (repaints));
     repaints = {};
     std::thread ([&] { test.scale.setScaleType (FrequencyScale::log); }).join();
     EXPECT_EQ (repaints.numElsewhere, 0);
@@ -135,7 +135,7 @@ TEST (FreqScaleComponent, AScaleSetByAnotherThreadIsPaintedByTheMessageThread)
 TEST (FreqScaleComponent, CancelsItsPendingUpdatesWhenDestroyed)
 {
     FrequencyScale scale;
-    RepaintRecorder::Counts repaints;
+    RepaintCounter::Counts repaints;
     juce::Component parent;
     parent.setSize (50, 1000);
 
@@ -145,7 +145,7 @@ TEST (FreqScaleComponent, CancelsItsPendingUpdatesWhenDestroyed)
         parent.addAndMakeVisible (ruler);
         ruler.setSize (50, 1000);
         pumpPending();
-        ruler.setCachedComponentImage (new RepaintRecorder (repaints));
+        ruler.setCachedComponentImage (new RepaintCounter (repaints));
         repaints = {};
         scale.setRange (0.0f, scale.getMaxFrequency() + 500.0f);
         scale.notifyListenersNow();
