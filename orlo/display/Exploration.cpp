@@ -8,18 +8,6 @@
 
 namespace mk::orlo
 {
-namespace
-{
-[[nodiscard]] bool looksTheSame (FrequencyGesture::Values left, FrequencyGesture::Values right) noexcept
-{
-    return juce::approximatelyEqual (left.min, right.min) && juce::approximatelyEqual (left.max, right.max);
-}
-
-[[nodiscard]] bool looksTheSame (const ExploreSettings& left, const ExploreSettings& right) noexcept
-{
-    return needTheSameLevels (left, right) && haveTheSameColours (left, right);
-}
-} // namespace
 
 Exploration::Exploration (AudioPluginAudioProcessor& processorToUse, SpectrogramComponent& viewToUse)
     : processor (processorToUse),
@@ -70,6 +58,12 @@ Exploration::Frozen Exploration::readState() const
              window != nullptr ? juce::Point { window->getWidth(), window->getHeight() } : juce::Point<int>() };
 }
 
+bool Exploration::isAsFrozen (const Frozen& now) const noexcept
+{
+    return needTheSameLevels (frozen->settings, now.settings) && haveTheSameColours (frozen->settings, now.settings)
+           && frozen->windowSize == now.windowSize;
+}
+
 std::shared_ptr<const KeptSound> Exploration::findSound() const { return processor.getSoundHistory().getSound(); }
 
 FrozenPicture Exploration::findPicture (double rate) const
@@ -111,7 +105,7 @@ void Exploration::tick()
 
         if (! frozen.has_value())
             frozen = std::move (now);
-        else if ((! looksTheSame (frozen->settings, now.settings) || frozen->windowSize != now.windowSize) && ! begin())
+        else if (! isAsFrozen (now) && ! begin())
             frozen = std::move (now);
 
         return;
@@ -226,97 +220,6 @@ bool Exploration::begin()
         return false;
 
     follow (readSettings());
-    return true;
-}
-
-//==============================================================================
-bool Exploration::zoomTime (double factor, float x)
-{
-    const auto wasExploring = explorer.isExploring();
-    const auto oldShare = double (x) / double (juce::jmax (1, view.getWidth()));
-
-    if (! begin())
-        return false;
-
-    // The view may have become smaller by now.
-    const auto share = double (x) / double (juce::jmax (1, view.getWidth()));
-    auto times = explorer.getTimeView();
-    times.zoom (factor, wasExploring ? times.getSampleAt (share) : picture.getSampleAt (oldShare), share);
-    explorer.setTimeView (times);
-    return true;
-}
-
-bool Exploration::changeTimeView (const std::function<void (TimeView&)>& change)
-{
-    if (! begin())
-        return false;
-
-    auto times = explorer.getTimeView();
-    change (times);
-    explorer.setTimeView (times);
-    return true;
-}
-
-bool Exploration::zoomFrequencies (double factor, float y)
-{
-    if (! begin())
-        return false;
-
-    const auto range = frequencies.getRange();
-    const auto position = 1.0 - juce::jlimit (0.0, 1.0, double (y) / double (juce::jmax (1, view.getHeight())));
-    const auto zoomed = mk::orlo::zoomFrequencies (
-        range, explorer.getSettings().scaleType, explorer.getSound()->getSampleRate() * 0.5, position, factor);
-
-    if (! valuesBefore.has_value())
-        valuesBefore = frequencies.getValues();
-
-    frequencies.set (zoomed);
-    valuesAfter = frequencies.getValues();
-    follow (readSettings());
-    return true;
-}
-
-//==============================================================================
-void Exploration::restoreFrequencies()
-{
-    frequencies.finish();
-
-    // If another control has moved the range since, that is what the user wants.
-    if (valuesBefore.has_value() && valuesAfter.has_value() && looksTheSame (frequencies.getValues(), *valuesAfter))
-    {
-        frequencies.setValues (*valuesBefore);
-        frequencies.finish();
-    }
-
-    valuesBefore.reset();
-}
-
-void Exploration::goHome()
-{
-    if (! explorer.isExploring())
-        return;
-
-    restoreFrequencies();
-
-    if (const auto now = readState();
-        looksTheSame (frozen->settings, now.settings) && frozen->windowSize == now.windowSize)
-    {
-        end();
-        return;
-    }
-
-    changeTimeView ([] (TimeView& times) { times.goHome(); });
-    follow (readSettings());
-}
-
-bool Exploration::stop()
-{
-    if (! explorer.isExploring())
-        return false;
-
-    restoreFrequencies();
-    end();
-    frozen = readState();
     return true;
 }
 

@@ -54,6 +54,10 @@ private:
 
     [[nodiscard]] ExploreSettings readSettings() const;
     [[nodiscard]] Frozen readState() const;
+
+    /** Whether the frozen picture was made in that state. */
+    [[nodiscard]] bool isAsFrozen (const Frozen& now) const noexcept;
+
     [[nodiscard]] std::shared_ptr<const KeptSound> findSound() const;
     [[nodiscard]] FrozenPicture findPicture (double rate) const;
     bool begin();

@@ -19,7 +19,7 @@ struct FrozenPicture
     /** The sample at a share 0 .. 1 of the width. */
     [[nodiscard]] double getSampleAt (double share) const noexcept
     {
-        return start + length * (share < seam ? share + 1.0 - seam : share - seam);
+        return start + length * (seam >= 1.0 || share < seam ? share + 1.0 - seam : share - seam);
     }
 };
 

@@ -73,7 +73,7 @@ TEST (TimeTicks, BarsBeatsAndTheirQuartersDependOnTheZoom)
     const std::vector<HostNote> notes { makeBarNote (0, 8.0, 4, 4) };
 
     EXPECT_EQ (joinTicks (makeBarTicks (makeTenSeconds (0.0, 10000.0), notes, 500, 90)), "3 4 5 6 7");
-    EXPECT_EQ (joinTicks (makeBarTicks (makeTenSeconds (0.0, 10000.0), notes, 200, 90)), "3 5 7");
+    EXPECT_EQ (joinTicks (makeBarTicks (makeTenSeconds (0.0, 10000.0), notes, 240, 90)), "3 5 7");
     EXPECT_EQ (joinTicks (makeBarTicks (makeTenSeconds (1000.0, 2000.0), notes, 400, 90)), "3.3 3.4 4.1 4.2");
     EXPECT_EQ (joinTicks (makeBarTicks (makeTenSeconds (1900.0, 400.0), notes, 400, 90)), "4.1.1 4.1.2 4.1.3");
 

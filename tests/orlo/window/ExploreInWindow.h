@@ -21,7 +21,35 @@ protected:
             return;
 
         ASSERT_TRUE (playNoiseUntilItShows (processor, getPicture().getWidth()));
+        playNoise (6.0);
         ASSERT_TRUE (waitUntilAllIsPainted (processor));
+    }
+
+    /** Waits until there is room for another block of sound in every queue, so that no frame is lost. */
+    [[nodiscard]] bool waitForTheWorker()
+    {
+        constexpr int fewFrames = 10;
+        auto& worker = processor.getFftProcessor();
+        return pumpUntil (
+            [&] { return worker.getNumSamplesReady() < worker.getHop() && worker.getNumFramesReady() < fewFrames; });
+    }
+
+    /** Plays noise that is louder and quieter in turn, as fast as the analysis can. */
+    void playNoise (double seconds)
+    {
+        juce::Random random (2);
+        juce::AudioBuffer<float> buffer (2, 512);
+        juce::MidiBuffer midi;
+
+        for (int block = 0; double (block) * 512.0 / 44100.0 < seconds; ++block)
+        {
+            for (int channel = 0; channel < 2; ++channel)
+                for (int i = 0; i < buffer.getNumSamples(); ++i)
+                    buffer.setSample (channel, i, (random.nextFloat() - 0.5f) * (block % 20 < 10 ? 1.0f : 0.1f));
+
+            processor.processBlock (buffer, midi);
+            ASSERT_TRUE (waitForTheWorker());
+        }
     }
 
     [[nodiscard]] SpectrogramComponent& getPicture() { return window->getPicture(); }
