@@ -70,6 +70,23 @@ constexpr std::array pointsTexts { "All", "Lines", "Clicks", "Lines and Clicks" 
 
     return menu;
 }
+
+void addExports (juce::PopupMenu& menu, const State& state)
+{
+    juce::PopupMenu sound, numbers;
+    sound.addItem (saveVisibleSound, juce::translate ("Visible range..."));
+    sound.addItem (saveAllSound, juce::translate ("All that is kept..."));
+    numbers.addItem (exportLevels, juce::translate ("Levels (.npy)..."));
+    numbers.addItem (exportPoints, juce::translate ("Points (.csv)..."));
+
+    menu.addItem (exportStill, juce::translate ("Export picture..."), state.isSoundKept);
+    menu.addSubMenu (juce::translate ("Save sound"), sound, state.isSoundKept);
+    menu.addItem (copyPicture,
+                  state.canCopyPictures ? juce::translate ("Copy picture")
+                                        : juce::translate ("Copy picture (not possible on this system)"),
+                  state.isSoundKept && state.canCopyPictures);
+    menu.addSubMenu (juce::translate ("Export numbers"), numbers, state.isSoundKept);
+}
 } // namespace
 
 void fill (juce::PopupMenu& menu, const State& state)
@@ -89,6 +106,8 @@ void fill (juce::PopupMenu& menu, const State& state)
     menu.addSubMenu (juce::translate ("Source"), makeSourceMenu (state.source), state.isStereo);
     menu.addSubMenu (juce::translate ("A4"), makeConcertPitchMenu (state.concertPitch));
     menu.addSubMenu (juce::translate ("Middle C"), makeMiddleCMenu (state.middleC, state.hostsMiddleC));
+    menu.addSeparator();
+    addExports (menu, state);
 }
 
 std::optional<PointsKept> findPoints (int item) noexcept

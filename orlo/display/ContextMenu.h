@@ -27,7 +27,14 @@ enum Item
 
     concertPitch = 1200,      /**< The first of the pitches offered. */
     otherConcertPitch = 1299, /**< To type one. */
-    middleC = 1300            /**< As the host names it; the number of an octave is added for each of the others. */
+    middleC = 1300,           /**< As the host names it; the number of an octave is added for each of the others. */
+
+    exportStill = 1400, /**< A picture with axes. */
+    saveVisibleSound,
+    saveAllSound,
+    copyPicture,
+    exportLevels,
+    exportPoints
 };
 
 /** The state that decides on the texts of the menu and on which entries are enabled. */
@@ -41,6 +48,8 @@ struct State
     int hostsMiddleC = 3;
     bool isStereo = true; /**< One channel has no sources to choose from. */
     Source source = Source::mean;
+    bool isSoundKept = false;    /**< Without it there is nothing to export but the picture of the window. */
+    bool canCopyPictures = true; /**< Whether the system lets a plug-in put pictures on the clipboard. */
 };
 
 /** Replaces the menu's content with the entries for the state. */

@@ -66,7 +66,7 @@ bool Exploration::isAsFrozen (const Frozen& now) const noexcept
 
 std::shared_ptr<const KeptSound> Exploration::findSound() const { return processor.getSoundHistory().getSound(); }
 
-FrozenPicture Exploration::findPicture (double rate) const
+FrozenPicture Exploration::findPicture (double rate, const ExploreSettings& settings) const
 {
     const auto& builder = processor.getImageBuilder();
     const auto& ring = builder.getPicture();
@@ -74,7 +74,7 @@ FrozenPicture Exploration::findPicture (double rate) const
     const auto sound = findSound();
 
     FrozenState state;
-    state.hop = frozen->settings.hop;
+    state.hop = settings.hop;
     state.hop.sampleRate = rate;
     state.soundEnd = sound != nullptr ? sound->getEnd() : 0;
     state.samplesWaiting = worker.getNumSamplesReady();
@@ -83,6 +83,34 @@ FrozenPicture Exploration::findPicture (double rate) const
     state.writeColumn = ring.getWriteX();
     state.isScrolling = builder.isPictureScrolling();
     return findFrozenPicture (state);
+}
+
+std::optional<ExportSubject> Exploration::findSubject() const
+{
+    const auto isExploring = explorer.isExploring();
+    const auto sound = isExploring ? explorer.getSound() : findSound();
+
+    if (sound == nullptr || sound->getEnd() <= sound->getStart() || view.getWidth() < 1 || view.getHeight() < 1)
+        return std::nullopt;
+
+    // Of Static, the range from the oldest column to the newest.
+    const auto settings = frozen.has_value() && ! isExploring ? frozen->settings : readSettings();
+    const auto shown = findPicture (sound->getSampleRate(), settings);
+
+    ExportSubject subject { sound, {}, settings.colours };
+    auto& request = subject.request;
+    setSource (request, sound, processor.getUIView().getSource());
+    request.start = isExploring ? explorer.getTimeView().getStart() : shown.start;
+    request.length = isExploring ? explorer.getTimeView().getLength() : shown.length;
+    request.width = view.getWidth() << int (view.isDoubleResolution());
+    request.height = view.getHeight() << int (view.isDoubleResolution());
+    request.hop = settings.hop;
+    request.hop.sampleRate = sound->getSampleRate();
+    request.minFreqFraction = settings.minFreqFraction;
+    request.maxFreqFraction = settings.maxFreqFraction;
+    request.scaleType = settings.scaleType;
+    request.pointsKept = processor.getPointsKept();
+    return request.length > 0.0 ? std::optional (subject) : std::nullopt;
 }
 
 //==============================================================================
@@ -212,7 +240,7 @@ bool Exploration::begin()
         frozen = readState();
 
     const auto sound = findSound();
-    picture = findPicture (sound->getSampleRate());
+    picture = findPicture (sound->getSampleRate(), frozen->settings);
     valuesBefore.reset();
 
     // What changed since the freeze is taken over as if it had changed now.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
+#include "ExportSubject.h"
 #include "FrequencyGesture.h"
 #include "FrozenPicture.h"
 #include "SpectrogramComponent.h"
@@ -41,6 +42,9 @@ public:
     /** Goes back to the frozen picture. False while not exploring. */
     bool stop();
 
+    /** The kept sound, and what of it the window shows at this moment, explored or not; nothing if no sound is kept. */
+    [[nodiscard]] std::optional<ExportSubject> findSubject() const;
+
     [[nodiscard]] Explorer& getExplorer() noexcept { return explorer; }
     [[nodiscard]] FrequencyGesture& getFrequencyGesture() noexcept { return frequencies; }
 
@@ -59,7 +63,7 @@ private:
     [[nodiscard]] bool isAsFrozen (const Frozen& now) const noexcept;
 
     [[nodiscard]] std::shared_ptr<const KeptSound> findSound() const;
-    [[nodiscard]] FrozenPicture findPicture (double rate) const;
+    [[nodiscard]] FrozenPicture findPicture (double rate, const ExploreSettings& settings) const;
     bool begin();
     void follow (const ExploreSettings& settings);
     void restoreFrequencies();

@@ -73,6 +73,9 @@ public:
     /** While it explores, its picture takes the place of the frozen one, and nothing is asked of the image builder. */
     [[nodiscard]] Explorer& getExplorer() noexcept { return explorer; }
 
+    /** Moves the crosshair to another place than that of the mouse, until the mouse moves. */
+    void moveCrosshair (juce::Point<float> place);
+
     [[nodiscard]] bool isCrosshairVisible() const noexcept { return crosshairVisible; }
 
     //==============================================================================

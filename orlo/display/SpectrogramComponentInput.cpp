@@ -33,6 +33,18 @@ void SpectrogramComponent::repaintCrosshair()
         repaint (line.getSmallestIntegerContainer().expanded (1));
 }
 
+void SpectrogramComponent::moveCrosshair (juce::Point<float> place)
+{
+    if (crosshairVisible)
+        repaintCrosshair();
+
+    cursorX = juce::jlimit (0.0f, float (getWidth()), place.x);
+    cursorY = juce::jlimit (0.0f, float (getHeight()), place.y);
+
+    if (crosshairVisible)
+        repaintCrosshair();
+}
+
 void SpectrogramComponent::callWithFrequency (const MouseCallback& callback, const juce::MouseEvent& event)
 {
     if (callback != nullptr)

@@ -4,6 +4,7 @@
 #include "ContainerLayout.h"
 #include "ContextMenu.h"
 #include "NoteNames.h"
+#include "PictureClipboard.h"
 #include "PictureFile.h"
 #include "StripText.h"
 
@@ -64,7 +65,8 @@ SpectrogramContainer::SpectrogramContainer (AudioPluginAudioProcessor& audioProc
                            [this] (float value) { scale.setScaleType (juce::roundToInt (value)); }),
       freezeAttachment (freezeParameter, [] (float) {}),
       sampleRate (float (audioProcessor.getPreparedRate())),
-      tuning (audioProcessor.getUIView())
+      tuning (audioProcessor.getUIView()),
+      exporter (audioProcessor.getProductInfo().name + " " + audioProcessor.getProductInfo().version)
 {
     for (auto* const component : { static_cast<juce::Component*> (this),
                                    static_cast<juce::Component*> (&ruler),
@@ -80,6 +82,8 @@ SpectrogramContainer::SpectrogramContainer (AudioPluginAudioProcessor& audioProc
     addChildComponent (readout);
     addAndMakeVisible (tooltipDisplay);
     addChildComponent (tuning.getEntry());
+    addChildComponent (exporter.getDialog());
+    addChildComponent (exporter.getNotice());
     tooltipDisplay.setHideWhenEmpty (true);
 
     for (auto* const attachment :
@@ -94,6 +98,7 @@ SpectrogramContainer::SpectrogramContainer (AudioPluginAudioProcessor& audioProc
 
     connectMouse();
     exploreGestures.addStrip (timeStrip);
+    connectExports();
     spectrogram.getExplorer().addListener (this);
     keyboard.setTuning (tuning.getTuning());
     tuning.onChanged = [this] { keyboard.setTuning (tuning.getTuning()); };
@@ -116,12 +121,7 @@ void SpectrogramContainer::connectMouse()
 {
     spectrogram.onMouseMoved = [this] (const juce::MouseEvent& event, float hz) { showReadout (event, hz, false); };
 
-    spectrogram.onMouseHeld = [this] (const juce::MouseEvent& event, float hz)
-    {
-        showReadout (event, hz, true);
-        keyboard.setHighlightedNote (
-            juce::roundToInt (notes::noteForFrequency (double (hz), tuning.getTuning().concertPitch)));
-    };
+    spectrogram.onMouseHeld = [this] (const juce::MouseEvent& event, float hz) { hold (event, hz); };
 
     spectrogram.onMouseEntered = [this] (const juce::MouseEvent&) { readout.setVisible (true); };
     spectrogram.onMouseExited = [this] (const juce::MouseEvent&) { readout.setVisible (false); };
@@ -129,6 +129,51 @@ void SpectrogramContainer::connectMouse()
     { keyboard.setHighlightedNote (KeyboardScaleComponent::noNote); };
     spectrogram.onTick = [this] { exploration.tick(); };
     spectrogram.onMenuRequested = [this] { showContextMenuOnPicture(); };
+}
+
+void SpectrogramContainer::connectExports()
+{
+    exporter.findSubject = [this] { return exploration.findSubject(); };
+    exporter.chooseFile = [this] (const juce::String& title,
+                                  const juce::String& patterns,
+                                  std::function<void (const juce::File&)> onChosen)
+    { chooseFile (title, patterns, std::move (onChosen)); };
+
+    spectrogram.onKeyPressed = [this, explore = spectrogram.onKeyPressed] (const juce::KeyPress& key)
+    { return copyMeasurement (key) || (explore != nullptr && explore (key)); };
+}
+
+void SpectrogramContainer::hold (const juce::MouseEvent& event, float hz)
+{
+    const auto place = measuring.hold (event.position,
+                                       { spectrogram.getWidth(), spectrogram.getHeight() },
+                                       event.mouseWasDraggedSinceMouseDown(),
+                                       ! event.mods.isAltDown());
+    auto pitch = double (hz);
+
+    if (place)
+    {
+        pitch = measuring.getFrequency();
+        spectrogram.moveCrosshair (*place);
+        readout.show (event, measuring.getText (tuning.getTuning()), true, spectrogram.getBounds());
+    }
+    else
+    {
+        showReadout (event, hz, true);
+    }
+
+    keyboard.setHighlightedNote (juce::roundToInt (notes::noteForFrequency (pitch, tuning.getTuning().concertPitch)));
+}
+
+bool SpectrogramContainer::copyMeasurement (const juce::KeyPress& key)
+{
+    const auto text = measuring.getText (tuning.getTuning());
+
+    if (key != juce::KeyPress ('c', juce::ModifierKeys::commandModifier, 0) || text.isEmpty())
+        return false;
+
+    juce::SystemClipboard::copyTextToClipboard (text);
+    return true;
 }
 
 void SpectrogramContainer::showReadout (const juce::MouseEvent& event, float hz, bool followCursor)
@@ -166,6 +211,8 @@ void SpectrogramContainer::showContextMenu (const juce::PopupMenu::Options& opti
     tuning.describe (state);
     state.isStereo = processor.getTotalNumInputChannels() > 1;
     state.source = processor.getUIView().getSource();
+    state.isSoundKept = exploration.findSubject().has_value();
+    state.canCopyPictures = pictureClipboard::isAvailable();
     contextMenu::fill (contextMenu, state);
 
     auto* const editor = findParentComponentOfClass<juce::AudioProcessorEditor>();
@@ -193,6 +240,7 @@ void SpectrogramContainer::carryOut (int menuItem)
     }
 
     tuning.carryOut (menuItem);
+    exporter.carryOut (menuItem);
 
     switch (menuItem)
     {
@@ -216,17 +264,37 @@ void SpectrogramContainer::switchView()
 //==============================================================================
 void SpectrogramContainer::exportAsImage()
 {
-    const auto lastFile = globalSettings.getSettings()[pluginCore::SettingsIds::lastExportFile];
+    chooseFile (juce::translate ("Save as png"), "*.png", [this] (const juce::File& file) { exportTo (file); });
+}
 
-    fileChooser = std::make_unique<juce::FileChooser> (juce::translate ("Save as png"),
-                                                       pictureFile::chooseStart (lastFile.toString()),
-                                                       "*.png",
+void SpectrogramContainer::chooseFile (const juce::String& title,
+                                       const juce::String& patterns,
+                                       std::function<void (const juce::File&)> onChosen)
+{
+    const auto lastFile = globalSettings.getSettings()[pluginCore::SettingsIds::lastExportFile];
+    const auto start = pictureFile::chooseStart (lastFile.toString());
+
+    // The last export may have been a file of another kind.
+    const auto suffix = patterns.upToFirstOccurrenceOf (";", false, false).trimCharactersAtStart ("*");
+    fileChooser = std::make_unique<juce::FileChooser> (title,
+                                                       start.isDirectory() ? start : start.withFileExtension (suffix),
+                                                       patterns,
                                                        true,
                                                        false,
                                                        findDialogParent());
     fileChooser->launchAsync (juce::FileBrowserComponent::saveMode | juce::FileBrowserComponent::canSelectFiles
                                   | juce::FileBrowserComponent::warnAboutOverwriting,
-                              [this] (const juce::FileChooser& chooser) { exportTo (chooser.getResult()); });
+                              [this, action = std::move (onChosen)] (const juce::FileChooser& chooser)
+                              {
+                                  const auto file = chooser.getResult();
+
+                                  if (file == juce::File())
+                                      return;
+
+                                  globalSettings.getSettings().setProperty (
+                                      pluginCore::SettingsIds::lastExportFile, file.getFullPathName(), nullptr);
+                                  action (file);
+                              });
 }
 
 juce::Component* SpectrogramContainer::findDialogParent() const

@@ -2,10 +2,12 @@
 #pragma once
 
 #include "ExploreGestures.h"
+#include "Exporter.h"
 #include "FreqReadoutPopup.h"
 #include "FreqScaleComponent.h"
 #include "KeyboardScaleComponent.h"
 #include "LevelBar.h"
+#include "MeasuringTool.h"
 #include "PictureWriter.h"
 #include "SpectrogramComponent.h"
 #include "TimeStrip.h"
@@ -55,6 +57,7 @@ public:
     [[nodiscard]] Exploration& getExploration() noexcept { return exploration; }
     [[nodiscard]] TimeStrip& getTimeStrip() noexcept { return timeStrip; }
     [[nodiscard]] LevelBar& getLevelBar() noexcept { return levelBar; }
+    [[nodiscard]] Exporter& getExporter() noexcept { return exporter; }
     [[nodiscard]] FrequencyScale& getFrequencyScale() noexcept { return scale; }
     [[nodiscard]] FreqScaleComponent& getRuler() noexcept { return ruler; }
     [[nodiscard]] KeyboardScaleComponent& getKeyboard() noexcept { return keyboard; }
@@ -72,6 +75,12 @@ public:
 private:
     void exploringChanged() override;
     void connectMouse();
+    void connectExports();
+    void hold (const juce::MouseEvent& event, float hz);
+    bool copyMeasurement (const juce::KeyPress& key);
+    void chooseFile (const juce::String& title,
+                     const juce::String& patterns,
+                     std::function<void (const juce::File&)> onChosen);
     void showReadout (const juce::MouseEvent& event, float hz, bool followCursor);
     void showContextMenu (const juce::PopupMenu::Options& options);
     void showContextMenuAtMouse();
@@ -87,6 +96,7 @@ private:
     ExploreGestures exploreGestures;
     TimeStrip timeStrip { spectrogram.getExplorer() };
     LevelBar levelBar { spectrogram.getExplorer() };
+    MeasuringTool measuring { spectrogram.getExplorer() };
     FrequencyScale scale;
     FreqScaleComponent ruler { scale };
     KeyboardScaleComponent keyboard { scale };
@@ -105,6 +115,7 @@ private:
     TuningControl tuning;
     PictureWriter pictureWriter;
     std::unique_ptr<juce::FileChooser> fileChooser;
+    Exporter exporter;
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (SpectrogramContainer)
 };

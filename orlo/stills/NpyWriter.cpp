@@ -11,11 +11,11 @@ namespace
 constexpr int prefixSize = 10;
 constexpr int alignment = 64;
 
-[[nodiscard]] juce::String makeHeader (const LevelGrid& levels)
+[[nodiscard]] juce::String makeHeader (int numRows, int numColumns)
 {
     const auto* const order = std::endian::native == std::endian::little ? "<" : ">";
     auto header = juce::String ("{'descr': '") + order + "f4', 'fortran_order': False, 'shape': ("
-                  + juce::String (levels.getHeight()) + ", " + juce::String (levels.getWidth()) + "), }";
+                  + juce::String (numRows) + ", " + juce::String (numColumns) + "), }";
 
     // The data must start at a multiple of the alignment, and the text must end with a line feed.
     while ((prefixSize + header.length() + 1) % alignment != 0)
@@ -25,12 +25,17 @@ constexpr int alignment = 64;
 }
 } // namespace
 
-void writeNpy (const LevelGrid& levels, juce::OutputStream& stream)
+void writeNpyHeader (int numRows, int numColumns, juce::OutputStream& stream)
 {
-    const auto header = makeHeader (levels);
+    const auto header = makeHeader (numRows, numColumns);
     stream.write ("\x93NUMPY\x01\x00", 8);
     stream.writeShort (short (header.length()));
     stream.write (header.toRawUTF8(), size_t (header.length()));
+}
+
+void writeNpy (const LevelGrid& levels, juce::OutputStream& stream)
+{
+    writeNpyHeader (levels.getHeight(), levels.getWidth(), stream);
 
     // A column's levels are adjacent in memory, so several rows are gathered at a time.
     constexpr int rowsAtOnce = 16;

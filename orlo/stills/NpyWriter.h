@@ -12,4 +12,7 @@ namespace mk::orlo
     topmost. Failed writes are reported by the stream only. */
 void writeNpy (const LevelGrid& levels, juce::OutputStream& stream);
 
+/** Writes the beginning of such a file, after which its floats have to be written row by row. */
+void writeNpyHeader (int numRows, int numColumns, juce::OutputStream& stream);
+
 } // namespace mk::orlo

@@ -122,13 +122,26 @@ LevelGrid StillPicture::getLevels (float floorDb, float ceilingDb) const
 
 void StillPicture::paint (const StillColours& colours, juce::Image::BitmapData& image, int firstRow, int endRow) const
 {
+    paint (colours, image, firstRow, endRow, firstRow);
+}
+
+void StillPicture::paint (const StillColours& colours,
+                          juce::Image::BitmapData& image,
+                          int firstRow,
+                          int endRow,
+                          int firstLine) const
+{
     const Palette palette (colours);
 
     for (int y = firstRow; y < endRow; ++y)
+    {
+        auto* const line = image.getLinePointer (firstLine + y - firstRow);
+
         if (image.pixelFormat == juce::Image::RGB)
-            paintRow<juce::PixelRGB> (getRow (y), image.getLinePointer (y), image.pixelStride, palette);
+            paintRow<juce::PixelRGB> (getRow (y), line, image.pixelStride, palette);
         else
-            paintRow<juce::PixelARGB> (getRow (y), image.getLinePointer (y), image.pixelStride, palette);
+            paintRow<juce::PixelARGB> (getRow (y), line, image.pixelStride, palette);
+    }
 }
 
 juce::Image StillPicture::paint (const StillColours& colours) const

@@ -56,6 +56,13 @@ public:
         Any thread that alone writes these rows. No allocation. */
     void paint (const StillColours& colours, juce::Image::BitmapData& image, int firstRow, int endRow) const;
 
+    /** The same into an image of the picture's width and any height: the first row goes into the given line. */
+    void paint (const StillColours& colours,
+                juce::Image::BitmapData& image,
+                int firstRow,
+                int endRow,
+                int firstLine) const;
+
     /** The whole picture as an opaque image. Allocates. */
     [[nodiscard]] juce::Image paint (const StillColours& colours) const;
 

@@ -3,6 +3,8 @@
 
 #include <juce_core/juce_core.h>
 
+#include <functional>
+
 namespace mk::pluginCore
 {
 
@@ -17,5 +19,15 @@ bool replaceFileContent (const juce::File& file, const juce::String& text);
 
 /** The same for bytes of any kind. */
 bool replaceFileContent (const juce::File& file, const void* data, size_t numBytes);
+
+/** The same for content that is written piece by piece, which may also go back in what it has written, and which may
+    fail for reasons of its own. If the file is a link, the file that it points to is replaced. Fails for a file that is
+    write-protected, as replacing it would need no access to it.
+
+    @param write  writes the content, and returns whether it could be made. Failed writes are noticed here.
+    @return  in a failure the reason, in one line of the system's or of write's own. What write throws is thrown, with
+             the file unchanged. */
+[[nodiscard]] juce::Result replaceFileInPieces (const juce::File& file,
+                                                const std::function<juce::Result (juce::OutputStream&)>& write);
 
 } // namespace mk::pluginCore

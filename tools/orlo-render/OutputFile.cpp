@@ -47,7 +47,7 @@ OutputFile::OutputFile (const juce::File& file) : target (resolveLinks (file)), 
     if (! target.getParentDirectory().isDirectory())
         fail ("there is no folder '" + target.getParentDirectory().getFullPathName() + "'");
 
-    stream = std::make_unique<CheckedFileStream> (temporary);
+    stream = std::make_unique<pluginCore::CheckedFileStream> (temporary);
 
     if (const auto opened = stream->getResult(); opened.failed())
         fail (opened.getErrorMessage());

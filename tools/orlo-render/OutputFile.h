@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: AGPL-3.0-or-later
 #pragma once
 
-#include "CheckedFileStream.h"
+#include "plugin_core/files/CheckedFileStream.h"
 
 namespace mk::orlo::render
 {
@@ -30,7 +30,7 @@ private:
     [[noreturn]] void fail (const juce::String& why) const;
 
     const juce::File target, temporary;
-    std::unique_ptr<CheckedFileStream> stream; // null after commit()
+    std::unique_ptr<pluginCore::CheckedFileStream> stream; // null after commit()
 
     JUCE_DECLARE_NON_COPYABLE (OutputFile)
 };

@@ -65,7 +65,7 @@ TEST (ContextMenu, IsRebuiltEachTime)
     juce::PopupMenu menu;
     contextMenu::fill (menu, { false, false, false, false });
     contextMenu::fill (menu, { false, false, false, false });
-    EXPECT_EQ (menu.getNumItems(), 10);
+    EXPECT_EQ (menu.getNumItems(), 14);
 }
 
 TEST (ContextMenu, TicksTheChosenPointsAndOffersThemInEnhancedOnly)
@@ -150,6 +150,29 @@ TEST (ContextMenu, FindsThePointsOfItsItems)
     EXPECT_EQ (contextMenu::findPoints (1000), PointsKept::all);
     EXPECT_EQ (contextMenu::findPoints (1003), PointsKept::linesAndClicks);
     EXPECT_EQ (contextMenu::findPoints (1004), std::nullopt);
+}
+
+TEST (ContextMenu, OffersTheExportsWhileASoundIsKept)
+{
+    contextMenu::State state { true, false, false, false };
+    state.isSoundKept = true;
+    EXPECT_EQ (textFrom ("1400", state),
+               "1400 Export picture...; Save sound: [1401 Visible range...; 1402 All that is kept...]; "
+               "1403 Copy picture; Export numbers: [1404 Levels (.npy)...; 1405 Points (.csv)...]");
+
+    state.isSoundKept = false;
+    EXPECT_EQ (textFrom ("1400", state),
+               "1400 Export picture... (off); Save sound (off): [1401 Visible range...; 1402 All that is kept...]; "
+               "1403 Copy picture (off); Export numbers (off): [1404 Levels (.npy)...; 1405 Points (.csv)...]");
+}
+
+TEST (ContextMenu, SaysWherePicturesCannotBeCopied)
+{
+    contextMenu::State state { true, false, false, false };
+    state.isSoundKept = true;
+    state.canCopyPictures = false;
+    EXPECT_THAT (textFrom ("1403", state).toStdString(),
+                 testing::StartsWith ("1403 Copy picture (not possible on this system) (off); "));
 }
 
 } // namespace

@@ -58,7 +58,7 @@ TEST_F (EditorMenuTest, ARightClickAnywhereOnThePictureOpensItsMenu)
                               static_cast<juce::Component*> (&container.getKeyboard()) })
     {
         ASSERT_TRUE (openMenuOn (*part)) << part->getTitle();
-        EXPECT_EQ (container.getContextMenu().getNumItems(), 10);
+        EXPECT_EQ (container.getContextMenu().getNumItems(), 14);
         EXPECT_FALSE (container.getReadout().isVisible());
         EXPECT_FALSE (container.getSpectrogram().isCrosshairVisible());
         window->typeKey (Screen::escapeKey);

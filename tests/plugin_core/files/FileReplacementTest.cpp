@@ -3,6 +3,7 @@
 
 #include "tests/support/FailingDisk.h"
 
+
 #include <gtest/gtest.h>
 
 #if JUCE_LINUX
@@ -125,6 +126,83 @@ TEST (FileReplacement, KeepsTheFormerContentIfTheProcessIsKilledWhileItWrites)
     EXPECT_EQ (file.loadFileAsString(), "former");
 }
 
+TEST (FileReplacement, SaysThatTheDiskIsFull)
+{
+    const orlo::test::TemporaryFolder folder;
+    const auto file = folder.get().getChildFile ("a.txt");
+    ASSERT_TRUE (replaceFileContent (file, "former"));
+
+    {
+        const orlo::test::FileSizeLimit limit (1000);
+        const auto result = replaceFileInPieces (file,
+                                                 [] (juce::OutputStream& stream)
+                                                 {
+                                                     stream << longText;
+                                                     return juce::Result::ok();
+                                                 });
+        EXPECT_TRUE (result.getErrorMessage().isNotEmpty());
+    }
+
+    EXPECT_EQ (file.loadFileAsString(), "former");
+    EXPECT_EQ (countFiles (folder.get()), 1);
+}
+
 #endif
+
+//==============================================================================
+[[nodiscard]] juce::Result writePieces (juce::OutputStream& stream)
+{
+    stream << "0123456789";
+    EXPECT_TRUE (stream.setPosition (2));
+    stream << "ab";
+    EXPECT_TRUE (stream.setPosition (10));
+    stream << "!";
+    return juce::Result::ok();
+}
+
+TEST (FileReplacement, TakesContentInPiecesAndOutOfOrder)
+{
+    const orlo::test::TemporaryFolder folder;
+    const auto file = folder.get().getChildFile ("new/a.txt");
+    ASSERT_TRUE (replaceFileInPieces (file, writePieces).wasOk());
+    EXPECT_EQ (file.loadFileAsString(), "01ab456789!");
+    EXPECT_EQ (countFiles (file.getParentDirectory()), 1);
+}
+
+TEST (FileReplacement, SaysWhyAndKeepsTheFormerContentIfTheContentCannotBeMade)
+{
+    const orlo::test::TemporaryFolder folder;
+    const auto file = folder.get().getChildFile ("a.txt");
+    ASSERT_TRUE (replaceFileContent (file, "former"));
+
+    const auto result = replaceFileInPieces (file,
+                                             [] (juce::OutputStream& stream)
+                                             {
+                                                 stream << "half";
+                                                 return juce::Result::fail ("no more");
+                                             });
+    EXPECT_EQ (result.getErrorMessage(), "no more");
+    EXPECT_EQ (file.loadFileAsString(), "former");
+    EXPECT_EQ (countFiles (folder.get()), 1);
+
+    const auto writeAndThrow = [] (juce::OutputStream& stream) -> juce::Result
+    {
+        stream << "half";
+        throw std::bad_alloc();
+    };
+    EXPECT_THROW (std::ignore = replaceFileInPieces (file, writeAndThrow), std::bad_alloc);
+    EXPECT_EQ (file.loadFileAsString(), "former");
+    EXPECT_EQ (countFiles (folder.get()), 1);
+}
+
+TEST (FileReplacement, SaysWhyAFileCannotBeWritten)
+{
+    const orlo::test::TemporaryFolder folder;
+    EXPECT_TRUE (replaceFileInPieces (folder.get(), writePieces).getErrorMessage().isNotEmpty());
+
+    const auto file = folder.get().getChildFile ("a.txt");
+    ASSERT_TRUE (replaceFileContent (file, "former"));
+    EXPECT_TRUE (replaceFileInPieces (file.getChildFile ("b.txt"), writePieces).failed());
+}
 
 } // namespace mk::pluginCore

@@ -101,14 +101,14 @@ TEST (OutputFile, RefusesATargetThatCannotBeWrittenAtOnce)
 
 TEST (OutputFile, ReportsAFailedWriteAtTheCommit)
 {
-    CheckedFileStream stream (juce::File ("/dev/full"));
+    pluginCore::CheckedFileStream stream (juce::File ("/dev/full"));
     EXPECT_TRUE (stream.getResult().wasOk());
 
     // The content fits into the buffer, so the write fails only when the buffer is flushed.
     stream.writeText ("content", false, false, nullptr);
     EXPECT_TRUE (stream.close().failed());
 
-    CheckedFileStream larger (juce::File ("/dev/full"));
+    pluginCore::CheckedFileStream larger (juce::File ("/dev/full"));
     juce::MemoryBlock block (1 << 20, true);
     EXPECT_FALSE (larger.write (block.getData(), block.getSize()));
     EXPECT_FALSE (larger.write (block.getData(), 1));

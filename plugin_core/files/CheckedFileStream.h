@@ -6,7 +6,7 @@
 #include <cstdio>
 #include <memory>
 
-namespace mk::orlo::render
+namespace mk::pluginCore
 {
 
 /** A file output stream that remembers the first failure.
@@ -44,4 +44,4 @@ private:
     juce::Result result = juce::Result::ok();
 };
 
-} // namespace mk::orlo::render
+} // namespace mk::pluginCore

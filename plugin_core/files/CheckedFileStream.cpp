@@ -4,7 +4,7 @@
 #include <cerrno>
 #include <system_error>
 
-namespace mk::orlo::render
+namespace mk::pluginCore
 {
 
 CheckedFileStream::CheckedFileStream (const juce::File& file)
@@ -38,8 +38,14 @@ void CheckedFileStream::flush()
 
 bool CheckedFileStream::setPosition (juce::int64 newPosition)
 {
-    // Files are written sequentially, so a seek is not supported.
-    return newPosition == position;
+    if (newPosition == position)
+        return true;
+
+    if (result.failed() || ! check (std::fseek (handle.get(), long (newPosition), SEEK_SET) == 0))
+        return false;
+
+    position = newPosition;
+    return true;
 }
 
 juce::Result CheckedFileStream::close()
@@ -50,4 +56,4 @@ juce::Result CheckedFileStream::close()
     return result;
 }
 
-} // namespace mk::orlo::render
+} // namespace mk::pluginCore
