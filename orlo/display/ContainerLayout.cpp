@@ -42,7 +42,7 @@ ContainerLayout layOutContainer (int width,
 
     if (isExploring)
     {
-        layout.levelBar = rest.removeFromRight (juce::jmin (rest.getWidth(), strip));
+        layout.levelBar = rest.removeFromRight (juce::jmin (rest.getWidth(), strip + text / 2));
         layout.timeStrip = layout.timeStrip.withWidth (rest.getWidth());
     }
 

@@ -75,7 +75,7 @@ void LevelBar::paint (juce::Graphics& g)
     const auto lineHeight = font.getHeight();
     const auto left = bar.getRight() + levelBarGap;
 
-    for (const auto& label : placeLevelLabels (colours.floorDb, colours.ceilingDb, getHeight(), lineHeight * 2.0f))
+    for (const auto& label : placeLevelLabels (colours.floorDb, colours.ceilingDb, getHeight(), lineHeight * 3.0f))
     {
         // The labels at the ends are moved inwards.
         const auto y =

@@ -368,6 +368,9 @@ void SpectrogramContainer::exploringChanged()
     timeStrip.setVisible (isExploring);
     levelBar.setVisible (isExploring);
     resized();
+
+    if (onExploringChanged != nullptr)
+        onExploringChanged();
 }
 
 void SpectrogramContainer::lookAndFeelChanged() { resized(); }

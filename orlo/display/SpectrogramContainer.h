@@ -52,6 +52,9 @@ public:
     /** Gets the new rate in hertz. */
     std::function<void (double)> onSampleRateChanged;
 
+    /** Called when the bar beside the picture has come or gone. */
+    std::function<void()> onExploringChanged;
+
     //==============================================================================
     [[nodiscard]] SpectrogramComponent& getSpectrogram() noexcept { return spectrogram; }
     [[nodiscard]] Exploration& getExploration() noexcept { return exploration; }

@@ -28,6 +28,7 @@ MainComponent::MainComponent (pluginCore::PluginEditor& editor, AudioPluginAudio
       aboutComponent (audioProcessor)
 {
     addAndMakeVisible (spectrogramContainer);
+    spectrogramContainer.onExploringChanged = [this] { resized(); };
     addAndMakeVisible (sideBar);
     addChildComponent (settingsPanel);
     connectPanels();
@@ -185,12 +186,15 @@ void MainComponent::resized()
                                       settingsPanel.isVisible(),
                                       freezeButton->isVisible() });
     aboutComponent.setBounds (getLocalBounds());
-    viewButton.setBounds (layout.viewButton);
     freezeButton->setBounds (layout.freezeButton);
     exportButton.setBounds (layout.exportButton);
     sideBar.setBounds (layout.sideBar);
     settingsPanel.setBounds (layout.settingsPanel);
     spectrogramContainer.setBounds (layout.spectrogram);
+
+    // The button keeps clear of the bar too, whose width the container decides.
+    const auto& levelBar = spectrogramContainer.getLevelBar();
+    viewButton.setBounds (layout.viewButton.translated (levelBar.isVisible() ? -levelBar.getWidth() : 0, 0));
 }
 
 void MainComponent::mouseEnter (const juce::MouseEvent&) { updateViewButtonVisibility(); }

@@ -63,6 +63,10 @@ TEST_F (TimeStripTest, ShowsRulerAndOverview)
     EXPECT_TRUE (pumpUntil ([this] { return getStrip().getOverview().getImage().isValid(); }, 60.0));
     EXPECT_TRUE (window->getContainer().getLevelBar().isShowing());
     EXPECT_GE (getStrip().getY(), getPicture().getBottom());
+
+    auto& main = window->getMain();
+    const auto bar = main.getLocalArea (&window->getContainer(), window->getContainer().getLevelBar().getBounds());
+    EXPECT_LE (main.getViewButton().getRight(), bar.getX());
 }
 
 TEST_F (TimeStripTest, TheWindowIsDraggedAndPulledAtItsEdges)
