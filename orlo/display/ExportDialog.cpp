@@ -161,7 +161,10 @@ void ExportDialog::accept()
     if (! settings)
     {
         auto& wrong = readSide (widthField, ExportSettings::largestWidth) ? heightField : widthField;
-        wrong.grabKeyboardFocus();
+
+        if (wrong.isShowing())
+            wrong.grabKeyboardFocus();
+
         wrong.selectAll();
         return;
     }

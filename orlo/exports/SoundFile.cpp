@@ -18,12 +18,21 @@ public:
     explicit BorrowedStream (juce::OutputStream& lender) : stream (lender) {}
 
     void flush() override { stream.flush(); }
-    bool setPosition (juce::int64 position) override { return stream.setPosition (position); }
+
+    // Writers take a stream that cannot go back to their header for an error of the program. After a failed write it does
+    // not matter where the rest would go.
+    bool setPosition (juce::int64 position) override { return stream.setPosition (position) || hasFailed; }
     juce::int64 getPosition() override { return stream.getPosition(); }
-    bool write (const void* data, size_t size) override { return stream.write (data, size); }
+
+    bool write (const void* data, size_t size) override
+    {
+        hasFailed = ! stream.write (data, size) || hasFailed;
+        return ! hasFailed;
+    }
 
 private:
     juce::OutputStream& stream;
+    bool hasFailed = false;
 };
 
 [[nodiscard]] std::unique_ptr<juce::AudioFormatWriter>

@@ -93,10 +93,11 @@ TEST (ContextMenu, TicksTheNameOfMiddleC)
 {
     contextMenu::State state { false, false, false, false };
     state.hostsMiddleC = 4;
-    EXPECT_EQ (textFrom ("Middle C", state),
-               "Middle C: [1300 As in the host (C4) (ticked); 1303 C3; 1304 C4; 1305 C5]");
+    EXPECT_THAT (textFrom ("Middle C", state).toStdString(),
+                 testing::StartsWith ("Middle C: [1300 As in the host (C4) (ticked); 1303 C3; 1304 C4; 1305 C5]; "));
     state.middleC = 5;
-    EXPECT_EQ (textFrom ("1300", state), "1300 As in the host (C4); 1303 C3; 1304 C4; 1305 C5 (ticked)]");
+    EXPECT_THAT (textFrom ("1300", state).toStdString(),
+                 testing::StartsWith ("1300 As in the host (C4); 1303 C3; 1304 C4; 1305 C5 (ticked)]; "));
 }
 
 TEST (ContextMenu, FindsPitchesAndOctavesOfItsItems)

@@ -14,6 +14,8 @@
 #include <gtest/gtest.h>
 #include <juce_audio_formats/juce_audio_formats.h>
 
+#include <string_view>
+
 namespace mk::orlo::test
 {
 namespace
@@ -97,7 +99,11 @@ TEST_F (ExporterTest, SavesThePictureOfTheRangeAtTheSizeThatWasTyped)
     const auto image = juce::ImageFileFormat::loadFrom (getFile ("a.png"));
     EXPECT_EQ (image.getBounds(), juce::Rectangle<int> (500, 400));
     EXPECT_EQ (image.getPixelAt (0, 0), juce::Colours::white);
-    EXPECT_TRUE (getFile ("a.png").loadFileAsString().contains ("Noise"));
+
+    juce::MemoryBlock file;
+    ASSERT_TRUE (getFile ("a.png").loadFileAsData (file));
+    EXPECT_NE (std::string_view (static_cast<const char*> (file.getData()), file.getSize()).find ("Noise"),
+               std::string_view::npos);
     EXPECT_FALSE (exporter.getNotice().isVisible());
 }
 
