@@ -27,6 +27,13 @@ protected:
     [[nodiscard]] juce::String getReadout() { return window->getContainer().getReadout().getText(); }
     [[nodiscard]] Exporter& getExporter() { return window->getContainer().getExporter(); }
 
+    /** Lets go and waits until the window knows: else the mouse would still be held in the next one. */
+    [[nodiscard]] bool letGo()
+    {
+        window->release();
+        return pumpUntil ([] { return ! juce::Desktop::getInstance().getMainMouseSource().isDragging(); });
+    }
+
     /** Lets the exports write to this file without a dialog. */
     void writeTo (const juce::File& file)
     {
@@ -52,7 +59,7 @@ TEST_F (MeasureInWindow, HoldingTheMouseShowsFrequencyLevelAndTime)
     ASSERT_TRUE (pumpUntil ([this] { return getReadout().startsWith ("+"); })) << getReadout();
     EXPECT_TRUE (getReadout().contains ("cents ("));
     EXPECT_TRUE (getReadout().endsWith ("dB"));
-    window->release();
+    ASSERT_TRUE (letGo());
 }
 
 TEST_F (MeasureInWindow, TheRunningPictureKeepsItsReadout)
@@ -61,7 +68,7 @@ TEST_F (MeasureInWindow, TheRunningPictureKeepsItsReadout)
     window->press();
     ASSERT_TRUE (pumpUntil ([this] { return getReadout().contains ("Hz"); }));
     EXPECT_FALSE (getReadout().contains ("dB"));
-    window->release();
+    ASSERT_TRUE (letGo());
 }
 
 TEST_F (MeasureInWindow, AKeyCopiesWhatIsMeasured)
@@ -70,7 +77,7 @@ TEST_F (MeasureInWindow, AKeyCopiesWhatIsMeasured)
     window->press();
     ASSERT_TRUE (pumpUntil ([this] { return getReadout().contains ("dB  -"); }));
     const auto text = getReadout();
-    window->release();
+    ASSERT_TRUE (letGo());
 
     const juce::KeyPress copy ('c', juce::ModifierKeys::commandModifier, 0);
     EXPECT_TRUE (getPicture().keyPressed (copy));
