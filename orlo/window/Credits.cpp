@@ -21,7 +21,7 @@ juce::String makeCredits()
                      "Technologies GmbH  \xc2\xb7  FFTW \xc2\xa9 Matteo Frigo, MIT\n");
     credits << withNames (juce::translate ("Libraries: %s"),
                           "HarfBuzz, SheenBidi, zlib, libpng, libjpeg-turbo, FLAC, Ogg, Vorbis, FreeType, Fontconfig, "
-                          "libcurl")
+                          "libcurl, LV2 headers")
             << "\n";
     credits << withNames (juce::translate ("Fonts: %s"), "Barlow (Jeremy Tribby), JetBrains Mono (JetBrains)") << "\n";
     credits << withNames (juce::translate ("Colour maps: %s"),

@@ -12,7 +12,9 @@ namespace
 [[nodiscard]] ProcessResult run (const juce::StringArray& arguments)
 {
     const ScratchFolder home;
-    juce::StringArray commandLine { "env", "-u", "DISPLAY", "-u", "XDG_CONFIG_HOME", "HOME=" + home.getPath ({}) };
+
+    // An invalid name, because without any the program would try the machine's first display.
+    juce::StringArray commandLine { "env", "-u", "XDG_CONFIG_HOME", "DISPLAY=none", "HOME=" + home.getPath ({}) };
     commandLine.add (ORLO_STANDALONE_PROGRAM);
     commandLine.addArray (arguments);
     return runProcess (commandLine);
