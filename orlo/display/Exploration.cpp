@@ -51,17 +51,9 @@ ExploreSettings Exploration::readSettings() const
     return settings;
 }
 
-Exploration::Frozen Exploration::readState() const
+bool Exploration::isAsFrozen (const ExploreSettings& now) const noexcept
 {
-    const auto* const window = view.findParentComponentOfClass<juce::AudioProcessorEditor>();
-    return { readSettings(),
-             window != nullptr ? juce::Point { window->getWidth(), window->getHeight() } : juce::Point<int>() };
-}
-
-bool Exploration::isAsFrozen (const Frozen& now) const noexcept
-{
-    return needTheSameLevels (frozen->settings, now.settings) && haveTheSameColours (frozen->settings, now.settings)
-           && frozen->windowSize == now.windowSize;
+    return needTheSameLevels (*frozen, now) && haveTheSameColours (*frozen, now);
 }
 
 std::shared_ptr<const KeptSound> Exploration::findSound() const { return processor.getSoundHistory().getSound(); }
@@ -94,7 +86,7 @@ std::optional<ExportSubject> Exploration::findSubject() const
         return std::nullopt;
 
     // Of Static, the range from the oldest column to the newest.
-    const auto settings = frozen.has_value() && ! isExploring ? frozen->settings : readSettings();
+    const auto settings = frozen.has_value() && ! isExploring ? *frozen : readSettings();
     const auto shown = findPicture (sound->getSampleRate(), settings);
 
     ExportSubject subject { sound, {}, settings.colours };
@@ -129,7 +121,7 @@ void Exploration::tick()
 
     if (! explorer.isExploring())
     {
-        auto now = readState();
+        auto now = readSettings();
 
         if (! frozen.has_value())
             frozen = std::move (now);
@@ -237,14 +229,14 @@ bool Exploration::begin()
         return false;
 
     if (! frozen.has_value())
-        frozen = readState();
+        frozen = readSettings();
 
     const auto sound = findSound();
-    picture = findPicture (sound->getSampleRate(), frozen->settings);
+    picture = findPicture (sound->getSampleRate(), *frozen);
     valuesBefore.reset();
 
     // What changed since the freeze is taken over as if it had changed now.
-    if (! explorer.begin (sound, picture.start, picture.length, frozen->settings))
+    if (! explorer.begin (sound, picture.start, picture.length, *frozen))
         return false;
 
     follow (readSettings());

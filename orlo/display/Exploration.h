@@ -49,18 +49,10 @@ public:
     [[nodiscard]] FrequencyGesture& getFrequencyGesture() noexcept { return frequencies; }
 
 private:
-    /** What the frozen picture was made with. */
-    struct Frozen
-    {
-        ExploreSettings settings;
-        juce::Point<int> windowSize;
-    };
-
     [[nodiscard]] ExploreSettings readSettings() const;
-    [[nodiscard]] Frozen readState() const;
 
-    /** Whether the frozen picture was made in that state. */
-    [[nodiscard]] bool isAsFrozen (const Frozen& now) const noexcept;
+    /** Whether the frozen picture was made with these settings. A window of another size only stretches it. */
+    [[nodiscard]] bool isAsFrozen (const ExploreSettings& now) const noexcept;
 
     [[nodiscard]] std::shared_ptr<const KeptSound> findSound() const;
     [[nodiscard]] FrozenPicture findPicture (double rate, const ExploreSettings& settings) const;
@@ -77,9 +69,9 @@ private:
     juce::RangedAudioParameter &mode, &fftSize, &speed, &floorGain, &ceiling, &freqScale;
     FrequencyGesture frequencies;
 
-    std::optional<Frozen> frozen; // while the display stands still
-    FrozenPicture picture;        // while exploring
-    TimeView remembered;          // the range that the session has
+    std::optional<ExploreSettings> frozen; // those that the frozen picture was made with
+    FrozenPicture picture;                 // while exploring
+    TimeView remembered;                   // the range that the session has
 
     // While exploring, from the first zoom of frequencies on: the values before it, and those after the last.
     std::optional<FrequencyGesture::Values> valuesBefore, valuesAfter;

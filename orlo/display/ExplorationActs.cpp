@@ -80,7 +80,7 @@ void Exploration::goHome()
 
     restoreFrequencies();
 
-    if (isAsFrozen (readState()))
+    if (isAsFrozen (readSettings()))
     {
         end();
         return;
@@ -97,7 +97,7 @@ bool Exploration::stop()
 
     restoreFrequencies();
     end();
-    frozen = readState();
+    frozen = readSettings();
     return true;
 }
 

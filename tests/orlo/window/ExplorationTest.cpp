@@ -57,11 +57,19 @@ TEST_F (ExplorationTest, EverySettingDrawsTheFrozenPictureAnew)
     }
 }
 
-TEST_F (ExplorationTest, TheWindowsSizeDrawsTheFrozenPictureAnew)
+TEST_F (ExplorationTest, AResizedWindowStretchesTheFrozenPictureAndDrawsTheExploredOneAnew)
 {
+    const auto shrink = [this]
+    { window->editor->setSize (window->editor->getWidth() - 182, window->editor->getHeight() - 100); };
+
     freeze();
-    window->editor->setSize (window->editor->getWidth() - 200, window->editor->getHeight() - 110);
+    shrink();
+    waitForTicks();
+    EXPECT_FALSE (getExplorer().isExploring());
+
+    set (Params::id::floor, -60.0f);
     ASSERT_TRUE (waitForExploring());
+    shrink();
     ASSERT_TRUE (waitForPicture());
     EXPECT_EQ (getExplorer().getImage().getWidth(), getPicture().getWidth());
 }
