@@ -121,12 +121,10 @@ void Exploration::tick()
 
     if (! explorer.isExploring())
     {
-        auto now = readSettings();
+        const auto now = readSettings();
 
-        if (! frozen.has_value())
-            frozen = std::move (now);
-        else if (! isAsFrozen (now) && ! begin())
-            frozen = std::move (now);
+        if (! frozen.has_value() || (! isAsFrozen (now) && ! begin()))
+            frozen = now;
 
         return;
     }

@@ -223,7 +223,7 @@ void Exporter::drawNext()
         if (drawer == nullptr)
         {
             drawer = std::make_unique<StillDrawer> (StillPriority::background);
-            drawer->onPicture = [this] (std::shared_ptr<const StillPicture> picture)
+            drawer->onPicture = [this] (const std::shared_ptr<const StillPicture>& picture)
             {
                 if (! picture->isCoarse())
                     finishDrawing (picture);

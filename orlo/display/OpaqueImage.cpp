@@ -38,7 +38,7 @@ void copyRows (juce::Image::BitmapData& target,
                juce::Rectangle<int> area,
                juce::Point<int> sourcePosition)
 {
-    const auto numBytes = size_t (area.getWidth() * source.pixelStride);
+    const auto numBytes = size_t (area.getWidth()) * size_t (source.pixelStride);
 
     for (int y = area.getY(); y < area.getBottom(); ++y)
         std::memcpy (target.getPixelPointer (area.getX(), y),

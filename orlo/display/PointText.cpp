@@ -96,7 +96,7 @@ juce::String getIntervalName (int semitones)
     const auto size = std::abs (semitones);
     const auto octaves = size / semitonesPerOctave;
     const auto rest = size % semitonesPerOctave;
-    const auto name = juce::translate (intervals[size_t (rest)]);
+    auto name = juce::translate (intervals[size_t (rest)]);
 
     if (octaves == 0)
         return name;

@@ -35,7 +35,7 @@ constexpr std::array<const char*, FrequencyScale::numTypes> scaleNames { "Linear
 [[nodiscard]] juce::var makeAxis (const char* name, const char* unit, juce::Array<juce::var> values)
 {
     auto* const axis = new juce::DynamicObject;
-    const juce::var result (axis);
+    juce::var result (axis);
     axis->setProperty ("name", name);
     axis->setProperty ("unit", unit);
     axis->setProperty ("values", std::move (values));

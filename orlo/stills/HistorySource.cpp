@@ -13,7 +13,7 @@ namespace
 constexpr std::int64_t blockSize = 4096;
 } // namespace
 
-HistorySource::HistorySource (std::shared_ptr<const KeptSound> keptSound, Source source)
+HistorySource::HistorySource (const std::shared_ptr<const KeptSound>& keptSound, Source source)
     : HistorySource (keptSound, keptSound->getStart(), keptSound->getEnd(), source)
 {
 }

@@ -24,7 +24,7 @@ class HistorySource final : public SampleSource
 public:
     /** Shows what is kept at this moment. If more sound is kept later, the older part can get lost.
         @param what  all but Source::loudest, which is two signals, see setSource(); of one channel all are the same */
-    explicit HistorySource (std::shared_ptr<const KeptSound> sound, Source what = Source::mean);
+    explicit HistorySource (const std::shared_ptr<const KeptSound>& sound, Source what = Source::mean);
 
     /** Shows the samples from start up to, not including, end. */
     HistorySource (std::shared_ptr<const KeptSound> sound,

@@ -26,7 +26,7 @@ ReassignedPoints::ReassignedPoints (const StillRequest& shown) : request (shown)
         otherAnalyser->configure (analysis.window);
     }
 
-    samples.resize (size_t (2 * half));
+    samples.resize (2 * size_t (half));
 }
 
 void ReassignedPoints::analyse (std::int64_t centre)

@@ -99,7 +99,7 @@ void StillDrawer::draw (const StillRequest& request)
     const auto number = mailbox->begin();
     const auto leave = [box = mailbox, number] (std::shared_ptr<const StillPicture> picture)
     { box->leave (number, std::move (picture), {}); };
-    const auto leaveFailure = [box = mailbox, number] (std::exception_ptr error)
+    const auto leaveFailure = [box = mailbox, number] (const std::exception_ptr& error)
     { box->leave (number, nullptr, describe (error)); };
 
     try

@@ -40,7 +40,7 @@ void StillRenderer::startRun (SampleRun newRun, OwnColumns ownColumns) noexcept
 void StillRenderer::moveWindowTo (std::int64_t centre)
 {
     // The window's last sample stays zero, so a hop of one sample less replaces everything in it.
-    const auto whole = std::int64_t (2 * plan.getHalf());
+    const auto whole = 2 * std::int64_t (plan.getHalf());
     const auto end = centre + plan.getHalf();
     const auto numNew = std::exchange (isWindowFilled, true) ? std::min (end - windowEnd, whole) : whole;
     windowEnd = end;

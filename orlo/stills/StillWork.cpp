@@ -153,7 +153,7 @@ void StillWork::readSamples (const FrameOrder& order, Slice& slice)
     // Each sample is read only once in a phase.
     const auto tailEnd = tailStart + std::int64_t (tail.size());
     const auto numKnown = start >= tailStart ? std::clamp<std::int64_t> (tailEnd - start, 0, end - start) : 0;
-    const auto tailLength = std::min<std::int64_t> (2 * plan.getHalf(), end - start);
+    const auto tailLength = std::min (2 * std::int64_t (plan.getHalf()), end - start);
 
     const auto read = [&] (SampleSource& source, std::vector<float>& samples, std::vector<float>& lastTail)
     {

@@ -54,13 +54,13 @@ juce::Result replaceFileInPieces (const juce::File& file,
     if (target.exists() && ! target.hasWriteAccess())
         return fail (std::errc::permission_denied);
 
-    if (const auto created = folder.createDirectory(); created.failed())
+    if (auto created = folder.createDirectory(); created.failed())
         return created;
 
     const juce::TemporaryFile temporary (target);
     CheckedFileStream stream (temporary.getFile());
-    const auto made = stream.getResult().wasOk() ? write (stream) : stream.getResult();
-    const auto closed = stream.close();
+    auto made = stream.getResult().wasOk() ? write (stream) : stream.getResult();
+    auto closed = stream.close();
 
     // A disk that is full is the reason of what failed after it.
     if (closed.failed())

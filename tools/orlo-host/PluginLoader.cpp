@@ -36,7 +36,7 @@ juce::File findPlugin (const juce::File& programFolder, const juce::String& path
 {
     // Installed with a prefix, as /usr is one, and for one user, into the home folder's .local/bin.
     constexpr std::array installed { "../lib/vst3/Orlo.vst3", "../../.vst3/Orlo.vst3" };
-    const auto built = programFolder.getChildFile (pathInBuild);
+    auto built = programFolder.getChildFile (pathInBuild);
 
     if (! built.exists())
         for (const auto* path : installed)

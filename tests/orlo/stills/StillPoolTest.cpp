@@ -63,12 +63,14 @@ TEST (StillPool, IsSharedWhileSomebodyHoldsItAndThenGone)
 
 TEST (StillPool, DoesTheMostUrgentFirstAndOfTwoTheEarlier)
 {
-    StillPool pool (1);
     std::promise<void> open, end;
     auto opened = open.get_future();
+    std::string order;
+
+    // The jobs use the variables above, so they end first.
+    StillPool pool (1);
     pool.add (std::make_shared<CountedJob> (1, [&] { opened.wait(); }), StillPriority::onScreen);
 
-    std::string order;
     const auto add = [&] (char name, StillPriority priority)
     { pool.add (std::make_shared<CountedJob> (2, [&order, name] { order += name; }), priority); };
     add ('d', StillPriority::background);
@@ -84,9 +86,9 @@ TEST (StillPool, DoesTheMostUrgentFirstAndOfTwoTheEarlier)
 
 TEST (StillPool, AllThreadsWorkOnOneJob)
 {
-    StillPool pool (3);
     std::promise<void> end;
     std::atomic<int> numHere { 0 };
+    StillPool pool (3);
 
     // Each waits for all others.
     pool.add (std::make_shared<CountedJob> (3,
@@ -105,9 +107,9 @@ TEST (StillPool, AllThreadsWorkOnOneJob)
 
 TEST (StillPool, DropsJobsThatAreFinishedFromOutside)
 {
-    StillPool pool (1);
     std::promise<void> open, end;
     auto opened = open.get_future();
+    StillPool pool (1);
     pool.add (std::make_shared<CountedJob> (1, [&] { opened.wait(); }), StillPriority::onScreen);
 
     auto job = std::make_shared<CountedJob> (1000, [] { ADD_FAILURE() << "was cancelled"; });
