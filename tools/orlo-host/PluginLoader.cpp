@@ -40,7 +40,7 @@ juce::File findPlugin (const juce::File& programFolder, const juce::String& path
 
     if (! built.exists())
         for (const auto* path : installed)
-            if (const auto plugin = programFolder.getChildFile (path); plugin.exists())
+            if (auto plugin = programFolder.getChildFile (path); plugin.exists())
                 return plugin;
 
     return built;
